@@ -1,0 +1,42 @@
+# The rules that every target of this project follows, in one place.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(TESSARA_CCACHE ccache)
+if(TESSARA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${TESSARA_CCACHE}")
+endif()
+
+add_library(tessara_rules INTERFACE)
+target_compile_options(tessara_rules INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_include_directories(tessara_rules INTERFACE "${PROJECT_SOURCE_DIR}/src")
+
+if(TESSARA_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# tessara_library(<folder name> SOURCES <files> [DEPENDS <targets>])
+# One static library a folder of src/, named modulinfo_<folder name>.
+function(tessara_library folder)
+  cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_library(modulinfo_${folder} STATIC ${arg_SOURCES})
+  target_link_libraries(modulinfo_${folder} PUBLIC ${arg_DEPENDS} PRIVATE $<BUILD_INTERFACE:tessara_rules>)
+  target_include_directories(modulinfo_${folder} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
+endfunction()
+
+# tessara_test(<subsystem> SOURCES <files> [DEPENDS <targets>] [ENVIRONMENT <NAME=value>...])
+# One test program a subsystem, each of its cases a test of its own in CTest.
+function(tessara_test subsystem)
+  cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS;ENVIRONMENT" ${ARGN})
+  add_executable(test_${subsystem} ${arg_SOURCES})
+  target_link_libraries(test_${subsystem} PRIVATE ${arg_DEPENDS} GTest::gmock_main tessara_rules)
+  target_include_directories(test_${subsystem} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  include(GoogleTest)
+  gtest_discover_tests(test_${subsystem} TEST_PREFIX "${subsystem}." DISCOVERY_TIMEOUT 60
+                       PROPERTIES TIMEOUT 120 ENVIRONMENT "${arg_ENVIRONMENT}")
+endfunction()

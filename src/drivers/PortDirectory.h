@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace tessara {
+
+/// Knows which device node stands behind a port number.
+class PortDirectory {
+ public:
+  PortDirectory() = default;
+  PortDirectory(const PortDirectory&) = delete;
+  PortDirectory& operator=(const PortDirectory&) = delete;
+  virtual ~PortDirectory() = default;
+
+  /// The device node of COM<comPort>, "/dev/ttyUSB0"; nothing if no such port is known.
+  [[nodiscard]] virtual std::optional<std::string> deviceOf(std::int16_t comPort) const = 0;
+};
+
+}  // namespace tessara

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+namespace tessara {
+
+/// A timer that runs its handler on the control's thread, again and again while it is enabled.
+class PeriodicTimer {
+ public:
+  PeriodicTimer() = default;
+  PeriodicTimer(const PeriodicTimer&) = delete;
+  PeriodicTimer& operator=(const PeriodicTimer&) = delete;
+  virtual ~PeriodicTimer() = default;
+
+  /// Enabling starts a whole interval; disabling drops a tick that has not run yet.
+  virtual void setEnabled(bool enabled) = 0;
+};
+
+/// Time and turns, as the control needs them. One thread, that of the host's user interface.
+class EventLoop {
+ public:
+  EventLoop() = default;
+  EventLoop(const EventLoop&) = delete;
+  EventLoop& operator=(const EventLoop&) = delete;
+  virtual ~EventLoop() = default;
+
+  /// Handles the events that are pending now, and returns. Handlers may enter the control.
+  virtual void yield() = 0;
+
+  /// Blocks the thread for that long; no event is handled.
+  virtual void sleep(std::chrono::milliseconds duration) = 0;
+
+  /// A disabled timer with that interval.
+  virtual std::unique_ptr<PeriodicTimer> createTimer(std::chrono::milliseconds interval,
+                                                     std::function<void()> tick) = 0;
+};
+
+}  // namespace tessara
