@@ -9,6 +9,8 @@
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 #include "platform/MessageHelper.h"
+#include "platform/NfcReaderLibrary.h"
+#include "platform/RegistryApi.h"
 #include "platform/RegistryHelper.h"
 #include "platform/XmlTree.h"
 
@@ -36,6 +38,8 @@ class Platform {
 
   virtual EventLoop& eventLoop() = 0;
   virtual Locale& locale() = 0;
+  virtual RegistryApi& registryApi() = 0;
+  virtual NfcReaderLibrary& nfcReaderLibrary() = 0;
 
   /// The folder of the control's own program file, without a separator at its end.
   /// The catalogue and the help files lie in it.

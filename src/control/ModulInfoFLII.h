@@ -1,0 +1,197 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "control/Fields.h"
+#include "control/HostEvents.h"
+#include "control/ModuleWide.h"
+#include "control/Panel.h"
+#include "platform/Platform.h"
+
+namespace tessara {
+
+/// What a catalogue lookup found.
+enum class CatalogResult : std::uint8_t {
+  CatalogFileError = 0,
+  CatalogNoDevice = 1,
+  CatalogNoVersion = 2,
+  CatalogFwNewer = 3,
+  CatalogExact = 4,
+  CatalogFwOlder = 5,
+};
+
+/// The device-information panel: connects to a module, shows what it is and whether it is well, and
+/// keeps the host informed.
+///
+/// Life: construct, UserControl_Initialize, set the host's properties, show, use, destroy. All
+/// calls come from one thread. Platform and events must outlive the control. Members are prefixed
+/// get_ and put_ where they are properties; the member table (MemberTable.h) lists what a host
+/// sees.
+class ModulInfoFLII : public Fields {
+ public:
+  ModulInfoFLII(Platform& platform, HostEvents& events);
+  ModulInfoFLII(const ModulInfoFLII&) = delete;
+  ModulInfoFLII& operator=(const ModulInfoFLII&) = delete;
+  /// Runs UserControl_Terminate unless that has happened.
+  ~ModulInfoFLII();
+
+  /// Creates the module-wide objects and sets the defaults. An object that cannot be created ends
+  /// it with that object's error.
+  void UserControl_Initialize();
+  /// Shuts the communication objects down and releases everything; later calls do nothing.
+  void UserControl_Terminate();
+
+  /// Brings the panel up: reads the settings, lists the ports, looks for the NFC reader, selects
+  /// the communication object, loads the language and sets every caption and tool tip. Runs each
+  /// time that the host shows the control. Contacts no module. An error ends it where it happened.
+  void UserControl_Show();
+
+  Panel panel;
+
+  /// The system's decimal separator, by which the values of a host are converted.
+  [[nodiscard]] std::u16string decimalSeparator() const;
+
+  // Properties. A 16-bit field written with a value outside its range raises an overflow (error 6)
+  // and keeps what it held.
+  [[nodiscard]] std::int32_t get_DeviceID() const;
+  void put_DeviceID(std::int32_t value);
+  [[nodiscard]] std::int32_t get_FamilyID() const;
+  void put_FamilyID(std::int32_t value);
+  [[nodiscard]] double get_FirmwareVers() const;
+  void put_FirmwareVers(double value);
+  [[nodiscard]] Variant get_DeviceName() const;
+  void put_DeviceName(const Variant& value);
+  [[nodiscard]] Variant get_CmdLineString() const;
+  void put_CmdLineString(const Variant& value);
+  [[nodiscard]] Variant get_FwVersion() const;
+  [[nodiscard]] Variant get_SerialNumber() const;
+  [[nodiscard]] Variant get_PackbLink() const;
+  void put_PackbLink(const Variant& value);
+  [[nodiscard]] Variant get_ProductLink() const;
+  void put_ProductLink(const Variant& value);
+  [[nodiscard]] Variant get_DatasheetLink() const;
+  void put_DatasheetLink(const Variant& value);
+  [[nodiscard]] Variant get_VersionString() const;
+  void put_VersionString(const Variant& value);
+  [[nodiscard]] std::uint8_t get_DevAddr() const;
+  /// The selected communication object; null before one is selected.
+  [[nodiscard]] tessara::CommunicationObject* get_CommunicationObject() const;
+  /// 2 in offline mode, else 1 with valid data, else 0.
+  [[nodiscard]] std::int32_t get_DataValid() const;
+  /// 0 clears data and offline mode; any other value sets the data valid and nothing else.
+  void put_DataValid(std::int32_t value);
+  [[nodiscard]] std::int32_t get_DeviceConnected() const;
+  /// Exactly 1 is true.
+  void put_DeviceConnected(std::int32_t value);
+  [[nodiscard]] std::int32_t get_ComPort() const;
+  void put_ComPort(std::int32_t value);
+  [[nodiscard]] std::int32_t get_DataBits() const;
+  [[nodiscard]] std::int32_t get_StopBits() const;
+  [[nodiscard]] std::int32_t get_Parity() const;
+  [[nodiscard]] std::int32_t get_Baudrate() const;
+  /// Bit/s; need not be a rate of the list. A value equal to the field does nothing.
+  void put_Baudrate(std::int32_t value);
+  [[nodiscard]] std::int32_t get_MaxBaudrate() const;
+  [[nodiscard]] Variant get_AppPathString() const;
+  void put_AppPathString(const Variant& value);
+  [[nodiscard]] std::int16_t get_Language() const;
+  /// Texts are not reloaded.
+  void put_Language(std::int16_t value);
+  [[nodiscard]] Variant get_StatusString() const;
+  /// Raises StatusChange, also for the value that it holds already.
+  void put_StatusString(const Variant& value);
+  /// The texts that the status labels hold at this moment.
+  [[nodiscard]] Variant get_ChnStatusString() const;
+  [[nodiscard]] Variant get_ModulStatusString() const;
+  [[nodiscard]] Variant get_ManufactureLogoString() const;
+  [[nodiscard]] Variant get_DevicePictureString() const;
+  [[nodiscard]] std::int32_t get_StringsReverse() const;
+  [[nodiscard]] std::int32_t get_NFCReader() const;
+  [[nodiscard]] std::u16string get_GetNFCMCURevison() const;
+  [[nodiscard]] std::int32_t get_QuickSetupMode() const;
+  [[nodiscard]] std::int32_t get_QuickSetup() const;
+  /// Exactly 1 is true.
+  void put_QuickSetup(std::int32_t value);
+  /// The host's declaration of what it is doing: 0, 1 and 3 to 7; other values do nothing.
+  void put_DeviceActive(std::int32_t lActive);
+  /// Raises DataTransfer and is false.
+  [[nodiscard]] bool get_DataTrafic();
+
+  // Methods.
+  /// Shows the texts of status words that the host read itself. Always true; a word outside the
+  /// signed 16-bit range raises an overflow (error 6) and changes nothing.
+  bool SetChnStatus(std::int32_t& lInStatus, std::int32_t& lOutStatus);
+  bool SetModuleStatus(std::int32_t& lDevStatus, std::int32_t& lLedStatus);
+  /// The lock of the store button; each gives an empty result.
+  Variant LockCmdStore();
+  Variant UnLockCmdStore();
+  Variant EnableCmdStore();
+  Variant DisableCmdStore();
+  /// Reads the module as the read button does, or tells that there is no interface.
+  void AutomaticConnection();
+  /// Reads the identification record into the fields; the labels stay.
+  void GetDeviceInformation();
+
+ private:
+  // control/
+  void ResetState();
+  void ApplyButtonImages();
+  void connectHandlers();
+  void raiseModulActive(Activity activity);
+  void setStatus(std::u16string text);
+  void setScanTimer(bool bEnabled);
+  [[nodiscard]] std::u16string asText(const Variant& value) const;
+  void SetStoreButton(const bool& bEnabled);
+  void SetReadButton(const bool& bEnabled);
+  void SetOfflineButton(const bool& bEnabled);
+  void SetOpenButton(const bool& bEnabled);
+  void SetSaveButton(const bool& bEnabled);
+  void SetPrintButton(const bool& bEnabled);
+  void ClearPanel();
+  void CmdOfflineConfigure_Click();
+  void CmdOpenDiskParameter_Click();
+  void CmdSave2DiskParameter_Click();
+  void CmdPrintConfiguration_Click();
+
+  bool probeNfcReader();
+  void selectCommObject(bool bNfc);
+  void applyCaptions();
+
+  // ports/
+  void ComboComPort_Click();
+  void ComboBaudrate_Click();
+
+  // access/
+  enum class ReadOutcome { Done, Failed };
+  void CmdDeviceInfo_Click();
+  void prepareRead();
+  ReadOutcome readModule();
+  bool retryOrGiveUp(bool bConnectFailed);
+  void giveUpRead();
+  void readIdentification();
+  CatalogResult readHartTexts();
+  CatalogResult readRegisters();
+  void readHartStatus();
+  void readRegisterStatus();
+  void finishRead();
+  void closeConnection();
+  void closeConnectionQuietly();
+  [[nodiscard]] tessara::CommunicationObject& comm() const;
+  void showModulState(std::u16string text);
+  void showChnState(std::u16string text);
+
+  // knowledge/
+  /// Finds the module in the catalogue and leaves what it says in the fields. Places that hold no
+  /// number raise a type mismatch (error 13); what was written so far stays.
+  CatalogResult LookupDevice(std::int32_t family, std::int32_t device);
+  std::u16string decodeModuleStatus(std::int16_t statusWord);
+
+  Platform& platform_;
+  HostEvents& events_;
+  std::unique_ptr<PeriodicTimer> scanTimer_;
+  bool initialized_ = false;
+};
+
+}  // namespace tessara

@@ -1,0 +1,10 @@
+#include "control/ModuleWide.h"
+
+namespace tessara {
+
+ModuleWide& moduleWide() {
+  thread_local ModuleWide wide;
+  return wide;
+}
+
+}  // namespace tessara

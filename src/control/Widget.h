@@ -1,0 +1,161 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace tessara {
+
+/// What kind of thing a widget is; it decides which values of its state mean something.
+enum class WidgetKind {
+  DropDownList,
+  TextBox,
+  Timer,
+  Label,
+  Image,
+  PictureBox,
+  Button,
+  Frame,
+  ImageList,
+};
+
+/// The picture of a widget: none, a number from an image list, or a key from one or a file's path.
+using Picture = std::variant<std::monostate, std::int32_t, std::u16string>;
+
+/// A place on the panel, in twips (1/1440 inch; 15 to a pixel at 96 dpi).
+struct Place {
+  std::int32_t left = 0;
+  std::int32_t top = 0;
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+
+  bool operator==(const Place&) const = default;
+};
+
+/// Everything that can be seen of a widget.
+struct WidgetState {
+  std::u16string caption;
+  std::u16string text;
+  std::u16string toolTipTitle;
+  std::u16string toolTipText;
+  bool enabled = true;
+  bool visible = true;
+  Picture picture;
+  std::vector<std::u16string> items;
+  /// The selected line from 0; -1 with nothing selected.
+  std::int32_t index = -1;
+  /// The interval of a timer in milliseconds.
+  std::int32_t interval = 0;
+  Place place;
+};
+
+/// The value of a widget's state that a change has touched.
+enum class WidgetAspect {
+  Caption,
+  Text,
+  ToolTipTitle,
+  ToolTipText,
+  Enabled,
+  Visible,
+  Picture,
+  Items,
+  Index,
+  Place,
+};
+
+class Widget;
+
+/// Draws widgets, or watches them. Hears of every write, also of one that changes nothing.
+class WidgetObserver {
+ public:
+  WidgetObserver() = default;
+  WidgetObserver(const WidgetObserver&) = delete;
+  WidgetObserver& operator=(const WidgetObserver&) = delete;
+  virtual ~WidgetObserver() = default;
+
+  virtual void widgetChanged(const Widget& widget, WidgetAspect aspect) = 0;
+  /// The widget is to be painted at once.
+  virtual void widgetRefreshed(const Widget& widget) = 0;
+};
+
+/// The widgets of one form, and the one observer that they tell of their changes.
+class WidgetOwner {
+ public:
+  WidgetOwner() = default;
+  WidgetOwner(const WidgetOwner&) = delete;
+  WidgetOwner& operator=(const WidgetOwner&) = delete;
+
+  /// Null for none. The observer must live as long as it is set.
+  void setObserver(WidgetObserver* observer) { observer_ = observer; }
+  [[nodiscard]] WidgetObserver* observer() const { return observer_; }
+
+  /// All widgets in the order of their declaration.
+  [[nodiscard]] const std::vector<Widget*>& widgets() const { return widgets_; }
+  /// The widget of that name ("LblModulState", "LngLabel[3]"); null if there is none.
+  [[nodiscard]] Widget* find(std::u16string_view name) const;
+
+ private:
+  friend class Widget;
+  WidgetObserver* observer_ = nullptr;
+  std::vector<Widget*> widgets_;
+};
+
+/// One widget of a form: a value that the control writes, an observer draws, and a person or the
+/// code of a host chooses, presses and types through.
+class Widget {
+ public:
+  Widget(WidgetOwner& owner, std::u16string name, WidgetKind kind, WidgetState design = {});
+  Widget(const Widget&) = delete;
+  Widget& operator=(const Widget&) = delete;
+  ~Widget() = default;
+
+  [[nodiscard]] const std::u16string& name() const { return name_; }
+  [[nodiscard]] WidgetKind kind() const { return kind_; }
+  [[nodiscard]] const WidgetState& state() const { return state_; }
+  [[nodiscard]] const std::u16string& caption() const { return state_.caption; }
+  [[nodiscard]] const std::u16string& text() const { return state_.text; }
+  [[nodiscard]] bool enabled() const { return state_.enabled; }
+  [[nodiscard]] bool visible() const { return state_.visible; }
+
+  void setCaption(std::u16string caption);
+  /// The text of a box. In a drop-down list it also moves the selected line to the item of that
+  /// text, or to none; no handler runs.
+  void setText(std::u16string text);
+  void setToolTipTitle(std::u16string title);
+  void setToolTipText(std::u16string text);
+  void setEnabled(bool enabled);
+  void setVisible(bool visible);
+  void setPicture(Picture picture);
+  /// Moves the widget to another row: top and height in twips.
+  void setRow(std::int32_t top, std::int32_t height);
+  void clearItems();
+  void addItem(std::u16string item);
+  /// Asks the observer to paint the widget at once.
+  void refresh();
+
+  /// Selects a line, by a person or by code, and runs the handler, also for the line that is
+  /// selected already. A line that is not there is an invalid property value (error 380).
+  void select(std::int32_t index);
+  /// Presses a button. A disabled or hidden one is an invalid call (error 5).
+  void press();
+  /// Replaces what stands in a box as a person's typing does; no handler runs. A disabled or hidden
+  /// box is an invalid call (error 5).
+  void type(std::u16string text);
+
+  /// Runs when a line was selected, a button pressed or a timer ticked.
+  std::function<void()> onClick;
+
+ private:
+  void tell(WidgetAspect aspect);
+  void requireUsable(const char* action) const;
+
+  WidgetOwner& owner_;
+  std::u16string name_;
+  WidgetKind kind_;
+  WidgetState state_;
+};
+
+}  // namespace tessara
