@@ -14,7 +14,7 @@ enum class MemberKind { Property, Method, Callback };
 
 /// Types of the host interface: 32-bit, 16-bit, unsigned 8-bit and floating-point numbers, a 16-bit
 /// truth value, a string, a variant and an object reference.
-enum class ValueType { None, Long, Integer, Byte, Double, Boolean, String, Variant, Object };
+enum class ValueType { None, Long, Integer, Byte, Double, Boolean, String, AnyValue, Object };
 
 struct Argument {
   std::string_view name;

@@ -52,7 +52,7 @@ void Widget::setVisible(bool visible) {
   tell(WidgetAspect::Visible);
 }
 
-void Widget::setPicture(Picture picture) {
+void Widget::setPicture(PictureSource picture) {
   state_.picture = std::move(picture);
   tell(WidgetAspect::Picture);
 }

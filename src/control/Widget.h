@@ -23,7 +23,7 @@ enum class WidgetKind {
 };
 
 /// The picture of a widget: none, a number from an image list, or a key from one or a file's path.
-using Picture = std::variant<std::monostate, std::int32_t, std::u16string>;
+using PictureSource = std::variant<std::monostate, std::int32_t, std::u16string>;
 
 /// A place on the panel, in twips (1/1440 inch; 15 to a pixel at 96 dpi).
 struct Place {
@@ -37,19 +37,19 @@ struct Place {
 
 /// Everything that can be seen of a widget.
 struct WidgetState {
-  std::u16string caption;
-  std::u16string text;
-  std::u16string toolTipTitle;
-  std::u16string toolTipText;
+  std::u16string caption{};
+  std::u16string text{};
+  std::u16string toolTipTitle{};
+  std::u16string toolTipText{};
   bool enabled = true;
   bool visible = true;
-  Picture picture;
-  std::vector<std::u16string> items;
+  PictureSource picture{};
+  std::vector<std::u16string> items{};
   /// The selected line from 0; -1 with nothing selected.
   std::int32_t index = -1;
   /// The interval of a timer in milliseconds.
   std::int32_t interval = 0;
-  Place place;
+  Place place{};
 };
 
 /// The value of a widget's state that a change has touched.
@@ -128,7 +128,7 @@ class Widget {
   void setToolTipText(std::u16string text);
   void setEnabled(bool enabled);
   void setVisible(bool visible);
-  void setPicture(Picture picture);
+  void setPicture(PictureSource picture);
   /// Moves the widget to another row: top and height in twips.
   void setRow(std::int32_t top, std::int32_t height);
   void clearItems();
