@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "localisation/TextTables.h"
+#include "localisation/Language.h"
 #include "platform/BitFieldHelper.h"
 #include "platform/CommunicationObject.h"
 #include "platform/FileSystem.h"
@@ -15,7 +15,7 @@ namespace tessara {
 
 /// What all controls of one user-interface thread share. The objects are replaced by every control
 /// that comes up and released by every one that ends; texts and paths stay.
-struct ModuleWide : TextTables {
+struct ModuleWide : LanguageState {
   std::shared_ptr<tessara::RegistryHelper> RegistryHelper;
   std::shared_ptr<tessara::BitFieldHelper> BitFieldHelper;
   std::shared_ptr<tessara::ModbusCommObject> ModbusCommObject;

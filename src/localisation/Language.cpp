@@ -1,8 +1,69 @@
 #include "localisation/Language.h"
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "localisation/LanguageSections.h"
 #include "platform/Variant.h"
 
 namespace tessara {
+namespace {
+
+constexpr std::int32_t english = 2;
+constexpr std::u16string_view germanHelp = u"Help_049.chm";
+constexpr std::u16string_view englishHelp = u"Help_001.chm";
+
+/// In the order of the language numbers, from 1 on.
+constexpr std::array<LanguageFiles, 11> filesByLanguage{{
+    {u"MERIDEX_CONF.dlg", germanHelp},
+    {u"MERIDEX_CONF.elg", englishHelp},
+    {u"MERIDEX_CONF.flg", englishHelp},
+    {u"MERIDEX_CONF.slg", englishHelp},
+    {u"MERIDEX_CONF.ilg", englishHelp},
+    {u"MERIDEX_CONF.plg", englishHelp},
+    {u"MERIDEX_CONF.tlg", englishHelp},
+    {u"MERIDEX_CONF.rlg", englishHelp},
+    {u"MERIDEX_CONF.clg", englishHelp},
+    {u"MERIDEX_CONF.zlg", englishHelp},
+    {u"MERIDEX_CONF.jlg", englishHelp},
+}};
+
+/// Reads the rest of a section into its table; true if it holds as many texts as it announces. The
+/// title is one line whatever is announced, and a negative number announces no line that could be.
+bool readSection(const LanguageSection& section, LanguageFile& file, std::u16string_view separator,
+                 LanguageState& state) {
+  const auto count = toInt16(Variant{ReadLanguageLine(file)}, separator);
+  const std::int16_t lines = section.header == titleHeader ? std::int16_t{1} : count;
+  std::int16_t stored = 0;
+  while (stored < lines) {
+    auto text = ReadLanguageLine(file);
+    section.entry(state, static_cast<std::size_t>(stored)) = std::move(text);
+    ++stored;
+  }
+  return stored == count;
+}
+
+}  // namespace
+
+const LanguageFiles& filesOfLanguage(std::int32_t language) {
+  const bool known = language >= 1 && language <= static_cast<std::int32_t>(filesByLanguage.size());
+  return filesByLanguage.at(static_cast<std::size_t>((known ? language : english) - 1));
+}
+
+std::int16_t languageOfCountry(std::int32_t countryCode) {
+  switch (countryCode) {
+    case 33:
+      return 3;
+    case 34:
+      return 4;
+    case 43:
+    case 49:
+      return 1;
+    default:
+      return english;
+  }
+}
 
 std::int32_t GetSystemCountryCode(const Locale& locale) {
   const auto size = locale.countryCodeSize();
@@ -14,6 +75,36 @@ std::int32_t GetSystemCountryCode(const Locale& locale) {
     return 0;
   }
   return toInt32(Variant{buffer->substr(0, buffer->find(u'\0'))}, locale.decimalSeparator());
+}
+
+bool LoadLanguageFile(const std::u16string& appPath, std::int16_t language, const FileSystem& files,
+                      const Locale& locale, LanguageState& state) {
+  const auto& chosen =
+      filesOfLanguage(language != 0 ? language : languageOfCountry(GetSystemCountryCode(locale)));
+  state.HelpFileName = chosen.helpFile;
+  state.LanguageFileExtension = chosen.languageFile.substr(chosen.languageFile.size() - 3);
+  const auto path = files.BuildPath(appPath, std::u16string(chosen.languageFile));
+  if (!files.FileExists(path)) {
+    state.LanguageFileError = true;
+    return false;
+  }
+  auto file = LanguageFile::open(path);
+  return readLanguageFile(file, locale.decimalSeparator(), state);
+}
+
+bool readLanguageFile(LanguageFile& file, std::u16string_view separator, LanguageState& state) {
+  (void)file.readUnit();
+  state.LanguageFileError = false;
+  do {
+    const auto line = ReadLanguageLine(file);
+    const auto* section =
+        std::find_if(languageSections.begin(), languageSections.end(),
+                     [&](const LanguageSection& candidate) { return candidate.header == line; });
+    if (section != languageSections.end() && !readSection(*section, file, separator, state)) {
+      state.LanguageFileError = true;
+    }
+  } while (!file.atEnd());
+  return !state.LanguageFileError;
 }
 
 }  // namespace tessara

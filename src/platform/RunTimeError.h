@@ -14,6 +14,7 @@ enum class ErrorNumber : std::int32_t {
   TypeMismatch = 13,
   FileNotFound = 53,
   InputPastEnd = 62,
+  FileAccess = 75,
   ObjectNotSet = 91,
   InvalidPropertyValue = 380,
 };

@@ -1,0 +1,28 @@
+#include "localisation/LanguageSections.h"
+
+namespace tessara {
+namespace {
+
+std::u16string& titleEntry(TextTables& tables, std::size_t /*index*/) {
+  return tables.AppTitle;
+}
+
+template <auto Table>
+std::u16string& tableEntry(TextTables& tables, std::size_t index) {
+  return (tables.*Table)[index];
+}
+
+}  // namespace
+
+constexpr std::array<LanguageSection, 5> languageSections{{
+    {titleHeader, 1, titleEntry},
+    {u"[MainFrame]", decltype(TextTables::TextMainFrame)::slots(),
+     tableEntry<&TextTables::TextMainFrame>},
+    {u"[ModulInfo]", decltype(TextTables::TextModulInfo)::slots(),
+     tableEntry<&TextTables::TextModulInfo>},
+    {u"[Buttons]", decltype(TextTables::TextButtons)::slots(),
+     tableEntry<&TextTables::TextButtons>},
+    {u"[Messages]", decltype(TextTables::TextStatus)::slots(), tableEntry<&TextTables::TextStatus>},
+}};
+
+}  // namespace tessara

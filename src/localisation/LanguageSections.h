@@ -1,0 +1,28 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "localisation/TextTables.h"
+
+namespace tessara {
+
+/// One section of a language file and the table that it fills.
+struct LanguageSection {
+  /// The line that opens it, exactly so.
+  std::u16string_view header;
+  /// The most texts that the table takes.
+  std::size_t slots;
+  /// Entry `index` of the table; a subscript error (9) past its slots.
+  std::u16string& (*entry)(TextTables& tables, std::size_t index);
+};
+
+/// The section of the one table that is a single string.
+inline constexpr std::u16string_view titleHeader = u"[Title]";
+
+/// All sections, in the order in which complete files have them.
+extern const std::array<LanguageSection, 5> languageSections;
+
+}  // namespace tessara
