@@ -1,10 +1,23 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace tessara {
+
+/// What a USB device says of itself.
+struct UsbIdentity {
+  std::uint16_t vendor = 0;
+  std::uint16_t product = 0;
+  /// Empty for a device without one.
+  std::string serial{};
+  /// Number of the USB interface, for devices that are more than one port.
+  std::uint8_t interfaceNumber = 0;
+
+  bool operator==(const UsbIdentity&) const = default;
+};
 
 /// A port that can be offered to a user, whoever found it. All texts are UTF-8.
 struct KnownPort {
@@ -14,6 +27,10 @@ struct KnownPort {
   std::string deviceName;
   /// Where it is opened: "/dev/ttyUSB0".
   std::string deviceNode;
+  /// The kernel driver, "cp210x"; empty for a port that no driver stands behind.
+  std::string driver{};
+  /// The USB device behind the port, if there is one and somebody knows it.
+  std::optional<UsbIdentity> usb{};
 
   bool operator==(const KnownPort&) const = default;
 };
