@@ -11,6 +11,9 @@ if(TESSARA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${TESSARA_CCACHE}")
 endif()
 
+# Debian's own Python: the one that finds the packages which the tests use.
+find_program(TESSARA_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH)
+
 add_library(tessara_rules INTERFACE)
 target_compile_options(tessara_rules INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 target_include_directories(tessara_rules INTERFACE "${PROJECT_SOURCE_DIR}/src")
@@ -39,4 +42,13 @@ function(tessara_test subsystem)
   include(GoogleTest)
   gtest_discover_tests(test_${subsystem} TEST_PREFIX "${subsystem}." DISCOVERY_TIMEOUT 60
                        PROPERTIES TIMEOUT 120 ENVIRONMENT "${arg_ENVIRONMENT}")
+endfunction()
+
+# tessara_python_test(<name> <script> [ENVIRONMENT <NAME=value>...])
+# A Python unittest file as one test in CTest.
+function(tessara_python_test name script)
+  cmake_parse_arguments(arg "" "" "ENVIRONMENT" ${ARGN})
+  add_test(NAME ${name} COMMAND "${TESSARA_PYTHON}" -B -m unittest -v "${script}"
+           WORKING_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}")
+  set_tests_properties(${name} PROPERTIES TIMEOUT 120 ENVIRONMENT "${arg_ENVIRONMENT}")
 endfunction()

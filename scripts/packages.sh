@@ -1,0 +1,55 @@
+# shellcheck shell=bash
+# The Debian 12 packages that this project needs, and the one function that installs them.
+# Sourced by run.sh and test.sh, after steps.sh.
+
+# shellcheck disable=SC2034 # used by the scripts that source this file
+RUN_PACKAGES=(
+  g++ cmake ninja-build pkg-config
+  qt6-base-dev qt6-svg-dev qt6-wayland
+  libmodbus-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
+  fonts-dejavu-core fonts-wqy-microhei
+)
+
+# shellcheck disable=SC2034
+TEST_PACKAGES=(
+  "${RUN_PACKAGES[@]}"
+  ccache python3 shellcheck
+  libgtest-dev libgmock-dev
+  clang-format clang-tidy
+  socat mbpoll python3-pymodbus python3-serial
+)
+
+# missingPackages NAME...: those of the packages that are not installed, one a line.
+missingPackages() {
+  comm -13 \
+    <(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null |
+      sed -n 's/^installed //p' | sort -u) \
+    <(printf '%s\n' "$@" | sort -u)
+}
+
+# installPackages NAME...: installs those of the packages that are missing, as root or through sudo.
+installPackages() {
+  if ! command -v dpkg-query >/dev/null; then
+    echo "This script installs Debian packages and found no dpkg-query. It needs: $*" >&2
+    return 1
+  fi
+  local missing
+  mapfile -t missing < <(missingPackages "$@")
+  if ((${#missing[@]} == 0)); then
+    step "Packages: all $# are installed"
+    return
+  fi
+
+  local asRoot=(env DEBIAN_FRONTEND=noninteractive)
+  if ((EUID != 0)); then
+    if ! command -v sudo >/dev/null; then
+      echo "Missing packages: ${missing[*]}" >&2
+      echo "Neither root nor sudo: install them by hand, then start this script again." >&2
+      return 1
+    fi
+    asRoot=(sudo "${asRoot[@]}")
+  fi
+  step "Installing ${missing[*]}"
+  "${asRoot[@]}" apt-get update -q
+  "${asRoot[@]}" apt-get install -q -y --no-install-recommends "${missing[@]}"
+}

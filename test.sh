@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# Builds everything under the sanitizers and runs every check: the tests, the format of the sources,
+# clang-tidy and shellcheck. The last line counts them; a check that was skipped counts as failed.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+source scripts/steps.sh
+source scripts/packages.sh
+
+readonly build=build/sanitize
+
+installPackages "${TEST_PACKAGES[@]}"
+configurePreset sanitize
+step "Building $build"
+cmake --build "$build"
+
+# check NAME COMMAND...: runs one check besides the tests and remembers how it ended.
+checks=()
+check() {
+  local name=$1 outcome=passed
+  shift
+  step "Checking: $name"
+  "$@" || outcome=failed
+  checks+=("$name=$outcome")
+}
+
+mapfile -t sources < <(find src apps bench tests -name '*.cpp' -o -name '*.h')
+check format clang-format --dry-run --Werror "${sources[@]}"
+check shellcheck shellcheck --external-sources ./*.sh scripts/*.sh .ci/run
+check clang-tidy /usr/bin/python3 scripts/tidy.py "$build" "${sources[@]}"
+
+step "Testing $build"
+rm -f "$build/ctest.xml"
+ctest --preset sanitize --parallel "$(nproc)" --no-tests=error \
+  --output-junit "$PWD/$build/ctest.xml" || true
+
+step "Result"
+/usr/bin/python3 scripts/report.py "$build/ctest.xml" "${checks[@]}"
