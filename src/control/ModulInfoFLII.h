@@ -8,19 +8,10 @@
 #include "control/HostEvents.h"
 #include "control/ModuleWide.h"
 #include "control/Panel.h"
+#include "knowledge/CatalogResult.h"
 #include "platform/Platform.h"
 
 namespace tessara {
-
-/// What a catalogue lookup found.
-enum class CatalogResult : std::uint8_t {
-  CatalogFileError = 0,
-  CatalogNoDevice = 1,
-  CatalogNoVersion = 2,
-  CatalogFwNewer = 3,
-  CatalogExact = 4,
-  CatalogFwOlder = 5,
-};
 
 /// The device-information panel: connects to a module, shows what it is and whether it is well, and
 /// keeps the host informed.
@@ -150,37 +141,57 @@ class ModulInfoFLII : public Fields {
   void SetSaveButton(const bool& bEnabled);
   void SetPrintButton(const bool& bEnabled);
   void ClearPanel();
+  void saveButtons();
+  void saveAndDisableButtons();
+  void restoreButtons(bool bOfflineEnabled);
   void CmdOfflineConfigure_Click();
   void CmdOpenDiskParameter_Click();
   void CmdSave2DiskParameter_Click();
   void CmdPrintConfiguration_Click();
 
+  void showInput(Widget& caption, Widget& input, std::u16string_view setting);
+  /// Each gives true if the path is an NFC reader.
+  bool choosePort();
+  bool chooseReaderWithoutPorts();
+  void loadLanguage();
+  void applyCaptions();
+  /// The first step of the reader's detection, and the rest of it.
+  bool connectNfcReader();
   bool probeNfcReader();
   void selectCommObject(bool bNfc);
-  void applyCaptions();
 
   // ports/
   void ComboComPort_Click();
   void ComboBaudrate_Click();
 
   // access/
-  enum class ReadOutcome { Done, Failed };
-  void CmdDeviceInfo_Click();
-  void prepareRead();
-  ReadOutcome readModule();
-  bool retryOrGiveUp(bool bConnectFailed);
-  void giveUpRead();
-  void readIdentification();
-  CatalogResult readHartTexts();
-  CatalogResult readRegisters();
-  void readHartStatus();
-  void readRegisterStatus();
-  void finishRead();
-  void closeConnection();
-  void closeConnectionQuietly();
   [[nodiscard]] tessara::CommunicationObject& comm() const;
+  /// Without a selected object it is a connection that failed.
+  bool connect();
+  void closeConnection();
+  void closeAfterFailure();
+  void storeIdentification(const DeviceWords& words);
   void showModulState(std::u16string text);
   void showChnState(std::u16string text);
+  void waitForConnectionToFall();
+  void failedToConnect();
+  void failedQuery(Activity activity);
+  void CmdDeviceInfo_Click();
+  void prepareRead();
+  /// True if the read went through to its end.
+  bool readModule();
+  void readIdentification();
+  CatalogResult readByVendor();
+  CatalogResult readHartTexts();
+  CatalogResult readRegisters();
+  DeviceWords readWords(std::int32_t address, std::int16_t count);
+  void readStatusByVendor();
+  void readHartStatus();
+  void readRegisterStatus();
+  std::int16_t readErrorWordTwice();
+  void finishRead();
+  /// After a failed read: true if it is to be tried again, else the read has been given up.
+  bool mayRetryRead();
 
   // knowledge/
   /// Finds the module in the catalogue and leaves what it says in the fields. Places that hold no

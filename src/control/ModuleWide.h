@@ -10,12 +10,13 @@
 #include "platform/MessageHelper.h"
 #include "platform/RegistryHelper.h"
 #include "platform/RunTimeError.h"
+#include "ports/RegEnum.h"
 
 namespace tessara {
 
 /// What all controls of one user-interface thread share. The objects are replaced by every control
-/// that comes up and released by every one that ends; texts and paths stay.
-struct ModuleWide : LanguageState {
+/// that comes up and released by every one that ends; texts, port list and paths stay.
+struct ModuleWide : LanguageState, RegEnum {
   std::shared_ptr<tessara::RegistryHelper> RegistryHelper;
   std::shared_ptr<tessara::BitFieldHelper> BitFieldHelper;
   std::shared_ptr<tessara::ModbusCommObject> ModbusCommObject;

@@ -1,0 +1,120 @@
+#include "control/ModulInfoFLII.h"
+
+#include <utility>
+
+namespace tessara {
+
+ModulInfoFLII::ModulInfoFLII(Platform& platform, HostEvents& events)
+    : platform_(platform), events_(events) {}
+
+ModulInfoFLII::~ModulInfoFLII() {
+  UserControl_Terminate();
+}
+
+void ModulInfoFLII::UserControl_Initialize() {
+  initialized_ = true;
+  ResetState();
+  bNFCReader = false;
+
+  ModuleWide& wide = moduleWide();
+  wide.RegistryHelper = platform_.createRegistryHelper();
+  wide.BitFieldHelper = platform_.createBitFieldHelper();
+  wide.ModbusCommObject = platform_.createModbusCommObject();
+  wide.NfcCommObject = platform_.createNfcCommObject();
+  wide.HartCommObject = platform_.createHartCommObject();
+  wide.FileSystem = platform_.createFileSystem();
+  wide.MessageHelper = platform_.createMessageHelper();
+
+  connectHandlers();
+  ApplyButtonImages();
+  DataBits = 8;
+  StopBits = 1;
+  Parity = 2;
+  StringsReverse = 1;
+  HartMode = false;
+}
+
+void ModulInfoFLII::UserControl_Terminate() {
+  if (!std::exchange(initialized_, false)) {
+    return;
+  }
+  scanTimer_.reset();
+
+  ModuleWide& wide = moduleWide();
+  wide.FileSystem.reset();
+  wide.RegistryHelper.reset();
+  wide.BitFieldHelper.reset();
+  if (wide.ModbusCommObject) {
+    wide.ModbusCommObject->ShutDown();
+  }
+  CommObject.reset();
+  CommunicationObject.reset();
+  wide.ModbusCommObject.reset();
+  wide.NfcCommObject.reset();
+  wide.HartCommObject.reset();
+  wide.MessageHelper.reset();
+}
+
+void ModulInfoFLII::ResetState() {
+  DeviceConnected = false;
+  bDataValid = false;
+  StatusWord = 0;
+  StatusString.clear();
+  ConnectAttempts = 0;
+  ScanErrorCount = 0;
+  SavedCmdEnabled[0] = true;
+  SavedCmdEnabled[1] = true;
+  SavedCmdEnabled[2] = true;
+  SavedCmdEnabled[3] = false;
+  bCmdStoreLocked = true;
+  OfflineMode = false;
+  HostActive = false;
+  ReaderMissing = false;
+}
+
+void ModulInfoFLII::connectHandlers() {
+  const auto handle = [this](Widget& widget, void (ModulInfoFLII::*handler)()) {
+    widget.onClick = [this, handler] { (this->*handler)(); };
+  };
+  handle(panel.ComboComPort, &ModulInfoFLII::ComboComPort_Click);
+  handle(panel.ComboBaudrate, &ModulInfoFLII::ComboBaudrate_Click);
+  handle(panel.CmdDeviceInfo, &ModulInfoFLII::CmdDeviceInfo_Click);
+  handle(panel.CmdOfflineConfigure, &ModulInfoFLII::CmdOfflineConfigure_Click);
+  handle(panel.CmdOpenDiskParameter, &ModulInfoFLII::CmdOpenDiskParameter_Click);
+  handle(panel.CmdSave2DiskParameter, &ModulInfoFLII::CmdSave2DiskParameter_Click);
+  handle(panel.CmdPrintConfiguration, &ModulInfoFLII::CmdPrintConfiguration_Click);
+
+  scanTimer_ = platform_.eventLoop().createTimer(
+      std::chrono::milliseconds(panel.TimerScanDevice.state().interval), [this] {
+        if (panel.TimerScanDevice.onClick) {
+          panel.TimerScanDevice.onClick();
+        }
+      });
+}
+
+void ModulInfoFLII::raiseModulActive(Activity activity) {
+  auto lStatus = static_cast<std::int32_t>(activity);
+  events_.ModulActive(lStatus);
+}
+
+void ModulInfoFLII::setStatus(std::u16string text) {
+  StatusString = std::move(text);
+  events_.StatusChange();
+}
+
+void ModulInfoFLII::setScanTimer(bool bEnabled) {
+  panel.TimerScanDevice.setEnabled(bEnabled);
+  if (scanTimer_) {
+    scanTimer_->setEnabled(bEnabled);
+  }
+}
+
+std::u16string ModulInfoFLII::decimalSeparator() const {
+  return platform_.locale().decimalSeparator();
+}
+
+std::u16string ModulInfoFLII::asText(const Variant& value) const {
+  return toText(value, decimalSeparator());
+}
+
+}  // namespace tessara

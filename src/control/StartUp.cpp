@@ -1,0 +1,123 @@
+#include <array>
+
+#include "control/ModulInfoFLII.h"
+#include "control/Transport.h"
+#include "localisation/Language.h"
+#include "localisation/Settings.h"
+#include "platform/Text.h"
+#include "ports/RegEnum.h"
+
+namespace tessara {
+namespace {
+
+constexpr std::u16string_view languageFileMessage = u"Error language file! Set to default!";
+
+/// Where the text of a button's tool tip stands, and what follows it.
+struct ToolTip {
+  Widget Panel::*button;
+  TextTable<31> TextTables::*table;
+  std::size_t entry;
+  std::u16string_view tail;
+};
+
+constexpr std::array<ToolTip, 9> toolTips{{
+    {&Panel::CmdDeviceInfo, &TextTables::TextModulInfo, 8, u""},
+    {&Panel::CmdStoreParameter, &TextTables::TextModulInfo, 9, u""},
+    {&Panel::CmdOfflineConfigure, &TextTables::TextModulInfo, 10, u""},
+    {&Panel::CmdOpenDiskParameter, &TextTables::TextModulInfo, 12, u""},
+    {&Panel::CmdSave2DiskParameter, &TextTables::TextModulInfo, 11, u""},
+    {&Panel::cmdSettings, &TextTables::TextModulInfo, 16, u"..."},
+    {&Panel::CmdPrintConfiguration, &TextTables::TextModulInfo, 18, u""},
+    {&Panel::CmdHelp, &TextTables::TextModulInfo, 19, u""},
+    {&Panel::CmdAbout, &TextTables::TextMainFrame, 5, u"..."},
+}};
+
+/// The device type caption has room for so many characters in one line; a longer one gets two.
+constexpr std::size_t oneLineCaption = 13;
+
+}  // namespace
+
+void ModulInfoFLII::UserControl_Show() {
+  RegistryHelper& registry = live(moduleWide().RegistryHelper, "RegistryHelper");
+  showInput(panel.LngLabel[2], panel.ComboBaudrate, u"ShowBaudrateSelection");
+  showInput(panel.LngLabel[0], panel.txtDevAddr, u"ShowAddressSelection");
+  RegEnum& ports = moduleWide();
+  ports.ShowAllComPorts = ReadNumber(registry, u"ShowAllComPorts", decimalSeparator());
+  EnumerateComPorts(ports, registry, platform_.registryApi());
+  panel.ComboComPort.clearItems();
+
+  const bool bNfc = ports.PortCount > 0 ? choosePort() : chooseReaderWithoutPorts();
+  selectCommObject(bNfc);
+  events_.NFCReader(bNFCReader);
+  panel.ComboBaudrate.setText(decimalText(Baudrate));
+  loadLanguage();
+  applyCaptions();
+}
+
+void ModulInfoFLII::showInput(Widget& caption, Widget& input, std::u16string_view setting) {
+  const bool bShown = ReadNumber(live(moduleWide().RegistryHelper, "RegistryHelper"), setting,
+                                 decimalSeparator()) == 1;
+  caption.setVisible(bShown);
+  input.setVisible(bShown);
+}
+
+bool ModulInfoFLII::choosePort() {
+  const RegEnum& ports = moduleWide();
+  for (std::int32_t i = 0; i < ports.PortCount; ++i) {
+    panel.ComboComPort.addItem(ports.PortLabels[i]);
+  }
+  const bool bNfcFound = connectNfcReader() && probeNfcReader();
+  if (ComPort == usbReaderPort && bNfcFound) {
+    panel.ComboComPort.select(ports.PortCount);
+    return true;
+  }
+  const std::int16_t index = FindPortIndex(ports, ComPort);
+  panel.ComboComPort.select(index);
+  const std::u16string& label = ports.PortLabels[index];
+  if (containsIgnoringCase(label, hartWord)) {
+    HartMode = true;
+  }
+  return (ComPort == usbReaderPort && bNfcFound) || containsIgnoringCase(label, twn4Word);
+}
+
+bool ModulInfoFLII::chooseReaderWithoutPorts() {
+  if (!connectNfcReader()) {
+    ReaderMissing = true;
+    return false;
+  }
+  const bool bNfcFound = probeNfcReader();
+  ComPort = usbReaderPort;
+  panel.ComboComPort.select(0);
+  return bNfcFound;
+}
+
+void ModulInfoFLII::loadLanguage() {
+  ModuleWide& wide = moduleWide();
+  if (!LoadLanguageFile(AppPathString, Language, live(wide.FileSystem, "FileSystem"),
+                        platform_.locale(), wide)) {
+    lMsgResult =
+        live(wide.MessageHelper, "MessageHelper")
+            .Show(std::u16string(languageFileMessage), MessageStyle::Warning, wide.AppTitle);
+    LoadDefaultTexts(wide);
+  }
+}
+
+void ModulInfoFLII::applyCaptions() {
+  const ModuleWide& texts = moduleWide();
+  for (std::size_t i = 0; i <= 6; ++i) {
+    panel.LngLabel[i].setCaption(texts.TextModulInfo[i] + u":");
+  }
+  panel.LngLabel[7].setCaption(texts.TextModulInfo[21] + u": ");
+  panel.LngLabel[8].setCaption(texts.TextModulInfo[22] + u": ");
+
+  if (texts.TextModulInfo[3].size() > oneLineCaption) {
+    panel.LngLabel[3].setRow(140, 400);
+  } else {
+    panel.LngLabel[3].setRow(240, 255);
+  }
+  for (const auto& tip : toolTips) {
+    (panel.*tip.button).setToolTipText((texts.*tip.table)[tip.entry] + std::u16string(tip.tail));
+  }
+}
+
+}  // namespace tessara

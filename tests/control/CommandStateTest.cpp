@@ -1,0 +1,231 @@
+#include <gmock/gmock.h>
+
+#include "ControlFixture.h"
+
+namespace tessara::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class CommandState : public ControlFixture {
+ protected:
+  /// The enabled states of the six buttons: Read, Store, Offline, Open, Save, Print.
+  std::string states() const {
+    const Panel& panel = control.panel;
+    std::string out;
+    for (const auto* button : {&panel.CmdDeviceInfo, &panel.CmdStoreParameter,
+                               &panel.CmdOfflineConfigure, &panel.CmdOpenDiskParameter,
+                               &panel.CmdSave2DiskParameter, &panel.CmdPrintConfiguration}) {
+      out += button->enabled() ? '1' : '0';
+    }
+    return out;
+  }
+
+  std::vector<std::string> buttonsSet() const { return log.only({"Cmd", "cmd"}); }
+};
+
+TEST_F(CommandState, ADesignedPanelHasAllButtonsOn) {
+  EXPECT_EQ(states(), "111111");
+}
+
+TEST_F(CommandState, LockPutsTheStoreButtonOffAndItsPictureAgain) {
+  EXPECT_EQ(control.LockCmdStore(), Variant{});
+  EXPECT_TRUE(control.bCmdStoreLocked);
+  EXPECT_THAT(log.entries(),
+              ElementsAre("CmdStoreParameter.enabled=false", "CmdStoreParameter.picture=Download"));
+}
+
+TEST_F(CommandState, UnlockPutsTheStoreButtonOn) {
+  control.LockCmdStore();
+  EXPECT_EQ(control.UnLockCmdStore(), Variant{});
+  EXPECT_FALSE(control.bCmdStoreLocked);
+  EXPECT_EQ(states(), "111111");
+}
+
+TEST_F(CommandState, EnableDoesNothingWhileLocked) {
+  control.LockCmdStore();
+  log.clear();
+  EXPECT_EQ(control.EnableCmdStore(), Variant{});
+  EXPECT_THAT(log.entries(), IsEmpty());
+  EXPECT_EQ(states(), "101111");
+}
+
+TEST_F(CommandState, EnablePutsTheStoreButtonOnWhenUnlocked) {
+  control.UnLockCmdStore();
+  control.DisableCmdStore();
+  log.clear();
+  control.EnableCmdStore();
+  EXPECT_THAT(log.entries(),
+              ElementsAre("CmdStoreParameter.enabled=true", "CmdStoreParameter.picture=Download"));
+}
+
+TEST_F(CommandState, DisablePutsFourButtonsOffInOrderAndKeepsTheLock) {
+  control.UnLockCmdStore();
+  log.clear();
+  EXPECT_EQ(control.DisableCmdStore(), Variant{});
+  EXPECT_THAT(
+      log.entries(),
+      ElementsAre("CmdStoreParameter.enabled=false", "CmdStoreParameter.picture=Download",
+                  "CmdOpenDiskParameter.enabled=false", "CmdOpenDiskParameter.picture=Open",
+                  "CmdSave2DiskParameter.enabled=false", "CmdSave2DiskParameter.picture=Save",
+                  "CmdPrintConfiguration.enabled=false", "CmdPrintConfiguration.picture=Print"));
+  EXPECT_FALSE(control.bCmdStoreLocked);
+}
+
+TEST_F(CommandState, UnlockAfterDisablePutsOnlyStoreOn) {
+  control.DisableCmdStore();
+  control.UnLockCmdStore();
+  EXPECT_EQ(states(), "111000");
+}
+
+TEST_F(CommandState, HostWorkSavesFourStatesAndPutsAllSixOffBeforeTheCallback) {
+  control.panel.CmdOfflineConfigure.setEnabled(false);
+  log.clear();
+  control.put_DeviceActive(1);
+  EXPECT_THAT(
+      log.entries(),
+      ElementsAre("CmdStoreParameter.enabled=false", "CmdStoreParameter.picture=Download",
+                  "CmdOfflineConfigure.enabled=false", "CmdOfflineConfigure.picture=Offline",
+                  "CmdOpenDiskParameter.enabled=false", "CmdOpenDiskParameter.picture=Open",
+                  "CmdSave2DiskParameter.enabled=false", "CmdSave2DiskParameter.picture=Save",
+                  "CmdPrintConfiguration.enabled=false", "CmdPrintConfiguration.picture=Print",
+                  "CmdDeviceInfo.enabled=false", "CmdDeviceInfo.picture=Upload", "ModulActive(1)"));
+  EXPECT_THAT(control.SavedCmdEnabled, ElementsAre(true, false, true, true, false, false, false));
+  EXPECT_TRUE(control.HostActive);
+}
+
+TEST_F(CommandState, HostWorkEndedRestoresStoreAndOfflineAndPutsTheOthersOn) {
+  control.panel.CmdStoreParameter.setEnabled(false);
+  control.put_DeviceActive(1);
+  log.clear();
+  control.put_DeviceActive(0);
+  EXPECT_THAT(
+      log.entries(),
+      ElementsAre("CmdDeviceInfo.enabled=true", "CmdDeviceInfo.picture=Upload",
+                  "CmdStoreParameter.enabled=false", "CmdStoreParameter.picture=Download",
+                  "CmdOfflineConfigure.enabled=true", "CmdOfflineConfigure.picture=Offline",
+                  "CmdOpenDiskParameter.enabled=true", "CmdOpenDiskParameter.picture=Open",
+                  "CmdSave2DiskParameter.enabled=true", "CmdSave2DiskParameter.picture=Save",
+                  "CmdPrintConfiguration.enabled=true", "CmdPrintConfiguration.picture=Print",
+                  "ModulActive(0)"));
+  EXPECT_FALSE(control.HostActive);
+}
+
+TEST_F(CommandState, OpenAndSaveComeBackOnAlthoughTheyWereOff) {
+  control.panel.CmdOpenDiskParameter.setEnabled(false);
+  control.panel.CmdSave2DiskParameter.setEnabled(false);
+  control.put_DeviceActive(1);
+  control.put_DeviceActive(0);
+  EXPECT_EQ(states(), "111111");
+}
+
+TEST_F(CommandState, HostWorkDeclaredTwiceSavesTheOffState) {
+  control.put_DeviceActive(1);
+  control.put_DeviceActive(1);
+  control.put_DeviceActive(0);
+  EXPECT_EQ(states(), "100111");
+}
+
+TEST_F(CommandState, HostWorkEndedWithoutAStartTakesTheInitialSavedStates) {
+  control.DisableCmdStore();
+  control.put_DeviceActive(0);
+  EXPECT_EQ(states(), "111111");
+}
+
+TEST_F(CommandState, FailureDeclaredPutsPrintOffAndStopsTheTimer) {
+  platform.loop.timerEnabled = true;
+  control.ScanEnabled = true;
+  control.HostActive = true;
+  control.SavedCmdEnabled[0] = false;
+  control.SavedCmdEnabled[1] = false;
+  control.put_DeviceActive(3);
+  EXPECT_EQ(states(), "101110");
+  EXPECT_FALSE(platform.loop.timerEnabled);
+  EXPECT_FALSE(control.ScanEnabled);
+  EXPECT_FALSE(control.HostActive);
+  EXPECT_EQ(log.entries().back(), "ModulActive(3)");
+}
+
+TEST_F(CommandState, ScanDeclaredHoldsTheScanAndTouchesNothingElse) {
+  platform.loop.timerEnabled = true;
+  control.put_DeviceActive(4);
+  EXPECT_THAT(log.entries(), ElementsAre("ModulActive(4)"));
+  EXPECT_TRUE(control.HostActive);
+  EXPECT_TRUE(platform.loop.timerEnabled);
+}
+
+TEST_F(CommandState, RestoreDeclaredLeavesPrintAndStopsTheTimer) {
+  control.DisableCmdStore();
+  platform.loop.timerEnabled = true;
+  control.ScanEnabled = true;
+  control.HostActive = true;
+  control.put_DeviceActive(5);
+  EXPECT_EQ(states(), "111110");
+  EXPECT_FALSE(platform.loop.timerEnabled);
+  EXPECT_FALSE(control.ScanEnabled);
+  EXPECT_FALSE(control.HostActive);
+  EXPECT_EQ(log.entries().back(), "ModulActive(5)");
+}
+
+TEST_F(CommandState, SixAndSevenArePassedOnOneHigher) {
+  control.HostActive = true;
+  control.put_DeviceActive(6);
+  control.put_DeviceActive(7);
+  EXPECT_THAT(log.entries(), ElementsAre("ModulActive(7)", "ModulActive(8)"));
+  EXPECT_TRUE(control.HostActive);
+}
+
+TEST_F(CommandState, OtherDeclarationsDoNothing) {
+  for (const std::int32_t value : {2, 8, -1, 1000}) {
+    control.put_DeviceActive(value);
+  }
+  EXPECT_THAT(log.entries(), IsEmpty());
+}
+
+TEST_F(CommandState, OfflineButtonPutsFiveButtonsOnPastTheLockAndClearsTheLabels) {
+  control.DisableCmdStore();
+  control.panel.CmdDeviceInfo.setEnabled(false);
+  control.panel.CmdPrintConfiguration.setEnabled(false);
+  control.ScanEnabled = true;
+  platform.loop.timerEnabled = true;
+  log.clear();
+  control.panel.CmdOfflineConfigure.press();
+  EXPECT_TRUE(control.OfflineMode);
+  EXPECT_TRUE(control.bCmdStoreLocked);
+  EXPECT_THAT(
+      log.entries(),
+      ElementsAre("CmdDeviceInfo.enabled=true", "CmdDeviceInfo.picture=Upload",
+                  "CmdStoreParameter.enabled=true", "CmdStoreParameter.picture=Download",
+                  "CmdOfflineConfigure.enabled=true", "CmdOfflineConfigure.picture=Offline",
+                  "CmdOpenDiskParameter.enabled=true", "CmdOpenDiskParameter.picture=Open",
+                  "CmdSave2DiskParameter.enabled=true", "CmdSave2DiskParameter.picture=Save",
+                  "LabelDeviceName.caption=", "LblVendorID.caption=", "LblFamilyID.caption=",
+                  "LblGroupID.caption=", "LblDeviceID.caption=", "LblFwVersion.caption=",
+                  "LblSerialNumber.caption=", "LblModulState.caption=", "LblChnState.caption=",
+                  "LabelDeviceDescription.caption=", "TimerScanDevice.enabled=false"));
+  EXPECT_EQ(states(), "111110");
+  EXPECT_FALSE(platform.loop.timerEnabled);
+  EXPECT_FALSE(control.ScanEnabled);
+}
+
+TEST_F(CommandState, DiskAndPrintButtonsOnlyAskTheHost) {
+  control.panel.CmdOpenDiskParameter.press();
+  control.panel.CmdSave2DiskParameter.press();
+  control.panel.CmdPrintConfiguration.press();
+  EXPECT_THAT(log.entries(),
+              ElementsAre("LoadConfiguration", "SaveConfiguration", "PrintConfiguration"));
+  EXPECT_EQ(states(), "111111");
+}
+
+TEST_F(CommandState, ADisabledOrHiddenButtonCannotBePressed) {
+  control.DisableCmdStore();
+  log.clear();
+  EXPECT_EQ(errorNumberOf([&] { control.panel.CmdOpenDiskParameter.press(); }), 5);
+  control.panel.CmdDeviceInfo.setVisible(false);
+  EXPECT_EQ(errorNumberOf([&] { control.panel.CmdDeviceInfo.press(); }), 5);
+  EXPECT_THAT(log.only({"LoadConfiguration", "ModulActive"}), IsEmpty());
+}
+
+}  // namespace
+}  // namespace tessara::testing

@@ -1,0 +1,207 @@
+#include <gmock/gmock.h>
+
+#include "ControlFixture.h"
+
+namespace tessara::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+class Life : public ::testing::Test {
+ protected:
+  FakePlatform platform;
+  FakeHost host{platform.log};
+};
+
+TEST_F(Life, InitializeCreatesTheObjectsInOrderAndThenHandsOutThePictures) {
+  PanelLog panelLog(platform.log);
+  ModulInfoFLII control(platform, host);
+  control.panel.setObserver(&panelLog);
+  control.UserControl_Initialize();
+  EXPECT_THAT(
+      platform.log.entries(),
+      ElementsAre("create RegistryHelper", "create BitFieldHelper", "create ModbusCommObject",
+                  "create NfcCommObject", "create HartCommObject", "create FileSystem",
+                  "create MessageHelper", "CmdDeviceInfo.picture=Upload",
+                  "CmdStoreParameter.picture=Download", "CmdOpenDiskParameter.picture=Open",
+                  "CmdSave2DiskParameter.picture=Save", "CmdOfflineConfigure.picture=Offline",
+                  "CmdPrintConfiguration.picture=Print", "CmdHelp.picture=Help",
+                  "CmdAbout.picture=About", "cmdSettings.picture=Settings"));
+}
+
+TEST_F(Life, FieldsAfterInitializeHoldTheirFirstValues) {
+  ModulInfoFLII control(platform, host);
+  control.UserControl_Initialize();
+  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_FALSE(control.bDataValid);
+  EXPECT_EQ(control.StatusWord, 0);
+  EXPECT_EQ(control.StatusString, u"");
+  EXPECT_EQ(control.CommunicationObject, nullptr);
+  EXPECT_EQ(control.CommObject, nullptr);
+  EXPECT_FALSE(control.HostActive);
+  EXPECT_TRUE(control.bCmdStoreLocked);
+  EXPECT_EQ(control.AppPathString, u"");
+  EXPECT_EQ(control.Language, 0);
+  EXPECT_THAT(control.SavedCmdEnabled, ElementsAre(true, true, true, false, false, false, false));
+  EXPECT_FALSE(control.OfflineMode);
+  EXPECT_FALSE(control.ReaderMissing);
+  EXPECT_EQ(control.ConnectAttempts, 0);
+  EXPECT_EQ(control.ScanErrorCount, 0);
+  EXPECT_FALSE(control.ScanEnabled);
+  EXPECT_EQ(control.ComPort, 0);
+  EXPECT_EQ(control.Baudrate, 0);
+  EXPECT_EQ(control.DataBits, 8);
+  EXPECT_EQ(control.StopBits, 1);
+  EXPECT_EQ(control.Parity, 2);
+  EXPECT_EQ(control.DevAddr, 0);
+  EXPECT_EQ(control.VendorID, 0);
+  EXPECT_EQ(control.FirmwareVers, 0);
+  EXPECT_EQ(control.SerialNumber, Variant{});
+  EXPECT_EQ(control.RegDevStatus, 0);
+  EXPECT_EQ(control.StringsReverse, 1);
+  EXPECT_EQ(control.HideFwVersion, 0);
+  EXPECT_EQ(control.QuickSetupMode, 0);
+  EXPECT_FALSE(control.bNFCReader);
+  EXPECT_FALSE(control.bQuickSetup);
+  EXPECT_FALSE(control.HartMode);
+  EXPECT_EQ(control.lMsgResult, 0);
+}
+
+TEST_F(Life, AFurtherInitializeResetsTheState) {
+  ModulInfoFLII control(platform, host);
+  control.UserControl_Initialize();
+  control.DeviceConnected = control.bDataValid = control.OfflineMode = true;
+  control.HostActive = control.ReaderMissing = control.HartMode = control.bNFCReader = true;
+  control.StatusString = u"text";
+  control.StatusWord = 5;
+  control.ConnectAttempts = control.ScanErrorCount = 7;
+  control.SavedCmdEnabled = {false, false, false, true, true, true, true};
+  control.bCmdStoreLocked = false;
+  control.StringsReverse = 9;
+  control.UserControl_Initialize();
+  EXPECT_FALSE(control.DeviceConnected || control.bDataValid || control.OfflineMode);
+  EXPECT_FALSE(control.HostActive || control.ReaderMissing || control.HartMode ||
+               control.bNFCReader);
+  EXPECT_EQ(control.StatusString, u"");
+  EXPECT_EQ(control.StatusWord, 0);
+  EXPECT_EQ(control.ConnectAttempts, 0);
+  EXPECT_EQ(control.ScanErrorCount, 0);
+  EXPECT_THAT(control.SavedCmdEnabled, ElementsAre(true, true, true, false, true, true, true));
+  EXPECT_TRUE(control.bCmdStoreLocked);
+  EXPECT_EQ(control.StringsReverse, 1);
+}
+
+TEST_F(Life, TheScanTimerHasFourSecondsAndIsOff) {
+  ModulInfoFLII control(platform, host);
+  control.UserControl_Initialize();
+  EXPECT_EQ(platform.loop.interval, std::chrono::milliseconds(4000));
+  EXPECT_FALSE(platform.loop.timerEnabled);
+  EXPECT_FALSE(control.panel.TimerScanDevice.enabled());
+}
+
+TEST_F(Life, TerminateReleasesInOrderAndShutsModbusDownOnly) {
+  ModulInfoFLII control(platform, host);
+  control.UserControl_Initialize();
+  control.CommunicationObject = control.CommObject = moduleWide().HartCommObject;
+  platform.log.clear();
+  control.UserControl_Terminate();
+  EXPECT_THAT(
+      platform.log.entries(),
+      ElementsAre("release FileSystem", "release RegistryHelper", "release BitFieldHelper",
+                  "ModbusCommObject.ShutDown", "release ModbusCommObject", "release NfcCommObject",
+                  "release HartCommObject", "release MessageHelper"));
+  EXPECT_EQ(control.CommObject, nullptr);
+  EXPECT_EQ(control.CommunicationObject, nullptr);
+}
+
+TEST_F(Life, DestructionTerminatesOnce) {
+  {
+    ModulInfoFLII control(platform, host);
+    control.UserControl_Initialize();
+    control.UserControl_Terminate();
+    control.UserControl_Terminate();
+  }
+  EXPECT_EQ(platform.log.count("ModbusCommObject.ShutDown"), 1U);
+}
+
+TEST_F(Life, AControlThatNeverCameUpEndsQuietly) {
+  { const ModulInfoFLII control(platform, host); }
+  EXPECT_TRUE(platform.log.entries().empty());
+}
+
+class FailingCreation : public Life, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(FailingCreation, PassesTheErrorToTheHostAndTheEndIsOrderly) {
+  platform.failingCreation = GetParam();
+  ModulInfoFLII control(platform, host);
+  EXPECT_THROW(control.UserControl_Initialize(), std::runtime_error);
+  control.UserControl_Terminate();
+  EXPECT_EQ(moduleWide().RegistryHelper, nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(Objects, FailingCreation,
+                         ::testing::Values("RegistryHelper", "BitFieldHelper", "ModbusCommObject",
+                                           "NfcCommObject", "HartCommObject", "FileSystem",
+                                           "MessageHelper"));
+
+TEST_F(Life, ASecondControlReplacesTheObjectsOfTheFirst) {
+  ModulInfoFLII first(platform, host);
+  first.UserControl_Initialize();
+  const auto* before = moduleWide().RegistryHelper.get();
+  ModulInfoFLII second(platform, host);
+  second.UserControl_Initialize();
+  EXPECT_NE(moduleWide().RegistryHelper.get(), before);
+}
+
+TEST_F(Life, TheEndOfEitherControlReleasesTheObjectsForBoth) {
+  ModulInfoFLII first(platform, host);
+  first.UserControl_Initialize();
+  ModulInfoFLII second(platform, host);
+  second.UserControl_Initialize();
+  first.UserControl_Terminate();
+  EXPECT_EQ(moduleWide().RegistryHelper, nullptr);
+  EXPECT_EQ(moduleWide().ModbusCommObject, nullptr);
+  EXPECT_EQ(errorNumberOf([&] { second.UserControl_Show(); }), 91);
+  second.UserControl_Terminate();
+}
+
+TEST_F(Life, PanelIsAsDesigned) {
+  const ModulInfoFLII control(platform, host);
+  const Panel& panel = control.panel;
+  EXPECT_THAT(panel.ComboBaudrate.state().items,
+              ElementsAre(u"2400", u"4800", u"9600", u"14400", u"19200", u"28800", u"38400",
+                          u"56000", u"57600", u"76800", u"115200"));
+  EXPECT_EQ(panel.ComboBaudrate.text(), u"19200");
+  EXPECT_EQ(panel.ComboBaudrate.state().index, 4);
+  EXPECT_EQ(panel.txtDevAddr.text(), u"192");
+  EXPECT_EQ(panel.TimerScanDevice.state().interval, 4000);
+  EXPECT_FALSE(panel.TimerScanDevice.enabled());
+  EXPECT_FALSE(panel.ImageDevState.visible());
+  EXPECT_EQ(panel.UniLabel1.caption(), u"Family ID :");
+  EXPECT_EQ(panel.UniLabel2.caption(), u"Device ID :");
+  EXPECT_EQ(panel.UniLabel3.caption(), u"Group ID :");
+  EXPECT_EQ(panel.Label1.caption(), u"Vendor ID:");
+  EXPECT_TRUE(panel.ComboComPort.state().items.empty());
+  EXPECT_THAT(panel.ImageListButtons.state().items,
+              ElementsAre(u"Upload", u"Download", u"Open", u"Save", u"Settings", u"Print",
+                          u"Offline", u"Help", u"About"));
+  for (const auto* button :
+       {&panel.CmdDeviceInfo, &panel.CmdStoreParameter, &panel.CmdOpenDiskParameter,
+        &panel.CmdSave2DiskParameter, &panel.CmdOfflineConfigure, &panel.CmdPrintConfiguration,
+        &panel.CmdHelp, &panel.cmdSettings, &panel.CmdAbout}) {
+    EXPECT_TRUE(button->enabled());
+    EXPECT_TRUE(button->visible());
+    EXPECT_EQ(button->caption(), u"");
+  }
+}
+
+TEST_F(Life, EveryWidgetIsFoundUnderItsName) {
+  const ModulInfoFLII control(platform, host);
+  EXPECT_EQ(control.panel.find(u"LngLabel[3]"), &control.panel.LngLabel[3]);
+  EXPECT_EQ(control.panel.find(u"LblModulState"), &control.panel.LblModulState);
+  EXPECT_EQ(control.panel.find(u"nothing"), nullptr);
+  EXPECT_EQ(control.panel.widgets().size(), 45U);
+}
+
+}  // namespace
+}  // namespace tessara::testing
