@@ -1,0 +1,153 @@
+#include "knowledge/Catalogue.h"
+
+#include <array>
+
+#include "knowledge/Datasheet.h"
+#include "knowledge/Firmware.h"
+#include "platform/RunTimeError.h"
+#include "platform/Variant.h"
+
+namespace tessara {
+namespace {
+
+constexpr auto deviceTag = "Device";
+constexpr auto versionTag = "Version";
+constexpr auto productLinkTag = "ProductLink";
+constexpr auto packbLinkTag = "Packb";
+/// Families go by any tag; this is what messages call them.
+constexpr auto familyLevel = "family element";
+
+/// The catalogue's attributes are known by their places alone.
+namespace familyPlace {
+constexpr std::int32_t vendorID = 0;
+constexpr std::int32_t familyID = 1;
+}  // namespace familyPlace
+namespace devicePlace {
+constexpr std::int32_t deviceID = 0;
+constexpr std::int32_t hideFwVersion = 1;
+}  // namespace devicePlace
+namespace versionPlace {
+constexpr std::int32_t firmware = 0;
+constexpr std::int32_t note = 2;
+constexpr std::int32_t quickSetupMode = 10;
+}  // namespace versionPlace
+
+struct ProfilePlace {
+  std::int32_t place;
+  std::int32_t DeviceProfile::*field;
+};
+
+/// What only the entry of the very firmware version can tell.
+constexpr std::array<ProfilePlace, 7> exactVersionPlaces{{
+    {3, &DeviceProfile::RegDevStatus},
+    {4, &DeviceProfile::RegChnIn},
+    {5, &DeviceProfile::RegDevError},
+    {6, &DeviceProfile::RegChnOut},
+    {7, &DeviceProfile::RegLedStatus},
+    {8, &DeviceProfile::RegReserved},
+    {9, &DeviceProfile::StringsReverse},
+}};
+
+/// The last place of a level from 0, -1 for an empty one; places are signed 16-bit numbers.
+std::int16_t lastPlace(std::int32_t count, const char* level) {
+  return narrowToInt16(count - 1, std::string("the catalogue's last ") + level);
+}
+
+class CatalogueWalk {
+ public:
+  CatalogueWalk(XmlTree& tree, const CatalogueQuestion& question, SystemFormats formats,
+                DeviceProfile& profile)
+      : tree_(tree),
+        question_(question),
+        formats_(formats),
+        profile_(profile),
+        separator_(formats.locale.decimalSeparator()) {}
+
+  CatalogResult run() {
+    const XmlTree::Element root = tree_.root();
+    const std::int16_t last = lastPlace(tree_.childCount(root), familyLevel);
+    XmlTree::Element family;
+    for (std::int32_t place = 0; place <= last; ++place) {
+      family = tree_.child(root, place);
+      visitFamily(family);
+    }
+    tree_.close(family);
+    return result_;
+  }
+
+ private:
+  void visitFamily(XmlTree::Element family) {
+    const std::int32_t vendorID = integer(family, familyPlace::vendorID, familyLevel);
+    const std::int32_t familyID = integer(family, familyPlace::familyID, familyLevel);
+    if (vendorID != question_.VendorID || familyID != question_.FamilyID) {
+      return;
+    }
+    const std::int16_t last = lastPlace(tree_.countByTag(family, deviceTag), deviceTag);
+    for (std::int32_t place = 0; place <= last; ++place) {
+      visitDevice(tree_.nthByTag(family, deviceTag, place));
+    }
+  }
+
+  void visitDevice(XmlTree::Element device) {
+    const std::int32_t deviceID = integer(device, devicePlace::deviceID, deviceTag);
+    const std::int32_t hideFwVersion = integer(device, devicePlace::hideFwVersion, deviceTag);
+    const std::int16_t last = lastPlace(tree_.countByTag(device, versionTag), versionTag);
+    if (deviceID != question_.DeviceID) {
+      return;
+    }
+    profile_.ProductLink = linkIn(device, productLinkTag);
+    profile_.PackbLink = linkIn(device, packbLinkTag);
+    profile_.DatasheetLink = linkIn(device, datasheetTag(question_.Language, formats_.locale));
+    profile_.HideFwVersion = hideFwVersion;
+    result_ = CatalogResult::CatalogNoVersion;
+    for (std::int32_t place = 0; place <= last && result_ != CatalogResult::CatalogExact; ++place) {
+      visitVersion(tree_.nthByTag(device, versionTag, place));
+    }
+  }
+
+  void visitVersion(XmlTree::Element version) {
+    const std::u16string firmware = tree_.attribute(version, versionPlace::firmware);
+    // The note is for the readers of the file; it is fetched like all that a visit looks at.
+    (void)tree_.attribute(version, versionPlace::note);
+    result_ = compareFirmware(question_.VendorID, question_.FwVersion, firmware, formats_.registry,
+                              separator_);
+    profile_.QuickSetupMode = integer(version, versionPlace::quickSetupMode, versionTag);
+    if (result_ == CatalogResult::CatalogExact) {
+      for (const ProfilePlace& row : exactVersionPlaces) {
+        profile_.*row.field = integer(version, row.place, versionTag);
+      }
+    }
+  }
+
+  /// The text of the first child with that tag; empty if there is none.
+  std::u16string linkIn(XmlTree::Element device, const char* tag) const {
+    const XmlTree::Element link = tree_.nthByTag(device, tag, 0);
+    return link.node == nullptr ? std::u16string{} : tree_.text(link);
+  }
+
+  std::int32_t integer(XmlTree::Element element, std::int32_t place, const char* level) const {
+    try {
+      return toInt32(tree_.attribute(element, place), separator_);
+    } catch (const RunTimeError& error) {
+      throw RunTimeError(error.number(), std::string("attribute ") + std::to_string(place) +
+                                             " (counted from 0) of a " + level +
+                                             " of the catalogue: " + error.what());
+    }
+  }
+
+  XmlTree& tree_;
+  const CatalogueQuestion& question_;
+  SystemFormats formats_;
+  DeviceProfile& profile_;
+  std::u16string separator_;
+  CatalogResult result_ = CatalogResult::CatalogNoDevice;
+};
+
+}  // namespace
+
+CatalogResult findInCatalogue(XmlTree& tree, const CatalogueQuestion& question,
+                              SystemFormats formats, DeviceProfile& profile) {
+  return CatalogueWalk(tree, question, formats, profile).run();
+}
+
+}  // namespace tessara

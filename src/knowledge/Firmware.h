@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "knowledge/CatalogResult.h"
+#include "platform/RegistryHelper.h"
+
+namespace tessara {
+
+/// The VendorID of HART modules, whose firmware is a free text; that of all others is a number.
+inline constexpr std::int16_t freeTextFirmwareVendor = 176;
+
+/// How a module's firmware stands to a version that the catalogue names. Free texts are equal or
+/// have no order; numbers are compared with three decimals, point or comma alike, and one that is
+/// no number is a type mismatch (error 13).
+///
+/// `registry` holds the separator that ToLocaleDecimal writes, `separator` is the one that
+/// conversion to numbers follows; on a system in order they are the same.
+CatalogResult compareFirmware(std::int16_t VendorID, const std::u16string& moduleVersion,
+                              const std::u16string& catalogueVersion, RegistryHelper& registry,
+                              std::u16string_view separator);
+
+}  // namespace tessara

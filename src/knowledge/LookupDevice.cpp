@@ -1,0 +1,21 @@
+#include "control/ModulInfoFLII.h"
+#include "knowledge/Catalogue.h"
+
+namespace tessara {
+
+CatalogResult ModulInfoFLII::LookupDevice(std::int32_t family, std::int32_t device) {
+  ModuleWide& wide = moduleWide();
+  const std::unique_ptr<XmlTree> tree = platform_.createXmlTree();
+  const std::u16string path =
+      live(wide.FileSystem, "FileSystem").BuildPath(platform_.appPath(), u"TessaraDevices.xml");
+  if (!tree->loadFile(path)) {
+    lMsgResult = live(wide.MessageHelper, "MessageHelper")
+                     .Show(u"Fehler XML-Datei!", MessageStyle::Error, wide.AppTitle);
+    return CatalogResult::CatalogFileError;
+  }
+  const CatalogueQuestion question{VendorID, family, device, FwVersion, Language};
+  const SystemFormats formats{live(wide.RegistryHelper, "RegistryHelper"), platform_.locale()};
+  return findInCatalogue(*tree, question, formats, *this);
+}
+
+}  // namespace tessara
