@@ -12,10 +12,12 @@ using RegistryKey = std::intptr_t;
 enum class RegistryType : std::uint32_t { String = 1, Number = 4 };
 
 /// The registry calls with which the serial ports of the system are walked. Each gives 0 for
-/// success and the system's error number otherwise; texts are of the system's 8-bit code page.
+/// success and the system's error number otherwise. Texts are UTF-8, and sizes count their bytes.
 class RegistryApi {
  public:
   static constexpr std::int32_t success = 0;
+  /// The hive HKEY_LOCAL_MACHINE.
+  static constexpr std::int32_t localMachine = -0x7FFFFFFE;
 
   RegistryApi() = default;
   RegistryApi(const RegistryApi&) = delete;
