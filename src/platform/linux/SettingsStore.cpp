@@ -1,0 +1,138 @@
+#include "platform/linux/SettingsStore.h"
+
+#include <QFileInfo>
+#include <QSettings>
+#include <QStandardPaths>
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <thread>
+
+#include "platform/RunTimeError.h"
+#include "platform/linux/SettingsFormat.h"
+
+namespace tessara {
+
+namespace {
+
+std::unique_ptr<QSettings> open() {
+  return std::make_unique<QSettings>(settingsFormat(), QSettings::UserScope,
+                                     SettingsStore::organisation, SettingsStore::application);
+}
+
+[[noreturn]] void fail(const QString& path, const std::string& what) {
+  throw RunTimeError(ErrorNumber::InvalidCall,
+                     "The settings file " + path.toStdString() + ' ' + what);
+}
+
+/// The files that QSettings looks into, the user's first.
+QStringList candidates(const QSettings& settings) {
+  QStringList files{settings.fileName()};
+  for (const QString& folder :
+       QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation)) {
+    const QString common = folder + u'/' + SettingsStore::organisation;
+    files << common + u'/' + SettingsStore::application + QStringLiteral(".ini")
+          << common + QStringLiteral(".ini");
+  }
+  return files;
+}
+
+/// The file that a value comes from.
+QString originOf(const QSettings& settings, const QString& key) {
+  for (const QString& file : candidates(settings)) {
+    if (QSettings(file, settingsFormat()).contains(key)) return file;
+  }
+  return settings.fileName();
+}
+
+/// The settings, with every file that stands behind them found to be sound. QSettings itself takes
+/// a broken file for an empty one when it meets it for the second time.
+std::unique_ptr<QSettings> openSound() {
+  auto settings = open();
+  for (const QString& file : candidates(*settings)) {
+    const std::string fault = QFileInfo::exists(file) ? settingsFault(file) : "";
+    if (!fault.empty()) fail(file, "cannot be read: " + fault);
+  }
+  return settings;
+}
+
+/// A program that died while it took the lock leaves an empty lock file, which would hold up every
+/// write for half a minute. A living one writes its name into the file within this time.
+constexpr std::chrono::milliseconds lockNaming{50};
+
+void removeAbandonedLock(const QString& path) {
+  const std::filesystem::path lock = path.toStdString() + ".lock";
+  std::error_code error;
+  const auto isEmpty = [&] { return std::filesystem::file_size(lock, error) == 0 && !error; };
+  if (!isEmpty()) return;
+  std::this_thread::sleep_for(lockNaming);
+  if (isEmpty()) std::filesystem::remove(lock, error);
+}
+
+void requireWritable(const QSettings& settings) {
+  const QFileInfo folder(QFileInfo(settings.fileName()).path());
+  const bool folderIsWritable = !folder.exists() || folder.isWritable();
+  if (!settings.isWritable() || !folderIsWritable) {
+    fail(settings.fileName(), "cannot be written: no permission, or its folder cannot be made");
+  }
+}
+
+/// Gives the value of `key` in the file to `raw`; an invalid one removes it.
+void write(QSettings& settings, const QString& key, const QVariant& raw) {
+  const auto put = [&](const QVariant& value) {
+    value.isValid() ? settings.setValue(key, value) : settings.remove(key);
+  };
+  requireWritable(settings);
+  removeAbandonedLock(settings.fileName());
+  const QVariant before = settings.value(key);
+  put(raw);
+  settings.sync();
+  if (settings.status() != QSettings::NoError) {
+    put(before);
+    fail(settings.fileName(), "could not be written; it holds what it held before");
+  }
+}
+
+}  // namespace
+
+std::optional<std::string> SettingsStore::value(const std::string& name) const {
+  const auto settings = openSound();
+  const QString key = QString::fromStdString(name);
+  const QVariant raw = settings->value(key);
+  if (!raw.isValid()) return std::nullopt;
+  try {
+    return decodeValue(raw).toStdString();
+  } catch (const RunTimeError& error) {
+    fail(originOf(*settings, key), "holds no usable " + name + ": " + error.what());
+  }
+}
+
+void SettingsStore::setValue(const std::string& name, const std::string& text) {
+  const auto settings = openSound();
+  settings->setFallbacksEnabled(false);
+  const QString key = QString::fromStdString(name);
+  write(*settings, key, encodeValue(QString::fromStdString(text), settings->value(key)));
+}
+
+void SettingsStore::remove(const std::string& name) {
+  const auto settings = openSound();
+  settings->setFallbacksEnabled(false);
+  const QString key = QString::fromStdString(name);
+  if (settings->contains(key)) write(*settings, key, {});
+}
+
+std::vector<std::string> SettingsStore::names(const std::string& group) const {
+  const auto settings = openSound();
+  settings->beginGroup(QString::fromStdString(group));
+  std::vector<std::string> names;
+  for (const QString& name : settings->allKeys()) {
+    names.push_back(name.toStdString());
+  }
+  return names;
+}
+
+std::string SettingsStore::path() const {
+  return open()->fileName().toStdString();
+}
+
+}  // namespace tessara

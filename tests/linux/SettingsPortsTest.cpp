@@ -1,0 +1,66 @@
+#include <gmock/gmock.h>
+
+#include "SettingsFolder.h"
+#include "platform/RunTimeError.h"
+#include "platform/linux/SettingsPorts.h"
+
+namespace tessara::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+using SettingsPortsTest = SettingsFolder;
+
+TEST_F(SettingsPortsTest, AreNoneWithoutTheGroup) {
+  put(userFile(), "[Settings]\nLanguage=2\n");
+  EXPECT_THAT(SettingsPorts().ports(), IsEmpty());
+}
+
+TEST_F(SettingsPortsTest, ComeInTheOrderOfTheirNumbers) {
+  put(userFile(),
+      "[Ports]\nCOM10\\Device=/dev/ttyS9\nCOM10\\Name=\\Device\\VCP0\n"
+      "COM9\\Device=/dev/pts/5\nCOM9\\Name=\\Device\\Silabser9\n");
+  EXPECT_THAT(SettingsPorts().ports(),
+              ElementsAre(KnownPort{9, "\\Device\\Silabser9", "/dev/pts/5"},
+                          KnownPort{10, "\\Device\\VCP0", "/dev/ttyS9"}));
+}
+
+TEST_F(SettingsPortsTest, CountAsProgrammingAdaptersWithoutAName) {
+  put(userFile(), "[Ports]\nCOM9\\Device=/dev/pts/5\n");
+  EXPECT_THAT(SettingsPorts().ports(),
+              ElementsAre(KnownPort{9, "\\Device\\Silabser9", "/dev/pts/5"}));
+}
+
+TEST_F(SettingsPortsTest, AreSwitchedOffByAnEmptyDevice) {
+  put(systemFile(), "[Ports]\nCOM9\\Device=/dev/pts/5\n");
+  put(userFile(), "[Ports]\nCOM9\\Device=\nCOM8\\Name=\\Device\\VCP0\n");
+  EXPECT_THAT(SettingsPorts().ports(), IsEmpty());
+}
+
+TEST_F(SettingsPortsTest, NameAnEntryThatIsNoPort) {
+  for (const std::string name : {"COM9", "COM9\\Path", "COMx\\Device", "COM0\\Device",
+                                 "COM999\\Device", "COM32768\\Device", "LPT1\\Device"}) {
+    put(userFile(), "[Ports]\n" + name + "=/dev/pts/5\n");
+    std::string spelled = name;
+    std::replace(spelled.begin(), spelled.end(), '\\', '/');
+    EXPECT_THAT(errorOf([] { static_cast<void>(SettingsPorts().ports()); }),
+                HasSubstr("Ports/" + spelled + " names no port"));
+  }
+}
+
+TEST(ComPortNumber, IsTheNumberOfAPort) {
+  EXPECT_EQ(comPortNumber("COM1"), 1);
+  EXPECT_EQ(comPortNumber("COM32767"), 32767);
+}
+
+TEST(ComPortNumber, IsNothingForAnyOtherText) {
+  for (const char* text : {"", "COM", "COM0", "COM-3", "COM+3", "COM3 ", "COM 3", "COM3x", "com3",
+                           "3", "COM999", "COM32768"}) {
+    EXPECT_EQ(comPortNumber(text), std::nullopt) << text;
+  }
+}
+
+}  // namespace
+}  // namespace tessara::testing
