@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <system_error>
 
 #include "platform/Text.h"
 
@@ -56,9 +57,11 @@ bool PugixmlTree::loadFile(const std::u16string& path) {
   reached_.clear();
   const std::string utf8 = toUtf8(path);
   const std::filesystem::path file(std::u8string(utf8.begin(), utf8.end()));
+  std::error_code unknown;
   // As a fragment, since otherwise text outside the root would be passed over in silence.
-  const auto parsed = document_.load_file(file.c_str(), pugi::parse_default | pugi::parse_fragment);
-  if (parsed && hasOneRoot(document_)) {
+  constexpr unsigned int options = pugi::parse_default | pugi::parse_fragment;
+  if (std::filesystem::is_regular_file(file, unknown) &&
+      document_.load_file(file.c_str(), options) && hasOneRoot(document_)) {
     return true;
   }
   document_.reset();
