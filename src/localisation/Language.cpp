@@ -1,10 +1,13 @@
 #include "localisation/Language.h"
 
-#include <algorithm>
 #include <array>
+#include <string>
 #include <utility>
 
+#include "localisation/LanguageFile.h"
 #include "localisation/LanguageSections.h"
+#include "platform/RunTimeError.h"
+#include "platform/Text.h"
 #include "platform/Variant.h"
 
 namespace tessara {
@@ -28,6 +31,16 @@ constexpr std::array<LanguageFiles, 11> filesByLanguage{{
     {u"MERIDEX_CONF.zlg", englishHelp},
     {u"MERIDEX_CONF.jlg", englishHelp},
 }};
+
+/// Runs `read` and tells where an error of it happened.
+template <typename Read>
+bool readWithin(const std::string& place, Read read) {
+  try {
+    return read();
+  } catch (const RunTimeError& error) {
+    throw RunTimeError(error.number(), place + ": " + error.what());
+  }
+}
 
 /// Reads the rest of a section into its table; true if it holds as many texts as it announces. The
 /// title is one line whatever is announced, and a negative number announces no line that could be.
@@ -88,19 +101,21 @@ bool LoadLanguageFile(const std::u16string& appPath, std::int16_t language, cons
     state.LanguageFileError = true;
     return false;
   }
-  auto file = LanguageFile::open(path);
-  return readLanguageFile(file, locale.decimalSeparator(), state);
+  const auto name = toUtf8(path);
+  return readWithin(name, [&] {
+    auto file = LanguageFile::open(std::u8string(name.begin(), name.end()));
+    return readLanguageFile(file, locale.decimalSeparator(), state);
+  });
 }
 
 bool readLanguageFile(LanguageFile& file, std::u16string_view separator, LanguageState& state) {
   (void)file.readUnit();
   state.LanguageFileError = false;
   do {
-    const auto line = ReadLanguageLine(file);
-    const auto* section =
-        std::find_if(languageSections.begin(), languageSections.end(),
-                     [&](const LanguageSection& candidate) { return candidate.header == line; });
-    if (section != languageSections.end() && !readSection(*section, file, separator, state)) {
+    const auto* section = findLanguageSection(ReadLanguageLine(file));
+    if (section != nullptr && !readWithin("section " + toUtf8(section->header), [&] {
+          return readSection(*section, file, separator, state);
+        })) {
       state.LanguageFileError = true;
     }
   } while (!file.atEnd());

@@ -4,12 +4,13 @@
 #include <string>
 #include <string_view>
 
-#include "localisation/LanguageFile.h"
 #include "localisation/TextTables.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 
 namespace tessara {
+
+class LanguageFile;
 
 /// The texts in force and where they come from; one set for each user-interface thread.
 struct LanguageState : TextTables {

@@ -1,33 +1,30 @@
 #include "localisation/LanguageFile.h"
 
 #include <array>
-#include <filesystem>
 #include <fstream>
 
 #include "platform/RunTimeError.h"
-#include "platform/Text.h"
 
 namespace tessara {
 
-LanguageFile LanguageFile::open(const std::u16string& path) {
-  std::ifstream stream(std::filesystem::path(path), std::ios::binary);
+LanguageFile LanguageFile::open(const std::filesystem::path& path) {
+  std::ifstream stream(path, std::ios::binary);
   std::string bytes;
   std::array<char, 8192> chunk{};
   while (stream.read(chunk.data(), chunk.size()) || stream.gcount() > 0) {
     bytes.append(chunk.data(), static_cast<std::size_t>(stream.gcount()));
   }
   if (stream.bad() || !stream.eof()) {
-    throw RunTimeError(ErrorNumber::FileAccess,
-                       "The language file " + toUtf8(path) + " cannot be read");
+    throw RunTimeError(ErrorNumber::FileAccess, "the file cannot be read");
   }
   return LanguageFile(std::move(bytes));
 }
 
 char16_t LanguageFile::readUnit() {
   if (bytes_.size() - position_ < 2) {
-    throw RunTimeError(ErrorNumber::InputPastEnd,
-                       "The language file ends inside a line or a section, after " +
-                           std::to_string(bytes_.size()) + " bytes");
+    throw RunTimeError(ErrorNumber::InputPastEnd, "the file ends after " +
+                                                      std::to_string(bytes_.size()) +
+                                                      " bytes, inside a line or a section");
   }
   const auto low = static_cast<unsigned char>(bytes_[position_]);
   const auto high = static_cast<unsigned char>(bytes_[position_ + 1]);

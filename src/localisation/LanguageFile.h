@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <utility>
 
@@ -12,7 +13,7 @@ class LanguageFile {
   explicit LanguageFile(std::string bytes) : bytes_(std::move(bytes)) {}
 
   /// The file at `path`, whole. One that cannot be read is an access error (75).
-  static LanguageFile open(const std::u16string& path);
+  static LanguageFile open(const std::filesystem::path& path);
 
   /// The next code unit. With fewer than two bytes left it is a read past the end (error 62).
   char16_t readUnit();
@@ -20,6 +21,8 @@ class LanguageFile {
   /// True once the read position has reached the length of the file. A single byte left over is
   /// not the end.
   [[nodiscard]] bool atEnd() const { return position_ >= bytes_.size(); }
+
+  [[nodiscard]] const std::string& bytes() const { return bytes_; }
 
   /// The read position, in bytes.
   [[nodiscard]] std::size_t position() const { return position_; }

@@ -25,4 +25,13 @@ constexpr std::array<LanguageSection, 5> languageSections{{
     {u"[Messages]", decltype(TextTables::TextStatus)::slots(), tableEntry<&TextTables::TextStatus>},
 }};
 
+const LanguageSection* findLanguageSection(std::u16string_view line) {
+  for (const auto& section : languageSections) {
+    if (section.header == line) {
+      return &section;
+    }
+  }
+  return nullptr;
+}
+
 }  // namespace tessara

@@ -25,4 +25,7 @@ inline constexpr std::u16string_view titleHeader = u"[Title]";
 /// All sections, in the order in which complete files have them.
 extern const std::array<LanguageSection, 5> languageSections;
 
+/// The section that a line opens; null if the line is no header.
+const LanguageSection* findLanguageSection(std::u16string_view line);
+
 }  // namespace tessara
