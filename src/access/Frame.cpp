@@ -32,6 +32,11 @@ void ModulInfoFLII::closeAfterFailure() {
   }
 }
 
+void ModulInfoFLII::stopScan() {
+  setScanTimer(false);
+  ScanEnabled = false;
+}
+
 void ModulInfoFLII::showModulState(std::u16string text) {
   panel.LblModulState.setCaption(std::move(text));
   panel.LblModulState.setToolTipTitle(moduleWide().TextModulInfo[21]);

@@ -8,8 +8,6 @@ namespace tessara {
 namespace {
 
 constexpr std::chrono::milliseconds errorWordDelay{100};
-constexpr std::int32_t pictureGood = 1;
-constexpr std::int32_t pictureOther = 2;
 
 }  // namespace
 
@@ -44,8 +42,7 @@ void ModulInfoFLII::readHartStatus() {
 }
 
 void ModulInfoFLII::readRegisterStatus() {
-  StatusWord = wordOf(readWords(RegDevStatus, 1), 0);
-  LedWord = elementOf(readWords(RegLedStatus, 1), 0);
+  readModuleWords();
   setStatus({});
   panel.ImageDevState.setPicture(pictureOther);
   std::u16string module = (StatusWord & errorWordWaits) != 0
@@ -58,6 +55,22 @@ void ModulInfoFLII::readRegisterStatus() {
   StatusWord = wordOf(readWords(RegChnIn, 1), 0);
   const std::int16_t output = wordOf(readWords(RegChnOut, 1), 0);
   showChnState(DecodeChannelStatus(StatusWord, output, bNFCReader, FamilyID, moduleWide()));
+}
+
+void ModulInfoFLII::readModuleWords() {
+  StatusWord = wordOf(readWords(RegDevStatus, 1), 0);
+  LedWord = elementOf(readWords(RegLedStatus, 1), 0);
+}
+
+void ModulInfoFLII::showModuleWords() {
+  std::u16string module =
+      (StatusWord & errorWordWaits) != 0
+          ? DecodeModuleErrorBits(wordOf(readWords(RegDevError, 1), 0), moduleWide())
+          : decodeModuleStatus(StatusWord);
+  if ((LedWord & usbPowered) != 0 && !bNFCReader) {
+    module.insert(0, usbPowerText);
+  }
+  showModulState(std::move(module));
 }
 
 std::int16_t ModulInfoFLII::readErrorWordTwice() {

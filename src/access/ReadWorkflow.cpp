@@ -49,12 +49,12 @@ bool ModulInfoFLII::readModule() {
     raiseModulActive(Activity::Busy);
     // Store and Offline are off already, so that they are remembered as off.
     saveButtons();
-    platform_.eventLoop().yield();
+    yield();
     bConnectFailed = !connect();
     if (!bConnectFailed) {
       ++ConnectAttempts;
       DevAddr = toByte(panel.txtDevAddr.text(), decimalSeparator());
-      platform_.eventLoop().yield();
+      yield();
       readIdentification();
       if (readByVendor() != CatalogResult::CatalogFileError) {
         readStatusByVendor();
@@ -89,7 +89,7 @@ CatalogResult ModulInfoFLII::readByVendor() {
 CatalogResult ModulInfoFLII::readHartTexts() {
   const auto readText = [this](std::int32_t address) {
     constexpr std::int16_t hartSlave = 0;
-    platform_.eventLoop().yield();
+    yield();
     return HartText(comm().ReadInputRegisters(hartSlave, address, 1, hartAccess));
   };
   FwVersion = readText(registers::hartFirmwareVersion);
@@ -101,13 +101,8 @@ CatalogResult ModulInfoFLII::readHartTexts() {
 }
 
 CatalogResult ModulInfoFLII::readRegisters() {
-  const auto& bits = live(moduleWide().BitFieldHelper, "BitFieldHelper");
-  FirmwareVers = static_cast<float>(
-      DecodeVersionWord(elementOf(readWords(registers::firmwareVersion, 1), 0), bits));
-  panel.LblFwVersion.setCaption(VersionText(FirmwareVers, decimalSeparator()));
-  FwVersion = panel.LblFwVersion.caption();
-  SecondVersion = static_cast<float>(
-      DecodeVersionWord(elementOf(readWords(registers::secondVersion, 1), 0), bits));
+  takeFirmwareVersion();
+  SecondVersion = static_cast<float>(readVersion(registers::secondVersion));
 
   const DeviceWords serial = readWords(registers::serialNumber, registers::serialNumberWords);
   panel.LblSerialNumber.setCaption({});
@@ -123,6 +118,21 @@ CatalogResult ModulInfoFLII::readRegisters() {
   DeviceName = NameText(readWords(registers::deviceName, registers::deviceNameWords));
   panel.LabelDeviceName.setCaption(DeviceName);
   return found;
+}
+
+double ModulInfoFLII::readVersion(std::int32_t address) {
+  return DecodeVersionWord(elementOf(readWords(address, 1), 0),
+                           live(moduleWide().BitFieldHelper, "BitFieldHelper"));
+}
+
+double ModulInfoFLII::readFirmwareVersion() {
+  return readVersion(registers::firmwareVersion);
+}
+
+void ModulInfoFLII::takeFirmwareVersion() {
+  FirmwareVers = static_cast<float>(readFirmwareVersion());
+  panel.LblFwVersion.setCaption(VersionText(FirmwareVers, decimalSeparator()));
+  FwVersion = panel.LblFwVersion.caption();
 }
 
 DeviceWords ModulInfoFLII::readWords(std::int32_t address, std::int16_t count) {
@@ -158,8 +168,7 @@ bool ModulInfoFLII::mayRetryRead() {
   SetOfflineButton(true);
   SetOpenButton(true);
   SetSaveButton(true);
-  setScanTimer(false);
-  ScanEnabled = false;
+  stopScan();
   ConnectAttempts = 0;
   raiseModulActive(Activity::ConnectionFailed);
   return false;

@@ -30,6 +30,9 @@ inline constexpr std::uint8_t statusAddress = 192;
 inline constexpr std::int16_t errorWordWaits = 0x0002;
 /// LED status: the module is powered over USB.
 inline constexpr std::int32_t usbPowered = 0x1000;
+/// Pictures of ImageList1: a module without fault, and any other state.
+inline constexpr std::int32_t pictureGood = 1;
+inline constexpr std::int32_t pictureOther = 2;
 inline constexpr std::u16string_view usbPowerText = u"USB-Power; ";
 
 /// Element `index` of what a module delivered. A missing element is a subscript error (9).

@@ -124,8 +124,7 @@ void ModulInfoFLII::CmdOfflineConfigure_Click() {
   for (const auto label : labels) {
     (panel.*label).setCaption({});
   }
-  setScanTimer(false);
-  ScanEnabled = false;
+  stopScan();
 }
 
 void ModulInfoFLII::CmdOpenDiskParameter_Click() {

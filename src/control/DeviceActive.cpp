@@ -83,8 +83,7 @@ void ModulInfoFLII::put_DeviceActive(std::int32_t lActive) {
   }
   HostActive = declared->hostActive.value_or(HostActive);
   if (declared->stopsTimer) {
-    setScanTimer(false);
-    ScanEnabled = false;
+    stopScan();
   }
   raiseModulActive(declared->activity);
 }

@@ -83,13 +83,11 @@ void ModulInfoFLII::connectHandlers() {
   handle(panel.CmdOpenDiskParameter, &ModulInfoFLII::CmdOpenDiskParameter_Click);
   handle(panel.CmdSave2DiskParameter, &ModulInfoFLII::CmdSave2DiskParameter_Click);
   handle(panel.CmdPrintConfiguration, &ModulInfoFLII::CmdPrintConfiguration_Click);
+  handle(panel.CmdStoreParameter, &ModulInfoFLII::CmdStoreParameter_Click);
+  handle(panel.TimerScanDevice, &ModulInfoFLII::ScanTick);
 
   scanTimer_ = platform_.eventLoop().createTimer(
-      std::chrono::milliseconds(panel.TimerScanDevice.state().interval), [this] {
-        if (panel.TimerScanDevice.onClick) {
-          panel.TimerScanDevice.onClick();
-        }
-      });
+      std::chrono::milliseconds(panel.TimerScanDevice.state().interval), [this] { ScanTick(); });
 }
 
 void ModulInfoFLII::raiseModulActive(Activity activity) {
@@ -107,6 +105,10 @@ void ModulInfoFLII::setScanTimer(bool bEnabled) {
   if (scanTimer_) {
     scanTimer_->setEnabled(bEnabled);
   }
+}
+
+void ModulInfoFLII::yield() {
+  platform_.eventLoop().yield();
 }
 
 std::u16string ModulInfoFLII::decimalSeparator() const {

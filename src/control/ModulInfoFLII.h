@@ -107,6 +107,9 @@ class ModulInfoFLII : public Fields {
   void put_QuickSetup(std::int32_t value);
   /// The host's declaration of what it is doing: 0, 1 and 3 to 7; other values do nothing.
   void put_DeviceActive(std::int32_t lActive);
+  /// Reads the module and compares it with the fields: 1 for the same family, device and firmware,
+  /// 0 for another module or none, 3 for an access that failed.
+  std::int32_t get_CheckDeviceType();
   /// Raises DataTransfer and is false.
   [[nodiscard]] bool get_DataTrafic();
 
@@ -122,8 +125,12 @@ class ModulInfoFLII : public Fields {
   Variant DisableCmdStore();
   /// Reads the module as the read button does, or tells that there is no interface.
   void AutomaticConnection();
+  /// Reads the firmware version into fields and label.
+  void GetFWVersion();
   /// Reads the identification record into the fields; the labels stay.
   void GetDeviceInformation();
+  /// Reads the status words and shows them.
+  void GetDeviceStatus();
 
  private:
   // control/
@@ -133,6 +140,8 @@ class ModulInfoFLII : public Fields {
   void raiseModulActive(Activity activity);
   void setStatus(std::u16string text);
   void setScanTimer(bool bEnabled);
+  void stopScan();
+  void yield();
   [[nodiscard]] std::u16string asText(const Variant& value) const;
   void SetStoreButton(const bool& bEnabled);
   void SetReadButton(const bool& bEnabled);
@@ -176,6 +185,12 @@ class ModulInfoFLII : public Fields {
   void waitForConnectionToFall();
   void failedToConnect();
   void failedQuery(Activity activity);
+  void CmdStoreParameter_Click();
+  void ScanTick();
+  void ScanDevice();
+  void scanHart();
+  void scanRegisters();
+  void failedScan();
   void CmdDeviceInfo_Click();
   void prepareRead();
   /// True if the read went through to its end.
@@ -184,6 +199,14 @@ class ModulInfoFLII : public Fields {
   CatalogResult readByVendor();
   CatalogResult readHartTexts();
   CatalogResult readRegisters();
+  double readVersion(std::int32_t address);
+  double readFirmwareVersion();
+  void takeFirmwareVersion();
+  /// The device status and LED words into their fields.
+  void readModuleWords();
+  /// Shows them as the scan and the host queries do: the error word read once, no USB power text on
+  /// an NFC reader.
+  void showModuleWords();
   DeviceWords readWords(std::int32_t address, std::int16_t count);
   void readStatusByVendor();
   void readHartStatus();
