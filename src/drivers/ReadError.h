@@ -1,0 +1,16 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace tessara {
+
+/// A read from a module has failed. The message names all that a technician needs to know:
+/// "COM3 (/dev/ttyUSB0), input registers 5..8 of unit 192: no answer within 500 ms, asked twice".
+class ReadError : public std::runtime_error {
+ public:
+  ReadError(const std::string& port, const std::string& request, const std::string& cause)
+      : std::runtime_error(port + ", " + request + ": " + cause) {}
+};
+
+}  // namespace tessara

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "drivers/PseudoTerminal.h"
+
+namespace tessara::testing {
+
+using Bytes = std::vector<std::uint8_t>;
+
+/// What the slave does so long after a request has come.
+struct Piece {
+  std::chrono::milliseconds after{0};
+  Bytes bytes;
+  bool unplugs = false;  ///< the line is cut behind the bytes
+};
+
+using Reply = std::vector<Piece>;
+
+/// A Modbus slave behind a real pseudo-terminal that sends exactly what a test orders.
+class ScriptedSlave {
+ public:
+  /// Gives the reply to `request` (checksum included), the `index`th from 0.
+  using Script = std::function<Reply(const Bytes& request, std::size_t index)>;
+
+  explicit ScriptedSlave(Script script);
+  ~ScriptedSlave();
+  ScriptedSlave(const ScriptedSlave&) = delete;
+  ScriptedSlave& operator=(const ScriptedSlave&) = delete;
+
+  /// The port to connect to.
+  [[nodiscard]] const std::string& device() const { return port_.device(); }
+  /// The port, open beside the program under test.
+  [[nodiscard]] int terminal() const { return port_.terminal(); }
+  [[nodiscard]] PortSettings settings() const { return port_.settings(); }
+
+  [[nodiscard]] std::vector<Bytes> requests() const;
+  /// How long the line had been silent before each request after the first.
+  [[nodiscard]] std::vector<std::chrono::nanoseconds> silences() const;
+
+  /// Sends `bytes` unasked, and waits until they have arrived at the port.
+  void sendUnasked(const Bytes& bytes) const;
+  /// Sends a character every few milliseconds.
+  void makeNoise() { isNoisy_ = true; }
+  /// Cuts the line.
+  void unplug();
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  void run();
+  [[nodiscard]] bool requestComes(Clock::time_point until) const;
+  void take();
+  void send(const Piece& piece);
+
+  Script script_;
+  PseudoTerminal port_;
+
+  mutable std::mutex mutex_;
+  std::vector<Bytes> requests_;
+  std::vector<std::chrono::nanoseconds> silences_;
+
+  Bytes incoming_;
+  std::vector<std::pair<Clock::time_point, Piece>> due_;
+  Clock::time_point lastSent_;
+  std::atomic<bool> isNoisy_ = false;
+  std::atomic<bool> isUnplugged_ = false;
+  std::atomic<bool> isEnding_ = false;
+  std::thread thread_;
+};
+
+/// `bytes` with the checksum of Modbus RTU behind them.
+Bytes framed(Bytes bytes);
+
+/// The answer of `unit` to function 04.
+Bytes registersAnswer(std::uint8_t unit, const std::vector<std::uint16_t>& words);
+
+/// The answer of `unit` to function 17: server id 01, running, then `words`.
+Bytes identificationAnswer(std::uint8_t unit, const std::vector<std::uint16_t>& words);
+
+}  // namespace tessara::testing
