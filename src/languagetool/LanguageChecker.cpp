@@ -163,17 +163,21 @@ class Walk {
   std::size_t nextLine_ = 1;
 };
 
+constexpr const char* fallsBack = "cannot be used; the control falls back on its German wording";
+
+std::string endsTheStart(const RunTimeError& error) {
+  return "ends the start of the control with error " +
+         std::to_string(static_cast<int>(error.number())) + ": " + error.what();
+}
+
 /// What the control itself makes of the file.
 std::string verdictOn(const std::string& bytes) {
   LanguageFile file(bytes);
   LanguageState state;
   try {
-    return readLanguageFile(file, separator, state)
-               ? "loads"
-               : "is refused; the control falls back on its German wording";
+    return readLanguageFile(file, separator, state) ? "loads" : fallsBack;
   } catch (const RunTimeError& error) {
-    return "ends the start of the control with error " +
-           std::to_string(static_cast<int>(error.number())) + ": " + error.what();
+    return endsTheStart(error);
   }
 }
 
@@ -203,7 +207,7 @@ LanguageReport checkLanguageFile(const std::filesystem::path& path) {
   try {
     report = checkLanguage(LanguageFile::open(path).bytes());
   } catch (const RunTimeError& error) {
-    report.verdict = "ends the start of the control with an error";
+    report.verdict = std::filesystem::is_regular_file(path) ? endsTheStart(error) : fallsBack;
     report.problems.push_back({0, error.what()});
   }
   report.language = languageNamed(path);

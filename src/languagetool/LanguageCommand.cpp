@@ -1,6 +1,5 @@
 #include "languagetool/LanguageCommand.h"
 
-#include <algorithm>
 #include <ostream>
 
 #include "languagetool/LanguageBuilder.h"
@@ -10,10 +9,6 @@
 
 namespace tessara {
 namespace {
-
-constexpr int good = 0;
-constexpr int problemsFound = 1;
-constexpr int wrongUsage = 2;
 
 void writeSection(const SectionReport& section, std::ostream& out) {
   out << "  " << toUtf8(section.header) << ", line " << section.line << ": " << section.texts.size()
@@ -31,47 +26,39 @@ std::string placeOf(std::int16_t language) {
          toUtf8(filesOfLanguage(language).helpFile);
 }
 
-int check(const std::string& file, std::ostream& out) {
+bool checkOne(const std::filesystem::path& file, std::ostream& out) {
   const auto report = checkLanguageFile(file);
-  out << file << ": " << report.verdict << '\n' << "  " << placeOf(report.language) << '\n';
+  const auto name = file.string();
+  out << name << ": " << report.verdict << '\n' << "  " << placeOf(report.language) << '\n';
   for (const auto& section : report.sections) {
     writeSection(section, out);
   }
   for (const auto& line : report.passedOver) {
-    out << toLine(file, line) << '\n';
+    out << toLine(name, line) << '\n';
   }
   for (const auto& problem : report.problems) {
-    out << toLine(file, problem) << '\n';
+    out << toLine(name, problem) << '\n';
   }
-  return report.problems.empty() ? good : problemsFound;
-}
-
-int build(const std::string& source, const std::string& result, std::ostream& err) {
-  const auto problems = buildLanguageFile(source, result);
-  for (const auto& problem : problems) {
-    err << toLine(source, problem) << '\n';
-  }
-  return problems.empty() ? good : problemsFound;
+  return report.problems.empty();
 }
 
 }  // namespace
 
-int runLanguageCommand(const std::vector<std::string>& arguments, std::ostream& out,
-                       std::ostream& err) {
-  const std::string command = arguments.empty() ? "" : arguments.front();
-  if (command == "check" && arguments.size() >= 2) {
-    int code = good;
-    for (std::size_t i = 1; i < arguments.size(); ++i) {
-      code = std::max(code, check(arguments[i], out));
-    }
-    return code;
+bool runLanguageCheck(const std::vector<std::filesystem::path>& files, std::ostream& out) {
+  bool isGood = true;
+  for (const auto& file : files) {
+    isGood = checkOne(file, out) && isGood;
   }
-  if (command == "build" && arguments.size() == 3) {
-    return build(arguments[1], arguments[2], err);
+  return isGood;
+}
+
+bool runLanguageBuild(const std::filesystem::path& source, const std::filesystem::path& result,
+                      std::ostream& err) {
+  const auto problems = buildLanguageFile(source, result);
+  for (const auto& problem : problems) {
+    err << toLine(source.string(), problem) << '\n';
   }
-  err << "usage: language check FILE...\n"
-         "       language build SOURCE OUT\n";
-  return wrongUsage;
+  return problems.empty();
 }
 
 }  // namespace tessara

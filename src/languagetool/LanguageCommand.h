@@ -1,19 +1,18 @@
 #pragma once
 
+#include <filesystem>
 #include <iosfwd>
-#include <string>
 #include <vector>
 
 namespace tessara {
 
-/// Runs what stands behind `modulinfo language` and gives the exit code.
-///
-/// `check FILE...` writes to `out` what each language file would load as, section by section, and
-/// what is wrong with which line. `build SOURCE OUT` makes the language file OUT from its source
-/// and tells problems on `err`.
-///
-/// 0: all is well. 1: there are problems. 2: wrong usage, told on `err`.
-int runLanguageCommand(const std::vector<std::string>& arguments, std::ostream& out,
-                       std::ostream& err);
+/// Writes to `out` what each of the language files would load as, section by section, and what is
+/// wrong with which line. True if nothing is wrong.
+bool runLanguageCheck(const std::vector<std::filesystem::path>& files, std::ostream& out);
+
+/// Makes the language file `result` from its source and tells problems on `err`. True if the
+/// file was made.
+bool runLanguageBuild(const std::filesystem::path& source, const std::filesystem::path& result,
+                      std::ostream& err);
 
 }  // namespace tessara

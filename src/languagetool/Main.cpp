@@ -1,10 +1,11 @@
 #include <iostream>
-#include <string>
-#include <vector>
 
 #include "languagetool/LanguageCommand.h"
 
 int main(int argc, char** argv) {
-  return tessara::runLanguageCommand(std::vector<std::string>(argv + 1, argv + argc), std::cout,
-                                     std::cerr);
+  if (argc != 3) {
+    std::cerr << "usage: modulinfo_build_language SOURCE OUT\n";
+    return 2;
+  }
+  return tessara::runLanguageBuild(argv[1], argv[2], std::cerr) ? 0 : 1;
 }

@@ -124,7 +124,7 @@ TEST(LanguageChecker, TellsARepeatedSection) {
 TEST(LanguageChecker, TellsACountThatRefusesTheFile) {
   const auto refused = [](std::u16string_view part, std::u16string_view by) {
     const auto report = checkLanguage(languageBytes(changed(part, by)));
-    EXPECT_EQ(report.verdict, "is refused; the control falls back on its German wording");
+    EXPECT_EQ(report.verdict, "cannot be used; the control falls back on its German wording");
     return linesOf(report.problems);
   };
   EXPECT_THAT(refused(u"[Title]\r\n1", u"[Title]\r\n2"),
@@ -204,6 +204,7 @@ TEST(LanguageChecker, TakesALastLineWithoutCrLf) {
 TEST(LanguageChecker, TellsAFileThatCannotBeRead) {
   const auto report = checkLanguageFile("/nowhere/MERIDEX_CONF.flg");
   EXPECT_EQ(report.language, 3);
+  EXPECT_EQ(report.verdict, "cannot be used; the control falls back on its German wording");
   EXPECT_THAT(linesOf(report.problems), ElementsAre("x: the file cannot be read"));
 }
 
