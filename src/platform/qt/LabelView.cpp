@@ -1,0 +1,133 @@
+#include "platform/qt/LabelView.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QFocusEvent>
+#include <QGuiApplication>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QToolTip>
+#include <algorithm>
+
+#include "platform/qt/PixelGrid.h"
+#include "platform/qt/QtText.h"
+
+namespace tessara {
+namespace {
+
+constexpr double smallestCaption = 0.8;
+// Stands where a module has not said anything yet.
+constexpr QChar absent(0x2013);
+
+}  // namespace
+
+LabelView::LabelView(Widget& subject, LabelRole role, QWidget* parent)
+    : QLabel(parent), WidgetView(subject), role_(role) {
+  setTextFormat(Qt::PlainText);
+  if (role == LabelRole::Caption) {
+    return;
+  }
+  setFocusPolicy(role == LabelRole::LongValue ? Qt::StrongFocus : Qt::ClickFocus);
+  setContextMenuPolicy(Qt::ActionsContextMenu);
+  auto* copyAction = new QAction(QLineEdit::tr("&Copy"), this);
+  copyAction->setShortcut(QKeySequence::Copy);
+  copyAction->setShortcutContext(Qt::WidgetShortcut);
+  connect(copyAction, &QAction::triggered, this, &LabelView::copy);
+  addAction(copyAction);
+}
+
+void LabelView::sync() {
+  setText(toQt(subject().caption()));
+  syncCommon();
+}
+
+void LabelView::setLook(const Look& look) {
+  look_ = look;
+  switch (role_) {
+    case LabelRole::Caption:
+      setFont(look.captionFont);
+      break;
+    case LabelRole::Value:
+    case LabelRole::LongValue:
+      setFont(look.valueFont);
+      break;
+    case LabelRole::StrongValue:
+      setFont(look.strongFont);
+      break;
+  }
+  update();
+}
+
+bool LabelView::wraps() const {
+  return height() >= 2 * QFontMetrics(font()).lineSpacing();
+}
+
+QFont LabelView::fittingFont() const {
+  QFont fitting = font();
+  const double needed = QFontMetricsF(fitting).horizontalAdvance(text().trimmed());
+  if (role_ == LabelRole::Caption && !wraps() && needed > width()) {
+    fitting.setPointSizeF(fitting.pointSizeF() *
+                          std::max(smallestCaption, width() / needed * 0.99));
+  }
+  return fitting;
+}
+
+QString LabelView::shownText() const {
+  if (wraps()) {
+    const QRect needed = QFontMetrics(font()).boundingRect(rect(), Qt::TextWordWrap, text());
+    if (rect().contains(needed)) {
+      return text();
+    }
+  }
+  const QFontMetricsF metrics(fittingFont());
+  const bool fits = metrics.horizontalAdvance(text().trimmed()) <= width();
+  return fits ? text() : metrics.elidedText(text(), Qt::ElideRight, width());
+}
+
+QString LabelView::wholeText() const {
+  return toolTip().isEmpty() ? toolTipMarkup({}, text()) : toolTip();
+}
+
+void LabelView::copy() const {
+  QGuiApplication::clipboard()->setText(text());
+}
+
+bool LabelView::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && isCut()) {
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), wholeText(), this);
+    return true;
+  }
+  return QLabel::event(event);
+}
+
+void LabelView::focusInEvent(QFocusEvent* event) {
+  QLabel::focusInEvent(event);
+  const bool byKey =
+      event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+  if (byKey && !text().isEmpty()) {
+    QToolTip::showText(mapToGlobal(rect().bottomLeft()), wholeText(), this);
+  }
+  update();
+}
+
+void LabelView::focusOutEvent(QFocusEvent* event) {
+  QLabel::focusOutEvent(event);
+  QToolTip::hideText();
+  update();
+}
+
+void LabelView::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  if (hasFocus()) {
+    drawRounded(painter, rect(), look_.px(3), look_.tint(look_.card, 0.14), look_.accent, 1);
+  }
+  const bool isAbsent = text().isEmpty() && role_ != LabelRole::Caption;
+  painter.setFont(fittingFont());
+  painter.setPen(isAbsent ? look_.faint : role_ == LabelRole::Caption ? look_.caption : look_.text);
+  const QString shown = isAbsent ? QString(absent) : shownText();
+  const int flags = Qt::AlignVCenter | Qt::AlignLeft | Qt::TextDontClip;
+  painter.drawText(rect(), wraps() ? flags | Qt::TextWordWrap : flags | Qt::TextSingleLine, shown);
+}
+
+}  // namespace tessara

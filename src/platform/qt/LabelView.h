@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QLabel>
+
+#include "platform/qt/WidgetView.h"
+
+namespace tessara {
+
+/// How a text of the panel is set.
+enum class LabelRole {
+  /// The name of a field: quiet, and made smaller down to 80 % before anything is cut off.
+  Caption,
+  /// What a module says.
+  Value,
+  /// A value that is read first.
+  StrongValue,
+  /// A value whose whole text may be long: the keyboard reaches it, and shows its tool tip.
+  LongValue,
+};
+
+/// A text in one line, or a caption in as many as its place is high enough for. What does not fit
+/// ends in three points, and the tool tip tells the whole. Values can be copied.
+class LabelView : public QLabel, public WidgetView {
+ public:
+  LabelView(Widget& subject, LabelRole role, QWidget* parent);
+
+  QWidget& widget() override { return *this; }
+  void sync() override;
+  void setLook(const Look& look) override;
+
+  /// The text as it is drawn, shortened where it does not fit.
+  [[nodiscard]] QString shownText() const;
+  [[nodiscard]] bool isCut() const { return shownText() != text(); }
+
+ protected:
+  bool event(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  [[nodiscard]] QSize minimumSizeHint() const override { return {}; }
+
+ private:
+  void copy() const;
+  [[nodiscard]] QString wholeText() const;
+  [[nodiscard]] QFont fittingFont() const;
+  [[nodiscard]] bool wraps() const;
+
+  LabelRole role_;
+  Look look_;
+};
+
+}  // namespace tessara

@@ -1,0 +1,111 @@
+#include "platform/qt/Picture.h"
+
+#include <QFile>
+#include <QImageReader>
+
+#include "platform/qt/PixelGrid.h"
+#include "platform/qt/QtText.h"
+
+// Outside of the namespace, where the resource compiler has put what this names.
+static void openPictures() {
+  Q_INIT_RESOURCE(pictures);
+}
+
+namespace tessara {
+namespace {
+
+// The inks in which the button pictures are drawn in their files.
+constexpr auto lineInFile = "#20303f";
+constexpr auto accentInFile = "#0a66c2";
+
+QByteArray read(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray readOwn(const QString& name) {
+  openPictures();
+  return read(":/tessara/" + name + ".svg");
+}
+
+/// Hosts write paths with either separator.
+QString pathOnDisk(QString path) {
+  return QFile::exists(path) ? path : path.replace('\\', '/');
+}
+
+}  // namespace
+
+Picture Picture::of(const PictureSource& source, const Inks& inks) {
+  if (const auto* number = std::get_if<std::int32_t>(&source)) {
+    return fromSvg(readOwn("states/" + QString::number(*number)));
+  }
+  const auto* text = std::get_if<std::u16string>(&source);
+  if (text == nullptr || text->empty()) {
+    return {};
+  }
+  QByteArray svg = readOwn("buttons/" + toQt(*text));
+  if (svg.isEmpty()) {
+    return fromFile(pathOnDisk(toQt(*text)));
+  }
+  svg.replace(lineInFile, inks.line.name().toLatin1());
+  svg.replace(accentInFile, inks.accent.name().toLatin1());
+  return fromSvg(svg);
+}
+
+Picture Picture::application() {
+  return fromSvg(readOwn("application"));
+}
+
+Picture Picture::fromFile(const QString& path) {
+  if (path.endsWith(".svg", Qt::CaseInsensitive)) {
+    return fromSvg(read(path));
+  }
+  Picture picture;
+  QImageReader reader(path);
+  reader.setDecideFormatFromContent(true);
+  reader.setAutoTransform(true);
+  picture.raster_ = reader.read();
+  return picture;
+}
+
+Picture Picture::fromSvg(const QByteArray& svg) {
+  Picture picture;
+  auto renderer = std::make_shared<QSvgRenderer>();
+  if (!svg.isEmpty() && renderer->load(svg)) {
+    picture.vector_ = std::move(renderer);
+  }
+  return picture;
+}
+
+void Picture::draw(QPainter& painter, const QRectF& rect, Qt::Alignment alignment,
+                   double scale) const {
+  if (isNull()) {
+    return;
+  }
+  const QSizeF own = vector_ ? vector_->viewBoxF().size() : QSizeF(raster_.size()) * scale;
+  QSizeF size = own;
+  if (vector_ || own.width() > rect.width() || own.height() > rect.height()) {
+    size.scale(rect.size(), Qt::KeepAspectRatio);
+  }
+  QRectF target(rect.topLeft(), size);
+  target.moveTop(rect.top() + (rect.height() - size.height()) / 2);
+  if (alignment.testFlag(Qt::AlignRight)) {
+    target.moveRight(rect.right());
+  } else if (alignment.testFlag(Qt::AlignHCenter)) {
+    target.moveLeft(rect.left() + (rect.width() - size.width()) / 2);
+  }
+  target = onPixels(painter, target);
+
+  if (vector_) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    vector_->render(&painter, target);
+    painter.restore();
+    return;
+  }
+  const QSize pixels = painter.deviceTransform().mapRect(target).size().toSize();
+  painter.drawImage(target,
+                    raster_.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
+
+}  // namespace tessara

@@ -1,0 +1,124 @@
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QTimer>
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
+#include "platform/qt/QtEventLoop.h"
+
+namespace tessara::testing {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+constexpr milliseconds deadline{20000};
+
+/// Runs events until it holds, or gives up.
+bool turnUntil(const std::function<bool()>& holds) {
+  const QDeadlineTimer end(deadline);
+  while (!holds() && !end.hasExpired()) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+  }
+  return holds();
+}
+
+TEST(QtEventLoop, AYieldHandlesWhatIsPendingAndReturns) {
+  QtEventLoop loop;
+  int handled = 0;
+  QTimer::singleShot(0, [&] { ++handled; });
+  loop.yield();
+  EXPECT_EQ(handled, 1);
+  loop.yield();
+  EXPECT_EQ(handled, 1);
+}
+
+TEST(QtEventLoop, ASleepLastsAndHandlesNothing) {
+  QtEventLoop loop;
+  bool handled = false;
+  QTimer::singleShot(0, [&] { handled = true; });
+  const auto start = steady_clock::now();
+  loop.sleep(milliseconds(30));
+  EXPECT_GE(steady_clock::now() - start, milliseconds(30));
+  EXPECT_FALSE(handled);
+}
+
+TEST(QtEventLoop, ATimerIsDisabledAtFirst) {
+  QtEventLoop loop;
+  int ticks = 0;
+  const auto timer = loop.createTimer(milliseconds(1), [&] { ++ticks; });
+  loop.sleep(milliseconds(10));
+  loop.yield();
+  EXPECT_EQ(ticks, 0);
+}
+
+TEST(QtEventLoop, AnEnabledTimerTicksAgainAndAgainAfterWholeIntervals) {
+  QtEventLoop loop;
+  int ticks = 0;
+  const auto timer = loop.createTimer(milliseconds(20), [&] { ++ticks; });
+  const auto start = steady_clock::now();
+  timer->setEnabled(true);
+  EXPECT_TRUE(turnUntil([&] { return ticks >= 3; }));
+  EXPECT_GE(steady_clock::now() - start, milliseconds(3 * 20 - 2));
+}
+
+TEST(QtEventLoop, ADisabledTimerDropsTheTickThatIsDue) {
+  QtEventLoop loop;
+  int ticks = 0;
+  const auto timer = loop.createTimer(milliseconds(5), [&] { ++ticks; });
+  timer->setEnabled(true);
+  loop.sleep(milliseconds(20));
+  timer->setEnabled(false);
+  loop.yield();
+  loop.yield();
+  EXPECT_EQ(ticks, 0);
+}
+
+TEST(QtEventLoop, EnablingAgainStartsAWholeInterval) {
+  QtEventLoop loop;
+  int ticks = 0;
+  const auto timer = loop.createTimer(milliseconds(200), [&] { ++ticks; });
+  timer->setEnabled(true);
+  loop.sleep(milliseconds(150));
+  const auto again = steady_clock::now();
+  timer->setEnabled(false);
+  timer->setEnabled(true);
+  EXPECT_TRUE(turnUntil([&] { return ticks == 1; }));
+  EXPECT_GE(steady_clock::now() - again, milliseconds(198));
+}
+
+TEST(QtEventLoop, ATimerTicksInAYield) {
+  QtEventLoop loop;
+  int ticks = 0;
+  const auto timer = loop.createTimer(milliseconds(1), [&] { ++ticks; });
+  timer->setEnabled(true);
+  const auto end = steady_clock::now() + deadline;
+  while (ticks == 0 && steady_clock::now() < end) {
+    loop.sleep(milliseconds(1));
+    loop.yield();
+  }
+  EXPECT_GE(ticks, 1);
+}
+
+TEST(QtEventLoop, ATimerMayBeDestroyedByItsOwnTick) {
+  QtEventLoop loop;
+  std::unique_ptr<PeriodicTimer> timer;
+  timer = loop.createTimer(milliseconds(1), [&] { timer.reset(); });
+  timer->setEnabled(true);
+  EXPECT_TRUE(turnUntil([&] { return timer == nullptr; }));
+}
+
+TEST(QtEventLoop, TellsOfATickThatFailedAndTicksOn) {
+  QtEventLoop loop;
+  std::vector<std::string> failures;
+  loop.tickFailed = [&](const std::exception& error) { failures.emplace_back(error.what()); };
+  const auto timer =
+      loop.createTimer(milliseconds(1), [] { throw std::runtime_error("the port has gone"); });
+  timer->setEnabled(true);
+  EXPECT_TRUE(turnUntil([&] { return failures.size() >= 2; }));
+  EXPECT_EQ(failures.front(), "the port has gone");
+}
+
+}  // namespace
+}  // namespace tessara::testing
