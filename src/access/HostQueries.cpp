@@ -111,16 +111,14 @@ void ModulInfoFLII::GetDeviceStatus() {
 void ModulInfoFLII::CmdStoreParameter_Click() {
   const std::int32_t result = get_CheckDeviceType();
   if (result == deviceFits) {
-    events_.SetConfiguration();
+    raise(&HostEvents::SetConfiguration);
   } else if (result == deviceDiffers) {
-    ModuleWide& wide = moduleWide();
-    lMsgResult = live(wide.MessageHelper, "MessageHelper")
-                     .Show(wide.TextModulInfo[20], MessageStyle::Error, wide.AppTitle);
+    showMessage(moduleWide().TextModulInfo[20], MessageStyle::Error);
   }
 }
 
 void ModulInfoFLII::waitForConnectionToFall() {
-  while (DeviceConnected) {
+  while (DeviceConnected && initialized_) {
     yield();
   }
 }

@@ -143,11 +143,11 @@ void ModulInfoFLII::finishRead() {
   panel.ImageDevState.setVisible(true);
   bDataValid = true;
   closeConnection();
-  events_.StatusChange();
+  raise(&HostEvents::StatusChange);
   SetReadButton(true);
   SetOfflineButton(true);
   raiseModulActive(Activity::AccessOver);
-  events_.NFCReader(bNFCReader);
+  raiseNfcReader();
   OfflineMode = false;
   setScanTimer(true);
   ScanEnabled = true;

@@ -128,13 +128,13 @@ void ModulInfoFLII::CmdOfflineConfigure_Click() {
 }
 
 void ModulInfoFLII::CmdOpenDiskParameter_Click() {
-  events_.LoadConfiguration();
+  raise(&HostEvents::LoadConfiguration);
 }
 void ModulInfoFLII::CmdSave2DiskParameter_Click() {
-  events_.SaveConfiguration();
+  raise(&HostEvents::SaveConfiguration);
 }
 void ModulInfoFLII::CmdPrintConfiguration_Click() {
-  events_.PrintConfiguration();
+  raise(&HostEvents::PrintConfiguration);
 }
 
 }  // namespace tessara

@@ -90,14 +90,28 @@ void ModulInfoFLII::connectHandlers() {
       std::chrono::milliseconds(panel.TimerScanDevice.state().interval), [this] { ScanTick(); });
 }
 
+void ModulInfoFLII::raise(void (HostEvents::*callback)()) {
+  if (initialized_) {
+    (events_.*callback)();
+  }
+}
+
 void ModulInfoFLII::raiseModulActive(Activity activity) {
-  auto lStatus = static_cast<std::int32_t>(activity);
-  events_.ModulActive(lStatus);
+  if (initialized_) {
+    auto lStatus = static_cast<std::int32_t>(activity);
+    events_.ModulActive(lStatus);
+  }
+}
+
+void ModulInfoFLII::raiseNfcReader() {
+  if (initialized_) {
+    events_.NFCReader(bNFCReader);
+  }
 }
 
 void ModulInfoFLII::setStatus(std::u16string text) {
   StatusString = std::move(text);
-  events_.StatusChange();
+  raise(&HostEvents::StatusChange);
 }
 
 void ModulInfoFLII::setScanTimer(bool bEnabled) {
@@ -105,6 +119,12 @@ void ModulInfoFLII::setScanTimer(bool bEnabled) {
   if (scanTimer_) {
     scanTimer_->setEnabled(bEnabled);
   }
+}
+
+void ModulInfoFLII::showMessage(const std::u16string& text, MessageStyle style) {
+  // Events are handled while the box is open, and one of them may end the control.
+  const auto helper = moduleWide().MessageHelper;
+  lMsgResult = live(helper, "MessageHelper").Show(text, style, moduleWide().AppTitle);
 }
 
 void ModulInfoFLII::yield() {

@@ -31,7 +31,9 @@ class ModulInfoFLII : public Fields {
   /// Creates the module-wide objects and sets the defaults. An object that cannot be created ends
   /// it with that object's error.
   void UserControl_Initialize();
-  /// Shuts the communication objects down and releases everything; later calls do nothing.
+  /// Shuts the communication objects down and releases everything. May come inside a callback or a
+  /// turn of the event loop: the workflow that is under way then ends without a call or a callback.
+  /// The object itself must stay until that workflow has returned.
   void UserControl_Terminate();
 
   /// Brings the panel up: reads the settings, lists the ports, looks for the NFC reader, selects
@@ -137,7 +139,11 @@ class ModulInfoFLII : public Fields {
   void ResetState();
   void ApplyButtonImages();
   void connectHandlers();
+  // A control that has ended raises nothing more, also when a workflow is still on its way out.
+  void raise(void (HostEvents::*callback)());
   void raiseModulActive(Activity activity);
+  void raiseNfcReader();
+  void showMessage(const std::u16string& text, MessageStyle style);
   void setStatus(std::u16string text);
   void setScanTimer(bool bEnabled);
   void stopScan();

@@ -192,7 +192,7 @@ void ModulInfoFLII::put_QuickSetup(std::int32_t value) {
 }
 
 bool ModulInfoFLII::get_DataTrafic() {
-  events_.DataTransfer();
+  raise(&HostEvents::DataTransfer);
   return false;
 }
 

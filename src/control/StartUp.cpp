@@ -48,7 +48,7 @@ void ModulInfoFLII::UserControl_Show() {
 
   const bool bNfc = ports.PortCount > 0 ? choosePort() : chooseReaderWithoutPorts();
   selectCommObject(bNfc);
-  events_.NFCReader(bNFCReader);
+  raiseNfcReader();
   panel.ComboBaudrate.setText(decimalText(Baudrate));
   loadLanguage();
   applyCaptions();
@@ -95,9 +95,7 @@ void ModulInfoFLII::loadLanguage() {
   ModuleWide& wide = moduleWide();
   if (!LoadLanguageFile(AppPathString, Language, live(wide.FileSystem, "FileSystem"),
                         platform_.locale(), wide)) {
-    lMsgResult =
-        live(wide.MessageHelper, "MessageHelper")
-            .Show(std::u16string(languageFileMessage), MessageStyle::Warning, wide.AppTitle);
+    showMessage(std::u16string(languageFileMessage), MessageStyle::Warning);
     LoadDefaultTexts(wide);
   }
 }

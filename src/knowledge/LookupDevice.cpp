@@ -9,8 +9,7 @@ CatalogResult ModulInfoFLII::LookupDevice(std::int32_t family, std::int32_t devi
   const std::u16string path =
       live(wide.FileSystem, "FileSystem").BuildPath(platform_.appPath(), u"TessaraDevices.xml");
   if (!tree->loadFile(path)) {
-    lMsgResult = live(wide.MessageHelper, "MessageHelper")
-                     .Show(u"Fehler XML-Datei!", MessageStyle::Error, wide.AppTitle);
+    showMessage(u"Fehler XML-Datei!", MessageStyle::Error);
     return CatalogResult::CatalogFileError;
   }
   const CatalogueQuestion question{VendorID, family, device, FwVersion, Language};

@@ -20,7 +20,7 @@ void ModulInfoFLII::ComboComPort_Click() {
     ComPort = narrowToInt16(ports.PortNumbers[panel.ComboComPort.state().index], "ComPort");
   }
   selectCommObject(bUsbReader || bTwn4);
-  events_.NFCReader(bNFCReader);
+  raiseNfcReader();
   SaveComPort(live(moduleWide().RegistryHelper, "RegistryHelper"), ComPort);
 }
 

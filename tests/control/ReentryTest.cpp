@@ -1,0 +1,231 @@
+#include <gmock/gmock.h>
+
+#include "ControlFixture.h"
+
+namespace tessara::testing {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// What happens when an event enters the control in the middle of a workflow.
+class Reentry : public ControlFixture {
+ protected:
+  /// Runs `action` once, in the nth turn of the event loop from now.
+  void inTurn(int nth, std::function<void()> action) {
+    platform.loop.onYield = [nth, action = std::move(action), turn = 0]() mutable {
+      if (++turn == nth) {
+        action();
+      }
+    };
+  }
+  void readOnce() {
+    control.AutomaticConnection();
+    log.clear();
+  }
+  std::vector<std::string> calls() const { return log.only({"Connect", "Read", "CMD48", "Close"}); }
+};
+
+TEST_F(Reentry, ATickInAReadFindsTheGateClosed) {
+  inTurn(2, [this] { platform.loop.tick(); });
+  control.AutomaticConnection();
+  EXPECT_THAT(log.only({"ModulActive(4)"}), IsEmpty());
+  EXPECT_TRUE(control.bDataValid);
+}
+
+TEST_F(Reentry, ATickInAScanFindsTheGateClosed) {
+  readOnce();
+  inTurn(3, [this] { platform.loop.tick(); });
+  platform.loop.tick();
+  EXPECT_EQ(log.count("ModulActive(4)"), 1U);
+  EXPECT_EQ(log.count("ConnectWithSerialDevice"), 1U);
+}
+
+TEST_F(Reentry, AReadInAScanRunsThroughAndTheScanEndsInOrder) {
+  readOnce();
+  inTurn(3, [this] { control.AutomaticConnection(); });
+  platform.loop.tick();
+  EXPECT_TRUE(control.bDataValid);
+  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_TRUE(control.panel.CmdDeviceInfo.enabled());
+  EXPECT_EQ(log.count("ConnectWithSerialDevice"), 2U);
+}
+
+TEST_F(Reentry, AWaitingQueryInAScanGoesOnOnlyWhenTheHostLetsTheConnectionGo) {
+  readOnce();
+  int turn = 0;
+  int spins = 0;
+  platform.loop.onYield = [&] {
+    ++turn;
+    if (turn == 3) {
+      control.GetFWVersion();
+    } else if (turn > 3 && control.DeviceConnected && ++spins == 4) {
+      control.put_DeviceConnected(0);
+    }
+  };
+  platform.loop.tick();
+  EXPECT_EQ(spins, 4);
+  EXPECT_EQ(log.count("ConnectWithSerialDevice"), 2U);
+  EXPECT_FALSE(control.DeviceConnected);
+}
+
+TEST_F(Reentry, AStatusQueryInAScanGoesOnToConnectAtOnce) {
+  readOnce();
+  inTurn(3, [this] { control.GetDeviceStatus(); });
+  platform.loop.tick();
+  EXPECT_EQ(log.count("ConnectWithSerialDevice"), 2U);
+  EXPECT_FALSE(control.DeviceConnected);
+}
+
+TEST_F(Reentry, ACheckInAScanGoesOnToConnectAndPutsTheTimerBack) {
+  readOnce();
+  inTurn(3, [this] { EXPECT_EQ(control.get_CheckDeviceType(), 1); });
+  platform.loop.tick();
+  EXPECT_TRUE(platform.loop.timerEnabled);
+  EXPECT_FALSE(control.DeviceConnected);
+}
+
+TEST_F(Reentry, HostWorkDeclaredInAScanHoldsTheNextTick) {
+  readOnce();
+  inTurn(3, [this] { control.put_DeviceActive(1); });
+  platform.loop.tick();
+  log.clear();
+  platform.loop.tick();
+  EXPECT_THAT(log.entries(), IsEmpty());
+}
+
+TEST_F(Reentry, HostWorkDeclaredInAReadLeavesTheButtonsToTheRead) {
+  inTurn(2, [this] { control.put_DeviceActive(1); });
+  control.AutomaticConnection();
+  EXPECT_TRUE(control.bDataValid);
+  EXPECT_TRUE(control.HostActive);
+  EXPECT_TRUE(control.panel.CmdDeviceInfo.enabled());
+}
+
+TEST_F(Reentry, ShownAgainInAReadTheReadEndsInOrder) {
+  platform.serialKey.ports = {{"\\Device\\Silabser0", "COM3"}};
+  inTurn(2, [this] { control.UserControl_Show(); });
+  control.AutomaticConnection();
+  EXPECT_TRUE(control.bDataValid);
+  EXPECT_FALSE(control.DeviceConnected);
+}
+
+/// The control is ended in a turn or in a callback of a workflow.
+class EndedInside : public Reentry {
+ protected:
+  void endInTurn(int nth) {
+    inTurn(nth, [this] {
+      control.UserControl_Terminate();
+      log.clear();
+    });
+  }
+  void endIn(const std::string& callback) {
+    host.onCallback = [this, callback](const std::string& entry) {
+      if (entry == callback) {
+        control.UserControl_Terminate();
+        log.clear();
+      }
+    };
+  }
+  /// Nothing reaches an object or the host once the control has ended.
+  void expectSilence() {
+    EXPECT_THAT(log.only({"Connect", "Read", "CMD48", "Close", "ModulActive", "StatusChange",
+                          "NFCReader", "SetConfiguration", "Show", "SetValue"}),
+                IsEmpty());
+    EXPECT_FALSE(control.DeviceConnected);
+    EXPECT_EQ(moduleWide().ModbusCommObject, nullptr);
+  }
+};
+
+class EndedInTurn : public EndedInside, public ::testing::WithParamInterface<int> {};
+
+TEST_P(EndedInTurn, OfAReadOnTheRegisterPath) {
+  endInTurn(GetParam());
+  control.AutomaticConnection();
+  if (GetParam() <= 2) {
+    expectSilence();
+  }
+}
+
+TEST_P(EndedInTurn, OfAReadOnTheHartPath) {
+  platform.device.identifier = {176, 5, 226, 1};
+  platform.device.registers = {{24, {0, 0}}, {20, {0, 0}}, {27, {0, 0}}};
+  endInTurn(GetParam());
+  control.AutomaticConnection();
+  if (GetParam() <= 5) {
+    expectSilence();
+  }
+}
+
+TEST_P(EndedInTurn, OfAScan) {
+  readOnce();
+  endInTurn(GetParam());
+  platform.loop.tick();
+  if (GetParam() <= 5) {
+    expectSilence();
+  }
+}
+
+TEST_P(EndedInTurn, OfAHartScan) {
+  readOnce();
+  control.VendorID = 176;
+  endInTurn(GetParam());
+  platform.loop.tick();
+  if (GetParam() <= 4) {
+    expectSilence();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Turns, EndedInTurn, ::testing::Range(1, 7));
+
+TEST_F(EndedInside, TheWaitOfAQuery) {
+  control.DeviceConnected = true;
+  endInTurn(3);
+  control.GetDeviceInformation();
+  EXPECT_THAT(calls(), IsEmpty());
+  EXPECT_EQ(moduleWide().ModbusCommObject, nullptr);
+}
+
+TEST_F(EndedInside, TheTurnOfAStatusQuery) {
+  endInTurn(1);
+  control.GetDeviceStatus();
+  expectSilence();
+}
+
+class EndedInCallback : public EndedInside, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(EndedInCallback, OfARead) {
+  endIn(GetParam());
+  control.AutomaticConnection();
+  expectSilence();
+}
+
+INSTANTIATE_TEST_SUITE_P(Callbacks, EndedInCallback,
+                         ::testing::Values("StatusChange()", "StatusChange(Verbindungsaufbau)",
+                                           "ModulActive(1)", "ModulActive(0)", "NFCReader(false)"));
+
+TEST_F(EndedInside, TheCallbackOfAFailedRead) {
+  platform.device.connects = false;
+  endIn("StatusChange(Fehler Verbindung!)");
+  control.AutomaticConnection();
+  expectSilence();
+}
+
+TEST_F(EndedInside, TheCallbackOfAStoreThatFits) {
+  readOnce();
+  control.UnLockCmdStore();
+  endIn("SetConfiguration");
+  control.panel.CmdStoreParameter.press();
+  expectSilence();
+}
+
+TEST_F(EndedInside, TheCallbackOfTheStartUpSequence) {
+  platform.serialKey.ports = {{"\\Device\\Silabser0", "COM3"}};
+  endIn("NFCReader(false)");
+  EXPECT_EQ(errorNumberOf([&] { control.UserControl_Show(); }), 91);
+  expectSilence();
+}
+
+}  // namespace
+}  // namespace tessara::testing
