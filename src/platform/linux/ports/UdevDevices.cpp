@@ -1,0 +1,83 @@
+#include <memory>
+
+#include <libudev.h>
+
+#include "platform/linux/ports/SerialDevice.h"
+
+namespace tessara {
+namespace {
+
+struct Release {
+  void operator()(udev* context) const { udev_unref(context); }
+  void operator()(udev_enumerate* walk) const { udev_enumerate_unref(walk); }
+  void operator()(udev_device* device) const { udev_device_unref(device); }
+};
+template <typename Object>
+using Owned = std::unique_ptr<Object, Release>;
+
+std::string textOf(const char* text) {
+  return text == nullptr ? std::string() : std::string(text);
+}
+
+std::string attribute(udev_device* device, const char* name) {
+  return device == nullptr ? std::string() : textOf(udev_device_get_sysattr_value(device, name));
+}
+
+/// `parent` is the device that the terminal belongs to, null for a terminal without one. Parents
+/// are held by their children.
+SerialDevice describe(udev_device* terminal, udev_device* parent) {
+  SerialDevice found;
+  found.name = textOf(udev_device_get_sysname(terminal));
+  found.node = textOf(udev_device_get_devnode(terminal));
+  found.driver = parent == nullptr ? "" : textOf(udev_device_get_driver(parent));
+  if (found.driver.empty()) {
+    found.driver = terminalKind(found.name);
+  }
+  if (parent == nullptr) {
+    return found;
+  }
+  udev_device* usb = udev_device_get_parent_with_subsystem_devtype(terminal, "usb", "usb_device");
+  if (usb == nullptr) {
+    const char* type = udev_device_get_sysattr_value(terminal, "type");
+    found.uartType = type == nullptr ? std::nullopt : std::optional<std::string>(type);
+    return found;
+  }
+  udev_device* interface =
+      udev_device_get_parent_with_subsystem_devtype(terminal, "usb", "usb_interface");
+  found.usb = usbIdentity(attribute(usb, "idVendor"), attribute(usb, "idProduct"),
+                          attribute(usb, "serial"), attribute(interface, "bInterfaceNumber"));
+  found.usbPath = textOf(udev_device_get_devpath(usb));
+  found.usbPort = attribute(parent, "port_number");
+  return found;
+}
+
+}  // namespace
+
+FoundDevices udevDevices() {
+  const Owned<udev> context(udev_new());
+  const Owned<udev_enumerate> walk(context ? udev_enumerate_new(context.get()) : nullptr);
+  if (!walk || udev_enumerate_add_match_subsystem(walk.get(), "tty") < 0 ||
+      udev_enumerate_scan_devices(walk.get()) < 0) {
+    return std::nullopt;
+  }
+  udev_list_entry* entry = udev_enumerate_get_list_entry(walk.get());
+  if (entry == nullptr) {
+    // Every kernel has consoles at the least.
+    return std::nullopt;
+  }
+  std::vector<SerialDevice> devices;
+  for (; entry != nullptr; entry = udev_list_entry_get_next(entry)) {
+    const char* path = udev_list_entry_get_name(entry);
+    const Owned<udev_device> terminal(udev_device_new_from_syspath(context.get(), path));
+    if (!terminal) {
+      continue;  // unplugged meanwhile
+    }
+    udev_device* parent = udev_device_get_parent(terminal.get());
+    if (parent != nullptr || isPortWithoutDevice(udev_device_get_sysname(terminal.get()))) {
+      devices.push_back(describe(terminal.get(), parent));
+    }
+  }
+  return devices;
+}
+
+}  // namespace tessara

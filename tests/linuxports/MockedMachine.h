@@ -1,0 +1,57 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <umockdev.h>
+
+namespace tessara::testing {
+
+/// A USB adapter with one serial port.
+struct Adapter {
+  std::string tty = "ttyUSB0";
+  std::string driver = "cp210x";
+  std::string vendor = "10c4";
+  std::string product = "ea60";
+  std::string serial{};
+  /// The chain of USB ports, "2" or "2.1".
+  std::string socket = "2";
+  std::string interfaceNumber = "00";
+};
+
+/// A machine without any device but its consoles, as the programs under test see it: /sys and /dev
+/// are its own. Adapters are plugged in and pulled out at will.
+class MockedMachine {
+ public:
+  MockedMachine();
+  MockedMachine(const MockedMachine&) = delete;
+  MockedMachine& operator=(const MockedMachine&) = delete;
+  ~MockedMachine();
+
+  void plugIn(const Adapter& adapter);
+  void pullOut(const Adapter& adapter);
+  /// A UART of the machine itself; type 0 is one that the kernel did not find.
+  void addUart(const std::string& tty, const std::string& driver, int type);
+  /// A UART whose type only the terminal itself tells when it is asked.
+  void addSilentUart(const std::string& tty, const std::string& driver, int type);
+  /// A terminal that belongs to no device.
+  void addVirtualTerminal(const std::string& tty);
+  /// The device node goes, the kernel's device stays.
+  void removeNode(const std::string& tty) const;
+  /// A port of an adapter that has several on one interface.
+  void setPortOnInterface(const Adapter& adapter, const std::string& number);
+
+ private:
+  void add(const std::string& description);
+  void remove(const std::string& device);
+  void addNode(const std::string& tty) const;
+  [[nodiscard]] std::string nodePath(const std::string& tty) const;
+
+  std::unique_ptr<UMockdevTestbed, void (*)(gpointer)> bed_;
+  /// What the terminals of silent UARTs answer.
+  std::map<std::string, int> uartTypes_;
+};
+
+}  // namespace tessara::testing
