@@ -56,8 +56,8 @@ struct Panel : WidgetOwner {
   Widget LblFamilyID{*this, u"LblFamilyID", WidgetKind::Label, {.place = {9585, 1200, 615, 255}}};
   Widget LblDeviceID{*this, u"LblDeviceID", WidgetKind::Label, {.place = {11190, 1200, 615, 255}}};
   Widget LblModulState{
-      *this, u"LblModulState", WidgetKind::Label, {.place = {2640, 1740, 6225, 255}}};
-  Widget LblChnState{*this, u"LblChnState", WidgetKind::Label, {.place = {2640, 2070, 6225, 255}}};
+      *this, u"LblModulState", WidgetKind::Label, {.place = {2580, 1740, 6345, 255}}};
+  Widget LblChnState{*this, u"LblChnState", WidgetKind::Label, {.place = {2580, 2070, 6345, 255}}};
 
   /// Fixed captions, the same in every language.
   Widget UniLabel1{*this,

@@ -17,6 +17,7 @@ namespace tessara {
 namespace {
 
 constexpr double smallestCaption = 0.8;
+constexpr double focusMargin = 4;
 // Stands where a module has not said anything yet.
 constexpr QChar absent(0x2013);
 
@@ -59,6 +60,11 @@ void LabelView::setLook(const Look& look) {
   update();
 }
 
+QRect LabelView::room() const {
+  const int margin = role_ == LabelRole::LongValue ? qRound(look_.px(focusMargin)) : 0;
+  return rect().adjusted(margin, 0, -margin, 0);
+}
+
 bool LabelView::wraps() const {
   return height() >= 2 * QFontMetrics(font()).lineSpacing();
 }
@@ -66,23 +72,23 @@ bool LabelView::wraps() const {
 QFont LabelView::fittingFont() const {
   QFont fitting = font();
   const double needed = QFontMetricsF(fitting).horizontalAdvance(text().trimmed());
-  if (role_ == LabelRole::Caption && !wraps() && needed > width()) {
+  if (role_ == LabelRole::Caption && !wraps() && needed > room().width()) {
     fitting.setPointSizeF(fitting.pointSizeF() *
-                          std::max(smallestCaption, width() / needed * 0.99));
+                          std::max(smallestCaption, room().width() / needed * 0.99));
   }
   return fitting;
 }
 
 QString LabelView::shownText() const {
   if (wraps()) {
-    const QRect needed = QFontMetrics(font()).boundingRect(rect(), Qt::TextWordWrap, text());
-    if (rect().contains(needed)) {
+    const QRect needed = QFontMetrics(font()).boundingRect(room(), Qt::TextWordWrap, text());
+    if (room().contains(needed)) {
       return text();
     }
   }
   const QFontMetricsF metrics(fittingFont());
-  const bool fits = metrics.horizontalAdvance(text().trimmed()) <= width();
-  return fits ? text() : metrics.elidedText(text(), Qt::ElideRight, width());
+  const bool fits = metrics.horizontalAdvance(text().trimmed()) <= room().width();
+  return fits ? text() : metrics.elidedText(text(), Qt::ElideRight, room().width());
 }
 
 QString LabelView::wholeText() const {
@@ -127,7 +133,7 @@ void LabelView::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(isAbsent ? look_.faint : role_ == LabelRole::Caption ? look_.caption : look_.text);
   const QString shown = isAbsent ? QString(absent) : shownText();
   const int flags = Qt::AlignVCenter | Qt::AlignLeft | Qt::TextDontClip;
-  painter.drawText(rect(), wraps() ? flags | Qt::TextWordWrap : flags | Qt::TextSingleLine, shown);
+  painter.drawText(room(), wraps() ? flags | Qt::TextWordWrap : flags | Qt::TextSingleLine, shown);
 }
 
 }  // namespace tessara

@@ -44,6 +44,8 @@ class LabelView : public QLabel, public WidgetView {
   [[nodiscard]] QString wholeText() const;
   [[nodiscard]] QFont fittingFont() const;
   [[nodiscard]] bool wraps() const;
+  /// Where the text stands: all of the place, or what a focus frame around it leaves.
+  [[nodiscard]] QRect room() const;
 
   LabelRole role_;
   Look look_;
