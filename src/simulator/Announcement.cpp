@@ -1,0 +1,172 @@
+#include "simulator/Announcement.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <csignal>
+#include <cstdlib>
+#include <exception>
+#include <fstream>
+#include <optional>
+#include <string_view>
+#include <system_error>
+
+#include <fcntl.h>
+#include <nlohmann/json.hpp>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "simulator/FileDescriptor.h"
+
+namespace tessara {
+
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+constexpr std::string_view kPrefix = "COM";
+constexpr ::mode_t kOwnerOnly = 0700;
+
+/// While it lives, no other process changes the announcements.
+class FolderLock {
+ public:
+  explicit FolderLock(const fs::path& folder)
+      : folder_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    if (!folder_.isOpen() || ::flock(folder_.number(), LOCK_EX) != 0) {
+      throw std::system_error(errno, std::generic_category(), folder.string());
+    }
+  }
+
+ private:
+  FileDescriptor folder_;  // closing it gives the lock back
+};
+
+/// True for a folder, not a link to one, that only this user can write to.
+bool isOwnFolder(const fs::path& folder) {
+  struct ::stat status {};
+  return ::lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+         status.st_uid == ::geteuid() && (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+}
+
+void makeOwnFolder(const fs::path& folder) {
+  if (::mkdir(folder.c_str(), kOwnerOnly) != 0 && errno != EEXIST) {
+    throw std::system_error(errno, std::generic_category(), folder.string());
+  }
+  if (!isOwnFolder(folder)) {
+    throw std::system_error(EPERM, std::generic_category(),
+                            folder.string() + " is no folder that belongs to this user alone");
+  }
+}
+
+std::optional<int> portNumber(const fs::path& file) {
+  const std::string name = file.filename().string();
+  if (!name.starts_with(kPrefix)) return std::nullopt;
+  int number = 0;
+  const auto* end = name.data() + name.size();
+  const auto result = std::from_chars(name.data() + kPrefix.size(), end, number);
+  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  return number;
+}
+
+fs::path fileOf(const fs::path& folder, int number) {
+  return folder / (std::string(kPrefix) + std::to_string(number));
+}
+
+bool isAlive(::pid_t process) {
+  return ::kill(process, 0) == 0 || errno != ESRCH;
+}
+
+std::optional<RunningPort> readPort(const fs::path& file) {
+  const auto number = portNumber(file);
+  std::error_code ignored;
+  if (!number || !fs::is_regular_file(file, ignored)) return std::nullopt;
+  try {
+    std::ifstream stream(file);
+    const json content = json::parse(stream);
+    return RunningPort{*number, content.at("device"), content.at("name"), content.at("pid")};
+  } catch (const std::exception&) {
+    return std::nullopt;
+  }
+}
+
+/// Every announcement in the folder, those of dead processes too.
+std::vector<RunningPort> announcedPorts(const fs::path& folder) {
+  std::vector<RunningPort> ports;
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (auto port = readPort(entry->path())) ports.push_back(std::move(*port));
+  }
+  return ports;
+}
+
+/// To be called with the folder locked: otherwise the file may already be a new port's.
+void removeDeadPorts(const fs::path& folder) {
+  for (const RunningPort& port : announcedPorts(folder)) {
+    if (!isAlive(port.process)) ::unlink(fileOf(folder, port.number).c_str());
+  }
+}
+
+/// Readers see the old content or the new one, never a part.
+void writePort(const fs::path& folder, int number, const std::string& device) {
+  const fs::path file = fileOf(folder, number);
+  const fs::path fresh = file.string() + ".new";
+  std::ofstream stream(fresh);
+  stream << json{{"device", device},
+                 {"name", "\\Device\\Silabser" + std::to_string(number)},
+                 {"pid", ::getpid()}};
+  stream.close();
+  if (!stream) throw std::system_error(errno, std::generic_category(), fresh.string());
+  fs::rename(fresh, file);
+}
+
+}  // namespace
+
+fs::path announcementFolder() {
+  const char* runtime = std::getenv("XDG_RUNTIME_DIR");
+  if (runtime != nullptr && fs::path(runtime).is_absolute()) {
+    return fs::path(runtime) / "tessara-conf" / "ports";
+  }
+  return fs::path("/tmp") / ("tessara-conf-" + std::to_string(::geteuid())) / "ports";
+}
+
+std::vector<RunningPort> runningPorts() {
+  const fs::path folder = announcementFolder();
+  if (!isOwnFolder(folder.parent_path()) || !isOwnFolder(folder)) return {};
+  std::vector<RunningPort> ports = announcedPorts(folder);
+  const auto isDead = [](const RunningPort& port) { return !isAlive(port.process); };
+  if (std::ranges::any_of(ports, isDead)) {
+    try {
+      const FolderLock lock(folder);
+      removeDeadPorts(folder);
+    } catch (const std::system_error&) {
+      // Whoever announces the next port will try again.
+    }
+  }
+  std::erase_if(ports,
+                [&isDead](const RunningPort& port) { return port.device.empty() || isDead(port); });
+  std::ranges::sort(ports, {}, &RunningPort::number);
+  return ports;
+}
+
+Announcement::Announcement(const std::string& device)
+    : folder_(announcementFolder()), number_(kFirstSimulatedPort) {
+  makeOwnFolder(folder_.parent_path());
+  makeOwnFolder(folder_);
+  const FolderLock lock(folder_);
+  removeDeadPorts(folder_);
+  while (fs::exists(fs::symlink_status(fileOf(folder_, number_)))) ++number_;
+  writePort(folder_, number_, device);
+}
+
+Announcement::~Announcement() {
+  ::unlink(fileOf(folder_, number_).c_str());
+}
+
+void Announcement::update(const std::string& device) const {
+  writePort(folder_, number_, device);
+}
+
+}  // namespace tessara

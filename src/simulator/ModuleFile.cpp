@@ -1,0 +1,170 @@
+#include "simulator/ModuleFile.h"
+
+#include <cerrno>
+#include <fstream>
+#include <iterator>
+#include <limits>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+#include "platform/Text.h"
+#include "simulator/FaultFile.h"
+#include "simulator/JsonNode.h"
+
+namespace tessara {
+
+namespace {
+
+constexpr std::size_t kSerialNumberWords = 4;
+constexpr char16_t kHighestCharacter = 0xFF;  // Latin-1: a name has one byte a character
+
+/// The word of a version "1.234": four decimal digits, most significant first. Missing ones are 0.
+std::optional<std::uint16_t> versionWord(std::string_view text) {
+  constexpr std::size_t kLongest = 5;
+  if (text.empty() || text.size() == 2 || text.size() > kLongest) return std::nullopt;
+  unsigned int word = 0;
+  int shift = 12;
+  for (std::size_t place = 0; place < text.size(); ++place) {
+    if (place == 1) {
+      if (text[place] != '.') return std::nullopt;
+      continue;
+    }
+    if (text[place] < '0' || text[place] > '9') return std::nullopt;
+    word |= static_cast<unsigned int>(text[place] - '0') << shift;
+    shift -= 4;
+  }
+  return static_cast<std::uint16_t>(word);
+}
+
+class ModuleReader {
+ public:
+  explicit ModuleReader(const JsonNode& root) : root_(root) {}
+
+  SimulatedModule read() {
+    root_.allowOnly({"link", "address", "vendorId", "groupId", "familyId", "deviceId", "firmware",
+                     "secondVersion", "serialNumber", "name", "namePadding", "status", "registers",
+                     "faults"});
+    readLink();
+    if (root_.has("address")) {
+      module_.address = static_cast<std::uint8_t>(root_["address"].number(1, kHighestStation));
+    }
+    module_.identification = {root_["vendorId"].word(), root_["groupId"].word(),
+                              root_["familyId"].word(), root_["deviceId"].word()};
+    readVersion("firmware", kFirmwareRegister);
+    readVersion("secondVersion", kSecondVersionRegister);
+    readSerialNumber();
+    readName();
+    readRegisters("status");
+    readRegisters("registers");
+    readFaults();
+    return std::move(module_);
+  }
+
+ private:
+  void readLink() const {
+    if (!root_.has("link")) return;
+    const JsonNode link = root_["link"];
+    if (link.text() != "modbus") {
+      link.fail("\"" + link.text() + "\" is no link that can be simulated; known is: modbus");
+    }
+  }
+
+  void readVersion(const std::string& key, std::uint16_t number) {
+    if (!root_.has(key)) return;
+    const JsonNode node = root_[key];
+    if (node.isText() && !node.text().starts_with("0x")) {
+      const auto word = versionWord(node.text());
+      if (!word) node.fail("must be a version like \"1.234\", not \"" + node.text() + "\"");
+      module_.registers[number] = *word;
+    } else {
+      module_.registers[number] = node.word();
+    }
+  }
+
+  void readSerialNumber() {
+    if (!root_.has("serialNumber")) return;
+    constexpr std::uint64_t kHighest = std::numeric_limits<std::uint64_t>::max();
+    const JsonNode node = root_["serialNumber"];
+    const auto serial =
+        node.isText() ? unsignedFromText(node.text(), kHighest) : node.number(0, kHighest);
+    if (!serial) node.fail("must be a number of 64 bits, not \"" + node.text() + "\"");
+    for (std::size_t index = 0; index < kSerialNumberWords; ++index) {
+      const auto number = static_cast<std::uint16_t>(kSerialNumberRegister + index);
+      module_.registers[number] = static_cast<std::uint16_t>(*serial >> (16 * index));
+    }
+  }
+
+  void readName() {
+    if (!root_.has("name")) {
+      if (root_.has("namePadding")) root_["namePadding"].fail("there is no name to be padded");
+      return;
+    }
+    const JsonNode node = root_["name"];
+    module_.name = node.text();
+    std::u16string characters = fromUtf8(module_.name);
+    if (characters.size() > kNameLength) {
+      node.fail("has " + std::to_string(characters.size()) + " characters; a module has room for " +
+                std::to_string(kNameLength));
+    }
+    for (const char16_t character : characters) {
+      if (character > kHighestCharacter) {
+        node.fail("\"" + toUtf8({&character, 1}) + "\" is no character of Latin-1");
+      }
+    }
+    characters.resize(kNameLength, paddingCharacter());
+    for (std::size_t index = 0; index < kNameLength; index += 2) {
+      const auto number = static_cast<std::uint16_t>(kNameRegister + index / 2);
+      module_.registers[number] =
+          static_cast<std::uint16_t>(characters[index] << 8 | characters[index + 1]);
+    }
+  }
+
+  [[nodiscard]] char16_t paddingCharacter() const {
+    if (!root_.has("namePadding")) return u'\0';
+    const JsonNode node = root_["namePadding"];
+    if (node.text() == "zero") return u'\0';
+    if (node.text() == "blank") return u' ';
+    node.fail("must be \"zero\" or \"blank\", not \"" + node.text() + "\"");
+  }
+
+  void readRegisters(const std::string& key) {
+    if (!root_.has(key)) return;
+    for (const auto& [text, node] : root_[key].members()) {
+      const auto number = unsignedFromText(text, std::numeric_limits<std::uint16_t>::max());
+      if (!number) node.fail("the key must be a register number from 0 to 65535");
+      if (!module_.registers.emplace(static_cast<std::uint16_t>(*number), node.word()).second) {
+        node.fail("register " + std::to_string(*number) + " has been given already");
+      }
+    }
+  }
+
+  void readFaults() {
+    if (!root_.has("faults")) return;
+    for (const JsonNode& node : root_["faults"].elements()) {
+      module_.faults.push_back(readFault(node));
+    }
+  }
+
+  const JsonNode& root_;
+  SimulatedModule module_;
+};
+
+}  // namespace
+
+SimulatedModule parseModule(std::string_view text, const std::string& source) {
+  return ModuleReader(JsonNode::parse(text, source)).read();
+}
+
+SimulatedModule loadModule(const std::filesystem::path& file) {
+  try {
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream) throw std::system_error(errno, std::generic_category());
+    const std::string text(std::istreambuf_iterator<char>(stream), {});
+    return parseModule(text, file.string());
+  } catch (const std::system_error& error) {
+    throw ModuleFileError(file.string() + ": cannot be read: " + error.code().message());
+  }
+}
+
+}  // namespace tessara

@@ -1,0 +1,212 @@
+#include "simulator/PortLoop.h"
+
+#include <algorithm>
+#include <memory>
+#include <span>
+#include <system_error>
+#include <utility>
+
+#include <asio/error_code.hpp>
+#include <asio/steady_timer.hpp>
+
+namespace tessara {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// What ends a frame of unknown length. Far above 3.5 characters, because the kernel hands over a
+/// client's bytes in pieces that need not follow each other closely.
+constexpr auto kFrameEnd = 20ms;
+
+/// How much of an answer is put on a paced line at once, if it is more than one character.
+constexpr auto kPaceStep = 1ms;
+
+/// How long a client may take to read the bytes that it is still to get before the port goes away.
+constexpr auto kLastReadLimit = 100ms;
+constexpr auto kLastReadStep = 1ms;
+
+void makeLink(const std::filesystem::path& link, const std::filesystem::path& target) {
+  const std::filesystem::path fresh = link.string() + ".new";
+  if (std::filesystem::exists(std::filesystem::symlink_status(link)) &&
+      !std::filesystem::is_symlink(link)) {
+    throw std::filesystem::filesystem_error("no link to the virtual port", link,
+                                            std::make_error_code(std::errc::file_exists));
+  }
+  std::filesystem::remove(fresh);
+  std::filesystem::create_symlink(target, fresh);
+  std::filesystem::rename(fresh, link);
+}
+
+}  // namespace
+
+PortLoop::PortLoop(std::vector<SimulatedModule> modules, SimulatedPortOptions options)
+    : bus_(std::move(modules)),
+      options_(std::move(options)),
+      work_(context_.get_executor()),
+      bytes_(context_),
+      clients_(context_) {
+  install();
+}
+
+PortLoop::~PortLoop() {
+  remove();
+}
+
+std::string PortLoop::device() const {
+  if (!port_) return {};
+  return options_.link.empty() ? port_->device() : options_.link;
+}
+
+void PortLoop::plug() {
+  if (port_) return;
+  install();
+  if (options_.deviceChanged) options_.deviceChanged(port_->device());
+}
+
+void PortLoop::unplug() {
+  if (!port_) return;
+  remove();
+  if (options_.deviceChanged) options_.deviceChanged({});
+}
+
+void PortLoop::install() {
+  VirtualPort port;
+  if (!options_.link.empty()) makeLink(options_.link, port.device());
+  port_ = std::move(port);
+  ++plugging_;
+  bytes_.assign(port_->bytesDescriptor());
+  clients_.assign(port_->clientsDescriptor());
+  waitForBytes();
+  waitForClients();
+}
+
+void PortLoop::remove() {
+  if (!port_) return;
+  if (!options_.link.empty()) {
+    std::error_code ignored;  // a link that somebody else has removed is gone all the same
+    std::filesystem::remove(options_.link, ignored);
+  }
+  // The descriptors are the port's own to close.
+  bytes_.release();
+  clients_.release();
+  port_.reset();
+  ++plugging_;
+  isWaitingForBytes_ = false;
+  leaving_ = false;
+  bus_.forgetOpenFrame();
+}
+
+void PortLoop::waitForBytes() {
+  if (isWaitingForBytes_ || !port_->isAttended()) return;
+  isWaitingForBytes_ = true;
+  bytes_.async_wait(asio::posix::stream_descriptor::wait_read,
+                    [this, plugging = plugging_](const asio::error_code& error) {
+                      if (error || plugging != plugging_) return;
+                      isWaitingForBytes_ = false;
+                      receive();
+                      waitForBytes();
+                    });
+}
+
+void PortLoop::waitForClients() {
+  clients_.async_wait(asio::posix::stream_descriptor::wait_read,
+                      [this, plugging = plugging_](const asio::error_code& error) {
+                        if (error || plugging != plugging_) return;
+                        receive();
+                        port_->followClients();
+                        waitForBytes();
+                        waitForClients();
+                      });
+}
+
+void PortLoop::receive() {
+  const Bytes bytes = port_->receive();
+  if (leaving_ || bytes.empty()) return;
+  lastByte_ = Clock::now();
+  if (options_.paced) {
+    const auto duration = characterTime(port_->rate()) * bytes.size();
+    wireFree_ = std::max(wireFree_, lastByte_) + duration;
+  }
+  for (SimulatedAnswer& answer : bus_.receive(bytes)) prepare(std::move(answer));
+  if (bus_.isFrameOpen()) waitForSilence();
+}
+
+void PortLoop::waitForSilence() {
+  at(lastByte_ + kFrameEnd, [this] {
+    if (!bus_.isFrameOpen() || Clock::now() < lastByte_ + kFrameEnd) return;
+    if (auto answer = bus_.silence()) prepare(std::move(*answer));
+  });
+}
+
+void PortLoop::prepare(SimulatedAnswer answer) {
+  leaving_ = leaving_ || answer.unplug.has_value();
+  const auto now = Clock::now();
+  const auto due = options_.paced ? wireFree_ + silentTime(port_->rate()) : now;
+  const auto start = std::max(now, due) + answer.delay;
+  if (start <= now) {
+    begin(std::move(answer), start);
+  } else {
+    at(start, [this, start, answer = std::move(answer)] { begin(answer, start); });
+  }
+}
+
+void PortLoop::begin(SimulatedAnswer answer, Clock::time_point start) {
+  if (options_.paced) {
+    const auto character = characterTime(port_->rate());
+    const auto first = std::max(start, wireFree_);
+    wireFree_ = first + character * answer.bytes.size();
+    transmit({std::move(answer), 0, first, character});
+  } else {
+    port_->send(answer.bytes);
+    finish(answer);
+  }
+}
+
+void PortLoop::transmit(Transmission transmission) {
+  const std::size_t left = transmission.answer.bytes.size() - transmission.sent;
+  if (left == 0) return finish(transmission.answer);
+  const auto step = static_cast<std::size_t>(
+      std::max<std::int64_t>(1, std::chrono::nanoseconds(kPaceStep) / transmission.character));
+  const std::size_t count = std::min(left, step);
+  const auto due = transmission.begin + transmission.character * (transmission.sent + count);
+  at(due, [this, count, transmission = std::move(transmission)]() mutable {
+    port_->send(std::span(transmission.answer.bytes).subspan(transmission.sent, count));
+    transmission.sent += count;
+    transmit(std::move(transmission));
+  });
+}
+
+void PortLoop::finish(const SimulatedAnswer& answer) {
+  if (answer.unplug) unplugWhenRead(*answer.unplug, Clock::now() + kLastReadLimit);
+}
+
+void PortLoop::unplugWhenRead(const faults::Unplug& fault, Clock::time_point deadline) {
+  const auto now = Clock::now();
+  if (!port_->isRead() && now < deadline) {
+    at(now + kLastReadStep, [this, fault, deadline] { unplugWhenRead(fault, deadline); });
+    return;
+  }
+  unplug();
+  if (fault.replugAfter) replugAfter(*fault.replugAfter);
+}
+
+void PortLoop::replugAfter(std::chrono::milliseconds delay) {
+  at(Clock::now() + delay, [this, delay] {
+    try {
+      plug();
+    } catch (const std::system_error&) {
+      replugAfter(delay);  // the system is short of something that may be there again next time
+    }
+  });
+}
+
+void PortLoop::at(Clock::time_point time, std::function<void()> action) {
+  auto timer = std::make_shared<asio::steady_timer>(context_, time);
+  timer->async_wait([this, timer, plugging = plugging_,
+                     action = std::move(action)](const asio::error_code& error) {
+    if (!error && plugging == plugging_) action();
+  });
+}
+
+}  // namespace tessara

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <asio/executor_work_guard.hpp>
+#include <asio/io_context.hpp>
+#include <asio/posix/stream_descriptor.hpp>
+
+#include "simulator/ModbusBus.h"
+#include "simulator/SimulatedPort.h"
+#include "simulator/VirtualPort.h"
+
+namespace tessara {
+
+/// The life of a simulated port on one thread: waits for bytes, clients and points in time, and
+/// lets the modules answer. Everything but context() belongs to the thread that runs the context.
+class PortLoop {
+ public:
+  /// Plugs the port in. Throws what SimulatedPort's constructor throws.
+  PortLoop(std::vector<SimulatedModule> modules, SimulatedPortOptions options);
+  ~PortLoop();
+  PortLoop(const PortLoop&) = delete;
+  PortLoop& operator=(const PortLoop&) = delete;
+
+  asio::io_context& context() { return context_; }
+  ModbusBus& bus() { return bus_; }
+
+  [[nodiscard]] std::string device() const;
+  void plug();
+  void unplug();
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  /// An answer on its way over a paced line.
+  struct Transmission {
+    SimulatedAnswer answer;
+    std::size_t sent = 0;
+    Clock::time_point begin;
+    std::chrono::nanoseconds character{};
+  };
+
+  void install();
+  void remove();
+  void waitForBytes();
+  void waitForClients();
+  void receive();
+  void waitForSilence();
+
+  /// Finds out when the answer is to begin, and has it begun then.
+  void prepare(SimulatedAnswer answer);
+  void begin(SimulatedAnswer answer, Clock::time_point start);
+
+  /// Sends the rest piece by piece, each with the end of its last character.
+  void transmit(Transmission transmission);
+  void finish(const SimulatedAnswer& answer);
+
+  void unplugWhenRead(const faults::Unplug& fault, Clock::time_point deadline);
+  void replugAfter(std::chrono::milliseconds delay);
+
+  /// Runs the action at that time, unless the port is unplugged or plugged in before.
+  void at(Clock::time_point time, std::function<void()> action);
+
+  ModbusBus bus_;
+  SimulatedPortOptions options_;
+  asio::io_context context_{1};
+  asio::executor_work_guard<asio::io_context::executor_type> work_;
+  asio::posix::stream_descriptor bytes_;
+  asio::posix::stream_descriptor clients_;
+  std::optional<VirtualPort> port_;
+  std::uint64_t plugging_ = 0;  // how often the port has come and gone
+  bool isWaitingForBytes_ = false;
+  bool leaving_ = false;        // about to be unplugged by a fault, and deaf to requests
+  Clock::time_point lastByte_;  // when the latest bytes came
+  Clock::time_point wireFree_;  // paced: when the wire has carried all bytes so far
+};
+
+}  // namespace tessara

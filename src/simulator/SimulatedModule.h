@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "simulator/Fault.h"
+
+namespace tessara {
+
+/// The station address that modules leave the works with.
+inline constexpr std::uint8_t kDefaultStation = 192;
+
+/// Highest address that a station can have; 0 is the broadcast address.
+inline constexpr std::uint8_t kHighestStation = 247;
+
+/// First input registers of what every module keeps at the same place.
+inline constexpr std::uint16_t kSecondVersionRegister = 3;
+inline constexpr std::uint16_t kFirmwareRegister = 4;
+inline constexpr std::uint16_t kSerialNumberRegister = 5;  ///< 4 words, least significant first
+inline constexpr std::uint16_t kNameRegister = 16;         ///< 16 words, high byte first
+inline constexpr std::size_t kNameLength = 32;             ///< characters, two a register
+
+/// What a module holds and how it misbehaves.
+struct SimulatedModule {
+  /// For people: without the padding that the registers have. May be empty.
+  std::string name;
+
+  /// The station that it answers as, 1 to kHighestStation.
+  std::uint8_t address = kDefaultStation;
+
+  /// The words for vendor, group, family and device.
+  std::array<std::uint16_t, 4> identification{};
+
+  /// The input registers that it has, by number.
+  std::map<std::uint16_t, std::uint16_t> registers;
+
+  std::vector<Fault> faults;
+};
+
+}  // namespace tessara

@@ -1,0 +1,128 @@
+#include "simulator/VirtualPort.h"
+
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <system_error>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/inotify.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+
+namespace tessara {
+
+namespace {
+
+constexpr std::size_t kReceiveRoom = 4096;
+
+[[noreturn]] void fail(const std::string& what) {
+  throw std::system_error(errno, std::generic_category(), "no virtual port: " + what);
+}
+
+FileDescriptor openMaster() {
+  FileDescriptor master(::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
+  if (!master.isOpen() || ::grantpt(master.number()) != 0 || ::unlockpt(master.number()) != 0) {
+    fail("the system gives no pseudo-terminal");
+  }
+  return master;
+}
+
+std::filesystem::path slaveOf(const FileDescriptor& master) {
+  std::array<char, 64> name{};
+  const int error = ::ptsname_r(master.number(), name.data(), name.size());
+  if (error != 0) {
+    errno = error;
+    fail("the pseudo-terminal has no name");
+  }
+  return name.data();
+}
+
+/// Not open if somebody holds the port for himself.
+FileDescriptor openSlave(const std::filesystem::path& device) {
+  return FileDescriptor(::open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
+}
+
+void setUp(const std::filesystem::path& device) {
+  const FileDescriptor slave = openSlave(device);
+  ::termios settings{};
+  if (!slave.isOpen() || ::tcgetattr(slave.number(), &settings) != 0) {
+    fail(device.string() + " cannot be opened");
+  }
+  ::cfmakeraw(&settings);
+  ::cfsetspeed(&settings, B19200);
+  if (::tcsetattr(slave.number(), TCSANOW, &settings) != 0) {
+    fail(device.string() + " cannot be set to raw mode");
+  }
+}
+
+FileDescriptor watchClients(const std::filesystem::path& device) {
+  FileDescriptor watch(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+  if (!watch.isOpen() ||
+      ::inotify_add_watch(watch.number(), device.c_str(), IN_OPEN | IN_CLOSE) < 0) {
+    fail(device.string() + " cannot be watched for clients");
+  }
+  return watch;
+}
+
+void discardEvents(const FileDescriptor& watch) {
+  std::array<char, 4096> events{};
+  while (::read(watch.number(), events.data(), events.size()) > 0) {
+  }
+}
+
+/// What poll() has to say at once.
+int pollNow(const FileDescriptor& descriptor, short events) {
+  ::pollfd waiting{descriptor.number(), events, 0};
+  ::poll(&waiting, 1, 0);
+  return waiting.revents;
+}
+
+}  // namespace
+
+VirtualPort::VirtualPort() : master_(openMaster()), device_(slaveOf(master_)) {
+  setUp(device_);
+  watch_ = watchClients(device_);
+}
+
+bool VirtualPort::isAttended() const {
+  return (pollNow(master_, 0) & POLLHUP) == 0;
+}
+
+void VirtualPort::followClients() {
+  discardEvents(watch_);
+  if (isClean_ || isAttended()) return;
+  const FileDescriptor slave = openSlave(device_);
+  ::tcflush(slave.number(), TCIFLUSH);
+  isClean_ = true;
+}
+
+Bytes VirtualPort::receive() const {
+  Bytes received(kReceiveRoom);
+  const ssize_t length = ::read(master_.number(), received.data(), received.size());
+  received.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+  return received;
+}
+
+void VirtualPort::send(std::span<const std::uint8_t> bytes) {
+  if (!isAttended()) return;
+  isClean_ = false;
+  while (!bytes.empty()) {
+    const ssize_t length = ::write(master_.number(), bytes.data(), bytes.size());
+    if (length <= 0) return;
+    bytes = bytes.subspan(static_cast<std::size_t>(length));
+  }
+}
+
+bool VirtualPort::isRead() const {
+  if (!isAttended()) return true;
+  const FileDescriptor slave = openSlave(device_);
+  // poll() first has the kernel bring all bytes to the reader's end, which FIONREAD does not.
+  return slave.isOpen() && (pollNow(slave, POLLIN) & POLLIN) == 0;
+}
+
+}  // namespace tessara
