@@ -1,0 +1,335 @@
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "simulator/ModuleFile.h"
+#include "simulator/TemporaryFolder.h"
+
+namespace tessara {
+namespace {
+
+using namespace std::chrono_literals;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::Pair;
+using ::testing::SizeIs;
+using ::testing::StartsWith;
+
+nlohmann::json minimal() {
+  return {{"vendorId", 49}, {"groupId", 1}, {"familyId", 15}, {"deviceId", 151}};
+}
+
+/// The minimal module with one more key, or with another value for one.
+SimulatedModule with(const std::string& key, const nlohmann::json& value) {
+  nlohmann::json file = minimal();
+  file[key] = value;
+  return parseModule(file.dump(), "m.json");
+}
+
+std::string errorOf(const std::string& text) {
+  try {
+    parseModule(text, "m.json");
+  } catch (const ModuleFileError& error) {
+    return error.what();
+  }
+  return "no error";
+}
+
+std::string errorWith(const std::string& key, const nlohmann::json& value) {
+  nlohmann::json file = minimal();
+  file[key] = value;
+  return errorOf(file.dump());
+}
+
+std::string faultError(const std::string& fault) {
+  return errorWith("faults", nlohmann::json::array({nlohmann::json::parse(fault)}));
+}
+
+Fault fault(const std::string& text) {
+  return with("faults", nlohmann::json::array({nlohmann::json::parse(text)})).faults.at(0);
+}
+
+TEST(ModuleFile, NeedsTheIdentificationWordsAlone) {
+  const SimulatedModule module = parseModule(minimal().dump(), "m.json");
+  EXPECT_THAT(module.identification, ElementsAre(49, 1, 15, 151));
+  EXPECT_EQ(module.address, 192);
+  EXPECT_EQ(module.name, "");
+  EXPECT_THAT(module.registers, IsEmpty());
+  EXPECT_THAT(module.faults, IsEmpty());
+}
+
+TEST(ModuleFile, TakesWordsAsNumbersOrInHexadecimal) {
+  EXPECT_EQ(with("deviceId", 65535).identification[3], 0xFFFF);
+  EXPECT_EQ(with("deviceId", -1).identification[3], 0xFFFF);
+  EXPECT_EQ(with("deviceId", -32768).identification[3], 0x8000);
+  EXPECT_EQ(with("deviceId", "0x00b0").identification[3], 0x00B0);
+}
+
+TEST(ModuleFile, TurnsVersionsIntoDigits) {
+  EXPECT_THAT(with("firmware", "1.234").registers, ElementsAre(Pair(4, 0x1234)));
+  EXPECT_THAT(with("secondVersion", "9.876").registers, ElementsAre(Pair(3, 0x9876)));
+  EXPECT_THAT(with("firmware", "1.2").registers, ElementsAre(Pair(4, 0x1200)));
+  EXPECT_THAT(with("firmware", "1").registers, ElementsAre(Pair(4, 0x1000)));
+}
+
+TEST(ModuleFile, TakesVersionsAsWords) {
+  EXPECT_THAT(with("firmware", "0xA500").registers, ElementsAre(Pair(4, 0xA500)));
+  EXPECT_THAT(with("firmware", 4660).registers, ElementsAre(Pair(4, 0x1234)));
+}
+
+TEST(ModuleFile, PutsTheSerialNumberIntoFourRegistersLittleEndFirst) {
+  const auto expected =
+      ElementsAre(Pair(5, 0xCDEF), Pair(6, 0x89AB), Pair(7, 0x4567), Pair(8, 0x0123));
+  EXPECT_THAT(with("serialNumber", 0x0123456789ABCDEF).registers, expected);
+  EXPECT_THAT(with("serialNumber", "81985529216486895").registers, expected);
+  EXPECT_THAT(with("serialNumber", "18446744073709551615").registers,
+              ElementsAre(Pair(5, 0xFFFF), Pair(6, 0xFFFF), Pair(7, 0xFFFF), Pair(8, 0xFFFF)));
+  EXPECT_THAT(with("serialNumber", 0).registers,
+              ElementsAre(Pair(5, 0), Pair(6, 0), Pair(7, 0), Pair(8, 0)));
+}
+
+TEST(ModuleFile, PutsTheNameIntoSixteenRegistersHighByteFirst) {
+  const SimulatedModule module = with("name", "KÄ1");
+  EXPECT_EQ(module.name, "KÄ1");
+  EXPECT_THAT(module.registers, SizeIs(16));
+  EXPECT_EQ(module.registers.at(16), 0x4BC4) << "K and Latin-1 Ä";
+  EXPECT_EQ(module.registers.at(17), 0x3100);
+  EXPECT_EQ(module.registers.at(31), 0);
+}
+
+TEST(ModuleFile, PadsTheNameAsOrdered) {
+  nlohmann::json file = minimal();
+  file["name"] = "K";
+  file["namePadding"] = "blank";
+  const SimulatedModule blank = parseModule(file.dump(), "m.json");
+  EXPECT_EQ(blank.registers.at(16), 0x4B20);
+  EXPECT_EQ(blank.registers.at(31), 0x2020);
+  file["namePadding"] = "zero";
+  EXPECT_EQ(parseModule(file.dump(), "m.json").registers.at(16), 0x4B00);
+}
+
+TEST(ModuleFile, TakesANameOfFullLength) {
+  const SimulatedModule module = with("name", std::string(32, 'x'));
+  EXPECT_EQ(module.registers.at(31), 0x7878);
+}
+
+TEST(ModuleFile, TakesRegistersByNumber) {
+  EXPECT_THAT(with("status", {{"100", 128}, {"0x65", "0x0080"}}).registers,
+              ElementsAre(Pair(100, 128), Pair(101, 128)));
+  EXPECT_THAT(with("registers", {{"0", -1}, {"65535", 1}}).registers,
+              ElementsAre(Pair(0, 0xFFFF), Pair(65535, 1)));
+}
+
+TEST(ModuleFile, TakesAnotherAddress) {
+  EXPECT_EQ(with("address", 247).address, 247);
+}
+
+TEST(ModuleFile, TakesTheLinkThatItCanSimulate) {
+  EXPECT_NO_THROW(with("link", "modbus"));
+}
+
+TEST(ModuleFile, TakesEveryKindOfFault) {
+  const auto effect = [](const std::string& keys) {
+    return fault("{" + keys + R"(, "at": 1})").effect;
+  };
+  using std::get;
+  EXPECT_TRUE(std::holds_alternative<faults::NoReply>(effect(R"("kind": "noReply")")));
+  EXPECT_EQ(get<faults::LateReply>(effect(R"("kind": "lateReply", "delay": 700)")).delay, 700ms);
+  EXPECT_TRUE(std::holds_alternative<faults::BadChecksum>(effect(R"("kind": "badChecksum")")));
+  EXPECT_EQ(get<faults::WrongUnit>(effect(R"("kind": "wrongUnit", "address": 5)")).address, 5);
+  EXPECT_EQ(get<faults::ExceptionReply>(effect(R"("kind": "exception", "code": 6)")).code, 6);
+  EXPECT_EQ(get<faults::CutOff>(effect(R"("kind": "cutOff", "bytes": 4)")).bytes, 4U);
+  EXPECT_THAT(get<faults::Noise>(effect(R"("kind": "noise", "bytes": [0, 255])")).bytes,
+              ElementsAre(0, 255));
+  EXPECT_TRUE(std::holds_alternative<faults::Echo>(effect(R"("kind": "echo")")));
+  const auto plain = get<faults::Unplug>(effect(R"("kind": "unplug")"));
+  EXPECT_FALSE(plain.bytes);
+  EXPECT_FALSE(plain.replugAfter);
+  const auto full =
+      get<faults::Unplug>(effect(R"("kind": "unplug", "bytes": 0, "replugAfter": 2000)"));
+  EXPECT_EQ(full.bytes, 0U);
+  EXPECT_EQ(full.replugAfter, 2000ms);
+}
+
+TEST(ModuleFile, TakesEveryKindOfTrigger) {
+  EXPECT_EQ(std::get<faults::At>(fault(R"({"kind": "echo", "at": 7})").trigger).request, 7U);
+  EXPECT_EQ(std::get<faults::Every>(fault(R"({"kind": "echo", "every": 3})").trigger).requests, 3U);
+  const auto chance = std::get<faults::ByChance>(
+      fault(R"({"kind": "echo", "probability": 0.25, "seed": 9})").trigger);
+  EXPECT_EQ(chance.probability, 0.25);
+  EXPECT_EQ(chance.seed, 9U);
+}
+
+TEST(ModuleFile, TellsWhereItIsNoJson) {
+  EXPECT_THAT(errorOf("{\n\"vendorId\": }"), StartsWith("m.json: parse error at line 2"));
+  EXPECT_THAT(errorOf(""), StartsWith("m.json: parse error"));
+  EXPECT_THAT(errorOf("{} {}"), StartsWith("m.json: parse error"));
+  EXPECT_THAT(errorOf("{\"a\": \"\xFF\"}"), StartsWith("m.json: parse error"));
+  EXPECT_EQ(errorOf("[]"), "m.json: must be an object, not []");
+}
+
+TEST(ModuleFile, TellsAKeyThatStandsTwice) {
+  EXPECT_EQ(errorOf(R"({"vendorId": 1, "vendorId": 2})"),
+            "m.json: the key \"vendorId\" stands twice in one object");
+  EXPECT_EQ(errorOf(R"({"status": {"1": 2, "1": 3}})"),
+            "m.json: the key \"1\" stands twice in one object");
+}
+
+TEST(ModuleFile, TellsAMissingIdentificationWord) {
+  for (const std::string key : {"vendorId", "groupId", "familyId", "deviceId"}) {
+    nlohmann::json file = minimal();
+    file.erase(key);
+    EXPECT_EQ(errorOf(file.dump()), "m.json: the key \"" + key + "\" is missing");
+  }
+}
+
+TEST(ModuleFile, TellsAnUnknownKey) {
+  EXPECT_EQ(errorWith("vendorID", 1), "m.json: /vendorID: this key is not known here");
+  EXPECT_EQ(faultError(R"({"kind": "echo", "at": 1, "delay": 3})"),
+            "m.json: /faults/0/delay: this key is not known here");
+}
+
+TEST(ModuleFile, TellsALinkThatItCannotSimulate) {
+  EXPECT_EQ(errorWith("link", "hart"),
+            "m.json: /link: \"hart\" is no link that can be simulated; known is: modbus");
+  EXPECT_EQ(errorWith("link", 3), "m.json: /link: must be text, not 3");
+}
+
+TEST(ModuleFile, TellsWhatIsNoWord) {
+  for (const nlohmann::json& value :
+       {nlohmann::json(65536), nlohmann::json(-32769), nlohmann::json(1.5), nlohmann::json("15"),
+        nlohmann::json("0x10000"), nlohmann::json("0x"), nlohmann::json("0xG"),
+        nlohmann::json(nullptr), nlohmann::json(18446744073709551615U)}) {
+    EXPECT_THAT(errorWith("deviceId", value),
+                StartsWith("m.json: /deviceId: must be a 16-bit word"))
+        << value;
+  }
+}
+
+TEST(ModuleFile, TellsWhatIsNoVersion) {
+  for (const std::string text : {"", "1.", "10.000", "1,234", "1.2345", "1.2a", "a.234", ".234"}) {
+    EXPECT_EQ(errorWith("firmware", text),
+              "m.json: /firmware: must be a version like \"1.234\", not \"" + text + "\"");
+  }
+  EXPECT_THAT(errorWith("firmware", 1.234), HasSubstr("/firmware: must be a 16-bit word"));
+  EXPECT_THAT(errorWith("secondVersion", "x"), HasSubstr("/secondVersion: must be a version"));
+}
+
+TEST(ModuleFile, TellsWhatIsNoSerialNumber) {
+  for (const std::string text : {"", "-1", "18446744073709551616", "12 3", "1e3"}) {
+    EXPECT_EQ(errorWith("serialNumber", text),
+              "m.json: /serialNumber: must be a number of 64 bits, not \"" + text + "\"");
+  }
+  EXPECT_THAT(errorWith("serialNumber", -1), HasSubstr("must be a whole number from 0 to"));
+  EXPECT_THAT(errorWith("serialNumber", 1.5), HasSubstr("must be a whole number from 0 to"));
+}
+
+TEST(ModuleFile, TellsANameThatDoesNotFit) {
+  EXPECT_EQ(errorWith("name", std::string(33, 'x')),
+            "m.json: /name: has 33 characters; a module has room for 32");
+  EXPECT_EQ(errorWith("name", "Prüfling Ж"), "m.json: /name: \"Ж\" is no character of Latin-1");
+  EXPECT_EQ(errorWith("name", 7), "m.json: /name: must be text, not 7");
+  EXPECT_EQ(errorWith("namePadding", "zero"),
+            "m.json: /namePadding: there is no name to be padded");
+  nlohmann::json file = minimal();
+  file["name"] = "K";
+  file["namePadding"] = "dots";
+  EXPECT_EQ(errorOf(file.dump()),
+            "m.json: /namePadding: must be \"zero\" or \"blank\", not \"dots\"");
+}
+
+TEST(ModuleFile, TellsABadAddress) {
+  for (const int address : {0, 248, -1}) {
+    EXPECT_EQ(
+        errorWith("address", address),
+        "m.json: /address: must be a whole number from 1 to 247, not " + std::to_string(address));
+  }
+}
+
+TEST(ModuleFile, TellsABadRegister) {
+  for (const std::string number : {"", "65536", "-1", "a", "1.5", "0x10000"}) {
+    EXPECT_EQ(errorWith("status", {{number, 0}}),
+              "m.json: /status/" + number + ": the key must be a register number from 0 to 65535");
+  }
+  EXPECT_THAT(errorWith("registers", {{"7", "x"}}),
+              StartsWith("m.json: /registers/7: must be a 16-bit word"));
+  EXPECT_EQ(errorWith("registers", {1, 2}), "m.json: /registers: must be an object, not [1,2]");
+}
+
+TEST(ModuleFile, TellsARegisterThatIsGivenTwice) {
+  nlohmann::json file = minimal();
+  file["firmware"] = "1.000";
+  file["registers"] = {{"4", 1}};
+  EXPECT_EQ(errorOf(file.dump()), "m.json: /registers/4: register 4 has been given already");
+  EXPECT_THAT(errorWith("status", {{"100", 1}, {"0x64", 2}}),
+              HasSubstr("register 100 has been given already"));
+}
+
+TEST(ModuleFile, TellsAnImpossibleFault) {
+  EXPECT_EQ(errorWith("faults", 3), "m.json: /faults: must be a list, not 3");
+  EXPECT_EQ(faultError("5"), "m.json: /faults/0: must be an object, not 5");
+  EXPECT_EQ(faultError("{}"), "m.json: /faults/0: the key \"kind\" is missing");
+  EXPECT_EQ(faultError(R"({"kind": "lateReplay", "at": 1})"),
+            "m.json: /faults/0/kind: \"lateReplay\" is no kind of fault; these are: noReply, "
+            "lateReply, badChecksum, wrongUnit, exception, cutOff, noise, echo, unplug");
+  EXPECT_EQ(faultError(R"({"kind": "lateReply", "at": 1})"),
+            "m.json: /faults/0: the key \"delay\" is missing");
+  EXPECT_THAT(faultError(R"({"kind": "exception", "code": 0, "at": 1})"),
+              HasSubstr("/faults/0: the exception code must not be 0"));
+  EXPECT_THAT(faultError(R"({"kind": "exception", "code": 256, "at": 1})"),
+              HasSubstr("/faults/0/code: must be a whole number from 0 to 255, not 256"));
+  EXPECT_THAT(faultError(R"({"kind": "noise", "bytes": [1, 300], "at": 1})"),
+              HasSubstr("/faults/0/bytes/1: must be a whole number from 0 to 255"));
+  EXPECT_THAT(faultError(R"({"kind": "noise", "bytes": [], "at": 1})"),
+              HasSubstr("noise must have at least 1 byte"));
+  EXPECT_THAT(faultError(R"({"kind": "cutOff", "bytes": 0, "at": 1})"),
+              HasSubstr("must keep at least 1 byte"));
+}
+
+TEST(ModuleFile, TellsAnImpossibleTrigger) {
+  const std::string one = R"(m.json: /faults/0: needs one of the keys "at", "every" and )"
+                          R"("probability")";
+  EXPECT_EQ(faultError(R"({"kind": "echo"})"), one);
+  EXPECT_EQ(faultError(R"({"kind": "echo", "at": 1, "every": 2})"), one);
+  EXPECT_EQ(faultError(R"({"kind": "echo", "probability": 0.5})"),
+            "m.json: /faults/0: the key \"seed\" is missing");
+  EXPECT_EQ(faultError(R"({"kind": "echo", "at": 1, "seed": 2})"),
+            "m.json: /faults/0/seed: goes with the key \"probability\" only");
+  EXPECT_THAT(faultError(R"({"kind": "echo", "at": 0})"), HasSubstr("/faults/0/at: must be"));
+  EXPECT_THAT(faultError(R"({"kind": "echo", "every": 0})"), HasSubstr("/faults/0/every: must be"));
+  EXPECT_EQ(faultError(R"({"kind": "echo", "probability": 2, "seed": 1})"),
+            "m.json: /faults/0: a probability must lie between 0 and 1");
+  EXPECT_THAT(faultError(R"({"kind": "echo", "probability": "x", "seed": 1})"),
+              HasSubstr("/faults/0/probability: must be a number, not \"x\""));
+}
+
+TEST(ModuleFile, IsLoadedFromAFile) {
+  const testing::TemporaryFolder folder;
+  const auto file = folder.write("vellum.json", minimal().dump());
+  EXPECT_EQ(loadModule(file).identification[3], 151);
+}
+
+TEST(ModuleFile, TellsAFileThatCannotBeRead) {
+  const testing::TemporaryFolder folder;
+  const auto errorOfFile = [](const std::filesystem::path& file) -> std::string {
+    try {
+      loadModule(file);
+    } catch (const ModuleFileError& error) {
+      return error.what();
+    }
+    return "no error";
+  };
+  const auto absent = folder.path() / "absent.json";
+  EXPECT_EQ(errorOfFile(absent), absent.string() + ": cannot be read: No such file or directory");
+  EXPECT_EQ(errorOfFile(folder.path()),
+            folder.path().string() + ": cannot be read: Is a directory");
+  const auto bad = folder.write("bad.json", "{}");
+  EXPECT_EQ(errorOfFile(bad), bad.string() + ": the key \"vendorId\" is missing");
+}
+
+}  // namespace
+}  // namespace tessara

@@ -1,0 +1,129 @@
+#include <chrono>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "simulator/LineRate.h"
+#include "simulator/SampleModule.h"
+#include "simulator/SerialClient.h"
+#include "simulator/SimulatedPort.h"
+
+namespace tessara {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace tessara::testing;
+using Clock = std::chrono::steady_clock;
+using ::testing::SizeIs;
+
+constexpr std::size_t kRequestLength = 8;
+constexpr std::size_t kWords = 100;
+constexpr std::size_t kLongAnswer = 3 + 2 * kWords + 2;
+
+SimulatedModule moduleWithManyRegisters() {
+  SimulatedModule module = sampleModule();
+  for (std::uint16_t number = 1000; number < 1000 + kWords; ++number) module.registers[number] = 0;
+  return module;
+}
+
+Bytes longRequest() {
+  return readRequest(1000, kWords);
+}
+
+/// The time from the first character of the request to the last one of the answer.
+std::chrono::nanoseconds wireTime(LineRate rate, std::size_t answerLength) {
+  return characterTime(rate) * (kRequestLength + answerLength) + silentTime(rate);
+}
+
+Clock::duration timeOf(const SerialClient& client, const Bytes& request, std::size_t answerLength) {
+  const auto start = Clock::now();
+  EXPECT_THAT(client.exchange(request, answerLength), SizeIs(answerLength));
+  return Clock::now() - start;
+}
+
+/// The best of several tries: the machine may have other things to do in one or the other.
+Clock::duration bestTime(const SerialClient& client, std::size_t tries) {
+  auto best = Clock::duration::max();
+  for (std::size_t count = 0; count < tries; ++count) {
+    best = std::min(best, timeOf(client, longRequest(), kLongAnswer));
+  }
+  return best;
+}
+
+TEST(Pacing, TakesTheTimeOfTheWireAndHardlyMore) {
+  const SimulatedPort port(moduleWithManyRegisters(), {.paced = true});
+  for (const auto& [speed, rate] : {std::pair{B19200, 19200U}, std::pair{B115200, 115200U}}) {
+    const SerialClient client(port.device(), speed);
+    const auto taken = bestTime(client, 5);
+    EXPECT_GE(taken, wireTime(rate, kLongAnswer)) << rate;
+    EXPECT_LE(taken, 2 * wireTime(rate, kLongAnswer)) << rate;
+  }
+}
+
+TEST(Pacing, IsNotThereUnlessOrdered) {
+  const SimulatedPort port(moduleWithManyRegisters());
+  const SerialClient client(port.device(), B1200);
+  EXPECT_LT(timeOf(client, longRequest(), kLongAnswer), wireTime(1200, kLongAnswer) / 2);
+}
+
+TEST(Pacing, BeginsTheAnswerBehindTheRequestAndTheSilence) {
+  const SimulatedPort port(sampleModule(), {.paced = true});
+  const SerialClient client(port.device(), B1200);
+  const auto earliest = characterTime(1200) * (kRequestLength + 1) + silentTime(1200);
+  EXPECT_GE(timeOf(client, readRequest(4, 1), 1), earliest);
+}
+
+TEST(Pacing, CountsTheCharactersOfARequestInPieces) {
+  const SimulatedPort port(sampleModule(), {.paced = true});
+  const SerialClient client(port.device(), B1200);
+  const auto start = Clock::now();
+  for (const std::uint8_t byte : readRequest(4, 1)) client.send({byte});
+  EXPECT_THAT(client.receive(7), SizeIs(7));
+  EXPECT_GE(Clock::now() - start, wireTime(1200, 7));
+}
+
+TEST(Pacing, DeliversTheAnswerCharacterByCharacter) {
+  const SimulatedPort port(moduleWithManyRegisters(), {.paced = true});
+  const SerialClient client(port.device(), B9600);
+  client.send(longRequest());
+  ASSERT_THAT(client.receive(1), SizeIs(1));
+  const auto first = Clock::now();
+  ASSERT_THAT(client.receive(kLongAnswer / 2), SizeIs(kLongAnswer / 2));
+  const auto middle = Clock::now();
+  ASSERT_THAT(client.receive(kLongAnswer - 1 - kLongAnswer / 2), SizeIs(kLongAnswer / 2));
+  const auto last = Clock::now();
+  // Each may have been late by a moment, but the halves cannot have come together.
+  EXPECT_GT(middle - first, characterTime(9600) * (kLongAnswer / 4));
+  EXPECT_GT(last - middle, characterTime(9600) * (kLongAnswer / 4));
+}
+
+TEST(Pacing, AddsTheDelayOfALateReply) {
+  SimulatedPort port(sampleModule(), {.paced = true});
+  port.setFaults({{faults::LateReply{100ms}, faults::At{1}}});
+  const SerialClient client(port.device(), B9600);
+  EXPECT_GE(timeOf(client, readRequest(4, 1), 7), wireTime(9600, 7) + 100ms);
+}
+
+TEST(Pacing, SendsAnswersOneBehindTheOther) {
+  const SimulatedPort port(sampleModule(), {.paced = true});
+  const SerialClient client(port.device(), B1200);
+  const auto start = Clock::now();
+  client.send(readRequest(4, 1));
+  client.send(readRequest(4, 1));
+  const Bytes both = client.receive(14);
+  EXPECT_EQ(Bytes(both.begin(), both.begin() + 7), firmwareAnswer());
+  EXPECT_EQ(Bytes(both.begin() + 7, both.end()), firmwareAnswer());
+  EXPECT_GE(Clock::now() - start, characterTime(1200) * (kRequestLength + 14) + silentTime(1200));
+}
+
+TEST(Pacing, UnplugsWhenTheLastCharacterHasCome) {
+  SimulatedPort port(sampleModule(), {.paced = true});
+  port.setFaults({{faults::Unplug{}, faults::At{1}}});
+  const SerialClient client(port.device(), B1200);
+  EXPECT_EQ(client.exchange(readRequest(4, 1), 7), firmwareAnswer());
+  EXPECT_TRUE(client.isHungUp());
+}
+
+}  // namespace
+}  // namespace tessara

@@ -1,0 +1,355 @@
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <future>
+#include <stdexcept>
+#include <thread>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "simulator/SampleModule.h"
+#include "simulator/SerialClient.h"
+#include "simulator/SimulatedPort.h"
+#include "simulator/TemporaryFolder.h"
+
+namespace tessara {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace tessara::testing;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using ::testing::StartsWith;
+
+constexpr std::size_t kAnswerLength = 7;  // of firmwareAnswer()
+
+/// One healthy exchange over a client of its own.
+void expectHealthy(const SimulatedPort& port) {
+  const SerialClient client(port.device());
+  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+}
+
+Fault first(FaultEffect effect) {
+  return {std::move(effect), faults::At{1}};
+}
+
+/// Waits until the condition holds, which other threads bring about.
+template <typename Condition>
+bool comesTrue(Condition condition) {
+  const auto deadline = std::chrono::steady_clock::now() + 20s;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    std::this_thread::sleep_for(1ms);
+  }
+  return true;
+}
+
+TEST(SimulatedPort, IsADeviceThatAClientCanOpen) {
+  const SimulatedPort port(sampleModule());
+  EXPECT_THAT(port.device(), StartsWith("/dev/pts/"));
+  expectHealthy(port);
+}
+
+TEST(SimulatedPort, AnswersBothFunctionsAndRefusesOthers) {
+  const SimulatedPort port(sampleModule());
+  const SerialClient client(port.device());
+  EXPECT_EQ(client.exchange(serverIdRequest(), 15),
+            modbusFrame(kDefaultStation, kReportServerId,
+                        Bytes{10, 0x01, 0xFF, 0x00, 0x31, 0x00, 0x02, 0x00, 0x0F, 0x80, 0x97}));
+  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.exchange(modbusFrame(kDefaultStation, 3, Bytes{0, 4, 0, 1}), 5),
+            modbusExceptionFrame(kDefaultStation, 3, 1));
+}
+
+TEST(SimulatedPort, PutsTogetherARequestThatArrivesInPieces) {
+  const SimulatedPort port(sampleModule());
+  const SerialClient client(port.device());
+  for (const std::uint8_t byte : readRequest(4, 1)) client.send({byte});
+  EXPECT_EQ(client.receive(kAnswerLength), firmwareAnswer());
+}
+
+TEST(SimulatedPort, ForgetsHalfARequestAfterTheSilence) {
+  const SimulatedPort port(sampleModule());
+  const SerialClient client(port.device());
+  client.send({kDefaultStation, kReadInputRegisters, 0});
+  ASSERT_TRUE(comesTrue([&port] { return port.counters().damaged == 1; }));
+  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+}
+
+TEST(SimulatedPort, IsSilentToWrongChecksumsForeignersAndBroadcasts) {
+  const SimulatedPort port(sampleModule());
+  const SerialClient client(port.device());
+  client.send(readRequest(4, 1, 7));
+  client.send(serverIdRequest(0));
+  Bytes damaged = readRequest(4, 1);
+  damaged.back() ^= 1;
+  client.send(damaged);
+  ASSERT_TRUE(comesTrue([&port] { return port.counters().damaged == 1; }));
+  EXPECT_EQ(client.exchange(serverIdRequest(), 15)[1], kReportServerId) << "the first answer";
+  EXPECT_EQ(port.counters().foreign, 2U);
+}
+
+TEST(SimulatedPort, ServesABusOfModules) {
+  SimulatedModule second = sampleModule();
+  second.address = 7;
+  const SimulatedPort port({sampleModule(), second});
+  const SerialClient client(port.device());
+  EXPECT_EQ(client.exchange(readRequest(4, 1, 7), kAnswerLength), firmwareAnswer(7));
+  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+}
+
+TEST(SimulatedPort, CannotServeModulesThatCannotShareALine) {
+  EXPECT_THROW(SimulatedPort({sampleModule(), sampleModule()}), std::invalid_argument);
+}
+
+TEST(SimulatedPort, LetsClientsComeAndGo) {
+  const SimulatedPort port(sampleModule());
+  for (int round = 0; round < 200; ++round) expectHealthy(port);
+  EXPECT_EQ(port.counters().requests, 200U);
+}
+
+TEST(SimulatedPort, HidesFromAClientWhatItsPredecessorLeftUnread) {
+  const SimulatedPort port(sampleModule());
+  const auto waiting = [](const SerialClient& client) {
+    int bytes = 0;
+    ::ioctl(client.descriptor(), FIONREAD, &bytes);
+    return bytes;
+  };
+  {
+    const SerialClient client(port.device());
+    client.send(readRequest(3, 1));
+    ASSERT_TRUE(comesTrue([&] { return waiting(client) > 0; }));
+  }
+  EXPECT_TRUE(comesTrue([&] { return waiting(SerialClient(port.device())) == 0; }));
+  expectHealthy(port);
+}
+
+TEST(SimulatedPort, HidesFromAClientALateReplyThatCameWhileNobodyWasThere) {
+  SimulatedPort port(sampleModule());
+  port.setFaults({first(faults::LateReply{50ms})});
+  SerialClient(port.device()).send(readRequest(3, 1));
+  ASSERT_TRUE(comesTrue([&port] { return port.counters().requests == 1; }));
+  std::this_thread::sleep_for(100ms);
+  expectHealthy(port);
+}
+
+TEST(SimulatedPort, NoReplyLeavesOutOneAnswer) {
+  SimulatedPort port(sampleModule());
+  port.setFaults({first(faults::NoReply{})});
+  const SerialClient client(port.device());
+  client.send(serverIdRequest());
+  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+}
+
+TEST(SimulatedPort, LateReplyComesLater) {
+  SimulatedPort port(sampleModule());
+  port.setFaults({first(faults::LateReply{200ms})});
+  const SerialClient client(port.device());
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+  EXPECT_GE(std::chrono::steady_clock::now() - start, 200ms);
+}
+
+TEST(SimulatedPort, LateReplyDoesNotHoldUpTheAnswerToARepeat) {
+  SimulatedPort port(sampleModule());
+  port.setFaults({first(faults::LateReply{500ms})});
+  const SerialClient client(port.device());
+  client.send(readRequest(3, 1));
+  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.receive(kAnswerLength),
+            modbusFrame(kDefaultStation, kReadInputRegisters, Bytes{2, 0x10, 0x00}));
+}
+
+TEST(SimulatedPort, SpoilsAnswersAsOrdered) {
+  SimulatedPort port(sampleModule());
+  const SerialClient client(port.device());
+  const auto answer = [&](FaultEffect effect, std::size_t count) {
+    port.setFaults({first(std::move(effect))});
+    return client.exchange(readRequest(4, 1), count);
+  };
+  EXPECT_FALSE(decodeModbusRequest(answer(faults::BadChecksum{}, kAnswerLength)));
+  EXPECT_EQ(answer(faults::WrongUnit{9}, kAnswerLength), firmwareAnswer(9));
+  EXPECT_EQ(answer(faults::ExceptionReply{4}, 5),
+            modbusExceptionFrame(kDefaultStation, kReadInputRegisters, 4));
+  EXPECT_THAT(answer(faults::Noise{{1, 2, 3}}, 3 + kAnswerLength), SizeIs(3 + kAnswerLength));
+  EXPECT_THAT(answer(faults::Echo{}, 8 + kAnswerLength), SizeIs(8 + kAnswerLength));
+  EXPECT_THAT(answer(faults::CutOff{3}, 3), SizeIs(3));
+  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer()) << "only 3 came";
+}
+
+TEST(SimulatedPort, UnplugsBehindAnAnswerThatTheClientStillGets) {
+  SimulatedPort port(sampleModule());
+  port.setFaults({{faults::Unplug{}, faults::At{2}}});
+  const SerialClient client(port.device());
+  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+  EXPECT_TRUE(client.isHungUp());
+  EXPECT_TRUE(comesTrue([&port] { return port.device().empty(); }));
+}
+
+TEST(SimulatedPort, UnplugsInTheMiddleOfAnAnswer) {
+  SimulatedPort port(sampleModule());
+  port.setFaults({first(faults::Unplug{3, {}})});
+  const SerialClient client(port.device());
+  EXPECT_THAT(client.exchange(readRequest(4, 1), kAnswerLength), SizeIs(3));
+  EXPECT_TRUE(client.isHungUp());
+}
+
+TEST(SimulatedPort, UnplugsWhileTheClientWaits) {
+  SimulatedPort port(sampleModule());
+  port.setFaults({first(faults::Unplug{0, {}})});
+  const SerialClient client(port.device());
+  EXPECT_THAT(client.exchange(readRequest(4, 1), kAnswerLength), IsEmpty());
+  EXPECT_TRUE(client.isHungUp());
+}
+
+TEST(SimulatedPort, ComesBackByItselfIfOrdered) {
+  std::atomic<int> changes = 0;
+  SimulatedPort port(sampleModule(), {.deviceChanged = [&changes](const auto& device) {
+                       changes += device.empty() ? 1 : 100;
+                     }});
+  port.setFaults({first(faults::Unplug{0, 20ms})});
+  const SerialClient client(port.device());
+  client.send(readRequest(4, 1));
+  EXPECT_TRUE(client.isHungUp());
+  ASSERT_TRUE(comesTrue([&changes] { return changes == 101; }));
+  expectHealthy(port);
+}
+
+TEST(SimulatedPort, CanBePulledOutAndPutBack) {
+  SimulatedPort port(sampleModule());
+  for (int round = 0; round < 20; ++round) {
+    const SerialClient client(port.device());
+    const std::string device = port.device();
+    port.unplug();
+    port.unplug();
+    EXPECT_TRUE(client.isHungUp());
+    EXPECT_THAT(client.receive(1), IsEmpty());
+    EXPECT_THROW(client.send({0}), std::runtime_error);
+    EXPECT_EQ(port.device(), "");
+    EXPECT_FALSE(std::filesystem::exists(device));
+    port.plug();
+    port.plug();
+    expectHealthy(port);
+  }
+}
+
+TEST(SimulatedPort, LosesAnswersThatWereUnderWayWhenItWasPulledOut) {
+  SimulatedPort port(sampleModule());
+  port.setFaults({first(faults::LateReply{100ms})});
+  SerialClient(port.device()).send(readRequest(3, 1));
+  ASSERT_TRUE(comesTrue([&port] { return port.counters().requests == 1; }));
+  port.unplug();
+  port.plug();
+  const SerialClient client(port.device());
+  std::this_thread::sleep_for(200ms);
+  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+}
+
+TEST(SimulatedPort, EndsAtOnceWithALateReplyUnderWay) {
+  const auto start = std::chrono::steady_clock::now();
+  {
+    SimulatedPort port(sampleModule());
+    port.setFaults({first(faults::LateReply{1h})});
+    SerialClient(port.device()).send(readRequest(4, 1));
+    ASSERT_TRUE(comesTrue([&port] { return port.counters().requests == 1; }));
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 60s);
+}
+
+TEST(SimulatedPort, KeepsALinkOverReplugging) {
+  const TemporaryFolder folder;
+  const auto link = folder.path() / "ttyS9";
+  {
+    SimulatedPort port(sampleModule(), {.link = link});
+    EXPECT_EQ(port.device(), link.string());
+    expectHealthy(port);
+    port.unplug();
+    EXPECT_FALSE(std::filesystem::is_symlink(link));
+    port.plug();
+    EXPECT_EQ(port.device(), link.string());
+    expectHealthy(port);
+  }
+  EXPECT_THAT(folder.names(), IsEmpty());
+}
+
+TEST(SimulatedPort, TakesOverALinkThatWasLeftBehind) {
+  const TemporaryFolder folder;
+  std::filesystem::create_symlink("/dev/nowhere", folder.path() / "ttyS9");
+  const SimulatedPort port(sampleModule(), {.link = folder.path() / "ttyS9"});
+  expectHealthy(port);
+}
+
+TEST(SimulatedPort, PutsNoLinkInThePlaceOfAFile) {
+  const TemporaryFolder folder;
+  folder.write("ttyS9", "precious");
+  EXPECT_THROW(SimulatedPort(sampleModule(), {.link = folder.path() / "ttyS9"}),
+               std::filesystem::filesystem_error);
+  EXPECT_EQ(folder.read("ttyS9"), "precious");
+}
+
+TEST(SimulatedPort, TakesNewFaultsAndRegistersWhileItRuns) {
+  SimulatedPort port(sampleModule());
+  const SerialClient client(port.device());
+  port.setRegister(kDefaultStation, 4, 0x5678);
+  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength),
+            modbusFrame(kDefaultStation, kReadInputRegisters, Bytes{2, 0x56, 0x78}));
+  port.setFaults(kDefaultStation, {first(faults::ExceptionReply{6})});
+  EXPECT_THAT(client.exchange(readRequest(4, 1), 5), SizeIs(5));
+  port.setFaults({});
+  EXPECT_THAT(client.exchange(readRequest(4, 1), kAnswerLength), SizeIs(kAnswerLength));
+}
+
+TEST(SimulatedPort, RefusesOrdersForModulesThatItHasNot) {
+  SimulatedPort port(sampleModule());
+  EXPECT_THROW(port.setFaults(7, {}), std::out_of_range);
+  EXPECT_THROW(port.setRegister(7, 1, 1), std::out_of_range);
+  EXPECT_THROW(port.setFaults({{faults::Echo{}, faults::At{0}}}), std::invalid_argument);
+  expectHealthy(port);
+}
+
+TEST(SimulatedPort, TellsWhatItWasAsked) {
+  const SimulatedPort port(sampleModule());
+  expectHealthy(port);
+  const auto log = port.log();
+  ASSERT_THAT(log, SizeIs(1));
+  EXPECT_EQ(log.front().request.function, kReadInputRegisters);
+  EXPECT_EQ(log.front().answer, firmwareAnswer());
+}
+
+TEST(SimulatedPort, MayBeUsedFromItsOwnNotification) {
+  SimulatedPort* self = nullptr;
+  std::promise<std::string> seen;
+  SimulatedPort port(sampleModule(), {.deviceChanged = [&](const auto& device) {
+                       if (!device.empty()) seen.set_value(self->device());
+                     }});
+  self = &port;
+  port.unplug();
+  port.plug();
+  EXPECT_EQ(seen.get_future().get(), port.device());
+}
+
+TEST(SimulatedPort, IsSafeToOrderAroundWhileItAnswers) {
+  SimulatedPort port(sampleModule());
+  std::atomic<bool> done = false;
+  std::thread orders([&] {
+    while (!done) {
+      port.setFaults({{faults::LateReply{1ms}, faults::Every{2}}});
+      port.setRegister(kDefaultStation, 100, 1);
+      EXPECT_EQ(port.counters().damaged, 0U);
+      EXPECT_LE(port.log().size(), 100U);
+    }
+  });
+  {
+    const SerialClient client(port.device());
+    for (int round = 0; round < 100; ++round) {
+      EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+    }
+  }
+  done = true;
+  orders.join();
+}
+
+}  // namespace
+}  // namespace tessara
