@@ -20,7 +20,7 @@ configurePreset release
 step "Building build/release"
 cmake --build build/release
 
-module=(--simulate data/modules/sample.json)
+module=(--simulate data/modules/tessara-tm-151.json)
 for argument in "$@"; do
   case $argument in
     --simulate | --simulate=* | --port | --port=*) module=() ;;

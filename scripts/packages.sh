@@ -6,7 +6,7 @@
 RUN_PACKAGES=(
   g++ cmake ninja-build pkg-config
   qt6-base-dev qt6-svg-dev qt6-wayland
-  libmodbus-dev libpugixml-dev libudev-dev nlohmann-json3-dev libcli11-dev
+  libmodbus-dev libudev-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
   fonts-dejavu-core fonts-wqy-microhei
 )
 
@@ -16,7 +16,7 @@ TEST_PACKAGES=(
   ccache python3 shellcheck
   libgtest-dev libgmock-dev libumockdev-dev umockdev
   clang-format clang-tidy
-  socat mbpoll python3-pymodbus python3-serial
+  socat mbpoll python3-pymodbus python3-serial xvfb xauth
 )
 
 # missingPackages NAME...: those of the packages that are not installed, one a line.

@@ -1,0 +1,52 @@
+"""What holds for every file that people write."""
+
+import os
+import re
+import unittest
+
+from house import ROOT, files, shown
+
+FOLDERS = ("apps", "bench", "cmake", "data", "docs", "scripts", "src", "tests")
+WRITTEN = ("*.h", "*.cpp", "*.py", "*.sh", "*.cmake", "*.txt", "*.qrc")
+
+# Joined from halves, so that this file passes its own test.
+UNFINISHED = re.compile("|".join(rf"\b{first}{second}\b" for first, second in (
+    ("TO", "DO"), ("FIX", "ME"), ("XX", "X"), ("HA", "CK"), ("for ", "now"))))
+
+LINK = re.compile(r"\[[^\]]*\]\(([^)#\s]+)[^)]*\)")
+
+
+def written():
+    """Sources, scripts and build files of the whole tree."""
+    return [path for folder in FOLDERS for path in files(ROOT / folder, *WRITTEN)]
+
+
+def pages():
+    """The pages that people read."""
+    return sorted(ROOT.glob("*.md")) + files(ROOT / "docs", "*.md")
+
+
+class Tree(unittest.TestCase):
+    def test_no_source_is_longer_than_500_lines(self):
+        for path in written():
+            lines = len(path.read_text("utf-8").splitlines())
+            self.assertLessEqual(lines, 500, shown(path))
+
+    def test_nothing_is_marked_as_unfinished(self):
+        for path in written() + pages():
+            found = UNFINISHED.search(path.read_text("utf-8"))
+            self.assertIsNone(found, f"{shown(path)}: {found and found[0]}")
+
+    def test_every_link_in_a_page_leads_somewhere(self):
+        for page in pages():
+            for target in LINK.findall(page.read_text("utf-8")):
+                if "://" not in target:
+                    self.assertTrue((page.parent / target).exists(), f"{shown(page)}: {target}")
+
+    def test_scripts_at_the_root_can_be_started(self):
+        for name in ("run.sh", "test.sh", ".ci/run"):
+            self.assertTrue(os.access(ROOT / name, os.X_OK), name)
+
+
+if __name__ == "__main__":
+    unittest.main()
