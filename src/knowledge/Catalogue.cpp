@@ -1,6 +1,7 @@
 #include "knowledge/Catalogue.h"
 
 #include <array>
+#include <optional>
 
 #include "knowledge/Datasheet.h"
 #include "knowledge/Firmware.h"
@@ -48,9 +49,21 @@ constexpr std::array<ProfilePlace, 7> exactVersionPlaces{{
     {9, &DeviceProfile::StringsReverse},
 }};
 
-/// The last place of a level from 0, -1 for an empty one; places are signed 16-bit numbers.
-std::int16_t lastPlace(std::int32_t count, const char* level) {
-  return narrowToInt16(count - 1, std::string("the catalogue's last ") + level);
+/// The number of a text of up to nine plain digits, which mean the same in every notation; nothing
+/// for any other text. A large catalogue is mostly made of them.
+std::optional<std::int32_t> plainNumber(const std::u16string& text) {
+  constexpr std::size_t mostDigits = 9;
+  if (text.empty() || text.size() > mostDigits) {
+    return std::nullopt;
+  }
+  std::int32_t number = 0;
+  for (const char16_t digit : text) {
+    if (digit < u'0' || digit > u'9') {
+      return std::nullopt;
+    }
+    number = number * 10 + (digit - u'0');
+  }
+  return number;
 }
 
 class CatalogueWalk {
@@ -65,7 +78,8 @@ class CatalogueWalk {
 
   CatalogResult run() {
     const XmlTree::Element root = tree_.root();
-    const std::int16_t last = lastPlace(tree_.childCount(root), familyLevel);
+    const std::int16_t last =
+        narrowToInt16(tree_.childCount(root) - 1, "the catalogue's last family element");
     XmlTree::Element family;
     for (std::int32_t place = 0; place <= last; ++place) {
       family = tree_.child(root, place);
@@ -82,7 +96,8 @@ class CatalogueWalk {
     if (vendorID != question_.VendorID || familyID != question_.FamilyID) {
       return;
     }
-    const std::int16_t last = lastPlace(tree_.countByTag(family, deviceTag), deviceTag);
+    const std::int16_t last =
+        narrowToInt16(tree_.countByTag(family, deviceTag) - 1, "a family's last Device");
     for (std::int32_t place = 0; place <= last; ++place) {
       visitDevice(tree_.nthByTag(family, deviceTag, place));
     }
@@ -91,7 +106,8 @@ class CatalogueWalk {
   void visitDevice(XmlTree::Element device) {
     const std::int32_t deviceID = integer(device, devicePlace::deviceID, deviceTag);
     const std::int32_t hideFwVersion = integer(device, devicePlace::hideFwVersion, deviceTag);
-    const std::int16_t last = lastPlace(tree_.countByTag(device, versionTag), versionTag);
+    const std::int16_t last =
+        narrowToInt16(tree_.countByTag(device, versionTag) - 1, "a Device's last Version");
     if (deviceID != question_.DeviceID) {
       return;
     }
@@ -126,8 +142,12 @@ class CatalogueWalk {
   }
 
   std::int32_t integer(XmlTree::Element element, std::int32_t place, const char* level) const {
+    const std::u16string text = tree_.attribute(element, place);
+    if (const auto number = plainNumber(text)) {
+      return *number;
+    }
     try {
-      return toInt32(tree_.attribute(element, place), separator_);
+      return toInt32(text, separator_);
     } catch (const RunTimeError& error) {
       throw RunTimeError(error.number(), std::string("attribute ") + std::to_string(place) +
                                              " (counted from 0) of a " + level +

@@ -42,7 +42,7 @@ class WatchedTree : public FakeCatalogue {
 
 class LookupDevice : public testing::ControlFixture {
  protected:
-  void useCatalogue(Node root, bool bLoads = true) {
+  void useCatalogue(const Node& root, bool bLoads = true) {
     platform.xmlTree = [this, root, bLoads] {
       return std::make_unique<WatchedTree>(root, bLoads, log);
     };

@@ -2,15 +2,13 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 #include "platform/Text.h"
 
 namespace tessara {
 namespace {
-
-/// Stands for children of every tag.
-constexpr std::string_view anyTag;
 
 pugi::xml_node nodeOf(XmlTree::Element element) {
   return pugi::xml_node(static_cast<pugi::xml_node_struct*>(element.node));
@@ -20,18 +18,28 @@ XmlTree::Element elementOf(pugi::xml_node node) {
   return {node.internal_object()};
 }
 
-/// `node` itself or the first of its siblings behind it that is an element of that tag.
-pugi::xml_node elementFrom(pugi::xml_node node, std::string_view tag) {
-  while (node && (node.type() != pugi::node_element || (!tag.empty() && tag != node.name()))) {
+/// Null stands for every tag.
+using Tag = const char*;
+
+/// The parser keeps nothing that has a name but elements, and no element without one.
+pugi::xml_node orNextElement(pugi::xml_node node) {
+  while (node && node.type() != pugi::node_element) {
     node = node.next_sibling();
   }
   return node;
 }
 
-std::int32_t count(pugi::xml_node parent, std::string_view tag) {
+pugi::xml_node firstChild(pugi::xml_node parent, Tag tag) {
+  return tag == nullptr ? orNextElement(parent.first_child()) : parent.child(tag);
+}
+
+pugi::xml_node nextSibling(pugi::xml_node node, Tag tag) {
+  return tag == nullptr ? orNextElement(node.next_sibling()) : node.next_sibling(tag);
+}
+
+std::int32_t count(pugi::xml_node parent, Tag tag) {
   std::int32_t number = 0;
-  for (auto node = elementFrom(parent.first_child(), tag); node;
-       node = elementFrom(node.next_sibling(), tag)) {
+  for (auto node = firstChild(parent, tag); node; node = nextSibling(node, tag)) {
     ++number;
   }
   return number;
@@ -58,8 +66,10 @@ bool PugixmlTree::loadFile(const std::u16string& path) {
   const std::string utf8 = toUtf8(path);
   const std::filesystem::path file(std::u8string(utf8.begin(), utf8.end()));
   std::error_code unknown;
-  // As a fragment, since otherwise text outside the root would be passed over in silence.
-  constexpr unsigned int options = pugi::parse_default | pugi::parse_fragment;
+  // As a fragment, since otherwise text outside the root would be passed over in silence; with the
+  // first piece of an element's text in the element itself, which saves a large file many nodes.
+  constexpr unsigned int options =
+      pugi::parse_default | pugi::parse_fragment | pugi::parse_embed_pcdata;
   if (std::filesystem::is_regular_file(file, unknown) &&
       document_.load_file(file.c_str(), options) && hasOneRoot(document_)) {
     return true;
@@ -73,11 +83,11 @@ XmlTree::Element PugixmlTree::root() const {
 }
 
 std::int32_t PugixmlTree::childCount(Element element) const {
-  return count(nodeOf(element), anyTag);
+  return count(nodeOf(element), nullptr);
 }
 
 XmlTree::Element PugixmlTree::child(Element element, std::int32_t index) const {
-  return seek(nodeOf(element), anyTag, index);
+  return seek(nodeOf(element), nullptr, index);
 }
 
 std::u16string PugixmlTree::attribute(Element element, std::int32_t index) const {
@@ -97,8 +107,9 @@ XmlTree::Element PugixmlTree::nthByTag(Element element, const char* tag, std::in
 }
 
 std::u16string PugixmlTree::text(Element element) const {
-  std::string content;
-  for (const pugi::xml_node& piece : nodeOf(element)) {
+  const pugi::xml_node node = nodeOf(element);
+  std::string content = node.value();
+  for (const pugi::xml_node& piece : node) {
     if (piece.type() == pugi::node_pcdata || piece.type() == pugi::node_cdata) {
       content += piece.value();
     }
@@ -110,16 +121,17 @@ void PugixmlTree::close(Element /*element*/) {
   reached_.clear();
 }
 
-XmlTree::Element PugixmlTree::seek(pugi::xml_node parent, std::string_view tag,
+XmlTree::Element PugixmlTree::seek(pugi::xml_node parent, const char* tag,
                                    std::int32_t index) const {
   const std::size_t depth = depthOf(parent);
   reached_.resize(std::max(reached_.size(), depth + 1));
   Reached& last = reached_[depth];
-  if (last.parent != parent || last.tag != tag || last.index > index) {
-    last = {parent, std::string(tag), 0, elementFrom(parent.first_child(), tag)};
+  const std::string_view name = tag == nullptr ? std::string_view() : tag;
+  if (last.parent != parent || last.tag != name || last.index > index) {
+    last = {parent, std::string(name), 0, firstChild(parent, tag)};
   }
   while (last.node && last.index < index) {
-    last.node = elementFrom(last.node.next_sibling(), tag);
+    last.node = nextSibling(last.node, tag);
     ++last.index;
   }
   return elementOf(last.node);

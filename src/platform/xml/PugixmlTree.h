@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include <pugixml.hpp>
@@ -33,12 +32,14 @@ class PugixmlTree : public XmlTree {
   /// The place reached last on one level of the document.
   struct Reached {
     pugi::xml_node parent;
+    /// Empty for children of every tag.
     std::string tag;
     std::int32_t index = 0;
     pugi::xml_node node;
   };
 
-  [[nodiscard]] Element seek(pugi::xml_node parent, std::string_view tag, std::int32_t index) const;
+  /// The child of that tag at `index`; a null tag stands for every tag.
+  [[nodiscard]] Element seek(pugi::xml_node parent, const char* tag, std::int32_t index) const;
 
   pugi::xml_document document_;
   mutable std::vector<Reached> reached_;

@@ -52,6 +52,7 @@ TEST_F(PugixmlTreeFile, CountsOnlyElementsAsChildren) {
            "<a/><?note here?><![CDATA[data]]><b/></root>\n<!-- after -->\n"));
   EXPECT_EQ(tree.childCount(tree.root()), 2);
   EXPECT_EQ(tree.child(tree.root(), 2).node, nullptr);
+  EXPECT_EQ(tree.text(tree.root()), u" text data");
 }
 
 TEST_F(PugixmlTreeFile, GivesChildrenByTagInTheirOrder) {
@@ -88,6 +89,10 @@ TEST_F(PugixmlTreeFile, GivesEveryPlaceInWhateverOrderItIsAskedFor) {
 TEST_F(PugixmlTreeFile, JoinsThePiecesOfAText) {
   ASSERT_TRUE(load("<r><l>a&amp;b<!-- c --><![CDATA[<d>]]>e<f>not mine</f></l></r>"));
   EXPECT_EQ(tree.text(tree.child(tree.root(), 0)), u"a&b<d>e");
+  ASSERT_TRUE(load("<r><l><![CDATA[a]]>b</l><l><f/>c<f/>d</l><l>  </l></r>"));
+  EXPECT_EQ(tree.text(tree.child(tree.root(), 0)), u"ab");
+  EXPECT_EQ(tree.text(tree.child(tree.root(), 1)), u"cd");
+  EXPECT_EQ(tree.text(tree.child(tree.root(), 2)), u"");
 }
 
 TEST_F(PugixmlTreeFile, AttributesHaveTheirReferencesResolved) {
