@@ -23,6 +23,13 @@ std::string attribute(udev_device* device, const char* name) {
   return device == nullptr ? std::string() : textOf(udev_device_get_sysattr_value(device, name));
 }
 
+/// True for the terminals without a device, several dozen on every machine, that are no ports.
+/// Their paths tell, which is quicker than asking udev for each.
+bool isConsole(std::string_view path) {
+  return path.find("/devices/virtual/") != std::string_view::npos &&
+         !isPortWithoutDevice(path.substr(path.rfind('/') + 1));
+}
+
 /// `parent` is the device that the terminal belongs to, null for a terminal without one. Parents
 /// are held by their children.
 SerialDevice describe(udev_device* terminal, udev_device* parent) {
@@ -67,15 +74,13 @@ FoundDevices udevDevices() {
   }
   std::vector<SerialDevice> devices;
   for (; entry != nullptr; entry = udev_list_entry_get_next(entry)) {
-    const char* path = udev_list_entry_get_name(entry);
-    const Owned<udev_device> terminal(udev_device_new_from_syspath(context.get(), path));
+    const std::string path = udev_list_entry_get_name(entry);
+    const Owned<udev_device> terminal(
+        isConsole(path) ? nullptr : udev_device_new_from_syspath(context.get(), path.c_str()));
     if (!terminal) {
-      continue;  // unplugged meanwhile
+      continue;  // a console, or unplugged meanwhile
     }
-    udev_device* parent = udev_device_get_parent(terminal.get());
-    if (parent != nullptr || isPortWithoutDevice(udev_device_get_sysname(terminal.get()))) {
-      devices.push_back(describe(terminal.get(), parent));
-    }
+    devices.push_back(describe(terminal.get(), udev_device_get_parent(terminal.get())));
   }
   return devices;
 }
