@@ -4,6 +4,7 @@
 #include "control/ModulInfoFLII.h"
 #include "knowledge/ChannelStatus.h"
 #include "knowledge/Conversions.h"
+#include "knowledge/ModuleStatus.h"
 
 namespace tessara {
 namespace {

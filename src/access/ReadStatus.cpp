@@ -1,6 +1,7 @@
 #include "access/RegisterDecoding.h"
 #include "control/ModulInfoFLII.h"
 #include "knowledge/ChannelStatus.h"
+#include "knowledge/Firmware.h"
 #include "knowledge/ModuleStatus.h"
 #include "platform/Text.h"
 

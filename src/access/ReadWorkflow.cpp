@@ -2,6 +2,7 @@
 
 #include "access/RegisterDecoding.h"
 #include "control/ModulInfoFLII.h"
+#include "knowledge/Firmware.h"
 #include "platform/Text.h"
 
 namespace tessara {

@@ -22,18 +22,10 @@ inline constexpr std::int16_t serialNumberWords = 4;
 inline constexpr std::int16_t deviceNameWords = 16;
 }  // namespace registers
 
-/// The VendorID of modules that are read with HART commands.
-inline constexpr std::int16_t hartVendor = 176;
 /// The station address at which modules on the register path report their status.
 inline constexpr std::uint8_t statusAddress = 192;
 /// Device status: an error word waits in the error register.
 inline constexpr std::int16_t errorWordWaits = 0x0002;
-/// LED status: the module is powered over USB.
-inline constexpr std::int32_t usbPowered = 0x1000;
-/// Pictures of ImageList1: a module without fault, and any other state.
-inline constexpr std::int32_t pictureGood = 1;
-inline constexpr std::int32_t pictureOther = 2;
-inline constexpr std::u16string_view usbPowerText = u"USB-Power; ";
 
 /// Element `index` of what a module delivered. A missing element is a subscript error (9).
 std::int32_t elementOf(const DeviceWords& words, std::size_t index);

@@ -4,6 +4,8 @@
 #include "access/RegisterDecoding.h"
 #include "control/ModulInfoFLII.h"
 #include "knowledge/ChannelStatus.h"
+#include "knowledge/Firmware.h"
+#include "knowledge/ModuleStatus.h"
 #include "platform/Text.h"
 
 namespace tessara {

@@ -7,7 +7,7 @@ namespace tessara {
 CatalogResult compareFirmware(std::int16_t VendorID, const std::u16string& moduleVersion,
                               const std::u16string& catalogueVersion, RegistryHelper& registry,
                               std::u16string_view separator) {
-  if (VendorID == freeTextFirmwareVendor) {
+  if (VendorID == hartVendor) {
     return moduleVersion == catalogueVersion ? CatalogResult::CatalogExact
                                              : CatalogResult::CatalogNoVersion;
   }

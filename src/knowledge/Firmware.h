@@ -9,8 +9,9 @@
 
 namespace tessara {
 
-/// The VendorID of HART modules, whose firmware is a free text; that of all others is a number.
-inline constexpr std::int16_t freeTextFirmwareVendor = 176;
+/// The VendorID of modules that are read with HART commands. Their firmware is a free text, that of
+/// all others a number.
+inline constexpr std::int16_t hartVendor = 176;
 
 /// How a module's firmware stands to a version that the catalogue names. Free texts are equal or
 /// have no order; numbers are compared with three decimals, point or comma alike, and one that is

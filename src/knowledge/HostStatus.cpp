@@ -5,9 +5,8 @@
 namespace tessara {
 
 std::u16string ModulInfoFLII::decodeModuleStatus(std::int16_t statusWord) {
-  constexpr std::int32_t faultlessPicture = 1;
   if (statusWord == 0 && !bNFCReader) {
-    panel.ImageDevState.setPicture(faultlessPicture);
+    panel.ImageDevState.setPicture(pictureGood);
   }
   return DecodeModuleStatusBits(statusWord, bNFCReader, FamilyID, moduleWide());
 }
@@ -16,7 +15,10 @@ bool ModulInfoFLII::SetModuleStatus(std::int32_t& lDevStatus, std::int32_t& lLed
   const std::int16_t devStatus = narrowToInt16(lDevStatus, "lDevStatus");
   const std::int16_t ledStatus = narrowToInt16(lLedStatus, "lLedStatus");
   std::u16string line = decodeModuleStatus(devStatus);
-  showModulState(isUsbPowered(ledStatus) ? withUsbPower(line) : std::move(line));
+  if ((ledStatus & usbPowered) != 0) {
+    line.insert(0, usbPowerText);
+  }
+  showModulState(std::move(line));
   return true;
 }
 

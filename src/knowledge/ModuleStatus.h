@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "localisation/TextTables.h"
 
@@ -17,14 +18,13 @@ std::u16string DecodeModuleStatusBits(std::int16_t statusWord, bool bNFCReader,
 /// system. The words 0, 0x0069 and 0xFF69 mean that the measuring system did not answer.
 std::u16string DecodeModuleErrorBits(std::int16_t errorWord, const TextTables& texts);
 
-/// True if the LED status word says that the module is powered over USB (bit 0x1000).
-constexpr bool isUsbPowered(std::int32_t ledWord) {
-  return (ledWord & 0x1000) != 0;
-}
+/// LED status word: the module is powered over USB. The note on it stands in front of the module
+/// status line and is the same in all languages.
+inline constexpr std::int32_t usbPowered = 0x1000;
+inline constexpr std::u16string_view usbPowerText = u"USB-Power; ";
 
-/// The module status line with the note on USB power in front of it; the same in all languages.
-inline std::u16string withUsbPower(const std::u16string& line) {
-  return u"USB-Power; " + line;
-}
+/// Pictures of ImageList1: a module without fault, and any other state.
+inline constexpr std::int32_t pictureGood = 1;
+inline constexpr std::int32_t pictureOther = 2;
 
 }  // namespace tessara

@@ -187,12 +187,5 @@ INSTANTIATE_TEST_SUITE_P(
                       Bit{0x4000, "4000 -> Fehler Sensorstrom Mess-System"},
                       Bit{0x8000, "8000 -> Fehler ADC Mess-System"}));
 
-TEST(UsbPower, IsTheLedWordsBit0x1000Alone) {
-  EXPECT_TRUE(isUsbPowered(0x1000));
-  EXPECT_TRUE(isUsbPowered(-1));
-  EXPECT_FALSE(isUsbPowered(0xEFFF));
-  EXPECT_EQ(withUsbPower(u"0 -> Kein Fehler"), u"USB-Power; 0 -> Kein Fehler");
-}
-
 }  // namespace
 }  // namespace tessara
