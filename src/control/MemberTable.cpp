@@ -182,7 +182,7 @@ constexpr std::array table{
     readWrite<&Control::get_FirmwareVers, &Control::put_FirmwareVers>("FirmwareVers", 3),
     readWrite<&Control::get_DeviceName, &Control::put_DeviceName>("DeviceName", 4),
     readWrite<&Control::get_CmdLineString, &Control::put_CmdLineString>("CmdLineString", 5),
-    readOnly<&Control::get_FwVersion>("FwVersion", 6),
+    readWrite<&Control::get_FwVersion, &Control::put_FwVersion>("FwVersion", 6),
     readOnly<&Control::get_SerialNumber>("SerialNumber", 7),
     readWrite<&Control::get_PackbLink, &Control::put_PackbLink>("PackbLink", 8),
     readWrite<&Control::get_ProductLink, &Control::put_ProductLink>("ProductLink", 9),
@@ -205,8 +205,12 @@ constexpr std::array table{
     readOnly<&Control::get_ChnStatusString>("ChnStatusString", 26),
     method<&Control::SetModuleStatus>("SetModuleStatus", 27, moduleWords),
     readOnly<&Control::get_ModulStatusString>("ModulStatusString", 28),
-    readOnly<&Control::get_ManufactureLogoString>("ManufactureLogoString", 30),
-    readOnly<&Control::get_DevicePictureString>("DevicePictureString", 32),
+    writeOnly<&Control::put_DescriptionString>("DescriptionString", 29),
+    readWrite<&Control::get_ManufactureLogoString, &Control::put_ManufactureLogoString>(
+        "ManufactureLogoString", 30),
+    writeOnly<&Control::put_DeviceLogoString>("DeviceLogoString", 31),
+    readWrite<&Control::get_DevicePictureString, &Control::put_DevicePictureString>(
+        "DevicePictureString", 32),
     readOnly<&Control::get_StringsReverse>("StringsReverse", 33),
     readOnly<&Control::get_NFCReader>("NFCReader", 34),
     readOnly<&Control::get_GetNFCMCURevison>("GetNFCMCURevison", 35),

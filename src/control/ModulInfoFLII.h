@@ -59,6 +59,8 @@ class ModulInfoFLII : public Fields {
   [[nodiscard]] Variant get_CmdLineString() const;
   void put_CmdLineString(const Variant& value);
   [[nodiscard]] Variant get_FwVersion() const;
+  /// Stored with a point for the first comma and filled up by its length: 1.2 becomes 1.200.
+  void put_FwVersion(const Variant& value);
   [[nodiscard]] Variant get_SerialNumber() const;
   [[nodiscard]] Variant get_PackbLink() const;
   void put_PackbLink(const Variant& value);
@@ -98,8 +100,17 @@ class ModulInfoFLII : public Fields {
   /// The texts that the status labels hold at this moment.
   [[nodiscard]] Variant get_ChnStatusString() const;
   [[nodiscard]] Variant get_ModulStatusString() const;
+  /// Caption and tool tip of the description label; stored nowhere else.
+  void put_DescriptionString(const Variant& value);
   [[nodiscard]] Variant get_ManufactureLogoString() const;
+  /// Shows that file of AppPathString, else the one that the setting Logo names, else none. A file
+  /// that is no picture is an invalid picture (error 481), and the old picture stays.
+  void put_ManufactureLogoString(const Variant& value);
+  /// Shows the file at AppPathString directly followed by the name, else none. Errors as above.
+  void put_DeviceLogoString(const Variant& value);
   [[nodiscard]] Variant get_DevicePictureString() const;
+  /// Keeps the path formed as for the device logo, or an empty one if there is no such file.
+  void put_DevicePictureString(const Variant& value);
   [[nodiscard]] std::int32_t get_StringsReverse() const;
   [[nodiscard]] std::int32_t get_NFCReader() const;
   [[nodiscard]] std::u16string get_GetNFCMCURevison() const;
@@ -174,6 +185,10 @@ class ModulInfoFLII : public Fields {
   bool connectNfcReader();
   bool probeNfcReader();
   void selectCommObject(bool bNfc);
+
+  enum class LogoSource { Name, Setting };
+  bool FindLogoFile(const std::u16string& appPath, const std::u16string& name, LogoSource source);
+  void loadPicture(Widget& widget, const std::u16string& path);
 
   // ports/
   void ComboComPort_Click();

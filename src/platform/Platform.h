@@ -10,6 +10,7 @@
 #include "platform/Locale.h"
 #include "platform/MessageHelper.h"
 #include "platform/NfcReaderLibrary.h"
+#include "platform/PictureLoader.h"
 #include "platform/RegistryApi.h"
 #include "platform/RegistryHelper.h"
 #include "platform/XmlTree.h"
@@ -40,6 +41,7 @@ class Platform {
   virtual Locale& locale() = 0;
   virtual RegistryApi& registryApi() = 0;
   virtual NfcReaderLibrary& nfcReaderLibrary() = 0;
+  virtual PictureLoader& pictureLoader() = 0;
 
   /// The folder of the control's own program file, without a separator at its end.
   /// The catalogue and the help files lie in it.

@@ -17,6 +17,7 @@ enum class ErrorNumber : std::int32_t {
   FileAccess = 75,
   ObjectNotSet = 91,
   InvalidPropertyValue = 380,
+  InvalidPicture = 481,
 };
 
 /// The one exception type by which the control tells a host that a call went wrong.

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "FakeCatalogue.h"
+#include "platform/RunTimeError.h"
 #include "platform/Text.h"
 
 namespace tessara::testing {
@@ -131,6 +132,13 @@ std::int32_t FakeNfcReaderLibrary::CR95HFDLL_getMCUrev(std::string& reply) {
   log_.add("CR95HFDLL_getMCUrev");
   reply = revisionReply;
   return revisionStatus;
+}
+
+void FakePictureLoader::load(const std::u16string& path) {
+  log_.add("load " + toUtf8(path));
+  if (broken) {
+    throw RunTimeError(ErrorNumber::InvalidPicture, toUtf8(path) + " holds no picture");
+  }
 }
 
 FakePlatform::FakePlatform() : xmlTree([] { return std::make_unique<FakeCatalogue>(); }) {}

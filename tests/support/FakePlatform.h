@@ -130,6 +130,18 @@ class FakeNfcReaderLibrary : public NfcReaderLibrary {
   CallLog& log_;
 };
 
+/// Pictures that load, or do not: "load /app/logo.png" in the log.
+class FakePictureLoader : public PictureLoader {
+ public:
+  explicit FakePictureLoader(CallLog& log) : log_(log) {}
+  void load(const std::u16string& path) override;
+
+  bool broken = false;
+
+ private:
+  CallLog& log_;
+};
+
 /// A world of fakes around a control, all writing into one log.
 class FakePlatform : public Platform {
  public:
@@ -147,6 +159,7 @@ class FakePlatform : public Platform {
   Locale& locale() override { return systemLocale; }
   RegistryApi& registryApi() override { return serialKey; }
   NfcReaderLibrary& nfcReaderLibrary() override { return readerLibrary; }
+  PictureLoader& pictureLoader() override { return pictures; }
   [[nodiscard]] std::u16string appPath() const override { return programFolder; }
 
   CallLog log;
@@ -155,6 +168,7 @@ class FakePlatform : public Platform {
   FakeLocale systemLocale;
   FakeRegistryApi serialKey;
   FakeNfcReaderLibrary readerLibrary{log};
+  FakePictureLoader pictures{log};
   std::map<std::u16string, Variant> settings;
   std::set<std::u16string> files;
   std::int32_t messageAnswer = 1;

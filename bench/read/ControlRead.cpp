@@ -1,0 +1,88 @@
+#include "ControlRead.h"
+
+#include <iostream>
+#include <stdexcept>
+
+#include "control/ModulInfoFLII.h"
+#include "platform/headless/HeadlessMessageHelper.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "platform/qt/QtEventLoop.h"
+#include "simulator/ModuleFile.h"
+
+namespace tessara::bench {
+namespace {
+
+constexpr std::int16_t comPort = 100;
+
+class SilentHost final : public HostEvents {
+ public:
+  void ModulActive(std::int32_t& /*lStatus*/) override {}
+  void StatusChange() override {}
+  void SetConfiguration() override {}
+  void SaveConfiguration() override {}
+  void LoadConfiguration() override {}
+  void PrintConfiguration() override {}
+  void DataTransfer() override {}
+  void NFCReader(bool& /*bNFCReader*/) override {}
+};
+
+class PacedPort final : public PortSource {
+ public:
+  explicit PacedPort(const ModuleOnLine& module)
+      : port_(loadModule(std::string(TESSARA_DATA "/modules/") + module.file), {.paced = true}) {}
+  [[nodiscard]] std::vector<KnownPort> ports() const override {
+    return {{comPort, "\\Device\\Silabser100", port_.device()}};
+  }
+
+ private:
+  SimulatedPort port_;
+};
+
+LinuxPlatformOptions optionsFor(const PortSource& port) {
+  LinuxPlatformOptions options;
+  options.embedded = &port;
+  options.keepsSettings = false;
+  return options;
+}
+
+}  // namespace
+
+struct ControlRead::World {
+  explicit World(const ModuleOnLine& module)
+      : port(module),
+        platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr), optionsFor(port)),
+        control(platform, host) {
+    control.UserControl_Initialize();
+    control.put_ComPort(comPort);
+    control.put_AppPathString(platform.appPath());
+    control.put_Language(1);
+    control.UserControl_Show();
+  }
+
+  PacedPort port;
+  QtEventLoop loop;
+  SilentHost host;
+  LinuxPlatform platform;
+  ModulInfoFLII control;
+};
+
+ControlRead::ControlRead(const ModuleOnLine& module) : world_(std::make_unique<World>(module)) {}
+
+ControlRead::~ControlRead() = default;
+
+std::string ControlRead::device() const {
+  return world_->port.ports().front().deviceNode;
+}
+
+Seconds ControlRead::read(int rate) {
+  world_->control.put_Baudrate(rate);
+  const auto begun = std::chrono::steady_clock::now();
+  world_->control.AutomaticConnection();
+  const Seconds taken = std::chrono::steady_clock::now() - begun;
+  if (world_->control.get_DataValid() != 1 || world_->control.get_Baudrate() != rate) {
+    throw std::runtime_error("the read failed, or went through at the second try only");
+  }
+  return taken;
+}
+
+}  // namespace tessara::bench

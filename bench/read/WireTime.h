@@ -1,0 +1,40 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <vector>
+
+namespace tessara::bench {
+
+using Seconds = std::chrono::duration<double>;
+
+/// One request of a read and what comes back, in characters on the wire.
+struct Exchange {
+  std::uint8_t function = 4;
+  std::uint16_t start = 0;
+  std::uint16_t count = 1;
+  /// Ordered wait before the request.
+  Seconds delayBefore{0};
+
+  [[nodiscard]] std::size_t requestCharacters() const;
+  [[nodiscard]] std::size_t answerCharacters() const;
+};
+
+/// A module on the line and the exchanges of one whole read of it.
+struct ModuleOnLine {
+  const char* file;
+  std::vector<Exchange> exchanges;
+};
+
+/// A healthy module, and one whose error word is read twice with two delays of 100 ms.
+ModuleOnLine healthyModule();
+ModuleOnLine faultyModule();
+
+/// 3.5 characters of 11 bits at the rate; 1.75 ms above 19200 bit/s.
+Seconds silence(int rate);
+
+/// What the read takes on the wire at the rate: its characters, the silence between a request and
+/// its answer, the silence or the ordered delay before the next request.
+Seconds wireTime(const ModuleOnLine& module, int rate);
+
+}  // namespace tessara::bench

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "drivers/TracedObject.h"
+#include "platform/Platform.h"
+#include "platform/linux/AnnouncedPorts.h"
+#include "platform/linux/KnownPorts.h"
+#include "platform/linux/LinuxLocale.h"
+#include "platform/linux/NoNfcReaderLibrary.h"
+#include "platform/linux/SettingsPortNumbers.h"
+#include "platform/linux/SettingsPorts.h"
+#include "platform/linux/SignaturePictureLoader.h"
+#include "platform/linux/ports/SerialCommRegistry.h"
+#include "platform/linux/ports/SerialPorts.h"
+
+namespace tessara {
+
+/// What a program may want of its platform beyond the usual.
+struct LinuxPlatformOptions {
+  /// Hears of every call to a communication object.
+  CallSink callSink{};
+  /// Ports that the program brings along, offered before all others; has to outlive the platform.
+  const PortSource* embedded = nullptr;
+  /// Loads the pictures of the panel; a program with a window brings one that can show them.
+  std::shared_ptr<PictureLoader> pictures = std::make_shared<SignaturePictureLoader>();
+  /// False for a program that must not change what the user has chosen: settings that the control
+  /// writes are then dropped.
+  bool keepsSettings = true;
+};
+
+/// A Linux system around a control.
+///
+/// Ports come from the program itself, then from the settings, from running simulators and from
+/// the system's devices. The catalogue and the help files lie in programFolder().
+class LinuxPlatform final : public Platform {
+ public:
+  /// `loop` has to outlive the platform.
+  LinuxPlatform(EventLoop& loop, std::shared_ptr<MessageHelper> messages,
+                LinuxPlatformOptions options = {});
+
+  /// All ports that a control on this platform can use.
+  [[nodiscard]] const PortSource& ports() const { return allPorts_; }
+
+  std::shared_ptr<RegistryHelper> createRegistryHelper() override;
+  std::shared_ptr<BitFieldHelper> createBitFieldHelper() override;
+  std::shared_ptr<ModbusCommObject> createModbusCommObject() override;
+  std::shared_ptr<NfcCommObject> createNfcCommObject() override;
+  std::shared_ptr<HartCommObject> createHartCommObject() override;
+  std::shared_ptr<FileSystem> createFileSystem() override;
+  std::shared_ptr<MessageHelper> createMessageHelper() override { return messages_; }
+  std::unique_ptr<XmlTree> createXmlTree() override;
+
+  EventLoop& eventLoop() override { return loop_; }
+  Locale& locale() override { return locale_; }
+  RegistryApi& registryApi() override { return registry_; }
+  NfcReaderLibrary& nfcReaderLibrary() override { return readerLibrary_; }
+  PictureLoader& pictureLoader() override { return *options_.pictures; }
+  [[nodiscard]] std::u16string appPath() const override;
+
+ private:
+  template <class Object>
+  std::shared_ptr<Object> heard(std::shared_ptr<Object> object) const;
+
+  EventLoop& loop_;
+  std::shared_ptr<MessageHelper> messages_;
+  LinuxPlatformOptions options_;
+  LinuxLocale locale_;
+  NoNfcReaderLibrary readerLibrary_;
+
+  SettingsPorts settingsPorts_;
+  AnnouncedPorts announcedPorts_;
+  /// The ports that somebody has entered or started, which take their numbers first.
+  KnownPorts enteredPorts_;
+  SettingsPortNumbers portNumbers_;
+  SerialPorts serialPorts_{portNumbers_, enteredPorts_};
+  KnownPorts allPorts_;
+  SerialCommRegistry registry_{allPorts_};
+};
+
+}  // namespace tessara
