@@ -95,6 +95,14 @@ TEST_F(LabelViewTest, ValuesCanBeCopied) {
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "18446744073709551615");
 }
 
+TEST_F(LabelViewTest, ThePaddingOfAModuleIsNotSeen) {
+  panel.LabelDeviceName.setCaption(u"VELLUM LM 201" + std::u16string(19, u'\0'));
+  EXPECT_EQ(label(panel.LabelDeviceName).shownText(), "VELLUM LM 201");
+  EXPECT_EQ(spoken(panel.LabelDeviceName), "Gerätetyp: VELLUM LM 201");
+  panel.LabelDeviceName.setCaption(u"TM 151  B        ");
+  EXPECT_EQ(label(panel.LabelDeviceName).shownText(), "TM 151  B");
+}
+
 TEST_F(LabelViewTest, TextIsNeverMarkup) {
   panel.LabelDeviceName.setCaption(u"<b>1 & 2</b>");
   EXPECT_EQ(label(panel.LabelDeviceName).shownText(), "<b>1 & 2</b>");

@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include "control/Panel.h"
+#include "platform/RunTimeError.h"
 #include "platform/Text.h"
 #include "platform/qt/Picture.h"
+#include "platform/qt/QtPictureLoader.h"
 #include "platform/qt/QtText.h"
 
 namespace tessara::testing {
@@ -160,7 +162,7 @@ TEST_F(PictureFile, IsKnownByItsContentWhateverItIsCalled) {
 }
 
 TEST_F(PictureFile, AVectorFillsItsRoom) {
-  const auto path = write("logo.SVG",
+  const auto path = write("logo.dat",
                           R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 10 10">
                              <rect width="10" height="10" fill="#00ff00"/></svg>)");
   const QImage image = drawn(path, QSize(100, 100));
@@ -178,6 +180,30 @@ TEST_F(PictureFile, ThatHoldsNoPictureGivesNothingToDraw) {
   EXPECT_TRUE(Picture::of(write("broken.png", "no picture"), blackAndBlue).isNull());
   EXPECT_TRUE(Picture::of(write("broken.svg", "<svg"), blackAndBlue).isNull());
   EXPECT_TRUE(Picture::of(fromQt(folder.path()), blackAndBlue).isNull());
+}
+
+TEST_F(PictureFile, ThatCanBeShownIsLoaded) {
+  QtPictureLoader loader;
+  EXPECT_NO_THROW(loader.load(writeImage("logo.png", QSize(9, 9), Qt::red)));
+  EXPECT_NO_THROW(loader.load(
+      write("logo.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 1 1"/>)")));
+}
+
+TEST_F(PictureFile, ThatCannotBeShownIsAnErrorThatNamesFileAndCause) {
+  const std::vector<std::pair<std::u16string, std::string>> table{
+      {fromQt(folder.filePath("absent.png")), "absent.png cannot be shown: No such file"},
+      {write("broken.png", "no picture"), "broken.png cannot be shown: Unsupported image format"},
+      {write("broken.svg", "<svg"), "broken.svg cannot be shown: its SVG is broken"},
+  };
+  for (const auto& [path, message] : table) {
+    try {
+      QtPictureLoader().load(path);
+      ADD_FAILURE() << message;
+    } catch (const RunTimeError& error) {
+      EXPECT_EQ(error.number(), ErrorNumber::InvalidPicture);
+      EXPECT_NE(std::string(error.what()).find(message), std::string::npos) << error.what();
+    }
+  }
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ LabelView::LabelView(Widget& subject, LabelRole role, QWidget* parent)
 }
 
 void LabelView::sync() {
-  setText(toQt(subject().caption()));
+  setText(readable(subject().caption()));
   syncCommon();
 }
 
@@ -71,7 +71,7 @@ bool LabelView::wraps() const {
 
 QFont LabelView::fittingFont() const {
   QFont fitting = font();
-  const double needed = QFontMetricsF(fitting).horizontalAdvance(text().trimmed());
+  const double needed = QFontMetricsF(fitting).horizontalAdvance(text());
   if (role_ == LabelRole::Caption && !wraps() && needed > room().width()) {
     fitting.setPointSizeF(fitting.pointSizeF() *
                           std::max(smallestCaption, room().width() / needed * 0.99));
@@ -87,7 +87,7 @@ QString LabelView::shownText() const {
     }
   }
   const QFontMetricsF metrics(fittingFont());
-  const bool fits = metrics.horizontalAdvance(text().trimmed()) <= room().width();
+  const bool fits = metrics.horizontalAdvance(text()) <= room().width();
   return fits ? text() : metrics.elidedText(text(), Qt::ElideRight, room().width());
 }
 

@@ -170,9 +170,9 @@ void PanelView::nameFor(const Widget& widget) {
       continue;
     }
     const Widget& named = *panel_.find(row.named);
-    QString name = toQt(panel_.find(row.caption)->caption()).trimmed();
+    QString name = readable(panel_.find(row.caption)->caption());
     if (named.kind() == WidgetKind::Label) {
-      name += " " + toQt(named.caption());
+      name += " " + readable(named.caption());
     } else if (name.endsWith(':')) {
       name = name.chopped(1).trimmed();
     }

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QImageReader>
 
+#include "platform/RunTimeError.h"
 #include "platform/qt/PixelGrid.h"
 #include "platform/qt/QtText.h"
 
@@ -18,19 +19,32 @@ namespace {
 constexpr auto lineInFile = "#20303f";
 constexpr auto accentInFile = "#0a66c2";
 
-QByteArray read(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+// An SVG file may begin with a declaration and comments; its element stands near the front.
+constexpr qint64 svgFront = 1024;
 
 QByteArray readOwn(const QString& name) {
   openPictures();
-  return read(":/tessara/" + name + ".svg");
+  QFile file(":/tessara/" + name + ".svg");
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+[[noreturn]] void failPicture(const QString& path, const QString& cause) {
+  throw RunTimeError(ErrorNumber::InvalidPicture,
+                     QString("The picture %1 cannot be shown: %2").arg(path, cause).toStdString());
 }
 
 /// Hosts write paths with either separator.
 QString pathOnDisk(QString path) {
   return QFile::exists(path) ? path : path.replace('\\', '/');
+}
+
+/// The picture of a file, or none if it holds none.
+Picture fromFileIfAny(const QString& path) {
+  try {
+    return Picture::fromFile(path);
+  } catch (const RunTimeError&) {
+    return {};
+  }
 }
 
 }  // namespace
@@ -45,7 +59,7 @@ Picture Picture::of(const PictureSource& source, const Inks& inks) {
   }
   QByteArray svg = readOwn("buttons/" + toQt(*text));
   if (svg.isEmpty()) {
-    return fromFile(pathOnDisk(toQt(*text)));
+    return fromFileIfAny(toQt(*text));
   }
   svg.replace(lineInFile, inks.line.name().toLatin1());
   svg.replace(accentInFile, inks.accent.name().toLatin1());
@@ -57,14 +71,24 @@ Picture Picture::application() {
 }
 
 Picture Picture::fromFile(const QString& path) {
-  if (path.endsWith(".svg", Qt::CaseInsensitive)) {
-    return fromSvg(read(path));
+  QFile file(pathOnDisk(path));
+  if (!file.open(QIODevice::ReadOnly)) {
+    failPicture(path, file.errorString());
+  }
+  if (file.peek(svgFront).contains("<svg")) {
+    const Picture picture = fromSvg(file.readAll());
+    if (picture.isNull()) {
+      failPicture(path, "its SVG is broken");
+    }
+    return picture;
   }
   Picture picture;
-  QImageReader reader(path);
+  QImageReader reader(&file);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
-  picture.raster_ = reader.read();
+  if (!reader.read(&picture.raster_)) {
+    failPicture(path, reader.errorString());
+  }
   return picture;
 }
 

@@ -30,6 +30,11 @@ class Picture {
   /// no picture, gives nothing to draw.
   static Picture of(const PictureSource& source, const Inks& inks);
 
+  /// The picture of a file, known by its content: SVG, or a raster format that Qt reads. One that
+  /// cannot be read or holds no picture is an invalid picture (error 481) whose message names file
+  /// and cause.
+  static Picture fromFile(const QString& path);
+
   /// The icon of the programs that show the panel.
   static Picture application();
 
@@ -40,7 +45,6 @@ class Picture {
   void draw(QPainter& painter, const QRectF& rect, Qt::Alignment alignment, double scale = 1) const;
 
  private:
-  static Picture fromFile(const QString& path);
   static Picture fromSvg(const QByteArray& svg);
 
   std::shared_ptr<QSvgRenderer> vector_;

@@ -14,4 +14,15 @@ inline std::u16string fromQt(const QString& text) {
   return text.toStdU16String();
 }
 
+/// A text of the model as it is to be read. Modules pad their texts with zero bytes and blanks, and
+/// control characters have no shape: both are left out.
+inline QString readable(std::u16string_view text) {
+  QString shown = toQt(text);
+  shown.removeIf([](QChar sign) { return sign.category() == QChar::Other_Control; });
+  while (shown.endsWith(' ')) {
+    shown.chop(1);
+  }
+  return shown;
+}
+
 }  // namespace tessara

@@ -6,13 +6,13 @@ namespace tessara {
 
 void WidgetView::syncCommon(const QString& hint) {
   const WidgetState& state = subject_.state();
-  QString text = toQt(state.toolTipText);
+  QString text = readable(state.toolTipText);
   if (!text.isEmpty() && !hint.isEmpty()) {
     text += " (" + hint + ")";
   }
   QWidget& own = widget();
-  own.setToolTip(toolTipMarkup(toQt(state.toolTipTitle), text));
-  own.setAccessibleDescription(toQt(state.toolTipText));
+  own.setToolTip(toolTipMarkup(readable(state.toolTipTitle), text));
+  own.setAccessibleDescription(readable(state.toolTipText));
   own.setEnabled(state.enabled);
   own.setVisible(state.visible);
 }
