@@ -182,13 +182,11 @@ void PortLoop::finish(const SimulatedAnswer& answer) {
 }
 
 void PortLoop::unplugWhenRead(const faults::Unplug& fault, Clock::time_point deadline) {
-  const auto now = Clock::now();
-  if (!port_->isRead() && now < deadline) {
-    at(now + kLastReadStep, [this, fault, deadline] { unplugWhenRead(fault, deadline); });
-    return;
-  }
-  unplug();
-  if (fault.replugAfter) replugAfter(*fault.replugAfter);
+  at(Clock::now() + kLastReadStep, [this, fault, deadline] {
+    if (!port_->isRead() && Clock::now() < deadline) return unplugWhenRead(fault, deadline);
+    unplug();
+    if (fault.replugAfter) replugAfter(*fault.replugAfter);
+  });
 }
 
 void PortLoop::replugAfter(std::chrono::milliseconds delay) {

@@ -217,6 +217,19 @@ TEST(SimulatedPort, ComesBackByItselfIfOrdered) {
   expectHealthy(port);
 }
 
+TEST(SimulatedPort, AnswersEachTimeItHasComeBack) {
+  SimulatedPort port(sampleModule());
+  const auto isBack = [&port] { return !port.device().empty(); };
+  for (int round = 0; round < 50; ++round) {
+    port.setFaults({first(faults::Unplug{0, 1ms})});
+    const SerialClient client(port.device());
+    client.send(readRequest(4, 1));
+    EXPECT_TRUE(client.isHungUp());
+    ASSERT_TRUE(comesTrue(isBack));
+    expectHealthy(port);
+  }
+}
+
 TEST(SimulatedPort, CanBePulledOutAndPutBack) {
   SimulatedPort port(sampleModule());
   for (int round = 0; round < 20; ++round) {
