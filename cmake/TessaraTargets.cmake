@@ -42,12 +42,12 @@ function(tessara_library folder)
 endfunction()
 
 # tessara_shared_library(<target> <folder names>)
-# A shared library of everything that those folders hold, with no symbol left open.
+# A shared library of everything that those folders hold and what that calls, with no symbol left open.
 function(tessara_shared_library target)
   list(TRANSFORM ARGN PREPEND modulinfo_ OUTPUT_VARIABLE libraries)
   list(TRANSFORM libraries REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE objects)
   add_library(${target} SHARED ${objects})
-  # All objects are there already; the libraries are named for what they need from outside.
+  # Their objects are there already; the libraries are named for what they depend on.
   target_link_libraries(${target} PRIVATE ${libraries})
   target_link_options(${target} PRIVATE LINKER:-z,defs)
 endfunction()
