@@ -1,10 +1,19 @@
 #include <gmock/gmock.h>
 
-#include "platform/linux/EmbeddedPorts.h"
 #include "platform/linux/KnownPorts.h"
 
 namespace tessara {
 namespace {
+
+/// A source with fixed ports.
+class FixedPorts final : public PortSource {
+ public:
+  void add(KnownPort port) { ports_.push_back(std::move(port)); }
+  [[nodiscard]] std::vector<KnownPort> ports() const override { return ports_; }
+
+ private:
+  std::vector<KnownPort> ports_;
+};
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -15,8 +24,8 @@ TEST(KnownPorts, AreNoneWithoutSources) {
 }
 
 TEST(KnownPorts, GiveOneSourceAfterTheOther) {
-  EmbeddedPorts first;
-  EmbeddedPorts second;
+  FixedPorts first;
+  FixedPorts second;
   KnownPorts ports;
   ports.add(first);
   ports.add(second);
@@ -30,8 +39,8 @@ TEST(KnownPorts, GiveOneSourceAfterTheOther) {
 }
 
 TEST(KnownPorts, LeaveANumberToTheFirstSourceThatClaimsIt) {
-  EmbeddedPorts first;
-  EmbeddedPorts second;
+  FixedPorts first;
+  FixedPorts second;
   KnownPorts ports;
   ports.add(first);
   ports.add(second);

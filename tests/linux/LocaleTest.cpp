@@ -5,8 +5,8 @@
 #include "platform/linux/LinuxLocale.h"
 
 /// The C library does not give back the parts of LOCPATH, which only these tests set.
-extern "C" const char* __lsan_default_suppressions();
-const char* __lsan_default_suppressions() {
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's name
+extern "C" const char* __lsan_default_suppressions() {
   return "leak:__argz_add_sep";
 }
 

@@ -17,6 +17,7 @@ using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Pair;
 
 class SettingsStoreTest : public SettingsFolder {
  protected:
@@ -25,7 +26,7 @@ class SettingsStoreTest : public SettingsFolder {
 
 TEST_F(SettingsStoreTest, ReadsNothingWithoutAFile) {
   EXPECT_EQ(store.value("Settings/Language"), std::nullopt);
-  EXPECT_THAT(store.names("Settings"), IsEmpty());
+  EXPECT_THAT(store.values("Settings"), IsEmpty());
   EXPECT_FALSE(std::filesystem::exists(userFile()));
 }
 
@@ -37,7 +38,7 @@ TEST_F(SettingsStoreTest, LiesWhereLinuxUsersLookForIt) {
 
 TEST_F(SettingsStoreTest, GivesBackWhatWasWritten) {
   for (const std::string text : {"2", "", "a b", " led by a blank", "ends in one ", "a, b; c = d",
-                                 "\"quoted\"", "\\\\x\\", "\\Device\\Silabser9", "ends in \\\"",
+                                 "\"quoted\"", "\\\\x\\", "\\Device\\Silabser9", R"(ends in \")",
                                  "@home", "@@", "Gerät 測定", "C:\\new\\table", "#1"}) {
     store.setValue("Settings/Logo", text);
     EXPECT_EQ(SettingsStore().value("Settings/Logo"), text);
@@ -50,7 +51,8 @@ TEST_F(SettingsStoreTest, PrefersTheUsersFileOverTheSystemWideOne) {
   store.setValue("Settings/Language", "2");
   EXPECT_EQ(store.value("Settings/Language"), "2");
   EXPECT_EQ(store.value("Settings/Logo"), "maker.png");
-  EXPECT_THAT(store.names("Settings"), ElementsAre("Language", "Logo"));
+  EXPECT_THAT(store.values("Settings"),
+              ElementsAre(Pair("Language", "2"), Pair("Logo", "maker.png")));
   EXPECT_EQ(bytesOf(systemFile()), "[Settings]\nLanguage=3\nLogo=maker.png\n");
 }
 
@@ -69,10 +71,10 @@ TEST_F(SettingsStoreTest, SeesWhatAnotherProgramWrites) {
   EXPECT_EQ(store.value("Settings/Language"), "11");
 }
 
-TEST_F(SettingsStoreTest, ListsTheNamesOfOneGroup) {
+TEST_F(SettingsStoreTest, ListsTheValuesOfOneGroup) {
   put(userFile(), "Loose=1\n[Ports]\nCOM9\\Device=/dev/pts/5\n[Settings]\nLanguage=2\n");
-  EXPECT_THAT(store.names("Ports"), ElementsAre("COM9/Device"));
-  EXPECT_THAT(store.names("Settings"), ElementsAre("Language"));
+  EXPECT_THAT(store.values("Ports"), ElementsAre(Pair("COM9/Device", "/dev/pts/5")));
+  EXPECT_THAT(store.values("Settings"), ElementsAre(Pair("Language", "2")));
 }
 
 TEST_F(SettingsStoreTest, KeepsWhatAPersonWroteByHand) {
@@ -107,7 +109,7 @@ TEST_P(BrokenSettings, AreNamedAndLeftAlone) {
   put(userFile(), GetParam().bytes);
   const auto named = AllOf(HasSubstr(userFile().string()), HasSubstr(GetParam().fault));
   EXPECT_THAT(errorOf([&] { static_cast<void>(store.value("Settings/Language")); }), named);
-  EXPECT_THAT(errorOf([&] { static_cast<void>(store.names("Settings")); }), named);
+  EXPECT_THAT(errorOf([&] { static_cast<void>(store.values("Settings")); }), named);
   EXPECT_THAT(errorOf([&] { store.setValue("Settings/Language", "2"); }), named);
   EXPECT_THAT(errorOf([&] { store.remove("Settings/Language"); }), named);
   EXPECT_EQ(bytesOf(userFile()), GetParam().bytes);
@@ -184,7 +186,7 @@ TEST_F(SettingsStoreTest, LosesNothingToTwoWriters) {
   int status = 0;
   ASSERT_EQ(::waitpid(other, &status, 0), other);
   EXPECT_EQ(status, 0);
-  EXPECT_EQ(store.names("Settings").size(), 60U);
+  EXPECT_EQ(store.values("Settings").size(), 60U);
 }
 
 TEST_F(SettingsStoreTest, LosesNothingToAKill) {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "localisation/Settings.h"
 #include "platform/RunTimeError.h"
 #include "platform/Text.h"
 
@@ -18,8 +19,9 @@ std::string settingName(const std::u16string& name) {
 
 }  // namespace
 
-LinuxRegistryHelper::LinuxRegistryHelper(const Locale& locale, DeviceLookup lookup)
-    : locale_(locale), lookup_(std::move(lookup)) {}
+LinuxRegistryHelper::LinuxRegistryHelper(const Locale& locale, DeviceLookup lookup,
+                                         bool keepsSettings)
+    : locale_(locale), lookup_(std::move(lookup)), keepsSettings_(keepsSettings) {}
 
 bool LinuxRegistryHelper::isSettingsKey(std::int32_t hive, const std::u16string& key) const {
   return hive == HKeyLocalMachine() && key == settingsKey;
@@ -33,7 +35,7 @@ void LinuxRegistryHelper::SetValue(std::int32_t hive, const std::u16string& key,
                                                      toUtf8(key) +
                                                      " cannot be written: it is no setting");
   }
-  store_.setValue(settingName(name), toUtf8(toText(value, u".")));
+  if (keepsSettings_) store_.setValue(settingName(name), toUtf8(toText(value, u".")));
 }
 
 Variant LinuxRegistryHelper::GetValue(std::int32_t hive, const std::u16string& key,
@@ -45,7 +47,7 @@ Variant LinuxRegistryHelper::GetValue(std::int32_t hive, const std::u16string& k
   if (hive == HKeyCurrentUser() && key == internationalKey && name == decimalName) {
     return locale_.decimalSeparator();
   }
-  return hive == HKeyLocalMachine() && lookup_ ? lookup_(key, name) : Variant();
+  return hive == HKeyLocalMachine() ? lookup_(key, name) : Variant();
 }
 
 }  // namespace tessara

@@ -20,11 +20,11 @@ class LinuxRegistryHelper final : public RegistryHelper {
   using DeviceLookup =
       std::function<Variant(const std::u16string& key, const std::u16string& name)>;
 
-  static constexpr const char16_t* settingsKey = u"Software\\Orvane\\Tessara-Conf\\Settings";
   static constexpr const char* settingsGroup = "Settings";
 
-  /// `locale` has to outlive the helper. Without a lookup, keys of devices read as nothing.
-  explicit LinuxRegistryHelper(const Locale& locale, DeviceLookup lookup = {});
+  /// `locale` has to outlive the helper. With `keepsSettings` false, settings that are written are
+  /// dropped.
+  LinuxRegistryHelper(const Locale& locale, DeviceLookup lookup, bool keepsSettings = true);
 
   [[nodiscard]] std::int32_t ValueTypeNumber() const override { return 4; }
   [[nodiscard]] std::int32_t HKeyCurrentUser() const override { return hiveNumber(0x80000001); }
@@ -44,6 +44,7 @@ class LinuxRegistryHelper final : public RegistryHelper {
 
   const Locale& locale_;
   DeviceLookup lookup_;
+  bool keepsSettings_;
   SettingsStore store_;
 };
 

@@ -38,11 +38,11 @@ std::optional<std::int16_t> comPortNumber(std::string_view text) {
 
 std::vector<KnownPort> SettingsPorts::ports() const {
   std::map<std::int16_t, KnownPort> entered;
-  for (const std::string& name : store_.names(group)) {
+  for (const auto& [name, text] : store_.values(group)) {
     const auto [number, place] = placeOf(name);
     KnownPort& port = entered[number];
     port.comPort = number;
-    port.*place = store_.value(std::string(group) + '/' + name).value_or("");
+    port.*place = text;
   }
   std::vector<KnownPort> ports;
   for (auto& [number, port] : entered) {

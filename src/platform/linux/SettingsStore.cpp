@@ -93,18 +93,33 @@ void write(QSettings& settings, const QString& key, const QVariant& raw) {
   }
 }
 
+/// The text of a value that is there.
+std::string textOf(const QSettings& settings, const QString& key) {
+  try {
+    return decodeValue(settings.value(key)).toStdString();
+  } catch (const RunTimeError& error) {
+    fail(originOf(settings, key), "holds no usable " + key.toStdString() + ": " + error.what());
+  }
+}
+
 }  // namespace
 
 std::optional<std::string> SettingsStore::value(const std::string& name) const {
   const auto settings = openSound();
   const QString key = QString::fromStdString(name);
-  const QVariant raw = settings->value(key);
-  if (!raw.isValid()) return std::nullopt;
-  try {
-    return decodeValue(raw).toStdString();
-  } catch (const RunTimeError& error) {
-    fail(originOf(*settings, key), "holds no usable " + name + ": " + error.what());
+  return settings->contains(key) ? std::optional(textOf(*settings, key)) : std::nullopt;
+}
+
+std::map<std::string, std::string> SettingsStore::values(const std::string& group) const {
+  const auto settings = openSound();
+  const QString prefix = QString::fromStdString(group) + u'/';
+  std::map<std::string, std::string> values;
+  for (const QString& key : settings->allKeys()) {
+    if (key.startsWith(prefix)) {
+      values[key.mid(prefix.size()).toStdString()] = textOf(*settings, key);
+    }
   }
+  return values;
 }
 
 void SettingsStore::setValue(const std::string& name, const std::string& text) {
@@ -119,16 +134,6 @@ void SettingsStore::remove(const std::string& name) {
   settings->setFallbacksEnabled(false);
   const QString key = QString::fromStdString(name);
   if (settings->contains(key)) write(*settings, key, {});
-}
-
-std::vector<std::string> SettingsStore::names(const std::string& group) const {
-  const auto settings = openSound();
-  settings->beginGroup(QString::fromStdString(group));
-  std::vector<std::string> names;
-  for (const QString& name : settings->allKeys()) {
-    names.push_back(name.toStdString());
-  }
-  return names;
 }
 
 std::string SettingsStore::path() const {

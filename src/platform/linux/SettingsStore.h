@@ -1,8 +1,8 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace tessara {
 
@@ -31,9 +31,9 @@ class SettingsStore {
   /// there is none.
   void remove(const std::string& name);
 
-  /// The names of all values of the user's and the system-wide files under `group`, without the
-  /// group, in alphabetical order.
-  [[nodiscard]] std::vector<std::string> names(const std::string& group) const;
+  /// All values of the user's and the system-wide files under `group`, by their names without the
+  /// group.
+  [[nodiscard]] std::map<std::string, std::string> values(const std::string& group) const;
 
   /// The user's file, whether it exists or not.
   [[nodiscard]] std::string path() const;

@@ -1,0 +1,102 @@
+#include "ModuleReading.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "control/ModuleWide.h"
+#include "control/Transport.h"
+#include "localisation/Settings.h"
+#include "platform/Text.h"
+
+namespace tessara {
+
+namespace {
+
+std::string portName(std::int16_t comPort) {
+  return comPort == usbReaderPort ? "the USB NFC reader" : "COM" + std::to_string(comPort);
+}
+
+[[noreturn]] void failUnknownPort(std::int16_t comPort, const std::vector<KnownPort>& ports) {
+  std::string known;
+  for (const KnownPort& port : ports) {
+    known += (known.empty() ? "there are " : ", ") + portName(port.comPort);
+  }
+  throw ReadFailure(ExitCode::NoConnection, "there is no port " + portName(comPort) + "; " +
+                                                (known.empty() ? "no port was found" : known));
+}
+
+/// True if that line of the port list stands for the port.
+bool isLineOf(const std::u16string& line, std::int16_t comPort) {
+  return comPort == usbReaderPort ? line == usbReaderLine
+                                  : line.ends_with(fromUtf8("(" + portName(comPort) + ")"));
+}
+
+/// Makes sure that the port of the request is the one that is selected: the control itself takes
+/// the first port, or one whose number begins alike, for a port that it does not find.
+void selectPort(Widget& list, std::int16_t comPort) {
+  if (isLineOf(list.text(), comPort)) return;
+  const auto& lines = list.state().items;
+  const auto line = std::find_if(lines.begin(), lines.end(), [&](const std::u16string& label) {
+    return isLineOf(label, comPort);
+  });
+  if (line == lines.end()) {
+    throw ReadFailure(ExitCode::NoConnection,
+                      portName(comPort) +
+                          " is not in the list of ports: its adapter is of no known kind. With the "
+                          "setting ShowAllComPorts at 1 such ports are listed too");
+  }
+  list.select(static_cast<std::int32_t>(line - lines.begin()));
+}
+
+std::int16_t languageOf(const ModulInfoFLII& control, const ReadRequest& request) {
+  if (request.language) return static_cast<std::int16_t>(*request.language);
+  return ReadNumber(live(moduleWide().RegistryHelper, "RegistryHelper"), u"Language",
+                    control.decimalSeparator());
+}
+
+void showControl(ModulInfoFLII& control, LinuxPlatform& platform, const ReadRequest& request) {
+  control.UserControl_Initialize();
+  control.put_AppPathString(platform.appPath());
+  control.put_Language(languageOf(control, request));
+  control.put_ComPort(request.comPort);
+  control.put_Baudrate(request.baudrate);
+  control.UserControl_Show();
+  selectPort(control.panel.ComboComPort, request.comPort);
+  if (request.address) control.panel.txtDevAddr.setText(decimalText(*request.address));
+}
+
+/// Why a connected module could not be read to the end.
+std::string causeOf(const DeviceLog& log, const LinuxPlatform& platform) {
+  if (!log.error().empty()) return log.error();
+  return "the module answered, but " + toUtf8(platform.appPath()) +
+         "/TessaraDevices.xml could not be used for it";
+}
+
+}  // namespace
+
+void bringUp(ModulInfoFLII& control, LinuxPlatform& platform, const ReadRequest& request) {
+  try {
+    const auto ports = platform.ports().ports();
+    const bool isKnown = request.comPort == usbReaderPort ||
+                         std::any_of(ports.begin(), ports.end(), [&](const KnownPort& port) {
+                           return port.comPort == request.comPort;
+                         });
+    if (!isKnown) failUnknownPort(request.comPort, ports);
+    showControl(control, platform, request);
+  } catch (const RunTimeError& error) {
+    throw ReadFailure(ExitCode::NoConnection, error.what());
+  }
+}
+
+void readOnce(ModulInfoFLII& control, LinuxPlatform& platform, const DeviceLog& log) {
+  control.AutomaticConnection();
+  if (control.bDataValid) return;
+  if (!log.hasConnected()) {
+    throw ReadFailure(ExitCode::NoConnection,
+                      "no connection: " + control.get_CommunicationObject()->connectFailure());
+  }
+  throw ReadFailure(ExitCode::ReadFailed,
+                    "the module could not be read: " + causeOf(log, platform));
+}
+
+}  // namespace tessara

@@ -1,0 +1,79 @@
+#include "PanelJson.h"
+
+#include <nlohmann/json.hpp>
+
+#include "PanelText.h"
+#include "platform/Text.h"
+
+namespace tessara {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// The number as far as the module gives one: HART transmitters tell their serial number as text.
+Json serialNumber(const ModulInfoFLII& control) {
+  if (const auto* number = std::get_if<std::uint64_t>(&control.SerialNumber)) return *number;
+  return withoutPadding(control.panel.LblSerialNumber.caption());
+}
+
+/// The number of the picture that shows the module's state: 1 without a fault, 2 with any other.
+Json statePicture(const Panel& panel) {
+  const auto* number = std::get_if<std::int32_t>(&panel.ImageDevState.state().picture);
+  return number != nullptr && panel.ImageDevState.visible() ? Json(*number) : Json();
+}
+
+Json linksOf(const ModulInfoFLII& control) {
+  return {{"product", toUtf8(control.ProductLink)},
+          {"datasheet", toUtf8(control.DatasheetLink)},
+          {"packb", toUtf8(control.PackbLink)}};
+}
+
+struct ResultJson {
+  Json operator()(std::monostate /*nothing*/) const { return nullptr; }
+  Json operator()(bool value) const { return value; }
+  Json operator()(const DeviceWords& words) const { return words; }
+};
+
+Json traceOf(const std::vector<DeviceCall>& calls) {
+  Json trace = Json::array();
+  for (const DeviceCall& call : calls) {
+    Json entry{{"object", call.object}, {"operation", call.operation}, {"args", call.arguments}};
+    if (call.error) {
+      entry["error"] = *call.error;
+    } else {
+      entry["result"] = std::visit(ResultJson{}, call.result);
+    }
+    entry["ms"] = call.milliseconds;
+    trace.push_back(std::move(entry));
+  }
+  return trace;
+}
+
+}  // namespace
+
+std::string panelJson(const ModulInfoFLII& control, const std::vector<DeviceCall>* trace) {
+  const Panel& panel = control.panel;
+  Json json{{"port", "COM" + std::to_string(control.ComPort)},
+            {"adapter", toUtf8(panel.ComboComPort.text())},
+            {"baudrate", control.Baudrate},
+            {"address", control.DevAddr},
+            {"vendorId", control.VendorID},
+            {"groupId", control.GroupID},
+            {"familyId", control.FamilyID},
+            {"deviceId", control.DeviceID},
+            {"deviceName", withoutPadding(control.DeviceName)},
+            {"description", withoutPadding(panel.LabelDeviceDescription.caption())},
+            {"firmwareVersion", withoutPadding(control.FwVersion)},
+            {"serialNumber", serialNumber(control)},
+            {"moduleStatus", toUtf8(panel.LblModulState.caption())},
+            {"channelStatus", toUtf8(panel.LblChnState.caption())},
+            {"statePicture", statePicture(panel)},
+            {"links", linksOf(control)},
+            {"statusString", toUtf8(control.StatusString)},
+            {"dataValid", control.get_DataValid()}};
+  if (trace != nullptr) json["trace"] = traceOf(*trace);
+  return json.dump(2) + '\n';
+}
+
+}  // namespace tessara

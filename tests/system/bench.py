@@ -1,0 +1,150 @@
+"""A test bench for the real programs: a user of its own, modules, ports and peers."""
+
+import contextlib
+import json
+import os
+import pathlib
+import pty
+import shutil
+import subprocess
+import tempfile
+import time
+import tty
+import unittest
+
+BIN = pathlib.Path(os.environ["SYSTEM_BIN"])
+HERE = pathlib.Path(__file__).resolve().parent
+
+# A generous deadline: the machine may be busy with other tests.
+PATIENCE = 60
+
+# Somebody who owns nothing.
+NOBODY = 65534
+
+CATALOGUE = "TessaraDevices.xml"
+
+# A temperature transmitter that the catalogue knows with this firmware, without a fault.
+HEALTHY = {
+    "vendorId": 49,
+    "groupId": 1,
+    "familyId": 15,
+    "deviceId": 151,
+    "firmware": "1.100",
+    "secondVersion": "1.000",
+    "serialNumber": "4711",
+    "name": "TESSARA TM 151",
+    "status": {"80": 0, "81": "0x80", "82": 0, "83": "0x80", "84": 0},
+}
+
+
+def wait_for(condition, what):
+    """Waits until the condition is true, and gives what it gave."""
+    deadline = time.monotonic() + PATIENCE
+    while time.monotonic() < deadline:
+        result = condition()
+        if result:
+            return result
+        time.sleep(0.01)
+    raise AssertionError(f"waited in vain for {what}")
+
+
+class Bench(unittest.TestCase):
+    """Runs each test with configuration and runtime folders of its own."""
+
+    maxDiff = None
+
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="tessara-"))
+        self.addCleanup(shutil.rmtree, self.folder)
+        self.environment = {
+            "PATH": os.environ["PATH"],
+            "HOME": str(self.folder),
+            "LC_ALL": "C.UTF-8",
+            "XDG_CONFIG_HOME": str(self.folder / "user"),
+            "XDG_CONFIG_DIRS": str(self.folder / "system"),
+            "XDG_RUNTIME_DIR": str(self.folder),
+        }
+        self.settings_file = self.folder / "user" / "Orvane" / "Tessara-Conf.ini"
+        self.modulinfo = BIN / "modulinfo"
+        self.simulators = []
+        self.addCleanup(self.end_simulators)
+
+    def run_modulinfo(self, *arguments, **options):
+        """Runs the command line to its end; its output is text."""
+        return subprocess.run(
+            [self.modulinfo, *map(str, arguments)],
+            env=self.environment, stdin=subprocess.DEVNULL, capture_output=True,
+            encoding="utf-8", timeout=PATIENCE, check=False, **options)
+
+    def succeed(self, *arguments):
+        """Runs the command line, which has to succeed without a complaint, and gives its output."""
+        done = self.run_modulinfo(*arguments)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        return done.stdout
+
+    def fail_with(self, code, *arguments, **options):
+        """Runs the command line, which has to end with that code and to print nothing but a
+        complaint, and gives the complaint."""
+        done = self.run_modulinfo(*arguments, **options)
+        self.assertEqual((done.returncode, done.stdout), (code, ""), done.stderr)
+        return done.stderr
+
+    def write_settings(self, text):
+        self.settings_file.parent.mkdir(parents=True, exist_ok=True)
+        self.settings_file.write_text(text, encoding="utf-8")
+
+    def module(self, file="module.json", /, **changes):
+        """The path of a module file: the healthy module with these changes."""
+        path = self.folder / file
+        path.write_text(json.dumps(HEALTHY | changes), encoding="utf-8")
+        return path
+
+    def private_installation(self):
+        """A copy of the program in a folder of its own, with the language files and without a
+        catalogue; the command line is run from there from now on. Gives the folder."""
+        place = self.folder / "installed"
+        place.mkdir()
+        shutil.copy2(self.modulinfo, place)
+        for file in BIN.glob("MERIDEX_CONF.*"):
+            shutil.copy2(file, place)
+        self.modulinfo = place / "modulinfo"
+        return place
+
+    def simulator(self, *modules, options=()):
+        """Starts a simulator with these module files and gives its ports, "COM100" to device."""
+        process = subprocess.Popen(
+            [self.modulinfo, "simulate", *options, *map(str, modules)],
+            env=self.environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+            encoding="utf-8")
+        self.simulators.append(process)
+        self.announced = [process.stdout.readline() for _ in modules]
+        return dict(line.split()[:2] for line in self.announced)
+
+    def end_simulators(self):
+        """Ends the simulators as a person does, and makes sure that they end in order."""
+        while self.simulators:
+            process = self.simulators.pop()
+            process.terminate()
+            self.assertEqual(process.wait(PATIENCE), 0)
+            process.stdout.close()
+
+    @contextlib.contextmanager
+    def silent_port(self):
+        """A port with nobody at its other end that answers; gives its device node."""
+        master, slave = pty.openpty()
+        tty.setraw(master)
+        try:
+            yield os.ttyname(slave)
+        finally:
+            os.close(master)
+            os.close(slave)
+
+    def as_nobody(self):
+        """Options that run a program as somebody to whom devices of others are closed. Whoever runs
+        the tests as such a person already is left as he is."""
+        if os.geteuid() != 0:
+            return {}
+        for path in (self.folder, *self.folder.rglob("*")):
+            os.chown(path, NOBODY, NOBODY)
+        return {"user": NOBODY, "group": NOBODY, "extra_groups": []}
+

@@ -1,0 +1,71 @@
+"""How `modulinfo read` ends if there is no way to the module."""
+
+import fcntl
+import os
+import unittest
+
+from bench import Bench
+
+
+class ReadPorts(Bench):
+    def enter_port(self, device):
+        self.write_settings(f"[Ports]\nCOM9\\Device={device}\nCOM9\\Name=\\Device\\Silabser9\n")
+
+    def test_a_port_that_nobody_knows(self):
+        self.simulator(self.module())
+        complaint = self.fail_with(3, "read", "--port", "COM77")
+        self.assertIn("there is no port COM77; there are COM100", complaint)
+
+    def test_a_port_that_nobody_knows_leaves_the_settings_alone(self):
+        self.simulator(self.module())
+        self.fail_with(3, "read", "--port", "COM77")
+        self.assertFalse(self.settings_file.exists()
+                         and "COM%20Port" in self.settings_file.read_text("utf-8"))
+
+    def test_a_device_that_is_not_there(self):
+        self.enter_port("/dev/pts/no-such-port")
+        self.assertIn("no connection: COM9 (/dev/pts/no-such-port) is not there",
+                      self.fail_with(3, "read", "--port", "COM9"))
+
+    def test_a_device_that_is_no_port(self):
+        self.enter_port("/dev/null")
+        self.assertIn("COM9 (/dev/null) is no serial port",
+                      self.fail_with(3, "read", "--port", "COM9"))
+
+    def test_a_port_in_use_by_another_program(self):
+        with self.silent_port() as device:
+            self.enter_port(device)
+            holder = os.open(device, os.O_RDWR | os.O_NOCTTY)
+            fcntl.flock(holder, fcntl.LOCK_EX)
+            complaint = self.fail_with(3, "read", "--port", "COM9")
+            os.close(holder)
+        self.assertIn(f"COM9 ({device}) is in use by another program", complaint)
+
+    def test_a_port_without_permission(self):
+        with self.silent_port() as device:
+            self.enter_port(device)
+            os.chmod(device, 0)
+            complaint = self.fail_with(3, "read", "--port", "COM9", **self.as_nobody())
+        self.assertIn(f"COM9 ({device}) cannot be opened: no permission", complaint)
+
+    def test_a_port_of_no_known_kind_is_not_listed(self):
+        with self.silent_port() as device:
+            self.write_settings(f"[Ports]\nCOM9\\Device={device}\nCOM9\\Name=\\Device\\Serial9\n")
+            complaint = self.fail_with(3, "read", "--port", "COM9")
+        self.assertIn("COM9 is not in the list of ports", complaint)
+        self.assertIn("ShowAllComPorts", complaint)
+
+    def test_a_port_of_no_known_kind_is_listed_on_demand(self):
+        ports = self.simulator(self.module())
+        self.write_settings(f"[Ports]\nCOM9\\Device={ports['COM100']}\n"
+                            "COM9\\Name=\\Device\\Serial9\n[Settings]\nShowAllComPorts=1\n")
+        self.assertIn("Serial Port (COM9)", self.succeed("read", "--port", "COM9"))
+
+    def test_a_simulator_that_has_ended_takes_its_port_along(self):
+        self.simulator(self.module())
+        self.end_simulators()
+        self.assertIn("there is no port COM100", self.fail_with(3, "read", "--port", "COM100"))
+
+
+if __name__ == "__main__":
+    unittest.main()
