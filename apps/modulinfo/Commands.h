@@ -15,6 +15,7 @@ using Command = std::function<ExitCode()>;
 /// `chosen`. Standard output takes the result and nothing else; what went wrong goes to standard
 /// error.
 void addLanguageCommand(CLI::App& app, Command& chosen);
+void addPortsCommand(CLI::App& app, Command& chosen);
 void addReadCommand(CLI::App& app, Command& chosen);
 void addSettingsCommand(CLI::App& app, Command& chosen);
 void addSimulateCommand(CLI::App& app, Command& chosen);

@@ -19,6 +19,7 @@ int run(int argc, char** argv) {
 
   tessara::Command chosen;
   tessara::addLanguageCommand(app, chosen);
+  tessara::addPortsCommand(app, chosen);
   tessara::addReadCommand(app, chosen);
   tessara::addSettingsCommand(app, chosen);
   tessara::addSimulateCommand(app, chosen);

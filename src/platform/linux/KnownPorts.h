@@ -9,7 +9,8 @@
 namespace tessara {
 
 /// All ports of this system: those of several sources, one source after the other. A number that
-/// two sources claim belongs to the first of them.
+/// two sources claim belongs to the first of them, and so does a device node: what the later one
+/// knows of the driver and the USB device behind it goes to the ports of the first.
 class KnownPorts final : public PortSource, public PortDirectory {
  public:
   /// Asks `source` after those that are there already; it has to outlive this object.

@@ -1,0 +1,54 @@
+#include <QCoreApplication>
+#include <iostream>
+#include <memory>
+
+#include "Commands.h"
+#include "localisation/Settings.h"
+#include "platform/headless/HeadlessMessageHelper.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/ports/PortList.h"
+#include "platform/qt/QtEventLoop.h"
+#include "ports/RegEnum.h"
+
+namespace tessara {
+
+namespace {
+
+/// The port list as a control would show it now.
+RegEnum listOf(LinuxPlatform& platform) {
+  const auto registry = platform.createRegistryHelper();
+  RegEnum list;
+  list.ShowAllComPorts =
+      ReadNumber(*registry, u"ShowAllComPorts", platform.locale().decimalSeparator());
+  EnumerateComPorts(list, *registry, platform.registryApi());
+  return list;
+}
+
+bool readerAnswers(NfcReaderLibrary& reader) {
+  constexpr std::size_t replySize = 256;
+  std::string reply(replySize, '\0');
+  return reader.CR95HFDLL_USBconnect() == NfcReaderLibrary::success &&
+         reader.CR95HFDll_Echo(reply) == NfcReaderLibrary::success;
+}
+
+ExitCode listPorts(bool json) {
+  int argumentCount = 0;
+  const QCoreApplication application(argumentCount, nullptr);
+  QtEventLoop loop;
+  LinuxPlatform platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr));
+  const auto lines = portLines(listOf(platform), readerAnswers(platform.nfcReaderLibrary()),
+                               platform.ports().ports());
+  json ? printPortJson(std::cout, lines) : printPortTable(std::cout, lines);
+  return ExitCode::Done;
+}
+
+}  // namespace
+
+void addPortsCommand(CLI::App& app, Command& chosen) {
+  CLI::App* ports = app.add_subcommand("ports", "List the ports on which a module could be");
+  const auto json = std::make_shared<bool>(false);
+  ports->add_flag("--json", *json, "Print one JSON object");
+  ports->callback([&chosen, json] { chosen = [json] { return listPorts(*json); }; });
+}
+
+}  // namespace tessara

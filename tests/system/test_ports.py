@@ -1,0 +1,165 @@
+"""`modulinfo ports`: which ports there are, and what stands behind each."""
+
+import fcntl
+import json
+import os
+import subprocess
+import unittest
+
+from bench import PATIENCE, Bench
+
+CONTROLLER = "/devices/pci0000:00/0000:00:14.0/usb1"
+
+
+def adapter(tty, serial, socket):
+    """A programming adapter in the description of devices that umockdev reads."""
+    device = f"{CONTROLLER}/1-{socket}"
+    interface = f"{device}/1-{socket}:1.0"
+    serial_port = f"{interface}/{tty}"
+    return f"""\
+P: {device}
+E: SUBSYSTEM=usb
+E: DEVTYPE=usb_device
+A: idVendor=10c4\\n
+A: idProduct=ea60\\n
+A: serial={serial}\\n
+
+P: {interface}
+E: SUBSYSTEM=usb
+E: DEVTYPE=usb_interface
+A: bInterfaceNumber=00\\n
+
+P: {serial_port}
+E: SUBSYSTEM=usb-serial
+E: DRIVER=cp210x
+L: driver=../../../../../../../bus/usb-serial/drivers/cp210x
+
+P: {serial_port}/tty/{tty}
+N: {tty}
+E: DEVNAME=/dev/{tty}
+E: SUBSYSTEM=tty
+"""
+
+
+CONSOLE = """\
+P: /devices/virtual/tty/tty0
+E: SUBSYSTEM=tty
+"""
+
+
+class Ports(Bench):
+    def enter_port(self, device, name="Silabser9", more=""):
+        self.write_settings(f"[Ports]\nCOM9\\Device={device}\nCOM9\\Name=\\Device\\{name}\n{more}")
+
+    def listed(self):
+        """The objects of the JSON list by their ports; real ports of this machine among them."""
+        return {port["port"]: port for port in json.loads(self.succeed("ports", "--json"))["ports"]}
+
+    def state(self, device):
+        self.enter_port(device)
+        return self.listed()["COM9"]["state"]
+
+    def on_machine(self, *devices):
+        """The JSON list on a machine that has these devices and no others."""
+        bed = self.folder / "machine.umockdev"
+        bed.write_text("\n".join([CONSOLE, *devices]), encoding="utf-8")
+        linked = subprocess.run(["ldd", self.modulinfo], capture_output=True, encoding="utf-8",
+                                timeout=PATIENCE, check=True).stdout
+        # The sanitizer has to come before the library that makes the machine.
+        sanitizer = [line.split()[2] for line in linked.splitlines() if "libasan" in line]
+        preload = ":".join([*sanitizer, "libumockdev-preload.so.0"])
+        done = subprocess.run(
+            ["umockdev-run", "-d", bed, "--", "env", f"LD_PRELOAD={preload}",
+             self.modulinfo, "ports", "--json"],
+            env=self.environment, stdin=subprocess.DEVNULL, capture_output=True,
+            encoding="utf-8", timeout=PATIENCE, check=False)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        return json.loads(done.stdout)["ports"]
+
+    def test_a_port_entered_by_hand(self):
+        with self.silent_port() as device:
+            self.enter_port(device)
+            self.assertEqual(self.listed()["COM9"], {
+                "label": "USB Adapter OKT (COM9)", "port": "COM9", "state": "free",
+                "deviceName": "\\Device\\Silabser9", "device": device, "driver": None,
+                "usb": None})
+
+    def test_the_table_tells_the_same(self):
+        with self.silent_port() as device:
+            self.enter_port(device)
+            first = self.succeed("ports").splitlines()[0]
+            self.assertEqual(first.split("  "), ["USB Adapter OKT (COM9)", "free", device])
+
+    def test_a_port_of_a_running_simulator(self):
+        device = self.simulator(self.module())["COM100"]
+        port = self.listed()["COM100"]
+        self.assertEqual((port["label"], port["device"], port["state"]),
+                         ("USB Adapter OKT (COM100)", device, "free"))
+
+    def test_a_port_in_use(self):
+        with self.silent_port() as device:
+            holder = os.open(device, os.O_RDWR | os.O_NOCTTY)
+            fcntl.flock(holder, fcntl.LOCK_EX)
+            self.assertEqual(self.state(device), "in use")
+            os.close(holder)
+            self.assertEqual(self.state(device), "free")
+
+    def test_a_port_without_permission(self):
+        with self.silent_port() as device:
+            self.enter_port(device)
+            os.chmod(device, 0)
+            done = self.run_modulinfo("ports", **self.as_nobody())
+            self.assertIn("USB Adapter OKT (COM9)  denied", done.stdout)
+
+    def test_ports_that_are_none(self):
+        self.assertEqual(self.state("/dev/no-such-port"), "absent")
+        self.assertEqual(self.state("/dev/null"), "no serial port")
+
+    def test_a_port_of_no_known_kind_is_told_apart(self):
+        with self.silent_port() as device:
+            self.enter_port(device, "Serial9")
+            self.assertIsNone(self.listed()["COM9"]["label"])
+            self.enter_port(device, "Serial9", "[Settings]\nShowAllComPorts=1\n")
+            self.assertEqual(self.listed()["COM9"]["label"], "Serial Port (COM9)")
+
+    def test_an_adapter_with_its_driver_and_usb_device(self):
+        self.assertEqual(self.on_machine(adapter("ttyUSB0", "0001", 2)), [{
+            "label": "USB Adapter OKT (COM3)", "port": "COM3", "state": "free",
+            "deviceName": "\\Device\\Silabser0", "device": "/dev/ttyUSB0", "driver": "cp210x",
+            "usb": {"vendor": "10C4", "product": "EA60", "serial": "0001", "interface": 0}}])
+
+    def test_a_machine_without_ports(self):
+        self.assertEqual(self.on_machine(), [])
+
+    def test_adapters_keep_their_numbers_from_start_to_start(self):
+        def serials(ports):
+            return {port["port"]: port["usb"]["serial"] for port in ports}
+
+        first, second = adapter("ttyUSB0", "0001", 2), adapter("ttyUSB1", "0002", 3)
+        both = {"COM3": "0001", "COM4": "0002"}
+        self.assertEqual(serials(self.on_machine(first, second)), both)
+        self.assertEqual(serials(self.on_machine(second)), {"COM4": "0002"})
+        swapped = adapter("ttyUSB0", "0002", 7), adapter("ttyUSB1", "0001", 8)
+        self.assertEqual(serials(self.on_machine(*swapped)), both)
+
+    def test_settings_that_cannot_be_written_hinder_no_list(self):
+        self.write_settings("[Settings]\nLanguage=2\n")
+        nobody = self.as_nobody()
+        self.settings_file.chmod(0o444)
+        self.settings_file.parent.chmod(0o555)
+        done = self.run_modulinfo("ports", "--json", **nobody)
+        self.settings_file.parent.chmod(0o755)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertIn("ports", json.loads(done.stdout))
+        self.assertEqual(self.settings_file.read_text("utf-8"), "[Settings]\nLanguage=2\n")
+
+    def test_settings_that_hold_nonsense(self):
+        self.write_settings("[Ports]\nSomething=else\n")
+        self.assertIn("names no port", self.fail_with(1, "ports", "--json"))
+
+    def test_wrong_usage(self):
+        self.fail_with(2, "ports", "COM3")
+
+
+if __name__ == "__main__":
+    unittest.main()
