@@ -13,7 +13,17 @@ namespace tessara {
 namespace {
 
 std::string portName(std::int16_t comPort) {
-  return comPort == usbReaderPort ? "the USB NFC reader" : "COM" + std::to_string(comPort);
+  return "COM" + std::to_string(comPort);
+}
+
+/// The port is known and stands in no line of the port list.
+[[noreturn]] void failUnlistedPort(std::int16_t comPort) {
+  throw ReadFailure(ExitCode::NoConnection,
+                    comPort == usbReaderPort
+                        ? "no USB NFC reader was found"
+                        : portName(comPort) +
+                              " is not in the list of ports: its adapter is of no known kind. With "
+                              "the setting ShowAllComPorts at 1 such ports are listed too");
 }
 
 [[noreturn]] void failUnknownPort(std::int16_t comPort, const std::vector<KnownPort>& ports) {
@@ -39,12 +49,7 @@ void selectPort(Widget& list, std::int16_t comPort) {
   const auto line = std::find_if(lines.begin(), lines.end(), [&](const std::u16string& label) {
     return isLineOf(label, comPort);
   });
-  if (line == lines.end()) {
-    throw ReadFailure(ExitCode::NoConnection,
-                      portName(comPort) +
-                          " is not in the list of ports: its adapter is of no known kind. With the "
-                          "setting ShowAllComPorts at 1 such ports are listed too");
-  }
+  if (line == lines.end()) failUnlistedPort(comPort);
   list.select(static_cast<std::int32_t>(line - lines.begin()));
 }
 
@@ -76,12 +81,9 @@ std::string causeOf(const DeviceLog& log, const LinuxPlatform& platform) {
 
 void bringUp(ModulInfoFLII& control, LinuxPlatform& platform, const ReadRequest& request) {
   try {
-    const auto ports = platform.ports().ports();
-    const bool isKnown = request.comPort == usbReaderPort ||
-                         std::any_of(ports.begin(), ports.end(), [&](const KnownPort& port) {
-                           return port.comPort == request.comPort;
-                         });
-    if (!isKnown) failUnknownPort(request.comPort, ports);
+    const bool isKnown =
+        request.comPort == usbReaderPort || platform.ports().deviceOf(request.comPort);
+    if (!isKnown) failUnknownPort(request.comPort, platform.ports().ports());
     showControl(control, platform, request);
   } catch (const RunTimeError& error) {
     throw ReadFailure(ExitCode::NoConnection, error.what());

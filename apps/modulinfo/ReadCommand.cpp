@@ -43,6 +43,7 @@ void readAndPrint(const ReadRequest& request, const PortSource* simulator) {
   LinuxPlatformOptions options;
   options.callSink = [&log](const DeviceCall& call) { log.add(call); };
   options.embedded = simulator;
+  options.looksForDevices = simulator == nullptr;
   options.keepsSettings = simulator == nullptr;
   LinuxPlatform platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr),
                          std::move(options));

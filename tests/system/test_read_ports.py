@@ -22,6 +22,9 @@ class ReadPorts(Bench):
         self.assertFalse(self.settings_file.exists()
                          and "COM%20Port" in self.settings_file.read_text("utf-8"))
 
+    def test_a_reader_that_is_not_there(self):
+        self.assertIn("no USB NFC reader was found", self.fail_with(3, "read", "--port", "NFC"))
+
     def test_a_device_that_is_not_there(self):
         self.enter_port("/dev/pts/no-such-port")
         self.assertIn("no connection: COM9 (/dev/pts/no-such-port) is not there",

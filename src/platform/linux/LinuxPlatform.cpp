@@ -18,7 +18,7 @@ LinuxPlatform::LinuxPlatform(EventLoop& loop, std::shared_ptr<MessageHelper> mes
   enteredPorts_.add(settingsPorts_);
   enteredPorts_.add(announcedPorts_);
   allPorts_.add(enteredPorts_);
-  allPorts_.add(serialPorts_);
+  if (options_.looksForDevices) allPorts_.add(serialPorts_);
 }
 
 template <class Object>

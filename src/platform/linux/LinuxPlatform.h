@@ -25,6 +25,9 @@ struct LinuxPlatformOptions {
   const PortSource* embedded = nullptr;
   /// Loads the pictures of the panel; a program with a window brings one that can show them.
   std::shared_ptr<PictureLoader> pictures = std::make_shared<SignaturePictureLoader>();
+  /// False for a program that has no use for the ports of the system's devices, which take a while
+  /// to be found.
+  bool looksForDevices = true;
   /// False for a program that must not change what the user has chosen: settings that the control
   /// writes are then dropped.
   bool keepsSettings = true;
@@ -41,7 +44,7 @@ class LinuxPlatform final : public Platform {
                 LinuxPlatformOptions options = {});
 
   /// All ports that a control on this platform can use.
-  [[nodiscard]] const PortSource& ports() const { return allPorts_; }
+  [[nodiscard]] const KnownPorts& ports() const { return allPorts_; }
 
   std::shared_ptr<RegistryHelper> createRegistryHelper() override;
   std::shared_ptr<BitFieldHelper> createBitFieldHelper() override;
