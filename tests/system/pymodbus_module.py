@@ -6,17 +6,14 @@ Serves unit 192 at 19200 bit/s as the catalogue's TESSARA TM 151 with firmware 1
 wire break. Prints "ready" once it listens.
 """
 
-import asyncio
+import pathlib
 import struct
 import sys
 
-from pymodbus.datastore import ModbusSequentialDataBlock, ModbusServerContext, ModbusSlaveContext
-from pymodbus.server import StartAsyncSerialServer
-from pymodbus.transaction import ModbusRtuFramer
-from pymodbus.utilities import computeCRC
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
 
-UNIT = 192
-REPORT_SERVER_ID = 17
+from pymodbus_slave import serve
+
 IDENTIFICATION = (49, 1, 15, 151)
 NAME = b"Peer".ljust(32)
 
@@ -32,25 +29,4 @@ def registers():
     return words
 
 
-def answer(response):
-    """Replaces the answer to function 17, behind whose data pymodbus would put a status byte."""
-    if response.function_code != REPORT_SERVER_ID:
-        return response, False
-    data = b"\x01\xff" + struct.pack(">4H", *IDENTIFICATION)
-    frame = struct.pack(">BBB", UNIT, REPORT_SERVER_ID, len(data)) + data
-    return frame + struct.pack(">H", computeCRC(frame)), True
-
-
-async def serve(port):
-    slave = ModbusSlaveContext(ir=ModbusSequentialDataBlock(0, registers()), zero_mode=True)
-    server = await StartAsyncSerialServer(
-        ModbusServerContext(slaves={UNIT: slave}, single=False),
-        framer=ModbusRtuFramer, port=port, baudrate=19200, parity="N", timeout=0.005,
-        response_manipulator=answer, defer_start=True)
-    await server.start()
-    print("ready", flush=True)
-    await server.serve_forever()
-
-
-if __name__ == "__main__":
-    asyncio.run(serve(sys.argv[1]))
+serve(sys.argv[1], registers(), IDENTIFICATION)
