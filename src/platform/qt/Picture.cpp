@@ -76,7 +76,7 @@ Picture Picture::fromFile(const QString& path) {
     failPicture(path, file.errorString());
   }
   if (file.peek(svgFront).contains("<svg")) {
-    const Picture picture = fromSvg(file.readAll());
+    Picture picture = fromSvg(file.readAll());
     if (picture.isNull()) {
       failPicture(path, "its SVG is broken");
     }

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QLabel>
+#include <QMainWindow>
+#include <exception>
+
+#include "ActivityLight.h"
+#include "control/ModulInfoFLII.h"
+#include "platform/qt/PanelView.h"
+
+namespace tessara {
+
+/// A window around the panel of one control, and that control's host: the status line tells what
+/// the control reports. This host keeps no parameter set, and says so when one is asked for.
+class PanelWindow : public QMainWindow, private HostEvents {
+ public:
+  explicit PanelWindow(Platform& platform);
+
+  [[nodiscard]] ModulInfoFLII& control() { return control_; }
+
+  /// Gives the buttons that the control leaves without an answer one in the status line. To be
+  /// called when the control is up.
+  void answerOtherButtons();
+
+  /// Reads the module as the read button does; what goes wrong beyond that is shown.
+  void read();
+
+  /// Shows what went wrong in a box.
+  void showError(const std::exception& error) const;
+
+ private:
+  /// Shows a text in the status line for some seconds.
+  void tell(const QString& text);
+
+  void ModulActive(std::int32_t& lStatus) override;
+  void StatusChange() override;
+  void SetConfiguration() override;
+  void SaveConfiguration() override;
+  void LoadConfiguration() override;
+  void PrintConfiguration() override;
+  void DataTransfer() override;
+  void NFCReader(bool& bNFCReader) override;
+
+  ModulInfoFLII control_;
+  PanelView view_;
+  QLabel status_;
+  QLabel path_;
+  ActivityLight light_;
+};
+
+}  // namespace tessara

@@ -1,0 +1,155 @@
+"""What `modulinfo-panel` does, seen from outside."""
+
+import pathlib
+import shutil
+import struct
+import subprocess
+import sys
+import unittest
+import zlib
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "system"))
+
+from bench import BIN, HEALTHY, PATIENCE, Bench  # noqa: E402
+
+# The middle of the lower edge of the state picture's disc and triangle, and their colours.
+STATE_PIXEL = (34, 146)
+GREEN, ORANGE = (0x12, 0x80, 0x5C), (0xC2, 0x41, 0x0C)
+
+
+class Png:
+    """A picture of 8-bit RGB or RGBA pixels."""
+
+    def __init__(self, path):
+        data = path.read_bytes()
+        assert data.startswith(b"\x89PNG\r\n\x1a\n")
+        chunks, at = [], 8
+        while at < len(data):
+            length, kind = struct.unpack(">I4s", data[at:at + 8])
+            chunks.append((kind, data[at + 8:at + 8 + length]))
+            at += 12 + length
+        self.width, self.height, depth, colour = struct.unpack(">IIBB", chunks[0][1][:10])
+        assert depth == 8
+        self.channels = {2: 3, 6: 4}[colour]
+        packed = zlib.decompress(b"".join(part for kind, part in chunks if kind == b"IDAT"))
+        self.rows = self._unfiltered(packed)
+
+    def _unfiltered(self, packed):
+        size, step = self.width * self.channels, self.channels
+        rows, above = [], bytes(size)
+        for start in range(0, len(packed), size + 1):
+            kind, row = packed[start], bytearray(packed[start + 1:start + 1 + size])
+            for i in range(size):
+                left = row[i - step] if i >= step else 0
+                corner = above[i - step] if i >= step else 0
+                guess = left + above[i] - corner
+                nearest = min((left, above[i], corner), key=lambda value: abs(guess - value))
+                add = (0, left, above[i], (left + above[i]) // 2, nearest)[kind]
+                row[i] = (row[i] + add) & 255
+            rows.append(row)
+            above = row
+        return rows
+
+    def pixel(self, x, y):
+        start = x * self.channels
+        return tuple(self.rows[y][start:start + 3])
+
+
+class ProgramTest(Bench):
+    """Draws pictures; needs no display for it."""
+
+    def setUp(self):
+        super().setUp()
+        self.picture = self.folder / "panel.png"
+        self.program = BIN / "modulinfo-panel"
+
+    def run_panel(self, *arguments):
+        return subprocess.run(
+            [self.program, *map(str, arguments)],
+            env=self.environment, stdin=subprocess.DEVNULL, capture_output=True,
+            encoding="utf-8", timeout=PATIENCE, check=False)
+
+    def draw(self, *arguments, **changes):
+        """Draws the healthy module with these changes."""
+        return self.run_panel("--simulate", self.module(**changes), "--screenshot", self.picture,
+                              *arguments)
+
+    def test_draws_a_healthy_module(self):
+        ended = self.draw()
+        self.assertEqual((ended.returncode, ended.stdout, ended.stderr), (0, "", ""))
+        png = Png(self.picture)
+        self.assertEqual(png.width, 803)
+        self.assertGreater(png.height, 167)
+        self.assertEqual(png.pixel(*STATE_PIXEL), GREEN)
+
+    def test_draws_a_module_with_a_fault(self):
+        ended = self.draw(status=HEALTHY["status"] | {"80": 4})
+        self.assertEqual(ended.returncode, 0)
+        self.assertEqual(Png(self.picture).pixel(*STATE_PIXEL), ORANGE)
+
+    def test_draws_in_the_language_that_was_asked_for(self):
+        pictures = []
+        for language in (1, 8, 9):
+            self.assertEqual(self.draw("--language", language).returncode, 0)
+            pictures.append(self.picture.read_bytes())
+        self.assertEqual(len(set(pictures)), 3)
+
+    def test_draws_in_the_detail_of_the_screen(self):
+        self.environment["QT_SCALE_FACTOR"] = "2"
+        self.assertEqual(self.draw().returncode, 0)
+        self.assertEqual(Png(self.picture).width, 1606)
+
+    def test_a_module_that_does_not_answer_is_drawn_and_ends_with_4(self):
+        ended = self.draw(faults=[{"kind": "noReply", "every": 1}])
+        self.assertEqual(ended.returncode, 4)
+        self.assertIn("modulinfo-panel: the module could not be read", ended.stderr)
+        self.assertNotIn(Png(self.picture).pixel(*STATE_PIXEL), (GREEN, ORANGE))
+
+    def test_an_absent_port_ends_with_3(self):
+        ended = self.run_panel("--port", "COM77", "--screenshot", self.picture)
+        self.assertEqual(ended.returncode, 3)
+        self.assertIn("COM77", ended.stderr)
+        self.assertFalse(self.picture.exists())
+
+    def test_wrong_usage_ends_with_2(self):
+        for arguments in (["--port", "seven"], ["--simulate", "absent.json"], ["--baudrate", "0"],
+                          ["--address", "256"], ["--language", "12"], ["--unknown"],
+                          ["--port", "COM1", "--simulate", self.module()]):
+            with self.subTest(arguments=arguments):
+                ended = self.run_panel(*arguments)
+                self.assertEqual(ended.returncode, 2)
+                self.assertNotEqual(ended.stderr, "")
+
+    def test_a_broken_module_file_ends_with_2(self):
+        broken = self.folder / "broken.json"
+        broken.write_text("{", encoding="utf-8")
+        ended = self.run_panel("--simulate", broken, "--screenshot", self.picture)
+        self.assertEqual(ended.returncode, 2)
+        self.assertIn("broken.json", ended.stderr)
+
+    def test_a_picture_that_cannot_be_written_ends_with_1(self):
+        self.picture = self.folder / "absent" / "panel.png"
+        ended = self.draw()
+        self.assertEqual(ended.returncode, 1)
+        self.assertIn("panel.png cannot be written", ended.stderr)
+
+    def test_a_missing_catalogue_is_told_on_standard_error_and_waits_for_nobody(self):
+        place = self.folder / "installed"
+        place.mkdir()
+        self.program = pathlib.Path(shutil.copy2(self.program, place))
+        ended = self.draw()
+        self.assertEqual(ended.returncode, 4)
+        self.assertIn("MERIDEX_CONF: ", ended.stderr)
+        self.assertIn("TessaraDevices.xml", ended.stderr)
+        self.assertTrue(self.picture.exists())
+
+    def test_help_and_version_need_no_display(self):
+        for option in ("--help", "--version"):
+            with self.subTest(option=option):
+                ended = self.run_panel(option)
+                self.assertEqual(ended.returncode, 0)
+                self.assertIn("modulinfo-panel", ended.stdout)
+
+
+if __name__ == "__main__":
+    unittest.main()
