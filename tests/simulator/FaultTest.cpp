@@ -17,6 +17,7 @@ const Bytes kAnswer = modbusFrame(0xC0, 0x04, Bytes{2, 0x12, 0x34});
 
 SimulatedAnswer spoilt(std::vector<FaultEffect> effects) {
   std::vector<Fault> faults;
+  faults.reserve(effects.size());
   for (FaultEffect& effect : effects) faults.push_back({std::move(effect), faults::At{1}});
   return FaultPlan(std::move(faults)).spoil(kRequest, kAnswer);
 }

@@ -15,7 +15,6 @@ namespace {
 using namespace std::chrono_literals;
 using namespace tessara::testing;
 using ::testing::HasSubstr;
-using ::testing::Not;
 
 struct Outcome {
   std::string output;

@@ -9,7 +9,6 @@ namespace tessara {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 
 Bytes bytesOf(std::string_view text) {

@@ -53,7 +53,8 @@ Clock::duration bestTime(const SerialClient& client, std::size_t tries) {
 
 TEST(Pacing, TakesTheTimeOfTheWireAndHardlyMore) {
   const SimulatedPort port(moduleWithManyRegisters(), {.paced = true});
-  for (const auto& [speed, rate] : {std::pair{B19200, 19200U}, std::pair{B115200, 115200U}}) {
+  for (const auto& [speed, rate] :
+       {std::pair<::speed_t, LineRate>{B19200, 19200}, {B115200, 115200}}) {
     const SerialClient client(port.device(), speed);
     const auto taken = bestTime(client, 5);
     EXPECT_GE(taken, wireTime(rate, kLongAnswer)) << rate;

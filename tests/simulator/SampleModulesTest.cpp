@@ -12,11 +12,6 @@
 namespace tessara {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::Contains;
-using ::testing::Ge;
-using ::testing::Le;
-
 const std::filesystem::path kFolder = TESSARA_MODULES;
 
 constexpr std::uint16_t kGood = 0x0080;  // of both channel status words
