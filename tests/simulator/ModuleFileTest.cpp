@@ -1,3 +1,6 @@
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -310,6 +313,19 @@ TEST(ModuleFile, IsLoadedFromAFile) {
   const testing::TemporaryFolder folder;
   const auto file = folder.write("vellum.json", minimal().dump());
   EXPECT_EQ(loadModule(file).identification[3], 151);
+}
+
+TEST(ModuleFile, IsWhatTheManualShows) {
+  std::ifstream manual(std::filesystem::path(TESSARA_MODULES) / "../../docs/simulator.md");
+  const std::string text(std::istreambuf_iterator<char>(manual), {});
+  const std::string fence = "```json\n";
+  const auto begin = text.find(fence + "{\n  \"link\": \"modbus\"");
+  ASSERT_NE(begin, std::string::npos);
+  const auto end = text.find("```", begin + fence.size());
+  const SimulatedModule module =
+      parseModule(text.substr(begin + fence.size(), end - begin - fence.size()), "simulator.md");
+  EXPECT_EQ(module.name, "TESSARA TM 151");
+  EXPECT_THAT(module.faults, SizeIs(3));
 }
 
 TEST(ModuleFile, TellsAFileThatCannotBeRead) {
