@@ -34,5 +34,5 @@ fi
 step "Reading the module (no display: the panel as text)"
 "$programs/modulinfo" read "${module[@]}" "$@"
 step "Drawing the panel"
-QT_QPA_PLATFORM=offscreen "$programs/modulinfo-panel" "${module[@]}" "$@" --screenshot "$picture"
+"$programs/modulinfo-panel" "${module[@]}" "$@" --screenshot "$picture"
 echo "The picture lies in $picture"
