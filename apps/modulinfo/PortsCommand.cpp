@@ -1,13 +1,12 @@
-#include <QCoreApplication>
 #include <iostream>
 #include <memory>
 
+#include "CommandLoop.h"
 #include "Commands.h"
 #include "localisation/Settings.h"
 #include "platform/headless/HeadlessMessageHelper.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/ports/PortList.h"
-#include "platform/qt/QtEventLoop.h"
 #include "ports/RegEnum.h"
 
 namespace tessara {
@@ -32,10 +31,8 @@ bool readerAnswers(NfcReaderLibrary& reader) {
 }
 
 ExitCode listPorts(bool json) {
-  int argumentCount = 0;
-  const QCoreApplication application(argumentCount, nullptr);
-  QtEventLoop loop;
-  LinuxPlatform platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr));
+  CommandLoop loop;
+  LinuxPlatform platform(loop.eventLoop(), std::make_shared<HeadlessMessageHelper>(std::cerr));
   const auto lines = portLines(listOf(platform), readerAnswers(platform.nfcReaderLibrary()),
                                platform.ports().ports());
   json ? printPortJson(std::cout, lines) : printPortTable(std::cout, lines);

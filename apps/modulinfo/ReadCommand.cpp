@@ -1,8 +1,8 @@
-#include <QCoreApplication>
 #include <iostream>
 #include <memory>
 #include <optional>
 
+#include "CommandLoop.h"
 #include "Commands.h"
 #include "DeviceLog.h"
 #include "ModuleOptions.h"
@@ -11,7 +11,6 @@
 #include "PanelText.h"
 #include "platform/headless/HeadlessMessageHelper.h"
 #include "platform/linux/EmbeddedSimulator.h"
-#include "platform/qt/QtEventLoop.h"
 #include "simulator/ModuleFileError.h"
 
 namespace tessara {
@@ -37,7 +36,7 @@ void print(const ModulInfoFLII& control, const DeviceLog& log, const ReadRequest
 }
 
 void readAndPrint(const ReadRequest& request, const PortSource* simulator) {
-  QtEventLoop loop;
+  CommandLoop loop;
   DeviceLog log(request.trace);
   WaitingHost host;
   LinuxPlatformOptions options;
@@ -45,7 +44,7 @@ void readAndPrint(const ReadRequest& request, const PortSource* simulator) {
   options.embedded = simulator;
   options.looksForDevices = simulator == nullptr;
   options.keepsSettings = simulator == nullptr;
-  LinuxPlatform platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr),
+  LinuxPlatform platform(loop.eventLoop(), std::make_shared<HeadlessMessageHelper>(std::cerr),
                          std::move(options));
   ModulInfoFLII control(platform, host);
   bringUp(control, platform, request);
@@ -54,8 +53,6 @@ void readAndPrint(const ReadRequest& request, const PortSource* simulator) {
 }
 
 ExitCode read(ReadRequest request) {
-  int argumentCount = 0;
-  QCoreApplication application(argumentCount, nullptr);
   try {
     std::optional<EmbeddedSimulator> simulator;
     if (!request.moduleFile.empty()) {

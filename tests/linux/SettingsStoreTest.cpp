@@ -3,6 +3,7 @@
 #include <thread>
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -154,6 +155,40 @@ TEST_F(SettingsStoreTest, TellsThatItsFileIsAFolder) {
   std::filesystem::create_directories(userFile());
   EXPECT_THAT(errorOf([&] { store.setValue("Settings/Language", "2"); }),
               HasSubstr(userFile().string()));
+}
+
+/// While it lives, no file of this process can become longer than that.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &before_);
+    const ::rlimit limit{bytes, before_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() {
+    ::setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, signal_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  ::rlimit before_{};
+  void (*signal_)(int);
+};
+
+TEST_F(SettingsStoreTest, KeepsWhatItHoldsIfTheDiskIsFull) {
+  const std::string bytes = "[Settings]\nLanguage=1\nLogo=" + std::string(5000, 'x') + ".png\n";
+  put(userFile(), bytes);
+  {
+    const FullDisk disk(4000);
+    EXPECT_THAT(errorOf([&] { store.setValue("Settings/Language", "2"); }),
+                AllOf(HasSubstr(userFile().string()), HasSubstr("could not be written")));
+    EXPECT_EQ(store.value("Settings/Language"), "1");
+  }
+  EXPECT_TRUE(bytesOf(userFile()) == bytes);
+  store.setValue("Settings/Language", "3");
+  EXPECT_EQ(store.value("Settings/Language"), "3");
 }
 
 TEST_F(SettingsStoreTest, IsNotHeldUpByAnEmptyLockFile) {

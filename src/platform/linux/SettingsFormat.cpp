@@ -108,6 +108,14 @@ QByteArray linesOf(const QString& name, const QStringList& raw) {
          (name == closingComments ? "" : encodedName(name) + '=' + raw.first().toUtf8() + '\n');
 }
 
+/// Writes all bytes, or says that it could not. Qt itself takes the part that a full disk had room
+/// for as the whole.
+bool writeWhole(QIODevice& device, const QByteArray& bytes) {
+  auto* file = qobject_cast<QFileDevice*>(&device);
+  return device.write(bytes) == bytes.size() && file != nullptr && file->flush() &&
+         file->size() == bytes.size();
+}
+
 bool writeSettings(QIODevice& device, const QSettings::SettingsMap& values) {
   std::map<QString, QByteArray> groups;
   QByteArray closing;
@@ -123,7 +131,7 @@ bool writeSettings(QIODevice& device, const QSettings::SettingsMap& values) {
     file += (file.isEmpty() ? "[" : "\n[") + encodedName(group) + "]\n" + lines;
   }
   file += closing;
-  return device.write(file) == file.size();
+  return writeWhole(device, file);
 }
 
 /// Takes quotation marks, doubled signs and a comment at the end away from a raw value.
