@@ -1,12 +1,12 @@
 # shellcheck shell=bash
 # The Debian 12 packages that this project needs, and the one function that installs them.
-# Sourced by run.sh and test.sh, after steps.sh.
+# Sourced by run.sh, test.sh and fuzz.sh, after steps.sh.
 
 # shellcheck disable=SC2034 # used by the scripts that source this file
 RUN_PACKAGES=(
   g++ cmake ninja-build pkg-config
   qt6-base-dev qt6-svg-dev qt6-wayland
-  libmodbus-dev libudev-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
+  libmodbus-dev libasio-dev libhidapi-dev libudev-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
   fonts-dejavu-core fonts-wqy-microhei
 )
 
@@ -15,7 +15,7 @@ TEST_PACKAGES=(
   "${RUN_PACKAGES[@]}"
   ccache python3 shellcheck
   libgtest-dev libgmock-dev libumockdev-dev umockdev
-  clang-format clang-tidy
+  clang libclang-rt-14-dev clang-format clang-tidy
   socat mbpoll python3-pymodbus python3-serial xvfb xauth
 )
 
