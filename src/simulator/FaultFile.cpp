@@ -85,7 +85,7 @@ const Kind& kindOf(const JsonNode& node) {
 
 FaultTrigger readTrigger(const JsonNode& node) {
   if (node.has("at") + node.has("every") + node.has("probability") != 1) {
-    node.fail("needs one of the keys \"at\", \"every\" and \"probability\"");
+    node.fail(R"(needs one of the keys "at", "every" and "probability")");
   }
   if (node.has("seed") && !node.has("probability")) {
     node["seed"].fail("goes with the key \"probability\" only");

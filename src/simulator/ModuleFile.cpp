@@ -75,7 +75,7 @@ class ModuleReader {
     const JsonNode node = root_[key];
     if (node.isText() && !node.text().starts_with("0x")) {
       const auto word = versionWord(node.text());
-      if (!word) node.fail("must be a version like \"1.234\", not \"" + node.text() + "\"");
+      if (!word) node.fail(R"(must be a version like "1.234", not ")" + node.text() + "\"");
       module_.registers[number] = *word;
     } else {
       module_.registers[number] = node.word();
@@ -125,7 +125,7 @@ class ModuleReader {
     const JsonNode node = root_["namePadding"];
     if (node.text() == "zero") return u'\0';
     if (node.text() == "blank") return u' ';
-    node.fail("must be \"zero\" or \"blank\", not \"" + node.text() + "\"");
+    node.fail(R"(must be "zero" or "blank", not ")" + node.text() + "\"");
   }
 
   void readRegisters(const std::string& key) {

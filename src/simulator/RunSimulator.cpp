@@ -106,6 +106,7 @@ int runSimulator(const std::vector<std::string>& moduleFiles, bool paced, std::o
   Report report(out, err);
   try {
     std::vector<SimulatedModule> modules;
+    modules.reserve(moduleFiles.size());
     for (const std::string& file : moduleFiles) modules.push_back(loadModule(file));
     std::vector<std::unique_ptr<ServedModule>> served;
     for (std::size_t index = 0; index < modules.size(); ++index) {
