@@ -16,12 +16,20 @@ std::string withoutPrefix(const std::string& message) {
   return end == std::string::npos ? message : message.substr(end + 2);
 }
 
-/// Sees each key as it is parsed, and throws on one that stands twice in its object.
-class DuplicateKeyFinder {
- public:
-  explicit DuplicateKeyFinder(std::string source) : source_(std::move(source)) {}
+/// Far deeper than any module file goes, and far from where copying a value exhausts the stack.
+constexpr int kDeepest = 32;
 
-  bool operator()(int /*depth*/, json::parse_event_t event, const json& parsed) {
+/// Sees each key as it is parsed, and throws on one that stands twice in its object; and on values
+/// that lie too deep in one another.
+class StructureCheck {
+ public:
+  explicit StructureCheck(std::string source) : source_(std::move(source)) {}
+
+  bool operator()(int depth, json::parse_event_t event, const json& parsed) {
+    if (depth > kDeepest) {
+      throw ModuleFileError(source_ + ": lists and objects lie more than " +
+                            std::to_string(kDeepest) + " deep in one another");
+    }
     if (event == json::parse_event_t::object_start) open_.emplace_back();
     if (event == json::parse_event_t::object_end) open_.pop_back();
     if (event == json::parse_event_t::key && !open_.back().insert(parsed).second) {
@@ -52,7 +60,7 @@ JsonNode::JsonNode(std::string source, std::string place, json value)
 
 JsonNode JsonNode::parse(std::string_view text, const std::string& source) {
   try {
-    return {source, "", json::parse(text, DuplicateKeyFinder(source))};
+    return {source, "", json::parse(text, StructureCheck(source))};
   } catch (const json::exception& error) {
     throw ModuleFileError(source + ": " + withoutPrefix(error.what()));
   }

@@ -174,6 +174,11 @@ TEST(ModuleFile, TellsWhereItIsNoJson) {
   EXPECT_EQ(errorOf("[]"), "m.json: must be an object, not []");
 }
 
+TEST(ModuleFile, RefusesBottomlessNesting) {
+  const std::string deep = "{\"status\": " + std::string(100000, '[') + "}";
+  EXPECT_EQ(errorOf(deep), "m.json: lists and objects lie more than 32 deep in one another");
+}
+
 TEST(ModuleFile, TellsAKeyThatStandsTwice) {
   EXPECT_EQ(errorOf(R"({"vendorId": 1, "vendorId": 2})"),
             "m.json: the key \"vendorId\" stands twice in one object");

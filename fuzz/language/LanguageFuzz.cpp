@@ -1,0 +1,21 @@
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "localisation/Language.h"
+#include "localisation/LanguageFile.h"
+#include "platform/RunTimeError.h"
+
+/// Whatever a language file holds, it loads, is refused, or raises a run-time error.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  for (const auto* separator : {u".", u","}) {
+    tessara::LanguageFile file(std::string(data, data + size));
+    tessara::LanguageState state;
+    try {
+      (void)tessara::readLanguageFile(file, separator, state);
+    } catch (const tessara::RunTimeError&) {
+      continue;
+    }
+  }
+  return 0;
+}
