@@ -18,7 +18,7 @@ struct Panel : WidgetOwner {
   Widget Frame14{*this, u"Frame14", WidgetKind::Frame, {.place = {90, 1650, 8925, 765}}};
 
   Widget ComboComPort{
-      *this, u"ComboComPort", WidgetKind::DropDownList, {.place = {210, 1050, 2460, 390}}};
+      *this, u"ComboComPort", WidgetKind::DropDownList, {.place = {210, 1050, 2340, 390}}};
   Widget ComboBaudrate{*this,
                        u"ComboBaudrate",
                        WidgetKind::DropDownList,
@@ -26,7 +26,7 @@ struct Panel : WidgetOwner {
                         .items = {u"2400", u"4800", u"9600", u"14400", u"19200", u"28800", u"38400",
                                   u"56000", u"57600", u"76800", u"115200"},
                         .index = 4,
-                        .place = {2790, 1050, 1260, 390}}};
+                        .place = {2670, 1050, 1380, 390}}};
   Widget txtDevAddr{
       *this, u"txtDevAddr", WidgetKind::TextBox, {.text = u"192", .place = {4170, 1050, 855, 390}}};
   Widget TimerScanDevice{
@@ -35,8 +35,8 @@ struct Panel : WidgetOwner {
   /// The captions of the fields.
   std::array<Widget, 9> LngLabel{
       Widget{*this, u"LngLabel[0]", WidgetKind::Label, {.place = {4185, 810, 840, 210}}},
-      Widget{*this, u"LngLabel[1]", WidgetKind::Label, {.place = {225, 810, 2445, 210}}},
-      Widget{*this, u"LngLabel[2]", WidgetKind::Label, {.place = {2880, 810, 1350, 210}}},
+      Widget{*this, u"LngLabel[1]", WidgetKind::Label, {.place = {225, 810, 2325, 210}}},
+      Widget{*this, u"LngLabel[2]", WidgetKind::Label, {.place = {2685, 810, 1365, 210}}},
       Widget{*this, u"LngLabel[3]", WidgetKind::Label, {.place = {5415, 240, 1620, 255}}},
       Widget{*this, u"LngLabel[4]", WidgetKind::Label, {.place = {5415, 840, 1620, 255}}},
       Widget{*this, u"LngLabel[5]", WidgetKind::Label, {.place = {5415, 540, 1620, 255}}},

@@ -1,3 +1,6 @@
+#include <QFontMetrics>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "FakeHost.h"
@@ -22,6 +25,7 @@ class PanelLanguagesTest : public ::testing::TestWithParam<std::int16_t> {
     control.put_AppPathString(fromUtf8(TESSARA_LANGUAGE_FOLDER));
     control.put_Language(GetParam());
     control.UserControl_Show();
+    view.show();
   }
 
   FakePlatform platform;
@@ -40,6 +44,40 @@ TEST_P(PanelLanguagesTest, EveryCaptionFits) {
       EXPECT_FALSE(shown.text().isEmpty()) << toUtf8(caption.name());
       EXPECT_FALSE(shown.isCut()) << shown.text().toStdString() << " at " << size;
     }
+  }
+}
+
+TEST_P(PanelLanguagesTest, TheTextsComeFromTheFile) {
+  EXPECT_FALSE(moduleWide().LanguageFileError);
+  EXPECT_EQ(moduleWide().TextModulInfo[1] == u"COM-Port", GetParam() == 1);
+}
+
+TEST_P(PanelLanguagesTest, NoCaptionHasToBeSetSmaller) {
+  for (const Widget& caption : control.panel.LngLabel) {
+    const auto& shown = dynamic_cast<LabelView&>(*view.viewOf(caption));
+    const QFontMetrics metrics(shown.font());
+    const QString text = shown.text().trimmed();
+    const QSize needed = shown.height() >= 2 * metrics.lineSpacing()
+                             ? metrics.boundingRect(shown.rect(), Qt::TextWordWrap, text).size()
+                             : QSize(metrics.horizontalAdvance(text), metrics.height());
+    EXPECT_LE(needed.width(), shown.width()) << text.toStdString();
+    EXPECT_LE(needed.height(), shown.height()) << text.toStdString();
+  }
+}
+
+TEST_P(PanelLanguagesTest, NoCaptionTouchesAFieldOrAnotherCaption) {
+  Panel& panel = control.panel;
+  std::vector<const Widget*> others{
+      &panel.txtDevAddr,      &panel.ComboComPort,  &panel.ComboBaudrate,
+      &panel.LabelDeviceName, &panel.LblFwVersion,  &panel.LabelDeviceDescription,
+      &panel.LblSerialNumber, &panel.LblModulState, &panel.LblChnState};
+  for (const Widget& caption : panel.LngLabel) {
+    const QRect place = view.viewOf(caption)->geometry();
+    for (const Widget* other : others) {
+      EXPECT_FALSE(place.intersects(view.viewOf(*other)->geometry()))
+          << toUtf8(caption.name()) << " and " << toUtf8(other->name());
+    }
+    others.push_back(&caption);
   }
 }
 
