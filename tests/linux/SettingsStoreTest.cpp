@@ -39,8 +39,8 @@ TEST_F(SettingsStoreTest, LiesWhereLinuxUsersLookForIt) {
 
 TEST_F(SettingsStoreTest, GivesBackWhatWasWritten) {
   for (const std::string text : {"2", "", "a b", " led by a blank", "ends in one ", "a, b; c = d",
-                                 "\"quoted\"", "\\\\x\\", "\\Device\\Silabser9", R"(ends in \")",
-                                 "@home", "@@", "Gerät 測定", "C:\\new\\table", "#1"}) {
+                                 R"("quoted")", R"(\\x\)", R"(\Device\Silabser9)", R"(ends in \")",
+                                 "@home", "@@", "Gerät 測定", R"(C:\new\table)", "#1"}) {
     store.setValue("Settings/Logo", text);
     EXPECT_EQ(SettingsStore().value("Settings/Logo"), text);
   }
