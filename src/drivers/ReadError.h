@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <stdexcept>
 #include <string>
 
@@ -12,5 +13,15 @@ class ReadError : public std::runtime_error {
   ReadError(const std::string& port, const std::string& request, const std::string& cause)
       : std::runtime_error(port + ", " + request + ": " + cause) {}
 };
+
+/// What `read` gives; whatever goes wrong in it becomes a ReadError.
+template <class Read>
+auto readFrom(const std::string& port, const std::string& request, Read read) {
+  try {
+    return read();
+  } catch (const std::exception& error) {
+    throw ReadError(port, request, error.what());
+  }
+}
 
 }  // namespace tessara

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "drivers/hart/HartDriver.h"
 #include "drivers/modbus/ModbusDriver.h"
 #include "platform/Text.h"
 #include "platform/linux/AbsentDriver.h"
@@ -46,7 +47,7 @@ std::shared_ptr<NfcCommObject> LinuxPlatform::createNfcCommObject() {
 }
 
 std::shared_ptr<HartCommObject> LinuxPlatform::createHartCommObject() {
-  return heard<HartCommObject>(std::make_shared<AbsentHartDriver>("HART"));
+  return heard<HartCommObject>(std::make_shared<HartDriver>(allPorts_));
 }
 
 std::shared_ptr<FileSystem> LinuxPlatform::createFileSystem() {

@@ -1,0 +1,28 @@
+#include "drivers/PortOpening.h"
+
+#include <cerrno>
+#include <exception>
+
+#include "drivers/PortLock.h"
+#include "drivers/PortText.h"
+
+namespace tessara {
+
+PortOpening::PortOpening(const PortDirectory& ports, std::int16_t comPort)
+    : ports_(ports), comPort_(comPort), port_(portText(comPort)) {}
+
+std::string PortOpening::failureOf(const std::function<void(const std::string& device)>& open) {
+  try {
+    const auto device = ports_.deviceOf(comPort_);
+    if (!device) throw PortError::fromErrno(ENODEV);
+    port_ = portText(comPort_, *device);
+    open(*device);
+    return {};
+  } catch (const PortError& error) {
+    return port_ + " " + error.what();
+  } catch (const std::exception& error) {
+    return port_ + " cannot be opened: " + error.what();
+  }
+}
+
+}  // namespace tessara

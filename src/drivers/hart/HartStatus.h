@@ -1,0 +1,69 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace tessara {
+
+/// What an answer means for whoever asked.
+enum class HartOutcome {
+  Success,
+  Warning,             ///< the data are there, something is to be minded
+  Error,               ///< no data; asking again gives the same
+  Busy,                ///< no data; the station has other things to do
+  Delayed,             ///< no data yet; ask again with the identical request
+  CommunicationError,  ///< the station has received the request badly
+};
+
+/// The response codes that this system itself gives or looks for.
+namespace hart {
+inline constexpr std::uint8_t kSuccess = 0;
+inline constexpr std::uint8_t kTooFewData = 5;
+inline constexpr std::uint8_t kBusy = 32;
+inline constexpr std::uint8_t kDelayStarted = 33;
+inline constexpr std::uint8_t kDelayRunning = 34;
+inline constexpr std::uint8_t kNotImplemented = 64;
+
+/// Communication error: bit 7 and the bit of the check byte.
+inline constexpr std::uint8_t kCommunicationError = 0x80;
+inline constexpr std::uint8_t kCheckByteError = 0x08;
+
+inline constexpr std::uint8_t kMoreStatus = 0x10;  ///< device status: command 48 has news
+inline constexpr std::uint8_t kColdStart = 0x20;  ///< device status: the first answer since a start
+}  // namespace hart
+
+/// One bit of the device status, the second status byte of an answer.
+struct HartDeviceStatusBit {
+  std::uint8_t value;
+  std::string_view name;  ///< "cold start"
+};
+
+/// All eight, from the highest.
+std::span<const HartDeviceStatusBit, 8> hartDeviceStatusBits();
+
+/// The two status bytes at the head of every answer.
+class HartStatus {
+ public:
+  explicit HartStatus(std::array<std::uint8_t, 2> bytes) : bytes_(bytes) {}
+
+  [[nodiscard]] HartOutcome outcome() const;
+
+  /// The first byte in words: "response code 7: write protected", or "communication error 88:
+  /// check byte".
+  [[nodiscard]] std::string text() const;
+
+  /// The response code 0 to 127; of no meaning in a communication error.
+  [[nodiscard]] std::uint8_t responseCode() const { return bytes_[0]; }
+
+ private:
+  [[nodiscard]] bool isCommunicationError() const {
+    return (bytes_[0] & hart::kCommunicationError) != 0;
+  }
+
+  std::array<std::uint8_t, 2> bytes_;
+};
+
+}  // namespace tessara
