@@ -10,6 +10,7 @@
 #include <optional>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include <fcntl.h>
 #include <nlohmann/json.hpp>
@@ -110,13 +111,13 @@ void removeDeadPorts(const fs::path& folder) {
 }
 
 /// Readers see the old content or the new one, never a part.
-void writePort(const fs::path& folder, int number, const std::string& device) {
+void writePort(const fs::path& folder, int number, const std::string& namePrefix,
+               const std::string& device) {
   const fs::path file = fileOf(folder, number);
   const fs::path fresh = file.string() + ".new";
   std::ofstream stream(fresh);
-  stream << json{{"device", device},
-                 {"name", "\\Device\\Silabser" + std::to_string(number)},
-                 {"pid", ::getpid()}};
+  stream << json{
+      {"device", device}, {"name", namePrefix + std::to_string(number)}, {"pid", ::getpid()}};
   stream.close();
   if (!stream) throw std::system_error(errno, std::generic_category(), fresh.string());
   fs::rename(fresh, file);
@@ -151,14 +152,16 @@ std::vector<RunningPort> runningPorts() {
   return ports;
 }
 
-Announcement::Announcement(const std::string& device)
-    : folder_(announcementFolder()), number_(kFirstSimulatedPort) {
+Announcement::Announcement(const std::string& device, std::string namePrefix)
+    : folder_(announcementFolder()),
+      namePrefix_(std::move(namePrefix)),
+      number_(kFirstSimulatedPort) {
   makeOwnFolder(folder_.parent_path());
   makeOwnFolder(folder_);
   const FolderLock lock(folder_);
   removeDeadPorts(folder_);
   while (fs::exists(fs::symlink_status(fileOf(folder_, number_)))) ++number_;
-  writePort(folder_, number_, device);
+  writePort(folder_, number_, namePrefix_, device);
 }
 
 Announcement::~Announcement() {
@@ -166,7 +169,7 @@ Announcement::~Announcement() {
 }
 
 void Announcement::update(const std::string& device) const {
-  writePort(folder_, number_, device);
+  writePort(folder_, number_, namePrefix_, device);
 }
 
 }  // namespace tessara

@@ -19,6 +19,9 @@ struct RunningPort {
 /// Lowest number of a simulated port; those below belong to real ones.
 inline constexpr int kFirstSimulatedPort = 100;
 
+/// How the device names of serial adapters begin that lead to Modbus modules.
+inline constexpr const char* kSerialAdapterPrefix = "\\Device\\Silabser";
+
 /// The simulated ports that are to be had now, by number: announced by a process that lives, and
 /// plugged in. Entries that processes have left behind are removed on the way. Never fails: what
 /// cannot be read is no port.
@@ -33,9 +36,11 @@ std::filesystem::path announcementFolder();
 class Announcement {
  public:
   /// Takes the lowest free number for a port with this device node; an empty one stands for a port
-  /// that is unplugged. Throws std::system_error or std::filesystem::filesystem_error if the folder
-  /// cannot be had or does not belong to this user alone.
-  explicit Announcement(const std::string& device);
+  /// that is unplugged. `namePrefix` stands before the number in the device name of the port list:
+  /// it tells what kind of adapter the port is. Throws std::system_error or
+  /// std::filesystem::filesystem_error if the folder cannot be had or does not belong to this user
+  /// alone.
+  explicit Announcement(const std::string& device, std::string namePrefix = kSerialAdapterPrefix);
   ~Announcement();
   Announcement(const Announcement&) = delete;
   Announcement& operator=(const Announcement&) = delete;
@@ -48,6 +53,7 @@ class Announcement {
 
  private:
   std::filesystem::path folder_;
+  std::string namePrefix_;
   int number_;
 };
 

@@ -86,7 +86,22 @@ std::mt19937_64 generatorOf(const FaultTrigger& trigger) {
 
 void checkFault(const Fault& fault) {
   std::visit(Checker{}, fault.effect);
-  std::visit(Checker{}, fault.trigger);
+  checkTrigger(fault.trigger);
+}
+
+void checkTrigger(const FaultTrigger& trigger) {
+  std::visit(Checker{}, trigger);
+}
+
+FaultClock::FaultClock(const FaultTrigger& trigger)
+    : trigger_(trigger), random_(generatorOf(trigger)) {}
+
+bool FaultClock::fallsOn(std::uint64_t request) {
+  if (const auto* at = std::get_if<faults::At>(&trigger_)) return request == at->request;
+  if (const auto* every = std::get_if<faults::Every>(&trigger_)) {
+    return request % every->requests == 0;
+  }
+  return fraction(random_) < std::get<faults::ByChance>(trigger_).probability;
 }
 
 FaultPlan::FaultPlan(std::vector<Fault> faults) {
@@ -94,25 +109,15 @@ FaultPlan::FaultPlan(std::vector<Fault> faults) {
   std::ranges::stable_sort(faults, {}, [](const Fault& fault) { return fault.effect.index(); });
   ordered_.reserve(faults.size());
   for (Fault& fault : faults) {
-    std::mt19937_64 random = generatorOf(fault.trigger);
-    ordered_.push_back({std::move(fault), random});
+    ordered_.push_back({std::move(fault.effect), FaultClock(fault.trigger)});
   }
-}
-
-bool FaultPlan::isDue(Ordered& ordered) const {
-  const FaultTrigger& trigger = ordered.fault.trigger;
-  if (const auto* at = std::get_if<faults::At>(&trigger)) return requests_ == at->request;
-  if (const auto* every = std::get_if<faults::Every>(&trigger)) {
-    return requests_ % every->requests == 0;
-  }
-  return fraction(ordered.random) < std::get<faults::ByChance>(trigger).probability;
 }
 
 SimulatedAnswer FaultPlan::spoil(const MasterRequest& request, Bytes answer) {
   ++requests_;
-  SimulatedAnswer spoilt{std::move(answer), {}, {}};
+  SimulatedAnswer spoilt{std::move(answer)};
   for (Ordered& ordered : ordered_) {
-    if (isDue(ordered)) std::visit(Spoiler{request, spoilt}, ordered.fault.effect);
+    if (ordered.clock.fallsOn(requests_)) std::visit(Spoiler{request, spoilt}, ordered.effect);
   }
   return spoilt;
 }

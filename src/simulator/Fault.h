@@ -91,11 +91,34 @@ struct Fault {
 /// probability outside 0 to 1, exception code 0, a cut that leaves nothing, noise without bytes.
 void checkFault(const Fault& fault);
 
+/// A part of an answer that follows the one before after a pause.
+struct SimulatedPiece {
+  std::chrono::milliseconds pause{0};
+  Bytes bytes;
+};
+
 /// What a module sends in answer to one request, and what happens beside it.
 struct SimulatedAnswer {
   Bytes bytes;  ///< nothing is sent if empty
   std::chrono::milliseconds delay{0};
-  std::optional<faults::Unplug> unplug;
+  std::optional<faults::Unplug> unplug{};
+  std::vector<SimulatedPiece> more{};  ///< what follows the bytes
+};
+
+/// Throws what checkFault throws for a trigger.
+void checkTrigger(const FaultTrigger& trigger);
+
+/// Decides for one request after the other whether a fault falls on it.
+class FaultClock {
+ public:
+  explicit FaultClock(const FaultTrigger& trigger);
+
+  /// To be asked once for each request; they are counted from 1.
+  bool fallsOn(std::uint64_t request);
+
+ private:
+  FaultTrigger trigger_;
+  std::mt19937_64 random_;  // used by faults::ByChance alone
 };
 
 /// Decides for one request after the other which of the ordered faults fall on it.
@@ -110,11 +133,9 @@ class FaultPlan {
 
  private:
   struct Ordered {
-    Fault fault;
-    std::mt19937_64 random;  // used by faults::ByChance alone
+    FaultEffect effect;
+    FaultClock clock;
   };
-
-  [[nodiscard]] bool isDue(Ordered& ordered) const;
 
   std::vector<Ordered> ordered_;  // in the order of their effects
   std::uint64_t requests_ = 0;

@@ -9,6 +9,7 @@
 
 #include "simulator/ModbusCodec.h"
 #include "simulator/ModbusSlave.h"
+#include "simulator/SimulatedLine.h"
 #include "simulator/SimulatedModule.h"
 
 namespace tessara {
@@ -26,8 +27,8 @@ struct LineCounters {
   std::uint64_t damaged = 0;   ///< with a wrong checksum or length
 };
 
-/// The modules on one line: turns the bytes of a master into answers. Knows no device and no clock.
-class ModbusBus {
+/// The Modbus modules on one line.
+class ModbusBus final : public SimulatedLine {
  public:
   /// Requests that the log keeps; older ones leave it.
   static constexpr std::size_t kLogLimit = 1000;
@@ -36,17 +37,10 @@ class ModbusBus {
   /// impossible.
   explicit ModbusBus(std::vector<SimulatedModule> modules);
 
-  /// The answers to all requests that are complete with these bytes, in their order.
-  std::vector<SimulatedAnswer> receive(std::span<const std::uint8_t> bytes);
-
-  /// The line has fallen silent behind a frame that was open. Nothing if there is no answer to it.
-  std::optional<SimulatedAnswer> silence();
-
-  /// Drops a frame that has begun: its line is gone.
-  void forgetOpenFrame() { assembler_.takeAll(); }
-
-  /// True while a frame has begun that only further bytes or silence will end.
-  [[nodiscard]] bool isFrameOpen() const { return !assembler_.empty(); }
+  std::vector<SimulatedAnswer> receive(std::span<const std::uint8_t> bytes) override;
+  std::optional<SimulatedAnswer> silence() override;
+  [[nodiscard]] bool isFrameOpen() const override { return !assembler_.empty(); }
+  void forgetOpenFrame() override { assembler_.takeAll(); }
 
   /// The module at this address; throws std::out_of_range if there is none.
   ModbusSlave& slave(std::uint8_t address);

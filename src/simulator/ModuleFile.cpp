@@ -8,16 +8,14 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/Text.h"
 #include "simulator/FaultFile.h"
-#include "simulator/JsonNode.h"
+#include "simulator/ModuleText.h"
 
 namespace tessara {
 
 namespace {
 
 constexpr std::size_t kSerialNumberWords = 4;
-constexpr char16_t kHighestCharacter = 0xFF;  // Latin-1: a name has one byte a character
 
 /// The word of a version "1.234": four decimal digits, most significant first. Missing ones are 0.
 std::optional<std::uint16_t> versionWord(std::string_view text) {
@@ -41,11 +39,13 @@ class ModuleReader {
  public:
   explicit ModuleReader(const JsonNode& root) : root_(root) {}
 
-  SimulatedModule read() {
-    root_.allowOnly({"link", "address", "vendorId", "groupId", "familyId", "deviceId", "firmware",
-                     "secondVersion", "serialNumber", "name", "namePadding", "status", "registers",
-                     "faults"});
-    readLink();
+  SimulatedModule read(const std::vector<std::string_view>& otherKeys) {
+    std::vector<std::string_view> keys{"link",         "address",  "vendorId",    "groupId",
+                                       "familyId",     "deviceId", "firmware",    "secondVersion",
+                                       "serialNumber", "name",     "namePadding", "status",
+                                       "registers",    "faults"};
+    keys.insert(keys.end(), otherKeys.begin(), otherKeys.end());
+    root_.allowOnly(keys);
     if (root_.has("address")) {
       module_.address = static_cast<std::uint8_t>(root_["address"].number(1, kHighestStation));
     }
@@ -62,14 +62,6 @@ class ModuleReader {
   }
 
  private:
-  void readLink() const {
-    if (!root_.has("link")) return;
-    const JsonNode link = root_["link"];
-    if (link.text() != "modbus") {
-      link.fail("\"" + link.text() + "\" is no link that can be simulated; known is: modbus");
-    }
-  }
-
   void readVersion(const std::string& key, std::uint16_t number) {
     if (!root_.has(key)) return;
     const JsonNode node = root_[key];
@@ -100,32 +92,12 @@ class ModuleReader {
       if (root_.has("namePadding")) root_["namePadding"].fail("there is no name to be padded");
       return;
     }
-    const JsonNode node = root_["name"];
-    module_.name = node.text();
-    std::u16string characters = fromUtf8(module_.name);
-    if (characters.size() > kNameLength) {
-      node.fail("has " + std::to_string(characters.size()) + " characters; a module has room for " +
-                std::to_string(kNameLength));
-    }
-    for (const char16_t character : characters) {
-      if (character > kHighestCharacter) {
-        node.fail("\"" + toUtf8({&character, 1}) + "\" is no character of Latin-1");
-      }
-    }
-    characters.resize(kNameLength, paddingCharacter());
+    module_.name = root_["name"].text();
+    const Bytes name = readPaddedName(root_);
     for (std::size_t index = 0; index < kNameLength; index += 2) {
       const auto number = static_cast<std::uint16_t>(kNameRegister + index / 2);
-      module_.registers[number] =
-          static_cast<std::uint16_t>(characters[index] << 8 | characters[index + 1]);
+      module_.registers[number] = static_cast<std::uint16_t>(name[index] << 8 | name[index + 1]);
     }
-  }
-
-  [[nodiscard]] char16_t paddingCharacter() const {
-    if (!root_.has("namePadding")) return u'\0';
-    const JsonNode node = root_["namePadding"];
-    if (node.text() == "zero") return u'\0';
-    if (node.text() == "blank") return u' ';
-    node.fail(R"(must be "zero" or "blank", not ")" + node.text() + "\"");
   }
 
   void readRegisters(const std::string& key) {
@@ -150,21 +122,37 @@ class ModuleReader {
   SimulatedModule module_;
 };
 
+SimulatedModule readModbusModule(const JsonNode& root) {
+  if (root.has("link") && root["link"].text() != "modbus") {
+    root["link"].fail("\"" + root["link"].text() + "\" is not the link of a Modbus module");
+  }
+  return readModule(root);
+}
+
 }  // namespace
 
+SimulatedModule readModule(const JsonNode& root, const std::vector<std::string_view>& otherKeys) {
+  return ModuleReader(root).read(otherKeys);
+}
+
 SimulatedModule parseModule(std::string_view text, const std::string& source) {
-  return ModuleReader(JsonNode::parse(text, source)).read();
+  return readModbusModule(JsonNode::parse(text, source));
 }
 
 SimulatedModule loadModule(const std::filesystem::path& file) {
-  try {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) throw std::system_error(errno, std::generic_category());
-    const std::string text(std::istreambuf_iterator<char>(stream), {});
-    return parseModule(text, file.string());
-  } catch (const std::system_error& error) {
-    throw ModuleFileError(file.string() + ": cannot be read: " + error.code().message());
-  }
+  return readModbusModule(parseModuleFile(file));
+}
+
+JsonNode parseModuleFile(const std::filesystem::path& file) {
+  const auto unreadable = [&file](int error) {
+    return ModuleFileError(file.string() +
+                           ": cannot be read: " + std::generic_category().message(error));
+  };
+  if (std::filesystem::is_directory(file)) throw unreadable(EISDIR);
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) throw unreadable(errno);
+  const std::string text(std::istreambuf_iterator<char>(stream), {});
+  return JsonNode::parse(text, file.string());
 }
 
 }  // namespace tessara

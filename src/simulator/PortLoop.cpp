@@ -40,8 +40,8 @@ void makeLink(const std::filesystem::path& link, const std::filesystem::path& ta
 
 }  // namespace
 
-PortLoop::PortLoop(std::vector<SimulatedModule> modules, SimulatedPortOptions options)
-    : bus_(std::move(modules)),
+PortLoop::PortLoop(std::unique_ptr<SimulatedLine> line, SimulatedPortOptions options)
+    : line_(std::move(line)),
       options_(std::move(options)),
       work_(context_.get_executor()),
       bytes_(context_),
@@ -94,7 +94,8 @@ void PortLoop::remove() {
   ++plugging_;
   isWaitingForBytes_ = false;
   leaving_ = false;
-  bus_.forgetOpenFrame();
+  sending_ = 0;
+  line_->forgetOpenFrame();
 }
 
 void PortLoop::waitForBytes() {
@@ -123,19 +124,20 @@ void PortLoop::waitForClients() {
 void PortLoop::receive() {
   const Bytes bytes = port_->receive();
   if (leaving_ || bytes.empty()) return;
+  if (sending_ > 0 && line_->isDeafWhileSending()) return;
   lastByte_ = Clock::now();
   if (options_.paced) {
     const auto duration = characterTime(port_->rate()) * bytes.size();
     wireFree_ = std::max(wireFree_, lastByte_) + duration;
   }
-  for (SimulatedAnswer& answer : bus_.receive(bytes)) prepare(std::move(answer));
-  if (bus_.isFrameOpen()) waitForSilence();
+  for (SimulatedAnswer& answer : line_->receive(bytes)) prepare(std::move(answer));
+  if (line_->isFrameOpen()) waitForSilence();
 }
 
 void PortLoop::waitForSilence() {
   at(lastByte_ + kFrameEnd, [this] {
-    if (!bus_.isFrameOpen() || Clock::now() < lastByte_ + kFrameEnd) return;
-    if (auto answer = bus_.silence()) prepare(std::move(*answer));
+    if (!line_->isFrameOpen() || Clock::now() < lastByte_ + kFrameEnd) return;
+    if (auto answer = line_->silence()) prepare(std::move(*answer));
   });
 }
 
@@ -152,6 +154,7 @@ void PortLoop::prepare(SimulatedAnswer answer) {
 }
 
 void PortLoop::begin(SimulatedAnswer answer, Clock::time_point start) {
+  ++sending_;
   if (options_.paced) {
     const auto character = characterTime(port_->rate());
     const auto first = std::max(start, wireFree_);
@@ -159,13 +162,13 @@ void PortLoop::begin(SimulatedAnswer answer, Clock::time_point start) {
     transmit({std::move(answer), 0, first, character});
   } else {
     port_->send(answer.bytes);
-    finish(answer);
+    finish(std::move(answer));
   }
 }
 
 void PortLoop::transmit(Transmission transmission) {
   const std::size_t left = transmission.answer.bytes.size() - transmission.sent;
-  if (left == 0) return finish(transmission.answer);
+  if (left == 0) return finish(std::move(transmission.answer));
   const auto step = static_cast<std::size_t>(
       std::max<std::int64_t>(1, std::chrono::nanoseconds(kPaceStep) / transmission.character));
   const std::size_t count = std::min(left, step);
@@ -177,8 +180,16 @@ void PortLoop::transmit(Transmission transmission) {
   });
 }
 
-void PortLoop::finish(const SimulatedAnswer& answer) {
-  if (answer.unplug) unplugWhenRead(*answer.unplug, Clock::now() + kLastReadLimit);
+void PortLoop::finish(SimulatedAnswer answer) {
+  --sending_;
+  if (!answer.more.empty()) {
+    const auto start = Clock::now() + answer.more.front().pause;
+    answer.bytes = std::move(answer.more.front().bytes);
+    answer.more.erase(answer.more.begin());
+    at(start, [this, start, answer = std::move(answer)] { begin(answer, start); });
+  } else if (answer.unplug) {
+    unplugWhenRead(*answer.unplug, Clock::now() + kLastReadLimit);
+  }
 }
 
 void PortLoop::unplugWhenRead(const faults::Unplug& fault, Clock::time_point deadline) {

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,24 +12,23 @@
 #include <asio/io_context.hpp>
 #include <asio/posix/stream_descriptor.hpp>
 
-#include "simulator/ModbusBus.h"
-#include "simulator/SimulatedPort.h"
+#include "simulator/LinePort.h"
+#include "simulator/SimulatedLine.h"
 #include "simulator/VirtualPort.h"
 
 namespace tessara {
 
 /// The life of a simulated port on one thread: waits for bytes, clients and points in time, and
-/// lets the modules answer. Everything but context() belongs to the thread that runs the context.
+/// lets the line answer. Everything but context() belongs to the thread that runs the context.
 class PortLoop {
  public:
-  /// Plugs the port in. Throws what SimulatedPort's constructor throws.
-  PortLoop(std::vector<SimulatedModule> modules, SimulatedPortOptions options);
+  /// Plugs the port in. Throws what LinePort's constructor throws.
+  PortLoop(std::unique_ptr<SimulatedLine> line, SimulatedPortOptions options);
   ~PortLoop();
   PortLoop(const PortLoop&) = delete;
   PortLoop& operator=(const PortLoop&) = delete;
 
   asio::io_context& context() { return context_; }
-  ModbusBus& bus() { return bus_; }
 
   [[nodiscard]] std::string device() const;
   void plug();
@@ -58,7 +58,9 @@ class PortLoop {
 
   /// Sends the rest piece by piece, each with the end of its last character.
   void transmit(Transmission transmission);
-  void finish(const SimulatedAnswer& answer);
+
+  /// Goes on with what follows the bytes that have been sent.
+  void finish(SimulatedAnswer answer);
 
   void unplugWhenRead(const faults::Unplug& fault, Clock::time_point deadline);
   void replugAfter(std::chrono::milliseconds delay);
@@ -66,7 +68,7 @@ class PortLoop {
   /// Runs the action at that time, unless the port is unplugged or plugged in before.
   void at(Clock::time_point time, std::function<void()> action);
 
-  ModbusBus bus_;
+  std::unique_ptr<SimulatedLine> line_;
   SimulatedPortOptions options_;
   asio::io_context context_{1};
   asio::executor_work_guard<asio::io_context::executor_type> work_;
@@ -76,6 +78,7 @@ class PortLoop {
   std::uint64_t plugging_ = 0;  // how often the port has come and gone
   bool isWaitingForBytes_ = false;
   bool leaving_ = false;        // about to be unplugged by a fault, and deaf to requests
+  std::size_t sending_ = 0;     // answers, or pieces of one, that are under way
   Clock::time_point lastByte_;  // when the latest bytes came
   Clock::time_point wireFree_;  // paced: when the wire has carried all bytes so far
 };

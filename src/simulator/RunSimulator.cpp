@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "simulator/Announcement.h"
-#include "simulator/ModuleFile.h"
-#include "simulator/SimulatedPort.h"
+#include "simulator/LinePort.h"
+#include "simulator/PluggableModule.h"
 
 namespace tessara {
 
@@ -63,16 +63,16 @@ class Report {
 /// A port with its announcement.
 class ServedModule {
  public:
-  ServedModule(const std::string& file, SimulatedModule module, bool paced, Report& report)
+  ServedModule(const std::string& file, PluggableModule module, bool paced, Report& report)
       : title_(titleOf(file, module)),
         report_(report),
-        announcement_(""),
-        port_(std::move(module), {paced, {}, [this](const auto& device) { change(device); }}) {
+        announcement_("", module.deviceNamePrefix),
+        port_(std::move(module.line), {paced, {}, [this](const auto& device) { change(device); }}) {
     show(port_.device());
   }
 
  private:
-  static std::string titleOf(const std::string& file, const SimulatedModule& module) {
+  static std::string titleOf(const std::string& file, const PluggableModule& module) {
     const std::string source = "(" + std::filesystem::path(file).filename().string() + ")";
     return module.name.empty() ? source : module.name + " " + source;
   }
@@ -95,7 +95,7 @@ class ServedModule {
   std::string title_;
   Report& report_;
   Announcement announcement_;
-  SimulatedPort port_;
+  LinePort port_;
 };
 
 }  // namespace
@@ -105,9 +105,9 @@ int runSimulator(const std::vector<std::string>& moduleFiles, bool paced, std::o
   const EndSignals signals;
   Report report(out, err);
   try {
-    std::vector<SimulatedModule> modules;
+    std::vector<PluggableModule> modules;
     modules.reserve(moduleFiles.size());
-    for (const std::string& file : moduleFiles) modules.push_back(loadModule(file));
+    for (const std::string& file : moduleFiles) modules.push_back(loadPluggableModule(file));
     std::vector<std::unique_ptr<ServedModule>> served;
     for (std::size_t index = 0; index < modules.size(); ++index) {
       served.push_back(std::make_unique<ServedModule>(moduleFiles[index], std::move(modules[index]),

@@ -17,10 +17,6 @@ namespace {
 
 constexpr std::uint8_t kReportServerId = 17;
 
-std::size_t requestLength(const Bytes& request) {
-  return request.size() > 1 && request[1] == kReportServerId ? 4 : 8;
-}
-
 void appendWords(Bytes& bytes, const std::vector<std::uint16_t>& words) {
   for (const std::uint16_t word : words) {
     bytes.push_back(static_cast<std::uint8_t>(word >> 8U));
@@ -30,8 +26,14 @@ void appendWords(Bytes& bytes, const std::vector<std::uint16_t>& words) {
 
 }  // namespace
 
-ScriptedSlave::ScriptedSlave(Script script)
-    : script_(std::move(script)), thread_([this] { run(); }) {}
+std::size_t modbusRequestLength(const Bytes& begun) {
+  return begun.size() > 1 && begun[1] == kReportServerId ? 4 : 8;
+}
+
+ScriptedSlave::ScriptedSlave(Script script, RequestLength requestLength)
+    : script_(std::move(script)),
+      requestLength_(std::move(requestLength)),
+      thread_([this] { run(); }) {}
 
 ScriptedSlave::~ScriptedSlave() {
   isEnding_ = true;
@@ -97,7 +99,7 @@ void ScriptedSlave::take() {
   const ssize_t length = ::read(port_.line(), buffer.data(), buffer.size());
   const auto now = Clock::now();
   incoming_.insert(incoming_.end(), buffer.begin(), buffer.begin() + std::max<ssize_t>(length, 0));
-  if (incoming_.size() < requestLength(incoming_)) {
+  if (incoming_.size() < requestLength_(incoming_)) {
     return;
   }
   std::size_t index = 0;

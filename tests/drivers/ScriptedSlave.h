@@ -26,13 +26,20 @@ struct Piece {
 
 using Reply = std::vector<Piece>;
 
-/// A Modbus slave behind a real pseudo-terminal that sends exactly what a test orders.
+/// How many bytes a request has that begins with these; more than there are if that cannot be said
+/// yet.
+using RequestLength = std::function<std::size_t(const Bytes& begun)>;
+
+/// That of a Modbus request with function 04 or 17.
+std::size_t modbusRequestLength(const Bytes& begun);
+
+/// A slave behind a real pseudo-terminal that sends exactly what a test orders.
 class ScriptedSlave {
  public:
-  /// Gives the reply to `request` (checksum included), the `index`th from 0.
+  /// Gives the reply to `request` (from its first byte to its last), the `index`th from 0.
   using Script = std::function<Reply(const Bytes& request, std::size_t index)>;
 
-  explicit ScriptedSlave(Script script);
+  explicit ScriptedSlave(Script script, RequestLength requestLength = modbusRequestLength);
   ~ScriptedSlave();
   ScriptedSlave(const ScriptedSlave&) = delete;
   ScriptedSlave& operator=(const ScriptedSlave&) = delete;
@@ -41,6 +48,8 @@ class ScriptedSlave {
   [[nodiscard]] const std::string& device() const { return port_.device(); }
   /// The port, open beside the program under test.
   [[nodiscard]] int terminal() const { return port_.terminal(); }
+  /// The other end of its line.
+  [[nodiscard]] int line() const { return port_.line(); }
   [[nodiscard]] PortSettings settings() const { return port_.settings(); }
 
   [[nodiscard]] std::vector<Bytes> requests() const;
@@ -63,6 +72,7 @@ class ScriptedSlave {
   void send(const Piece& piece);
 
   Script script_;
+  RequestLength requestLength_;
   PseudoTerminal port_;
 
   mutable std::mutex mutex_;
@@ -77,6 +87,20 @@ class ScriptedSlave {
   std::atomic<bool> isEnding_ = false;
   std::thread thread_;
 };
+
+/// The same reply to every request.
+inline ScriptedSlave::Script always(const Bytes& bytes) {
+  return [bytes](const Bytes&, std::size_t) {
+    return Reply{{std::chrono::milliseconds(0), bytes}};
+  };
+}
+
+/// One reply after the other; the last one for all further requests.
+inline ScriptedSlave::Script inTurn(std::vector<Reply> replies) {
+  return [replies = std::move(replies)](const Bytes&, std::size_t index) {
+    return index < replies.size() ? replies[index] : replies.back();
+  };
+}
 
 /// `bytes` with the checksum of Modbus RTU behind them.
 Bytes framed(Bytes bytes);

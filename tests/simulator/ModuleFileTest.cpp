@@ -200,9 +200,9 @@ TEST(ModuleFile, TellsAnUnknownKey) {
             "m.json: /faults/0/delay: this key is not known here");
 }
 
-TEST(ModuleFile, TellsALinkThatItCannotSimulate) {
+TEST(ModuleFile, TellsALinkThatIsNotItsOwn) {
   EXPECT_EQ(errorWith("link", "hart"),
-            "m.json: /link: \"hart\" is no link that can be simulated; known is: modbus");
+            "m.json: /link: \"hart\" is not the link of a Modbus module");
   EXPECT_EQ(errorWith("link", 3), "m.json: /link: must be text, not 3");
 }
 

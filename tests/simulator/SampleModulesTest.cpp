@@ -61,7 +61,9 @@ TEST_P(EachSample, HasARegister0ForReadsWithoutACatalogueEntry) {
 std::vector<std::filesystem::path> sampleFiles() {
   std::vector<std::filesystem::path> files;
   for (const auto& entry : std::filesystem::directory_iterator(kFolder)) {
-    files.push_back(entry.path());
+    const bool isModbus = !entry.path().stem().string().starts_with("hart-") &&
+                          !entry.path().stem().string().starts_with("nfc-");
+    if (isModbus) files.push_back(entry.path());
   }
   std::ranges::sort(files);
   return files;

@@ -1,14 +1,19 @@
 #include "platform/linux/EmbeddedSimulator.h"
 
-#include "simulator/ModuleFile.h"
+#include <utility>
+
+#include "simulator/PluggableModule.h"
 
 namespace tessara {
 
 EmbeddedSimulator::EmbeddedSimulator(const std::filesystem::path& moduleFile)
-    : port_(loadModule(moduleFile)) {}
+    : EmbeddedSimulator(loadPluggableModule(moduleFile)) {}
+
+EmbeddedSimulator::EmbeddedSimulator(PluggableModule module)
+    : name_(module.deviceNamePrefix + std::to_string(comPort)), port_(std::move(module.line)) {}
 
 std::vector<KnownPort> EmbeddedSimulator::ports() const {
-  return {{comPort, "\\Device\\Silabser" + std::to_string(comPort), port_.device()}};
+  return {{comPort, name_, port_.device()}};
 }
 
 }  // namespace tessara

@@ -2,12 +2,15 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string>
 #include <vector>
 
 #include "platform/linux/PortSource.h"
-#include "simulator/SimulatedPort.h"
+#include "simulator/LinePort.h"
 
 namespace tessara {
+
+struct PluggableModule;
 
 /// A simulated module inside this program, on a port that no other program is told of.
 class EmbeddedSimulator final : public PortSource {
@@ -23,7 +26,10 @@ class EmbeddedSimulator final : public PortSource {
   [[nodiscard]] std::vector<KnownPort> ports() const override;
 
  private:
-  SimulatedPort port_;
+  explicit EmbeddedSimulator(PluggableModule module);
+
+  std::string name_;
+  LinePort port_;
 };
 
 }  // namespace tessara

@@ -1,0 +1,58 @@
+#include "simulator/FaultKinds.h"
+
+#include <limits>
+#include <stdexcept>
+
+namespace tessara {
+
+namespace {
+
+constexpr std::uint64_t kMostRequests = std::numeric_limits<std::uint64_t>::max();
+constexpr std::uint64_t kLongestDelay = 3'600'000;  // an hour, in milliseconds
+
+FaultTrigger uncheckedTrigger(const JsonNode& node) {
+  if (node.has("at") + node.has("every") + node.has("probability") != 1) {
+    node.fail(R"(needs one of the keys "at", "every" and "probability")");
+  }
+  if (node.has("seed") && !node.has("probability")) {
+    node["seed"].fail("goes with the key \"probability\" only");
+  }
+  if (node.has("at")) return faults::At{node["at"].number(1, kMostRequests)};
+  if (node.has("every")) return faults::Every{node["every"].number(1, kMostRequests)};
+  return faults::ByChance{node["probability"].real(), node["seed"].number(0, kMostRequests)};
+}
+
+}  // namespace
+
+FaultTrigger readTrigger(const JsonNode& node) {
+  const FaultTrigger trigger = uncheckedTrigger(node);
+  try {
+    checkTrigger(trigger);
+  } catch (const std::invalid_argument& error) {
+    node.fail(error.what());
+  }
+  return trigger;
+}
+
+std::uint8_t readByte(const JsonNode& node) {
+  return static_cast<std::uint8_t>(node.number(0, 0xFF));
+}
+
+Bytes readBytes(const JsonNode& node) {
+  Bytes bytes;
+  for (const JsonNode& element : node.elements()) bytes.push_back(readByte(element));
+  return bytes;
+}
+
+std::chrono::milliseconds readDelay(const JsonNode& node) {
+  return std::chrono::milliseconds(node.number(0, kLongestDelay));
+}
+
+faults::Unplug readUnplug(const JsonNode& node, std::size_t longest) {
+  faults::Unplug unplug;
+  if (node.has("bytes")) unplug.bytes = node["bytes"].number(0, longest);
+  if (node.has("replugAfter")) unplug.replugAfter = readDelay(node["replugAfter"]);
+  return unplug;
+}
+
+}  // namespace tessara

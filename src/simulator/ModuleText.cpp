@@ -1,0 +1,46 @@
+#include "simulator/ModuleText.h"
+
+#include <string>
+
+#include "platform/Text.h"
+#include "simulator/SimulatedModule.h"
+
+namespace tessara {
+
+namespace {
+
+constexpr char16_t kHighestCharacter = 0xFF;
+
+std::uint8_t paddingByte(const JsonNode& root) {
+  if (!root.has("namePadding")) return 0;
+  const JsonNode node = root["namePadding"];
+  if (node.text() == "zero") return 0;
+  if (node.text() == "blank") return ' ';
+  node.fail(R"(must be "zero" or "blank", not ")" + node.text() + "\"");
+}
+
+}  // namespace
+
+Bytes readLatin1(const JsonNode& node, std::size_t most) {
+  const std::u16string characters = fromUtf8(node.text());
+  if (characters.size() > most) {
+    node.fail("has " + std::to_string(characters.size()) + " characters; a module has room for " +
+              std::to_string(most));
+  }
+  Bytes bytes;
+  for (const char16_t character : characters) {
+    if (character > kHighestCharacter) {
+      node.fail("\"" + toUtf8({&character, 1}) + "\" is no character of Latin-1");
+    }
+    bytes.push_back(static_cast<std::uint8_t>(character));
+  }
+  return bytes;
+}
+
+Bytes readPaddedName(const JsonNode& root) {
+  Bytes name = readLatin1(root["name"], kNameLength);
+  name.resize(kNameLength, paddingByte(root));
+  return name;
+}
+
+}  // namespace tessara

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "simulator/ModbusCodec.h"
+#include "simulator/hart/HartEffect.h"
+
+namespace tessara {
+
+/// The commands whose answers a module file gives under names of their own.
+namespace hart {
+inline constexpr std::uint16_t kReadIdentity = 0;
+inline constexpr std::uint16_t kReadIdentityByTag = 11;
+inline constexpr std::uint16_t kReadName = 20;
+inline constexpr std::uint16_t kReadIdentityByName = 21;
+inline constexpr std::uint16_t kReadFirmware = 24;
+inline constexpr std::uint16_t kReadSerialNumber = 27;
+inline constexpr std::uint16_t kReadStatus = 48;
+}  // namespace hart
+
+/// Bytes of the short tag: eight characters of six bits each.
+inline constexpr std::size_t kPackedTagLength = 6;
+
+/// What a module behind a HART modem holds and how it misbehaves.
+struct SimulatedHartModule {
+  /// For people: without the padding that the module itself has. May be empty.
+  std::string name;
+
+  /// 0 to 63.
+  std::uint8_t pollingAddress = 0;
+
+  /// The data of its answer to command 0, at least up to the device id in bytes 9 to 11.
+  Bytes identity;
+
+  /// The data of its answers to further commands, by number. Those not here are not implemented.
+  std::map<std::uint16_t, Bytes> answers;
+
+  /// The short tag by which command 11 calls it.
+  std::array<std::uint8_t, kPackedTagLength> tag{};
+
+  /// The second status byte of every answer.
+  std::uint8_t deviceStatus = 0;
+
+  /// Preambles in front of its answers.
+  std::size_t preambles = 5;
+
+  std::vector<HartMisbehaviour> faults;
+};
+
+}  // namespace tessara
