@@ -54,7 +54,7 @@ struct ControlRead::World {
         control(platform, host) {
     control.UserControl_Initialize();
     control.put_ComPort(comPort);
-    control.put_AppPathString(platform.appPath());
+    control.put_AppPathString(std::u16string(TESSARA_LANGUAGES));
     control.put_Language(1);
     control.UserControl_Show();
   }
