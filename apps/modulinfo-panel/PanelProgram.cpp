@@ -10,8 +10,6 @@
 #include "DeviceLog.h"
 #include "ModuleReading.h"
 #include "PanelWindow.h"
-#include "localisation/Settings.h"
-#include "platform/Text.h"
 #include "platform/headless/HeadlessMessageHelper.h"
 #include "platform/linux/EmbeddedSimulator.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -26,24 +24,6 @@ namespace {
 ExitCode fail(ExitCode code, const char* message) {
   std::cerr << "modulinfo-panel: " << message << '\n';
   return code;
-}
-
-/// Brings the control up at the port that was used last.
-void bringUpAtLastPort(ModulInfoFLII& control, LinuxPlatform& platform,
-                       const ReadRequest& request) {
-  control.UserControl_Initialize();
-  const auto settings = platform.createRegistryHelper();
-  const auto number = [&](std::u16string_view name) {
-    return ReadNumber(*settings, name, control.decimalSeparator());
-  };
-  control.put_AppPathString(platform.appPath());
-  control.put_Language(static_cast<std::int16_t>(request.language.value_or(number(u"Language"))));
-  control.put_ComPort(number(u"COM Port"));
-  control.put_Baudrate(request.baudrate);
-  control.UserControl_Show();
-  if (request.address) {
-    control.panel.txtDevAddr.setText(decimalText(*request.address));
-  }
 }
 
 /// Brings the panel up as far as it gets. A module that was asked for has to be there; without one
@@ -98,7 +78,7 @@ ExitCode show(const PanelRequest& request, const PortSource* simulator) {
   LinuxPlatform platform(loop, std::move(messages), std::move(options));
   PanelWindow window(platform);
   boxes->setParent(&window);
-  loop.tickFailed = [&window](const std::exception& error) { window.showError(error); };
+  loop.tickFailed = [&window](const std::exception& error) { window.tell(error.what()); };
 
   bringUpPanel(window, platform, request);
   window.answerOtherButtons();

@@ -28,10 +28,10 @@ class PanelWindow : public QMainWindow, private HostEvents {
   /// Shows what went wrong in a box.
   void showError(const std::exception& error) const;
 
- private:
   /// Shows a text in the status line for some seconds.
   void tell(const QString& text);
 
+ private:
   void ModulActive(std::int32_t& lStatus) override;
   void StatusChange() override;
   void SetConfiguration() override;

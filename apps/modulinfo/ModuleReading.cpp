@@ -1,6 +1,7 @@
 #include "ModuleReading.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 #include "control/ModuleWide.h"
@@ -53,20 +54,21 @@ void selectPort(Widget& list, std::int16_t comPort) {
   list.select(static_cast<std::int32_t>(line - lines.begin()));
 }
 
-std::int16_t languageOf(const ModulInfoFLII& control, const ReadRequest& request) {
-  if (request.language) return static_cast<std::int16_t>(*request.language);
-  return ReadNumber(live(moduleWide().RegistryHelper, "RegistryHelper"), u"Language",
+std::int16_t setting(const ModulInfoFLII& control, std::u16string_view name) {
+  return ReadNumber(live(moduleWide().RegistryHelper, "RegistryHelper"), name,
                     control.decimalSeparator());
 }
 
-void showControl(ModulInfoFLII& control, LinuxPlatform& platform, const ReadRequest& request) {
+/// Brings the control up; without a port it takes the one that the settings name.
+void showControl(ModulInfoFLII& control, LinuxPlatform& platform, const ReadRequest& request,
+                 std::optional<std::int16_t> comPort) {
   control.UserControl_Initialize();
   control.put_AppPathString(platform.appPath());
-  control.put_Language(languageOf(control, request));
-  control.put_ComPort(request.comPort);
+  control.put_Language(request.language ? static_cast<std::int16_t>(*request.language)
+                                        : setting(control, u"Language"));
+  control.put_ComPort(comPort ? *comPort : setting(control, u"COM Port"));
   control.put_Baudrate(request.baudrate);
   control.UserControl_Show();
-  selectPort(control.panel.ComboComPort, request.comPort);
   if (request.address) control.panel.txtDevAddr.setText(decimalText(*request.address));
 }
 
@@ -84,10 +86,16 @@ void bringUp(ModulInfoFLII& control, LinuxPlatform& platform, const ReadRequest&
     const bool isKnown =
         request.comPort == usbReaderPort || platform.ports().deviceOf(request.comPort);
     if (!isKnown) failUnknownPort(request.comPort, platform.ports().ports());
-    showControl(control, platform, request);
+    showControl(control, platform, request, request.comPort);
+    selectPort(control.panel.ComboComPort, request.comPort);
   } catch (const RunTimeError& error) {
     throw ReadFailure(ExitCode::NoConnection, error.what());
   }
+}
+
+void bringUpAtLastPort(ModulInfoFLII& control, LinuxPlatform& platform,
+                       const ReadRequest& request) {
+  showControl(control, platform, request, std::nullopt);
 }
 
 void readOnce(ModulInfoFLII& control, LinuxPlatform& platform, const DeviceLog& log) {

@@ -27,6 +27,10 @@ class ReadFailure : public std::runtime_error {
 /// or if the control does not come up.
 void bringUp(ModulInfoFLII& control, LinuxPlatform& platform, const ReadRequest& request);
 
+/// Brings the control up for the port that was used last, whatever the request says of it; if that
+/// has gone, the control takes another, or none. Errors of the control pass to the caller.
+void bringUpAtLastPort(ModulInfoFLII& control, LinuxPlatform& platform, const ReadRequest& request);
+
 /// Reads the module once. Throws ReadFailure if that does not lead to valid data.
 void readOnce(ModulInfoFLII& control, LinuxPlatform& platform, const DeviceLog& log);
 

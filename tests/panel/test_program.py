@@ -111,6 +111,13 @@ class ProgramTest(Bench):
         self.assertIn("COM77", ended.stderr)
         self.assertFalse(self.picture.exists())
 
+    def test_settings_that_hold_nonsense_end_with_3(self):
+        self.write_settings("[Settings]\nLanguage=fast\n")
+        ended = self.run_panel("--screenshot", self.picture)
+        self.assertEqual(ended.returncode, 3)
+        self.assertIn("fast", ended.stderr)
+        self.assertFalse(self.picture.exists())
+
     def test_wrong_usage_ends_with_2(self):
         for arguments in (["--port", "seven"], ["--simulate", "absent.json"], ["--baudrate", "0"],
                           ["--address", "256"], ["--language", "12"], ["--unknown"],
