@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds everything under the sanitizers and runs every check: the tests, the format of the sources,
-# clang-tidy, shellcheck and, for a short while, the fuzz targets. The last line counts them; a check
-# that was skipped counts as failed.
+# shellcheck and, for a short while, the fuzz targets. The last line counts them; a check that was
+# skipped counts as failed. clang-tidy has scripts/lint.sh to itself.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 source scripts/steps.sh
@@ -27,7 +27,6 @@ check() {
 mapfile -t sources < <(find src apps bench tests -name '*.cpp' -o -name '*.h')
 check format clang-format --dry-run --Werror "${sources[@]}" fuzz/*/*.cpp
 check shellcheck shellcheck --external-sources ./*.sh scripts/*.sh .ci/run
-check clang-tidy /usr/bin/python3 scripts/tidy.py "$build" "${sources[@]}"
 check fuzz scripts/fuzz.sh 5
 
 step "Testing $build"
