@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds everything under the sanitizers and runs every check: the tests, the format of the sources,
-# shellcheck and, for a short while, the fuzz targets. The last line counts them; a check that was
+# Builds everything under the sanitizers and runs every check: the tests, the format of the sources
+# and scripts and, for a short while, the fuzz targets. The last line counts them; a check that was
 # skipped counts as failed. clang-tidy has scripts/lint.sh to itself.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
