@@ -113,6 +113,15 @@ std::span<const std::uint8_t> ModbusRequest::dataOf(std::span<const std::uint8_t
   return frame.subspan(kHeaderLength, length);
 }
 
+std::vector<std::uint8_t> frameOf(const ModbusRequest& request) {
+  const auto contents = request.bytes();
+  std::vector<std::uint8_t> frame(contents.begin(), contents.end());
+  const std::uint16_t sum = checksum(contents);
+  frame.push_back(static_cast<std::uint8_t>(sum));
+  frame.push_back(static_cast<std::uint8_t>(sum >> 8U));
+  return frame;
+}
+
 bool holdsWholeFrame(std::span<const std::uint8_t> buffer) {
   if (buffer.size() < kHeaderLength + kChecksumLength) {
     return false;

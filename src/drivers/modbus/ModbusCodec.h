@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "platform/CommunicationObject.h"
 
@@ -42,6 +43,9 @@ class ModbusRequest {
   std::size_t length_ = 0;
   std::size_t dataLength_ = 0;  ///< of the answer; 0 if the answer alone knows
 };
+
+/// The request as a whole frame, checksum included.
+std::vector<std::uint8_t> frameOf(const ModbusRequest& request);
 
 /// True if `buffer` begins with a frame whose checksum holds, whoever sent it: an answer with a
 /// byte count, as those of functions 04 and 17 are, or an exception.

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "drivers/nfc/Iso15693.h"
+
+namespace tessara {
+
+/// The bytes as upper-case hexadecimal digits, two a byte, with nothing between them.
+std::string hexText(std::span<const std::uint8_t> bytes);
+
+/// One byte as two digits.
+std::string hexText(std::uint8_t byte);
+
+/// The bytes that the digits of `text` stand for, in upper or lower case. Throws NfcFault (Damage)
+/// if there is anything else in it, or half a byte.
+Bytes bytesOfHex(std::string_view text);
+
+}  // namespace tessara

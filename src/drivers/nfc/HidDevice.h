@@ -1,0 +1,43 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "drivers/nfc/Cr95Hf.h"
+
+namespace tessara {
+
+/// The USB reader as a device that reports go to and come from. Both functions throw NfcFault
+/// (NoReader) once it has been unplugged.
+class HidDevice {
+ public:
+  HidDevice() = default;
+  HidDevice(const HidDevice&) = delete;
+  HidDevice& operator=(const HidDevice&) = delete;
+  virtual ~HidDevice() = default;
+
+  virtual void write(const cr95hf::Report& report) = 0;
+
+  /// The next report, as soon as it comes; nothing if none comes within the time.
+  virtual std::optional<Bytes> read(std::chrono::milliseconds timeout) = 0;
+
+  /// What people call it: "/dev/hidraw0".
+  [[nodiscard]] virtual std::string name() const = 0;
+};
+
+/// Knows the USB readers that there are.
+class UsbReaders {
+ public:
+  UsbReaders() = default;
+  UsbReaders(const UsbReaders&) = delete;
+  UsbReaders& operator=(const UsbReaders&) = delete;
+  virtual ~UsbReaders() = default;
+
+  /// Takes the reader, for this one user alone. Throws PortError if there is none, or it is in use,
+  /// or may not be opened.
+  virtual std::unique_ptr<HidDevice> open() = 0;
+};
+
+}  // namespace tessara

@@ -1,0 +1,51 @@
+#include "drivers/nfc/UsbReader.h"
+
+#include <algorithm>
+#include <array>
+
+#include "drivers/nfc/NfcFault.h"
+
+namespace tessara {
+
+using namespace std::chrono_literals;
+
+cr95hf::Answer UsbReader::echo() {
+  send(cr95hf::ReportId::ToChip, cr95hf::kEchoCommand);
+  const auto deadline = Clock::now() + answerTime_;
+  for (;;) {
+    cr95hf::Answer answer = answerBefore(deadline);
+    if (answer.result == cr95hf::kEcho) return answer;
+  }
+}
+
+cr95hf::Answer UsbReader::revision() {
+  return ask(cr95hf::ReportId::ToBoard, std::array{cr95hf::kBoardRevision});
+}
+
+cr95hf::Answer UsbReader::command(std::span<const std::uint8_t> command) {
+  return ask(cr95hf::ReportId::ToChip, command);
+}
+
+cr95hf::Answer UsbReader::ask(cr95hf::ReportId id, std::span<const std::uint8_t> request) {
+  send(id, request);
+  return answerBefore(Clock::now() + answerTime_);
+}
+
+void UsbReader::send(cr95hf::ReportId id, std::span<const std::uint8_t> request) {
+  while (device_->read(0ms)) {
+    // What has come already answers nothing that is still to be asked.
+  }
+  device_->write(cr95hf::reportOf(id, request));
+}
+
+cr95hf::Answer UsbReader::answerBefore(Clock::time_point deadline) {
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+  const auto report = device_->read(std::max(left, 0ms));
+  if (!report) {
+    throw NfcFault(NfcFaultKind::ReaderSilent, "the reader does not answer within " +
+                                                   std::to_string(answerTime_.count()) + " ms");
+  }
+  return cr95hf::decodeReport(*report);
+}
+
+}  // namespace tessara

@@ -1,0 +1,48 @@
+#include "drivers/nfc/UsbReaderLink.h"
+
+#include "drivers/nfc/NfcFault.h"
+#include "drivers/nfc/TagCommands.h"
+
+namespace tessara {
+
+UsbReaderLink::~UsbReaderLink() {
+  if (!isAnswering_) return;
+  try {
+    reader_.command(cr95hf::kFieldOff);
+  } catch (const NfcFault&) {
+    // A reader that has just gone has no field either.
+  }
+}
+
+TagUid UsbReaderLink::selectTag() {
+  isAnswering_ = false;
+  reader_.echo();
+  if (!isAsked_) {
+    reader_.revision();
+    isAsked_ = true;
+  }
+  const auto selected = reader_.command(cr95hf::kSelectIso15693);
+  isAnswering_ = true;
+  if (selected.result != cr95hf::kDone) {
+    throw NfcFault(NfcFaultKind::ReaderRefusal, "the reader knows no tags of the kind of modules");
+  }
+  try {
+    return uidOf(dataOf(send(inventoryRequest())));
+  } catch (const NfcFault& fault) {
+    if (fault.kind() != NfcFaultKind::TagGone) throw;
+    throw NfcFault(NfcFaultKind::NoTag, "no module lies in the field of the reader");
+  }
+}
+
+Bytes UsbReaderLink::exchange(const AirRequest& request) {
+  return dataOf(send(request));
+}
+
+AirAnswer UsbReaderLink::send(const AirRequest& request) {
+  isAnswering_ = false;
+  const auto answer = reader_.command(cr95hf::sendReceive(encodeAirRequest(request)));
+  isAnswering_ = true;
+  return cr95hf::tagAnswerOf(answer);
+}
+
+}  // namespace tessara
