@@ -11,11 +11,14 @@
 #include "simulator/ModuleFile.h"
 #include "simulator/hart/HartLine.h"
 #include "simulator/hart/HartModuleFile.h"
+#include "simulator/nfc/NfcModuleFile.h"
+#include "simulator/nfc/SimulatedTwn4.h"
 
 namespace tessara {
 
 namespace {
 
+constexpr std::string_view kUsbReaderLink = "nfc-usb";
 constexpr const char* kHartModemPrefix = "\\Device\\ViatorSim";
 
 struct Link {
@@ -38,6 +41,19 @@ constexpr std::array kLinks{
           std::string name = module.name;
           return {std::move(name), kHartModemPrefix, std::make_unique<HartLine>(std::move(module))};
         }},
+    Link{
+        "nfc-twn4",
+        [](const JsonNode& root) -> PluggableModule {
+          SimulatedNfcModule module = readNfcModule(root);
+          std::string name = module.module.name;
+          return {std::move(name), kTwn4Prefix, std::make_unique<SimulatedTwn4>(std::move(module))};
+        }},
+    Link{kUsbReaderLink,
+         [](const JsonNode& root) -> PluggableModule {
+           root["link"].fail(
+               "the USB NFC reader is no port: it can only be simulated inside the "
+               "program that reads the module");
+         }},
 };
 
 const Link& linkOf(const JsonNode& root) {
@@ -54,6 +70,12 @@ const Link& linkOf(const JsonNode& root) {
 }
 
 }  // namespace
+
+std::optional<SimulatedNfcModule> loadUsbReaderModule(const std::filesystem::path& file) {
+  const JsonNode root = parseModuleFile(file);
+  if (linkOf(root).name != kUsbReaderLink) return std::nullopt;
+  return readNfcModule(root);
+}
 
 PluggableModule loadPluggableModule(const std::filesystem::path& file) {
   const JsonNode root = parseModuleFile(file);

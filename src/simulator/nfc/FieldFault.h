@@ -1,0 +1,67 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <variant>
+
+#include "simulator/Fault.h"
+#include "simulator/JsonNode.h"
+
+namespace tessara {
+
+/// What goes wrong between a reader and a tag. Counted are the requests that the reader sends into
+/// its field, from 1 on: the search for a tag, each look at the mailbox, each piece of a message.
+namespace fieldFaults {
+
+/// No tag hears this request.
+struct TagAbsent {};
+
+/// The tag is taken out of the field before this request; it comes back after that time, or never.
+struct TagLeaves {
+  std::optional<std::chrono::milliseconds> returnAfter;
+};
+
+/// The tag's answer arrives with a wrong checksum.
+struct AirChecksum {};
+
+/// The reader answers with an error of its own: a result code of the USB reader's chip, a status of
+/// a TWN4 reader.
+struct ReaderError {
+  std::uint8_t code;
+};
+
+/// The reader itself does not answer.
+struct ReaderSilent {};
+
+/// From this request on, for that time or for good, a message that nobody fetches lies in the
+/// mailbox.
+struct MailboxBusy {
+  std::optional<std::chrono::milliseconds> duration;
+};
+
+/// From this request on the tag does not allow its mailbox to be used.
+struct MailboxOff {};
+
+/// From this request on, for that time or for good, the module fetches nothing from its mailbox.
+struct ModuleAsleep {
+  std::optional<std::chrono::milliseconds> duration;
+};
+
+}  // namespace fieldFaults
+
+using FieldEffect =
+    std::variant<fieldFaults::TagAbsent, fieldFaults::TagLeaves, fieldFaults::AirChecksum,
+                 fieldFaults::ReaderError, fieldFaults::ReaderSilent, fieldFaults::MailboxBusy,
+                 fieldFaults::MailboxOff, fieldFaults::ModuleAsleep>;
+
+/// One fault that has been ordered: what goes wrong, and when.
+struct FieldFault {
+  FieldEffect effect;
+  FaultTrigger trigger;
+};
+
+/// One entry of the list of reader faults in a module file. Throws ModuleFileError.
+FieldFault readFieldFault(const JsonNode& node);
+
+}  // namespace tessara

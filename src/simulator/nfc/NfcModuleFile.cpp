@@ -1,0 +1,45 @@
+#include "simulator/nfc/NfcModuleFile.h"
+
+#include <algorithm>
+
+#include "drivers/nfc/HexText.h"
+#include "drivers/nfc/NfcFault.h"
+#include "simulator/ModuleFile.h"
+
+namespace tessara {
+
+namespace {
+
+/// What the number of an ISO 15693 tag begins with.
+constexpr std::uint8_t kFirstUidByte = 0xE0;
+
+TagUid readUid(const JsonNode& node) {
+  TagUid uid{};
+  Bytes bytes;
+  try {
+    bytes = bytesOfHex(node.text());
+  } catch (const NfcFault&) {
+    bytes.clear();
+  }
+  if (bytes.size() != uid.size() || bytes.front() != kFirstUidByte) {
+    node.fail("must be the number of a tag, 16 hexadecimal digits that begin with E0, not \"" +
+              node.text() + "\"");
+  }
+  std::copy(bytes.begin(), bytes.end(), uid.begin());
+  return uid;
+}
+
+}  // namespace
+
+SimulatedNfcModule readNfcModule(const JsonNode& root) {
+  SimulatedNfcModule module{readModule(root, {"uid", "readerFaults"})};
+  if (root.has("uid")) module.uid = readUid(root["uid"]);
+  if (root.has("readerFaults")) {
+    for (const JsonNode& node : root["readerFaults"].elements()) {
+      module.faults.push_back(readFieldFault(node));
+    }
+  }
+  return module;
+}
+
+}  // namespace tessara

@@ -1,0 +1,157 @@
+#include "simulator/nfc/SimulatedTwn4.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "drivers/nfc/HexText.h"
+#include "drivers/nfc/NfcFault.h"
+#include "drivers/nfc/TagCommands.h"
+#include "drivers/nfc/Twn4.h"
+
+namespace tessara {
+
+namespace {
+
+constexpr std::string_view kVersion = "TWN4/B1.06/CCF4.51/PRS1.04";
+constexpr std::size_t kLongestRequest = 1024;
+
+enum Status : std::uint8_t {
+  kNoError = 0,
+  kUnknownFunction = 1,
+  kMissingParameter = 2,
+  kUnusedParameters = 3,
+  kParserError = 5,
+};
+
+/// Thrown by a function that cannot be called like that.
+struct CallError {
+  std::uint8_t status;
+};
+
+void requireLength(std::span<const std::uint8_t> parameters, std::size_t length) {
+  if (parameters.size() < length) throw CallError{kMissingParameter};
+  if (parameters.size() > length) throw CallError{kUnusedParameters};
+}
+
+Bytes results(std::initializer_list<std::uint8_t> values) {
+  Bytes bytes{kNoError};
+  bytes.insert(bytes.end(), values);
+  return bytes;
+}
+
+void appendArray(Bytes& bytes, std::span<const std::uint8_t> array, std::size_t most) {
+  const auto part = array.first(std::min(array.size(), most));
+  bytes.push_back(static_cast<std::uint8_t>(part.size()));
+  bytes.insert(bytes.end(), part.begin(), part.end());
+}
+
+}  // namespace
+
+std::vector<SimulatedAnswer> SimulatedTwn4::receive(std::span<const std::uint8_t> bytes) {
+  std::vector<SimulatedAnswer> answers;
+  for (const std::uint8_t byte : bytes) {
+    const auto character = static_cast<char>(byte);
+    if (character != twn4::kLineEnd) {
+      if (line_.size() < kLongestRequest) line_ += character;
+    } else if (auto answer = answerTo(std::exchange(line_, {}))) {
+      answers.push_back(std::move(*answer));
+    }
+  }
+  return answers;
+}
+
+std::optional<SimulatedAnswer> SimulatedTwn4::answerTo(std::string_view line) {
+  isSilent_ = false;
+  Bytes answer;
+  try {
+    answer = execute(bytesOfHex(line));
+  } catch (const NfcFault&) {
+    answer = {kParserError};
+  } catch (const CallError& error) {
+    answer = {error.status};
+  }
+  if (isSilent_) return std::nullopt;
+  const std::string text = twn4::lineOf(answer);
+  SimulatedAnswer sent{Bytes(text.begin(), text.end()), {}};
+  sent.unplug = field_.tag().takeUnplug();
+  return sent;
+}
+
+Bytes SimulatedTwn4::execute(std::span<const std::uint8_t> request) {
+  struct Entry {
+    twn4::Function function;
+    Bytes (SimulatedTwn4::*execute)(std::span<const std::uint8_t>);
+  };
+  static constexpr std::array kFunctions{
+      Entry{twn4::kGetVersion, &SimulatedTwn4::version},
+      Entry{twn4::kSetTagTypes, &SimulatedTwn4::setTagTypes},
+      Entry{twn4::kSearchTag, &SimulatedTwn4::search},
+      Entry{twn4::kFieldOff, &SimulatedTwn4::switchFieldOff},
+      Entry{twn4::kIso15693Command, &SimulatedTwn4::sendCommand},
+  };
+  if (request.size() < 2) throw CallError{kMissingParameter};
+  const twn4::Function called{request[0], request[1]};
+  const auto* const known = std::find_if(kFunctions.begin(), kFunctions.end(),
+                                         [&](const auto& row) { return row.function == called; });
+  if (known == kFunctions.end()) throw CallError{kUnknownFunction};
+  return (this->*known->execute)(request.subspan(2));
+}
+
+Bytes SimulatedTwn4::version(std::span<const std::uint8_t> parameters) {
+  requireLength(parameters, 1);
+  Bytes answer = results({});
+  appendArray(answer, Bytes(kVersion.begin(), kVersion.end()), parameters[0]);
+  return answer;
+}
+
+Bytes SimulatedTwn4::setTagTypes(std::span<const std::uint8_t> parameters) {
+  constexpr std::size_t kHighFrequencyMask = 4;  // behind the one for low frequencies
+  requireLength(parameters, 8);
+  constexpr std::uint8_t kBit = 1U << (twn4::kIso15693Tag & 0x1FU);
+  looksForIso15693_ = (parameters[kHighFrequencyMask] & kBit) != 0;
+  return results({});
+}
+
+Bytes SimulatedTwn4::search(std::span<const std::uint8_t> parameters) {
+  requireLength(parameters, 1);
+  isSelected_ = false;
+  if (!looksForIso15693_) return results({0});
+  const FieldOutcome outcome = send(inventoryRequest());
+  if (!outcome.answer || outcome.isDamaged) return results({0});
+  isSelected_ = true;
+  constexpr std::uint8_t kUidBits = 64;
+  Bytes answer = results({1, twn4::kIso15693Tag, kUidBits});
+  appendArray(answer, uidOf(outcome.answer->data), parameters[0]);
+  return answer;
+}
+
+Bytes SimulatedTwn4::switchFieldOff(std::span<const std::uint8_t> parameters) {
+  requireLength(parameters, 0);
+  isSelected_ = false;
+  field_.switchOff();
+  return results({});
+}
+
+Bytes SimulatedTwn4::sendCommand(std::span<const std::uint8_t> parameters) {
+  constexpr std::size_t kHeader = 3;  // flags, command, length of the data
+  if (parameters.size() < kHeader) throw CallError{kMissingParameter};
+  requireLength(parameters, kHeader + parameters[2] + 1U);
+  if (!isSelected_) return results({0});
+  Bytes request{parameters[0], parameters[1]};
+  request.insert(request.end(), parameters.begin() + kHeader, parameters.end() - 1);
+  const FieldOutcome outcome = send(decodeAirRequest(request));
+  if (!outcome.answer || outcome.isDamaged || outcome.answer->isRefusal()) return results({0});
+  Bytes answer = results({1});
+  appendArray(answer, outcome.answer->data, parameters.back());
+  return answer;
+}
+
+FieldOutcome SimulatedTwn4::send(const AirRequest& request) {
+  FieldOutcome outcome = field_.send(request, SimulatedField::Clock::now());
+  isSilent_ = outcome.isReaderSilent;
+  if (outcome.readerError) throw CallError{*outcome.readerError};
+  return outcome;
+}
+
+}  // namespace tessara
