@@ -61,11 +61,12 @@ ExitCode draw(PanelWindow& window, LinuxPlatform& platform, const DeviceLog& log
   return code;
 }
 
-ExitCode show(const PanelRequest& request, const PortSource* simulator) {
+ExitCode show(const PanelRequest& request, const EmbeddedSimulator* simulator) {
   QtEventLoop loop;
   DeviceLog log(false);
   LinuxPlatformOptions options;
   options.embedded = simulator;
+  if (simulator != nullptr) options.usbReaders = &simulator->usbReaders();
   options.looksForDevices = simulator == nullptr;
   options.keepsSettings = simulator == nullptr;
   options.pictures = std::make_shared<QtPictureLoader>();
@@ -100,7 +101,7 @@ ExitCode showPanel(const PanelRequest& request) {
     PanelRequest at = request;
     if (!request.module.moduleFile.empty()) {
       simulator.emplace(request.module.moduleFile);
-      at.module.comPort = EmbeddedSimulator::comPort;
+      at.module.comPort = simulator->comPort();
     }
     return show(at, simulator ? &*simulator : nullptr);
   } catch (const ReadFailure& failure) {

@@ -35,13 +35,14 @@ void print(const ModulInfoFLII& control, const DeviceLog& log, const ReadRequest
                              : panelText(control));
 }
 
-void readAndPrint(const ReadRequest& request, const PortSource* simulator) {
+void readAndPrint(const ReadRequest& request, const EmbeddedSimulator* simulator) {
   CommandLoop loop;
   DeviceLog log(request.trace);
   WaitingHost host;
   LinuxPlatformOptions options;
   options.callSink = [&log](const DeviceCall& call) { log.add(call); };
   options.embedded = simulator;
+  if (simulator != nullptr) options.usbReaders = &simulator->usbReaders();
   options.looksForDevices = simulator == nullptr;
   options.keepsSettings = simulator == nullptr;
   LinuxPlatform platform(loop.eventLoop(), std::make_shared<HeadlessMessageHelper>(std::cerr),
@@ -57,7 +58,7 @@ ExitCode read(ReadRequest request) {
     std::optional<EmbeddedSimulator> simulator;
     if (!request.moduleFile.empty()) {
       simulator.emplace(request.moduleFile);
-      request.comPort = EmbeddedSimulator::comPort;
+      request.comPort = simulator->comPort();
     }
     readAndPrint(request, simulator ? &*simulator : nullptr);
     return ExitCode::Done;

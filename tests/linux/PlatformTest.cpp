@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "SettingsFolder.h"
+#include "StillLoop.h"
 #include "platform/Text.h"
 #include "platform/linux/EmbeddedSimulator.h"
 #include "platform/linux/LinuxFileSystem.h"
@@ -12,17 +13,6 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::HasSubstr;
-
-/// A loop that nobody turns.
-class StillLoop final : public EventLoop {
- public:
-  void yield() override {}
-  void sleep(std::chrono::milliseconds /*duration*/) override {}
-  std::unique_ptr<PeriodicTimer> createTimer(std::chrono::milliseconds /*interval*/,
-                                             std::function<void()> /*tick*/) override {
-    return nullptr;
-  }
-};
 
 class PlatformTest : public SettingsFolder {
  protected:
@@ -87,7 +77,7 @@ TEST_F(PlatformTest, ReadsASimulatedModuleThroughItsCommunicationObject) {
   LinuxPlatform platform(loop, nullptr, options);
 
   const auto object = platform.createModbusCommObject();
-  std::int16_t comPort = EmbeddedSimulator::comPort;
+  std::int16_t comPort = simulator.comPort();
   std::int32_t baudrate = 19200;
   std::uint8_t address = 192;
   ASSERT_TRUE(object->ConnectWithSerialDevice(comPort, baudrate)) << object->connectFailure();

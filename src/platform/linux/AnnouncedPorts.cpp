@@ -1,5 +1,6 @@
 #include "platform/linux/AnnouncedPorts.h"
 
+#include "platform/linux/SimulatedKnownPort.h"
 #include "simulator/Announcement.h"
 
 namespace tessara {
@@ -7,7 +8,8 @@ namespace tessara {
 std::vector<KnownPort> AnnouncedPorts::ports() const {
   std::vector<KnownPort> ports;
   for (const RunningPort& port : runningPorts()) {
-    ports.push_back({static_cast<std::int16_t>(port.number), port.name, port.device});
+    ports.push_back(
+        simulatedKnownPort(static_cast<std::int16_t>(port.number), port.name, port.device));
   }
   return ports;
 }

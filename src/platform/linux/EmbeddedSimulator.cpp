@@ -2,18 +2,38 @@
 
 #include <utility>
 
+#include "control/Transport.h"
+#include "drivers/nfc/NoUsbReaders.h"
+#include "platform/linux/SimulatedKnownPort.h"
 #include "simulator/PluggableModule.h"
+#include "simulator/nfc/SimulatedUsbReader.h"
 
 namespace tessara {
 
-EmbeddedSimulator::EmbeddedSimulator(const std::filesystem::path& moduleFile)
-    : EmbeddedSimulator(loadPluggableModule(moduleFile)) {}
+namespace {
 
-EmbeddedSimulator::EmbeddedSimulator(PluggableModule module)
-    : name_(module.deviceNamePrefix + std::to_string(comPort)), port_(std::move(module.line)) {}
+constexpr std::int16_t embeddedPort = 100;
+
+}  // namespace
+
+EmbeddedSimulator::EmbeddedSimulator(const std::filesystem::path& moduleFile) {
+  if (auto module = loadUsbReaderModule(moduleFile)) {
+    readers_ = std::make_unique<SimulatedUsbReader>(*std::move(module));
+    return;
+  }
+  PluggableModule module = loadPluggableModule(moduleFile);
+  name_ = module.deviceNamePrefix + std::to_string(embeddedPort);
+  port_ = std::make_unique<LinePort>(std::move(module.line));
+  readers_ = std::make_unique<NoUsbReaders>();
+}
+
+std::int16_t EmbeddedSimulator::comPort() const {
+  return port_ ? embeddedPort : usbReaderPort;
+}
 
 std::vector<KnownPort> EmbeddedSimulator::ports() const {
-  return {{comPort, name_, port_.device()}};
+  if (!port_) return {};
+  return {simulatedKnownPort(embeddedPort, name_, port_->device())};
 }
 
 }  // namespace tessara

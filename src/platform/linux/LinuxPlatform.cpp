@@ -4,8 +4,8 @@
 
 #include "drivers/hart/HartDriver.h"
 #include "drivers/modbus/ModbusDriver.h"
+#include "drivers/nfc/NfcDriver.h"
 #include "platform/Text.h"
-#include "platform/linux/AbsentDriver.h"
 #include "platform/linux/LinuxFileSystem.h"
 #include "platform/linux/LinuxRegistryHelper.h"
 #include "platform/xml/PugixmlTree.h"
@@ -14,7 +14,10 @@ namespace tessara {
 
 LinuxPlatform::LinuxPlatform(EventLoop& loop, std::shared_ptr<MessageHelper> messages,
                              LinuxPlatformOptions options)
-    : loop_(loop), messages_(std::move(messages)), options_(std::move(options)) {
+    : loop_(loop),
+      messages_(std::move(messages)),
+      options_(std::move(options)),
+      usbReaders_(options_.usbReaders != nullptr ? *options_.usbReaders : computersReaders_) {
   if (options_.embedded != nullptr) enteredPorts_.add(*options_.embedded);
   enteredPorts_.add(settingsPorts_);
   enteredPorts_.add(announcedPorts_);
@@ -43,7 +46,7 @@ std::shared_ptr<ModbusCommObject> LinuxPlatform::createModbusCommObject() {
 }
 
 std::shared_ptr<NfcCommObject> LinuxPlatform::createNfcCommObject() {
-  return heard<NfcCommObject>(std::make_shared<AbsentNfcDriver>("NFC"));
+  return heard<NfcCommObject>(std::make_shared<NfcDriver>(allPorts_, usbReaders_));
 }
 
 std::shared_ptr<HartCommObject> LinuxPlatform::createHartCommObject() {

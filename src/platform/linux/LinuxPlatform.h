@@ -4,11 +4,12 @@
 #include <string>
 
 #include "drivers/TracedObject.h"
+#include "drivers/nfc/HidapiReaders.h"
+#include "drivers/nfc/LinuxNfcReaderLibrary.h"
 #include "platform/Platform.h"
 #include "platform/linux/AnnouncedPorts.h"
 #include "platform/linux/KnownPorts.h"
 #include "platform/linux/LinuxLocale.h"
-#include "platform/linux/NoNfcReaderLibrary.h"
 #include "platform/linux/SettingsPortNumbers.h"
 #include "platform/linux/SettingsPorts.h"
 #include "platform/linux/SignaturePictureLoader.h"
@@ -23,6 +24,9 @@ struct LinuxPlatformOptions {
   CallSink callSink{};
   /// Ports that the program brings along, offered before all others; has to outlive the platform.
   const PortSource* embedded = nullptr;
+  /// USB NFC readers that the program brings along, in place of those of the computer; have to
+  /// outlive the platform.
+  UsbReaders* usbReaders = nullptr;
   /// Loads the pictures of the panel; a program with a window brings one that can show them.
   std::shared_ptr<PictureLoader> pictures = std::make_shared<SignaturePictureLoader>();
   /// False for a program that has no use for the ports of the system's devices, which take a while
@@ -70,7 +74,10 @@ class LinuxPlatform final : public Platform {
   std::shared_ptr<MessageHelper> messages_;
   LinuxPlatformOptions options_;
   LinuxLocale locale_;
-  NoNfcReaderLibrary readerLibrary_;
+
+  HidapiReaders computersReaders_;
+  UsbReaders& usbReaders_;
+  LinuxNfcReaderLibrary readerLibrary_{usbReaders_};
 
   SettingsPorts settingsPorts_;
   AnnouncedPorts announcedPorts_;
