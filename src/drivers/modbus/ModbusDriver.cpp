@@ -35,16 +35,14 @@ bool ModbusDriver::ConnectWithSerialDevice(std::int16_t& comPort, std::int32_t& 
 }
 
 DeviceWords ModbusDriver::ReadDeviceIdentifier(std::uint8_t& devAddr) {
-  return readFrom(port_, identificationText(devAddr), [&] {
-    return identificationOf(link_.ask(identificationRequest(devAddr)));
-  });
+  return readFrom(port_, identificationText(devAddr),
+                  [&] { return identificationOf(link_.ask(identificationRequest(devAddr))); });
 }
 
 DeviceWords ModbusDriver::ReadInputRegisters(std::int16_t slave, std::int32_t startAddress,
                                              std::int16_t count, std::int32_t /*access*/) {
-  return readFrom(port_, registersText(slave, startAddress, count), [&] {
-    return wordsOf(link_.ask(registersRequest(slave, startAddress, count)));
-  });
+  return readFrom(port_, registersText(slave, startAddress, count),
+                  [&] { return wordsOf(link_.ask(registersRequest(slave, startAddress, count))); });
 }
 
 std::int16_t ModbusDriver::CMD48(Cmd48Reply& /*reply*/) {
