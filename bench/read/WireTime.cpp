@@ -45,15 +45,11 @@ Seconds silence(int rate) {
 
 Seconds wireTime(const ModuleOnLine& module, int rate) {
   Seconds total{0};
-  bool first = true;
   for (const Exchange& exchange : module.exchanges) {
     const auto characters =
         static_cast<double>(exchange.requestCharacters() + exchange.answerCharacters());
-    total += Seconds(characters * bitsOfCharacter / rate) + silence(rate);
-    if (!first) {
-      total += std::max(silence(rate), exchange.delayBefore);
-    }
-    first = false;
+    total += std::max(silence(rate), exchange.delayBefore) +
+             Seconds(characters * bitsOfCharacter / rate) + silence(rate);
   }
   return total;
 }

@@ -33,8 +33,9 @@ ModuleOnLine faultyModule();
 /// 3.5 characters of 11 bits at the rate; 1.75 ms above 19200 bit/s.
 Seconds silence(int rate);
 
-/// What the read takes on the wire at the rate: its characters, the silence between a request and
-/// its answer, the silence or the ordered delay before the next request.
+/// What the read takes on the wire at the rate: its characters, the silence or the ordered delay
+/// before each request (the first one too: nobody knows what the line did before the connect), and
+/// the silence that ends each request.
 Seconds wireTime(const ModuleOnLine& module, int rate);
 
 }  // namespace tessara::bench
