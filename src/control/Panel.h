@@ -18,7 +18,7 @@ struct Panel : WidgetOwner {
   Widget Frame14{*this, u"Frame14", WidgetKind::Frame, {.place = {90, 1650, 8925, 765}}};
 
   Widget ComboComPort{
-      *this, u"ComboComPort", WidgetKind::DropDownList, {.place = {210, 1050, 2340, 390}}};
+      *this, u"ComboComPort", WidgetKind::DropDownList, {.place = {180, 1050, 2460, 390}}};
   Widget ComboBaudrate{*this,
                        u"ComboBaudrate",
                        WidgetKind::DropDownList,
@@ -26,17 +26,17 @@ struct Panel : WidgetOwner {
                         .items = {u"2400", u"4800", u"9600", u"14400", u"19200", u"28800", u"38400",
                                   u"56000", u"57600", u"76800", u"115200"},
                         .index = 4,
-                        .place = {2670, 1050, 1380, 390}}};
+                        .place = {2730, 1050, 1380, 390}}};
   Widget txtDevAddr{
-      *this, u"txtDevAddr", WidgetKind::TextBox, {.text = u"192", .place = {4170, 1050, 855, 390}}};
+      *this, u"txtDevAddr", WidgetKind::TextBox, {.text = u"192", .place = {4200, 1050, 855, 390}}};
   Widget TimerScanDevice{
       *this, u"TimerScanDevice", WidgetKind::Timer, {.enabled = false, .interval = 4000}};
 
   /// The captions of the fields.
   std::array<Widget, 9> LngLabel{
-      Widget{*this, u"LngLabel[0]", WidgetKind::Label, {.place = {4185, 810, 840, 210}}},
-      Widget{*this, u"LngLabel[1]", WidgetKind::Label, {.place = {225, 810, 2325, 210}}},
-      Widget{*this, u"LngLabel[2]", WidgetKind::Label, {.place = {2685, 810, 1365, 210}}},
+      Widget{*this, u"LngLabel[0]", WidgetKind::Label, {.place = {4215, 810, 840, 210}}},
+      Widget{*this, u"LngLabel[1]", WidgetKind::Label, {.place = {195, 810, 2445, 210}}},
+      Widget{*this, u"LngLabel[2]", WidgetKind::Label, {.place = {2745, 810, 1365, 210}}},
       Widget{*this, u"LngLabel[3]", WidgetKind::Label, {.place = {5415, 240, 1620, 255}}},
       Widget{*this, u"LngLabel[4]", WidgetKind::Label, {.place = {5415, 840, 1620, 255}}},
       Widget{*this, u"LngLabel[5]", WidgetKind::Label, {.place = {5415, 540, 1620, 255}}},
@@ -94,9 +94,9 @@ struct Panel : WidgetOwner {
                                      u"Print", u"Offline", u"Help", u"About"}}};
 
   Widget CmdDeviceInfo{
-      *this, u"CmdDeviceInfo", WidgetKind::Button, {.place = {210, 210, 495, 495}}};
+      *this, u"CmdDeviceInfo", WidgetKind::Button, {.place = {180, 210, 495, 495}}};
   Widget CmdStoreParameter{
-      *this, u"CmdStoreParameter", WidgetKind::Button, {.place = {720, 210, 495, 495}}};
+      *this, u"CmdStoreParameter", WidgetKind::Button, {.place = {690, 210, 495, 495}}};
   Widget CmdOpenDiskParameter{
       *this, u"CmdOpenDiskParameter", WidgetKind::Button, {.place = {1860, 210, 495, 495}}};
   Widget CmdSave2DiskParameter{
@@ -105,9 +105,9 @@ struct Panel : WidgetOwner {
       *this, u"CmdOfflineConfigure", WidgetKind::Button, {.place = {1350, 210, 495, 495}}};
   Widget CmdPrintConfiguration{
       *this, u"CmdPrintConfiguration", WidgetKind::Button, {.place = {2880, 210, 495, 495}}};
-  Widget CmdHelp{*this, u"CmdHelp", WidgetKind::Button, {.place = {4020, 210, 495, 495}}};
-  Widget cmdSettings{*this, u"cmdSettings", WidgetKind::Button, {.place = {3510, 210, 495, 495}}};
-  Widget CmdAbout{*this, u"CmdAbout", WidgetKind::Button, {.place = {4530, 210, 495, 495}}};
+  Widget CmdHelp{*this, u"CmdHelp", WidgetKind::Button, {.place = {4050, 210, 495, 495}}};
+  Widget cmdSettings{*this, u"cmdSettings", WidgetKind::Button, {.place = {3540, 210, 495, 495}}};
+  Widget CmdAbout{*this, u"CmdAbout", WidgetKind::Button, {.place = {4560, 210, 495, 495}}};
 };
 
 }  // namespace tessara

@@ -25,7 +25,7 @@ class PanelLayoutTest : public ::testing::Test {
 };
 
 TEST_F(PanelLayoutTest, StandsAtItsDesignPlacesAtItsOwnSize) {
-  EXPECT_EQ(place(panel.CmdDeviceInfo), QRect(14, 14, 33, 33));
+  EXPECT_EQ(place(panel.CmdDeviceInfo), QRect(12, 14, 33, 33));
   EXPECT_EQ(place(panel.ImageDevState).size(), QSize(32, 32));
 }
 
@@ -77,7 +77,7 @@ TEST_F(PanelLayoutTest, TheDeviceTypeCaptionHasTwoRows) {
 TEST_F(PanelLayoutTest, GrowsAsAWholeWithItsView) {
   const PanelLayout twice(panel, ownSize * 2, pixelsPerTwip);
   EXPECT_DOUBLE_EQ(twice.scale(), 2);
-  EXPECT_EQ(twice.place(panel.CmdDeviceInfo), QRect(28, 28, 66, 66));
+  EXPECT_EQ(twice.place(panel.CmdDeviceInfo), QRect(24, 28, 66, 66));
 }
 
 TEST_F(PanelLayoutTest, GrowsNoFurtherThanBothSidesAllow) {
@@ -98,9 +98,9 @@ TEST_F(PanelLayoutTest, WidthLeftOverGoesToTheValues) {
 TEST_F(PanelLayoutTest, ThePortListTakesTheRoomOfHiddenInputs) {
   EXPECT_EQ(place(panel.ComboComPort).right(), place(panel.txtDevAddr).right());
   panel.txtDevAddr.setVisible(true);
-  EXPECT_EQ(place(panel.ComboComPort).right(), place(panel.txtDevAddr).left() - 9);
+  EXPECT_EQ(place(panel.ComboComPort).right(), place(panel.txtDevAddr).left() - 7);
   panel.ComboBaudrate.setVisible(true);
-  EXPECT_EQ(place(panel.ComboComPort).right(), place(panel.ComboBaudrate).left() - 9);
+  EXPECT_EQ(place(panel.ComboComPort).right(), place(panel.ComboBaudrate).left() - 7);
   panel.txtDevAddr.setVisible(false);
   EXPECT_EQ(place(panel.ComboBaudrate).right(), place(panel.txtDevAddr).right());
 }
@@ -118,7 +118,7 @@ TEST_F(PanelLayoutTest, TheStatusTakesTheRoomOfMissingLogos) {
 TEST_F(PanelLayoutTest, FollowsTheResolutionOfTheScreen) {
   const PanelLayout fine(panel, ownSize * 1.5, pixelsPerTwip * 1.5);
   EXPECT_DOUBLE_EQ(fine.scale(), 1);
-  EXPECT_EQ(fine.place(panel.CmdDeviceInfo), QRect(21, 21, 50, 50));
+  EXPECT_EQ(fine.place(panel.CmdDeviceInfo), QRect(18, 21, 50, 50));
 }
 
 }  // namespace

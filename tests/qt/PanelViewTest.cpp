@@ -1,9 +1,10 @@
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 
 #include "QtTest.h"
 #include "platform/RunTimeError.h"
-#include "platform/qt/LabelView.h"
+#include "platform/qt/DropDownView.h"
 
 namespace tessara::testing {
 namespace {
@@ -327,6 +328,15 @@ TEST_F(PanelViewTest, TellsTheTextsOfTheToolTips) {
   panel.LblModulState.setToolTipText(u"4 -> Simulation <RAM>");
   EXPECT_EQ(shown(panel.LblModulState).toolTip(),
             "<p><b>Modul Status</b><br>4 -&gt; Simulation &lt;RAM&gt;</p>");
+}
+
+TEST_F(PanelViewTest, TheClosedListTellsThePortAlsoBesideRateAndAddress) {
+  showInputs(panel);
+  const auto& list = shown<DropDownView>(panel.ComboComPort);
+  EXPECT_EQ(list.shownText(), "USB Adapter OKT (COM3)");
+  panel.ComboComPort.select(1);
+  EXPECT_TRUE(list.shownText().startsWith("USB Ha"));
+  EXPECT_TRUE(list.shownText().endsWith("(COM12)"));
 }
 
 TEST_F(PanelViewTest, ToolTipOfTheClosedListTellsTheWholePort) {

@@ -87,9 +87,12 @@ void DropDownView::setLook(const Look& look) {
   update();
 }
 
+QString DropDownView::shownText() const {
+  return fontMetrics().elidedText(currentText(), Qt::ElideMiddle, textRect().width());
+}
+
 QRect DropDownView::textRect() const {
-  const int arrow = qRound(look_.px(20));
-  return rect().adjusted(qRound(look_.px(7)), 0, -arrow, 0);
+  return rect().adjusted(qRound(look_.px(6)), 0, -qRound(look_.px(18)), 0);
 }
 
 void DropDownView::layOutEditor() {
@@ -119,8 +122,7 @@ void DropDownView::paintEvent(QPaintEvent* /*event*/) {
   if (!isEditable()) {
     painter.setFont(font());
     painter.setPen(isEnabled() ? look_.text : look_.faint);
-    painter.drawText(textRect(), Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(currentText(), Qt::ElideMiddle, textRect().width()));
+    painter.drawText(textRect(), Qt::AlignVCenter | Qt::TextSingleLine, shownText());
   }
 }
 

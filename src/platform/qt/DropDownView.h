@@ -18,6 +18,9 @@ class DropDownView : public QComboBox, public WidgetView {
   void sync() override;
   void setLook(const Look& look) override;
 
+  /// The selected line as the closed list draws it, shortened where it does not fit.
+  [[nodiscard]] QString shownText() const;
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

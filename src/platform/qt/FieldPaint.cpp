@@ -16,7 +16,7 @@ void drawField(QPainter& painter, const QWidget& field, const Look& look) {
 }
 
 void drawArrow(QPainter& painter, const QWidget& field, const Look& look) {
-  const QPointF middle(field.width() - look.px(12), field.height() / 2.0 + look.px(1.75));
+  const QPointF middle(field.width() - look.px(11), field.height() / 2.0 + look.px(1.75));
   QPainterPath arrow;
   arrow.moveTo(middle + QPointF(-look.px(4), -look.px(4)));
   arrow.lineTo(middle);
