@@ -41,7 +41,7 @@ void useFrame(const HartFrame& frame) {
   const HartFrame request = hartRequest(frame.address, frame.commandNumber());
   (void)isHartAnswer(frame, request);
   (void)hartMismatch(frame, request);
-  (void)hartAddressText(frame.address);
+  (void)hartStationText(frame.address);
   require(frame.payload().size() <= frame.data.size());
   if (!frame.isFromStation()) return;
   const HartStatus status({frame.data[0], frame.data[1]});

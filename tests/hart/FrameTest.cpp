@@ -1,3 +1,4 @@
+#include <ostream>
 #include <random>
 #include <stdexcept>
 
@@ -17,6 +18,10 @@ struct Worked {
   HartFrame frame;
   const char* bytes;
 };
+
+void PrintTo(const Worked& worked, std::ostream* out) {
+  *out << worked.name;
+}
 
 HartFrame burst(const HartAddress& address, const HartBytes& payload) {
   HartFrame frame = hartAnswer(hartRequest(address, 1), {0x00, 0x40}, payload);
@@ -202,9 +207,9 @@ TEST(HartAddress, KnowsTheOneThatCallsEverybody) {
   EXPECT_FALSE(HartAddress::unique(0, 1).isBroadcast());
 }
 
-TEST(HartAddress, IsShownInHexadecimal) {
-  EXPECT_EQ(hartAddressText(exampleAddress()), "A1 23 0A 0B 0C");
-  EXPECT_EQ(hartAddressText(HartAddress::polling(5)), "85");
+TEST(HartAddress, IsShownAsThePeopleAtTheLineKnowIt) {
+  EXPECT_EQ(hartStationText(exampleAddress()), "station A1 23 0A 0B 0C");
+  EXPECT_EQ(hartStationText(HartAddress::polling(5)), "polling address 5");
 }
 
 /// Any frame that the line can carry.

@@ -237,6 +237,19 @@ TEST(HartLine, LeavesTrailingBytesAlone) {
   EXPECT_THAT(bench.requests(), SizeIs(3));
 }
 
+TEST(HartLine, KeepsNobodyWaitingForJunkBehindAnAnswer) {
+  HartTimings timings = patient();
+  timings.linkQuiet = 4s;
+  HartBench bench({{20, kName}}, timings);
+  bench.identified();
+  const auto begun = std::chrono::steady_clock::now();
+  for (int round = 0; round < 3; ++round) {
+    bench.slave.sendUnasked(bytesOf("00"));
+    EXPECT_THAT(bench.command(20), ElementsAre(0, 0, 0x41, 0x42));
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, 4s);
+}
+
 TEST(HartLine, TakesAnAnswerWithTwoPreamblesAndOneWithForty) {
   for (const std::size_t preambles : {2U, 40U}) {
     expectName(

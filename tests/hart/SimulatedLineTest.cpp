@@ -1,6 +1,7 @@
 // The driver against the simulated modem, through a virtual port.
 
 #include <memory>
+#include <ostream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -71,6 +72,10 @@ struct Survived {
   const char* name;
   HartEffect effect;
 };
+
+void PrintTo(const Survived& fault, std::ostream* out) {
+  *out << fault.name;
+}
 
 class SurvivedFault : public ::testing::TestWithParam<Survived> {};
 

@@ -22,10 +22,8 @@ constexpr std::size_t kFewestPreambles = 5;
 constexpr std::size_t kMostPreambles = 40;
 
 std::string requestText(const HartFrame& request) {
-  const std::string command = "command " + std::to_string(request.commandNumber());
-  return request.address.isLong()
-             ? command + " of station " + hartAddressText(request.address)
-             : command + " at polling address " + std::to_string(request.address.pollingAddress());
+  return "command " + std::to_string(request.commandNumber()) +
+         (request.address.isLong() ? " of " : " at ") + hartStationText(request.address);
 }
 
 std::uint16_t checkedCommand(std::int32_t number) {

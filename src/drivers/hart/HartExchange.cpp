@@ -27,7 +27,7 @@ bool isHartAnswer(const HartFrame& frame, const HartFrame& request) {
 std::optional<std::string> hartMismatch(const HartFrame& frame, const HartFrame& request) {
   if (!isToThisMaster(frame, request)) return std::nullopt;
   if (!frame.address.isSameStation(request.address)) {
-    return "no answer, only one from station " + hartAddressText(frame.address);
+    return "no answer, only one from " + hartStationText(frame.address);
   }
   return "no answer, only one to command " + std::to_string(frame.commandNumber());
 }

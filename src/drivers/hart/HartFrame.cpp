@@ -70,11 +70,12 @@ bool HartAddress::isSameStation(const HartAddress& other) const {
   return forMaster(false).withBurst(false) == other.forMaster(false).withBurst(false);
 }
 
-std::string hartAddressText(const HartAddress& address) {
+std::string hartStationText(const HartAddress& address) {
+  if (!address.isLong()) return "polling address " + std::to_string(address.pollingAddress());
   constexpr const char* kDigits = "0123456789ABCDEF";
-  std::string text;
+  std::string text = "station";
   for (const std::uint8_t byte : address.bytes()) {
-    if (!text.empty()) text += ' ';
+    text += ' ';
     text += kDigits[byte >> 4U];
     text += kDigits[byte & 0xFU];
   }

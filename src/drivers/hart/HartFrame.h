@@ -81,8 +81,8 @@ class HartAddress {
   std::size_t length_ = kShortLength;
 };
 
-/// The five bytes of a long address or the one of a short address, for people: "A1 23 0A 0B 0C".
-std::string hartAddressText(const HartAddress& address);
+/// Who has the address, for people: "station A1 23 0A 0B 0C" or "polling address 5".
+std::string hartStationText(const HartAddress& address);
 
 /// One frame, without preambles and check byte, in the parts that stand on the line. Any frame on
 /// the line can be held and is encoded again to the same bytes.

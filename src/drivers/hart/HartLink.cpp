@@ -109,14 +109,13 @@ HartFrame HartLink::exchange(const HartFrame& request, std::size_t preambles) {
 void HartLink::awaitTurn(const HartFrame& request) {
   const auto limit = Clock::now() + timings_.noise;
   turn_ = nextTurn();
-  // How long ago this has come is not known any more.
-  while (hear(Clock::now())) turn_ = std::max(turn_, lastByte_ + timings_.linkQuiet);
+  bool hasHeard = false;
+  while (Clock::now() < limit && hear(Clock::now())) hasHeard = true;
+  // How long ago these frames have come is not known any more.
+  if (passFrames(request) || (hasHeard && !isTracking_)) {
+    turn_ = std::max(turn_, lastByte_ + timings_.linkQuiet);
+  }
   for (;;) {
-    while (const auto reception = parser_.next()) {
-      note(*reception);
-      turn_ = Clock::now() + hartPauseAfter(*reception, isBursting_, timings_);
-      if (isOwed(request) && isHartAnswer(reception->frame, request)) --owed_->count;
-    }
     const auto now = Clock::now();
     const bool isOpen = parser_.isFrameOpen();
     if (now >= turn_ && !isOpen && !isOccupied(turn_) && !isOwed(request)) return;
@@ -127,7 +126,21 @@ void HartLink::awaitTurn(const HartFrame& request) {
     } else if (isOpen) {
       parser_.silence();
     }
+    passFrames(request);
   }
+}
+
+/// Has the frames that have come decide when the line is this master's to use; true if there were
+/// any. An answer that is owed to `request` is not owed any more then.
+bool HartLink::passFrames(const HartFrame& request) {
+  bool wereThere = false;
+  while (const auto reception = parser_.next()) {
+    wereThere = true;
+    note(*reception);
+    turn_ = Clock::now() + hartPauseAfter(*reception, isBursting_, timings_);
+    if (isOwed(request) && isHartAnswer(reception->frame, request)) --owed_->count;
+  }
+  return wereThere;
 }
 
 /// Listens for the answer to a request whose last character has left at `sent`.

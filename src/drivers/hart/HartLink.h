@@ -54,6 +54,7 @@ class HartLink {
   HartFrame askUntilHeard(const HartFrame& request, std::size_t preambles);
   HartFrame exchange(const HartFrame& request, std::size_t preambles);
   void awaitTurn(const HartFrame& request);
+  bool passFrames(const HartFrame& request);
   HartFrame receive(const HartFrame& request, Clock::time_point sent);
   [[nodiscard]] Clock::time_point nextTurn() const;
   [[nodiscard]] bool isOwed(const HartFrame& request) const;
