@@ -1,8 +1,6 @@
 #include "drivers/modbus/ModbusDriver.h"
 
-#include <exception>
-
-#include "drivers/PortText.h"
+#include "drivers/PortOpening.h"
 #include "drivers/ReadError.h"
 #include "drivers/modbus/ModuleRequest.h"
 
@@ -17,20 +15,10 @@ void ModbusDriver::ShutDown() {
 
 bool ModbusDriver::ConnectWithSerialDevice(std::int16_t& comPort, std::int32_t& baudrate) {
   link_.close();
-  failure_.clear();
-  port_ = portText(comPort);
-  try {
-    const auto device = ports_.deviceOf(comPort);
-    if (!device) {
-      throw PortError::fromErrno(ENODEV);
-    }
-    port_ = portText(comPort, *device);
-    link_.open(*device, baudrate);
-  } catch (const PortError& error) {
-    failure_ = port_ + " " + error.what();
-  } catch (const std::exception& error) {
-    failure_ = port_ + " cannot be opened: " + error.what();
-  }
+  PortOpening opening(ports_, comPort);
+  failure_ = opening.failureOf(
+      [this, baudrate](const std::string& device) { link_.open(device, baudrate); });
+  port_ = opening.port();
   return failure_.empty();
 }
 
