@@ -240,7 +240,7 @@ TEST_F(MailboxExchanges, FetchAMessageOfTheWholeMailbox) {
   beginAndWrite(request);
   look(kAnswerLies);
   answer({0xFF});
-  for (const std::size_t count : {57, 57, 57, 57, 28}) answer(Bytes(count, 0x11));
+  for (const std::size_t count : {57U, 57U, 57U, 57U, 28U}) answer(Bytes(count, 0x11));
   EXPECT_EQ(exchange->answer(), Bytes(256, 0x11));
 }
 

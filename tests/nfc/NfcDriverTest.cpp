@@ -13,9 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using ::testing::AllOf;
-using ::testing::Each;
 using ::testing::HasSubstr;
-using ::testing::Not;
 using testing::ReaderKind;
 using ::testing::StartsWith;
 

@@ -38,10 +38,8 @@ class NfcPlatform : public SettingsFolder {
     RegEnum ports;
     const auto registry = platform.createRegistryHelper();
     EnumerateComPorts(ports, *registry, platform.registryApi());
-    std::vector<std::u16string> labels;
-    for (std::int32_t line = 0; line < ports.PortCount; ++line) {
-      labels.push_back(ports.PortLabels[line]);
-    }
+    std::vector<std::u16string> labels(static_cast<std::size_t>(ports.PortCount));
+    for (std::size_t line = 0; line < labels.size(); ++line) labels[line] = ports.PortLabels[line];
     return labels;
   }
 

@@ -16,7 +16,6 @@ namespace tessara {
 namespace {
 
 using namespace std::chrono_literals;
-using ::testing::HasSubstr;
 using testing::kListedUid;
 
 constexpr const char* kVersionLine = "001A54574E342F42312E30362F434346342E35312F505253312E3034\r";

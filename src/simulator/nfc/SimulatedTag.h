@@ -49,14 +49,14 @@ class SimulatedTag {
 
  private:
   AirAnswer execute(const AirRequest& request);
-  AirAnswer inventory() const;
-  AirAnswer readConfiguration(const Bytes& data) const;
+  [[nodiscard]] AirAnswer inventory() const;
+  [[nodiscard]] AirAnswer readConfiguration(const Bytes& data) const;
   AirAnswer writeConfiguration(const Bytes& data);
   AirAnswer presentPassword(const Bytes& data);
-  AirAnswer readDynamic(const Bytes& data) const;
+  [[nodiscard]] AirAnswer readDynamic(const Bytes& data) const;
   AirAnswer writeDynamic(const Bytes& data);
   AirAnswer writeMessage(const Bytes& data);
-  AirAnswer readMessageLength() const;
+  [[nodiscard]] AirAnswer readMessageLength() const;
   AirAnswer readMessage(const Bytes& data);
 
   void letModuleWork(Clock::time_point now);
