@@ -16,7 +16,7 @@ TEST_PACKAGES=(
   ccache python3 shellcheck
   libgtest-dev libgmock-dev libumockdev-dev umockdev
   clang libclang-rt-14-dev clang-format clang-tidy
-  socat mbpoll python3-pymodbus python3-serial xvfb xauth
+  locales socat mbpoll python3-pymodbus python3-serial python3-serial-asyncio xvfb xauth
 )
 
 # missingPackages NAME...: those of the packages that are not installed, one a line.

@@ -108,7 +108,7 @@ class Ports(Bench):
         with self.silent_port() as device:
             self.enter_port(device)
             os.chmod(device, 0)
-            done = self.run_modulinfo("ports", **self.as_nobody())
+            done = self.run_modulinfo("ports", **self.bound_by_modes())
             self.assertIn("USB Adapter OKT (COM9)  denied", done.stdout)
 
     def test_ports_that_are_none(self):
@@ -144,10 +144,9 @@ class Ports(Bench):
 
     def test_settings_that_cannot_be_written_hinder_no_list(self):
         self.write_settings("[Settings]\nLanguage=2\n")
-        nobody = self.as_nobody()
         self.settings_file.chmod(0o444)
         self.settings_file.parent.chmod(0o555)
-        done = self.run_modulinfo("ports", "--json", **nobody)
+        done = self.run_modulinfo("ports", "--json", **self.bound_by_modes())
         self.settings_file.parent.chmod(0o755)
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         self.assertIn("ports", json.loads(done.stdout))

@@ -48,7 +48,7 @@ class ReadPorts(Bench):
         with self.silent_port() as device:
             self.enter_port(device)
             os.chmod(device, 0)
-            complaint = self.fail_with(3, "read", "--port", "COM9", **self.as_nobody())
+            complaint = self.fail_with(3, "read", "--port", "COM9", **self.bound_by_modes())
         self.assertIn(f"COM9 ({device}) cannot be opened: no permission", complaint)
 
     def test_a_port_of_no_known_kind_is_not_listed(self):

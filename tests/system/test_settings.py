@@ -79,21 +79,19 @@ class Settings(Bench):
 
     def test_a_file_that_cannot_be_written_is_named_and_left_alone(self):
         self.write_settings("[Settings]\nLanguage=1\n")
-        nobody = self.as_nobody()
         self.settings_file.chmod(0o444)
         self.settings_file.parent.chmod(0o555)
         self.addCleanup(self.settings_file.parent.chmod, 0o755)
-        complaint = self.fail_with(1, "settings", "set", "Language", "2", **nobody)
+        complaint = self.fail_with(1, "settings", "set", "Language", "2", **self.bound_by_modes())
         self.assertIn(f"{self.settings_file} cannot be written", complaint)
         self.assertEqual(self.settings_file.read_text("utf-8"), "[Settings]\nLanguage=1\n")
         self.assertEqual(os.listdir(self.settings_file.parent), [self.settings_file.name])
 
     def test_a_file_that_cannot_be_read_is_named(self):
         self.write_settings("[Settings]\nLanguage=1\n")
-        nobody = self.as_nobody()
         self.settings_file.chmod(0)
         self.assertIn(f"{self.settings_file} cannot be read: Permission denied",
-                      self.fail_with(1, "settings", "get", "Language", **nobody))
+                      self.fail_with(1, "settings", "get", "Language", **self.bound_by_modes()))
 
 
 if __name__ == "__main__":

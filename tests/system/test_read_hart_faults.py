@@ -1,0 +1,34 @@
+"""How `modulinfo read` ends if a HART module or its line is out of order."""
+
+import unittest
+
+from hart_bench import HartBench
+
+# What each fault of every request is told as.
+FATAL = (
+    ({"kind": "noReply"}, "no answer within 305 ms, asked 4 times"),
+    ({"kind": "badChecksum"}, "the answer has a wrong check byte, asked 4 times"),
+    ({"kind": "wrongUnit", "address": 9},
+     "no answer, only one from polling address 9, asked 4 times"),
+    ({"kind": "wrongCommand", "command": 9}, "no answer, only one to command 9, asked 4 times"),
+    ({"kind": "cutOff", "bytes": 12}, "the answer broke off, asked 4 times"),
+    ({"kind": "preambles", "count": 1}, "no answer within 305 ms, asked 4 times"),
+    ({"kind": "communicationError", "bits": 8}, "communication error 88: check byte, asked 4 times"),
+    ({"kind": "exception", "code": 16}, "response code 16: access restricted"),
+    ({"kind": "busy"}, "response code 32: busy"),
+    ({"kind": "unplug"}, "the port has gone"),
+)
+
+
+class ReadHartFaults(HartBench):
+    def test_each_fault_that_stays_ends_in_code_4_and_its_cause(self):
+        for fault, cause in FATAL:
+            with self.subTest(fault["kind"]):
+                complaint = self.fail_with(
+                    4, "read", "--simulate", self.hart(faults=[fault | {"every": 1}]))
+                self.assertIn("the module could not be read: COM100 (", complaint)
+                self.assertIn(cause, complaint)
+
+
+if __name__ == "__main__":
+    unittest.main()
