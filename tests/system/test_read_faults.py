@@ -17,12 +17,16 @@ FATAL = (
     ({"kind": "unplug"}, "the port has gone"),
 )
 
-# Faults that a repeat of the request makes good.
+# Faults that a repeat of the request makes good, or the second attempt of the read.
 PASSING = (
     {"kind": "noReply"},
     {"kind": "badChecksum"},
+    {"kind": "lateReply", "delay": 600},
+    {"kind": "wrongUnit", "address": 7},
     {"kind": "cutOff", "bytes": 4},
     {"kind": "noise", "bytes": [1, 2, 3]},
+    {"kind": "echo"},
+    {"kind": "unplug", "replugAfter": 0},
 )
 
 

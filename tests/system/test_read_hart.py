@@ -4,11 +4,15 @@ import unittest
 
 from hart_bench import HartBench
 
-# Faults of one request that do not keep the module from being read.
+# Faults of one request that do not keep the module from being read: a repeat makes them good, or
+# the second attempt of the read.
 PASSING = (
     {"kind": "noReply"},
     {"kind": "lateReply", "delay": 600},
     {"kind": "badChecksum"},
+    {"kind": "wrongUnit", "address": 9},
+    {"kind": "wrongCommand", "command": 9},
+    {"kind": "busy"},
     {"kind": "cutOff", "bytes": 12},
     {"kind": "communicationError", "bits": 8},
     {"kind": "delayedAnswer", "requests": 2},
@@ -21,6 +25,17 @@ PASSING = (
     {"kind": "trailingNoise", "bytes": [0, 0]},
     {"kind": "gap", "after": 9, "pause": 30},
     {"kind": "preambles", "count": 1},
+    {"kind": "unplug", "replugAfter": 0},
+)
+
+# Faults of every request that do not either.
+HARMLESS = (
+    {"kind": "coldStart"},
+    {"kind": "otherMaster"},
+    {"kind": "echo"},
+    {"kind": "noise", "bytes": [0, 255]},
+    {"kind": "trailingNoise", "bytes": [0, 0]},
+    {"kind": "preambles", "count": 2},
 )
 
 
@@ -51,6 +66,12 @@ class ReadHart(HartBench):
         for fault in PASSING:
             with self.subTest(fault["kind"]):
                 module = self.hart(faults=[fault | {"at": 2}])
+                self.assertIn("HV2.00", self.succeed("read", "--simulate", module))
+
+    def test_what_is_usual_on_a_line_keeps_no_module_from_being_read(self):
+        for fault in HARMLESS:
+            with self.subTest(fault["kind"]):
+                module = self.hart(faults=[fault | {"every": 1}])
                 self.assertIn("HV2.00", self.succeed("read", "--simulate", module))
 
 
