@@ -5,6 +5,7 @@
 #include <string>
 
 #include "control/Fields.h"
+#include "control/Form.h"
 #include "control/HostEvents.h"
 #include "control/ModuleWide.h"
 #include "control/Panel.h"
@@ -42,6 +43,10 @@ class ModulInfoFLII : public Fields {
   void UserControl_Show();
 
   Panel panel;
+
+  /// Null for none. The observer draws the dialogs of the control, and must live as long as it is
+  /// set. While a dialog is open, no button of the panel is pressed.
+  void setFormObserver(FormObserver* observer) { formObserver_ = observer; }
 
   /// The system's decimal separator, by which the values of a host are converted.
   [[nodiscard]] std::u16string decimalSeparator() const;
@@ -245,6 +250,7 @@ class ModulInfoFLII : public Fields {
 
   Platform& platform_;
   HostEvents& events_;
+  FormObserver* formObserver_ = nullptr;
   std::unique_ptr<PeriodicTimer> scanTimer_;
   bool initialized_ = false;
 };

@@ -7,6 +7,15 @@
 #include "platform/Text.h"
 
 namespace tessara {
+namespace {
+
+void run(const std::function<void()>& handler) {
+  if (handler) {
+    handler();
+  }
+}
+
+}  // namespace
 
 Widget* WidgetOwner::find(std::u16string_view name) const {
   const auto found = std::find_if(widgets_.begin(), widgets_.end(),
@@ -63,6 +72,29 @@ void Widget::setRow(std::int32_t top, std::int32_t height) {
   tell(WidgetAspect::Place);
 }
 
+void Widget::setLeft(std::int32_t left) {
+  state_.place.left = left;
+  tell(WidgetAspect::Place);
+}
+
+void Widget::setValue(bool value) {
+  if (value) {
+    for (Widget* other : owner_.widgets()) {
+      if (other != this && other->state_.value) {
+        other->setValue(false);
+      }
+    }
+  }
+  state_.value = value;
+  tell(WidgetAspect::Value);
+}
+
+void Widget::setGradient(std::uint32_t startColor, std::uint32_t endColor) {
+  state_.gradientstartcolor = startColor;
+  state_.gradientendcolor = endColor;
+  tell(WidgetAspect::Gradient);
+}
+
 void Widget::clearItems() {
   state_.items.clear();
   state_.index = -1;
@@ -90,21 +122,31 @@ void Widget::select(std::int32_t index) {
   state_.index = index;
   state_.text = state_.items[static_cast<std::size_t>(index)];
   tell(WidgetAspect::Index);
-  if (onClick) {
-    onClick();
-  }
+  run(onClick);
+}
+
+void Widget::select() {
+  requireUsable("chosen");
+  setValue(true);
+  run(onClick);
 }
 
 void Widget::press() {
   requireUsable("pressed");
-  if (onClick) {
-    onClick();
-  }
+  run(onClick);
 }
 
 void Widget::type(std::u16string text) {
   requireUsable("typed into");
   setText(std::move(text));
+}
+
+void Widget::pointerEnter() {
+  run(onPointerEnter);
+}
+
+void Widget::pointerLeave() {
+  run(onPointerLeave);
 }
 
 void Widget::tell(WidgetAspect aspect) {
@@ -118,6 +160,11 @@ void Widget::requireUsable(const char* action) const {
     throw RunTimeError(ErrorNumber::InvalidCall, toUtf8(name_) + " is " +
                                                      (state_.visible ? "disabled" : "hidden") +
                                                      " and cannot be " + action);
+  }
+  if (!owner_.blockedBy().empty()) {
+    throw RunTimeError(ErrorNumber::InvalidCall, toUtf8(name_) + " cannot be " + action +
+                                                     " while " + toUtf8(owner_.blockedBy()) +
+                                                     " is open");
   }
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -20,6 +21,9 @@ enum class WidgetKind {
   Button,
   Frame,
   ImageList,
+  Option,
+  FormCaption,
+  HyperLink,
 };
 
 /// The picture of a widget: none, a number from an image list, or a key from one or a file's path.
@@ -49,6 +53,11 @@ struct WidgetState {
   std::int32_t index = -1;
   /// The interval of a timer in milliseconds.
   std::int32_t interval = 0;
+  /// An option is set.
+  bool value = false;
+  /// The colours of a text button's ground from top to bottom, as 0xRRGGBB.
+  std::uint32_t gradientstartcolor = 0;
+  std::uint32_t gradientendcolor = 0;
   Place place{};
 };
 
@@ -63,6 +72,8 @@ enum class WidgetAspect {
   Picture,
   Items,
   Index,
+  Value,
+  Gradient,
   Place,
 };
 
@@ -97,8 +108,14 @@ class WidgetOwner {
   /// The widget of that name ("LblModulState", "LngLabel[3]"); null if there is none.
   [[nodiscard]] Widget* find(std::u16string_view name) const;
 
+  /// While the modal form of that name is open, no button of this one is pressed and nothing is
+  /// typed; an empty name ends it.
+  void setBlockedBy(std::u16string form) { blockedBy_ = std::move(form); }
+  [[nodiscard]] const std::u16string& blockedBy() const { return blockedBy_; }
+
  private:
   friend class Widget;
+  std::u16string blockedBy_;
   WidgetObserver* observer_ = nullptr;
   std::vector<Widget*> widgets_;
 };
@@ -131,6 +148,11 @@ class Widget {
   void setPicture(PictureSource picture);
   /// Moves the widget to another row: top and height in twips.
   void setRow(std::int32_t top, std::int32_t height);
+  /// Moves the widget sideways: left in twips.
+  void setLeft(std::int32_t left);
+  /// Sets an option, which clears the other options of its form, or clears it. No handler runs.
+  void setValue(bool value);
+  void setGradient(std::uint32_t startColor, std::uint32_t endColor);
   void clearItems();
   void addItem(std::u16string item);
   /// Asks the observer to paint the widget at once.
@@ -139,14 +161,22 @@ class Widget {
   /// Selects a line, by a person or by code, and runs the handler, also for the line that is
   /// selected already. A line that is not there is an invalid property value (error 380).
   void select(std::int32_t index);
-  /// Presses a button. A disabled or hidden one is an invalid call (error 5).
+  /// Sets an option as a person does, and runs the handler, also for the one that is set already.
+  /// A disabled or hidden one is an invalid call (error 5).
+  void select();
+  /// Presses a button or a hyperlink. A disabled or hidden one, or one of a form that a modal form
+  /// blocks, is an invalid call (error 5).
   void press();
-  /// Replaces what stands in a box as a person's typing does; no handler runs. A disabled or hidden
-  /// box is an invalid call (error 5).
+  /// Replaces what stands in a box as a person's typing does; no handler runs. Errors as in press.
   void type(std::u16string text);
+  /// The pointer comes over the widget, or leaves it.
+  void pointerEnter();
+  void pointerLeave();
 
-  /// Runs when a line was selected, a button pressed or a timer ticked.
+  /// Runs when a line or an option was chosen, a button pressed or a timer ticked.
   std::function<void()> onClick;
+  std::function<void()> onPointerEnter;
+  std::function<void()> onPointerLeave;
 
  private:
   void tell(WidgetAspect aspect);

@@ -18,6 +18,21 @@ class PeriodicTimer {
   virtual void setEnabled(bool enabled) = 0;
 };
 
+/// The time for which a modal form is open, spent handling events.
+class ModalRun {
+ public:
+  ModalRun() = default;
+  ModalRun(const ModalRun&) = delete;
+  ModalRun& operator=(const ModalRun&) = delete;
+  virtual ~ModalRun() = default;
+
+  /// Handles events, and blocks between them, until end() is called in one of them. Returns at once
+  /// if that has happened, and without it when the program is about to quit. Runs may nest; an
+  /// outer one returns after the inner.
+  virtual void run() = 0;
+  virtual void end() = 0;
+};
+
 /// Time and turns, as the control needs them. One thread, that of the host's user interface.
 class EventLoop {
  public:
@@ -35,6 +50,9 @@ class EventLoop {
   /// A disabled timer with that interval.
   virtual std::unique_ptr<PeriodicTimer> createTimer(std::chrono::milliseconds interval,
                                                      std::function<void()> tick) = 0;
+
+  /// A run that has not begun.
+  virtual std::unique_ptr<ModalRun> createModalRun() = 0;
 };
 
 }  // namespace tessara

@@ -13,6 +13,7 @@
 #include "platform/PictureLoader.h"
 #include "platform/RegistryApi.h"
 #include "platform/RegistryHelper.h"
+#include "platform/Shell.h"
 #include "platform/XmlTree.h"
 
 namespace tessara {
@@ -42,6 +43,7 @@ class Platform {
   virtual RegistryApi& registryApi() = 0;
   virtual NfcReaderLibrary& nfcReaderLibrary() = 0;
   virtual PictureLoader& pictureLoader() = 0;
+  virtual Shell& shell() = 0;
 
   /// The folder of the control's own program file, without a separator at its end.
   /// The catalogue and the help files lie in it.

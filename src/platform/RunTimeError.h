@@ -17,6 +17,7 @@ enum class ErrorNumber : std::int32_t {
   FileAccess = 75,
   ObjectNotSet = 91,
   InvalidPropertyValue = 380,
+  FormAlreadyShown = 400,
   InvalidPicture = 481,
 };
 

@@ -17,6 +17,7 @@ class StillLoop final : public EventLoop {
                                              std::function<void()> /*tick*/) override {
     return nullptr;
   }
+  std::unique_ptr<ModalRun> createModalRun() override { return nullptr; }
 };
 
 }  // namespace tessara::testing

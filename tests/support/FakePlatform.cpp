@@ -42,6 +42,26 @@ class FakeTimer : public PeriodicTimer {
   bool& enabled_;
 };
 
+class FakeModalRun : public ModalRun {
+ public:
+  FakeModalRun(CallLog& log, const std::function<void()>& person) : log_(log), person_(person) {}
+  void run() override {
+    log_.add("modal run");
+    if (!ended_) {
+      person_();
+    }
+  }
+  void end() override {
+    ended_ = true;
+    log_.add("modal end");
+  }
+
+ private:
+  CallLog& log_;
+  const std::function<void()>& person_;
+  bool ended_ = false;
+};
+
 }  // namespace
 
 void FakeEventLoop::yield() {
@@ -58,6 +78,10 @@ std::unique_ptr<PeriodicTimer> FakeEventLoop::createTimer(std::chrono::milliseco
   interval = wanted;
   tick = std::move(handler);
   return std::make_unique<FakeTimer>(timerEnabled);
+}
+
+std::unique_ptr<ModalRun> FakeEventLoop::createModalRun() {
+  return std::make_unique<FakeModalRun>(log_, onModalRun);
 }
 
 bool FakeFileSystem::FileExists(const std::u16string& path) const {
@@ -139,6 +163,15 @@ void FakePictureLoader::load(const std::u16string& path) {
   if (broken) {
     throw RunTimeError(ErrorNumber::InvalidPicture, toUtf8(path) + " holds no picture");
   }
+}
+
+std::int32_t FakeShell::ShellExecuteA(WindowHandle window, const std::u16string& operation,
+                                      const std::u16string& file, const std::u16string& parameters,
+                                      const std::u16string& folder, std::int32_t showCommand) {
+  log_.add("ShellExecuteA " + std::to_string(window) + " " + toUtf8(operation) + " " +
+           toUtf8(file) + " (" + toUtf8(parameters) + ") " + toUtf8(folder) + " " +
+           std::to_string(showCommand));
+  return result;
 }
 
 FakePlatform::FakePlatform() : xmlTree([] { return std::make_unique<FakeCatalogue>(); }) {}

@@ -44,7 +44,11 @@ class FakeEventLoop : public EventLoop {
   void sleep(std::chrono::milliseconds duration) override;
   std::unique_ptr<PeriodicTimer> createTimer(std::chrono::milliseconds interval,
                                              std::function<void()> tick) override;
+  std::unique_ptr<ModalRun> createModalRun() override;
 
+  /// What a person does while a modal form is open: "modal run" and "modal end" in the log. A form
+  /// that is still open afterwards finds that the program quits.
+  std::function<void()> onModalRun = [] {};
   /// Runs inside every yield.
   std::function<void()> onYield = [] {};
   /// The last timer's handler, interval and state.
@@ -142,6 +146,20 @@ class FakePictureLoader : public PictureLoader {
   CallLog& log_;
 };
 
+/// Opens nothing: "ShellExecuteA 0 Open /opt/tessara\Help_001.chm () /opt/tessara 1" in the log.
+class FakeShell : public Shell {
+ public:
+  explicit FakeShell(CallLog& log) : log_(log) {}
+  std::int32_t ShellExecuteA(WindowHandle window, const std::u16string& operation,
+                             const std::u16string& file, const std::u16string& parameters,
+                             const std::u16string& folder, std::int32_t showCommand) override;
+
+  std::int32_t result = 42;
+
+ private:
+  CallLog& log_;
+};
+
 /// A world of fakes around a control, all writing into one log.
 class FakePlatform : public Platform {
  public:
@@ -160,6 +178,7 @@ class FakePlatform : public Platform {
   RegistryApi& registryApi() override { return serialKey; }
   NfcReaderLibrary& nfcReaderLibrary() override { return readerLibrary; }
   PictureLoader& pictureLoader() override { return pictures; }
+  Shell& shell() override { return programs; }
   [[nodiscard]] std::u16string appPath() const override { return programFolder; }
 
   CallLog log;
@@ -169,6 +188,7 @@ class FakePlatform : public Platform {
   FakeRegistryApi serialKey;
   FakeNfcReaderLibrary readerLibrary{log};
   FakePictureLoader pictures{log};
+  FakeShell programs{log};
   std::map<std::u16string, Variant> settings;
   std::set<std::u16string> files;
   std::int32_t messageAnswer = 1;

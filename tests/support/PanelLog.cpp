@@ -39,6 +39,11 @@ std::string describe(const WidgetState& state, WidgetAspect aspect) {
       return "items=" + std::to_string(state.items.size());
     case WidgetAspect::Index:
       return "index=" + std::to_string(state.index);
+    case WidgetAspect::Value:
+      return "value=" + truth(state.value);
+    case WidgetAspect::Gradient:
+      return "gradient=" + std::to_string(state.gradientstartcolor) + "," +
+             std::to_string(state.gradientendcolor);
     case WidgetAspect::Place:
       return "row=" + std::to_string(state.place.top) + "," + std::to_string(state.place.height);
   }

@@ -17,6 +17,7 @@ LinuxPlatform::LinuxPlatform(EventLoop& loop, std::shared_ptr<MessageHelper> mes
     : loop_(loop),
       messages_(std::move(messages)),
       options_(std::move(options)),
+      shell_(options_.launchSink),
       usbReaders_(options_.usbReaders != nullptr ? *options_.usbReaders : computersReaders_) {
   if (options_.embedded != nullptr) enteredPorts_.add(*options_.embedded);
   enteredPorts_.add(settingsPorts_);

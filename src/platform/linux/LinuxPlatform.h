@@ -10,6 +10,7 @@
 #include "platform/linux/AnnouncedPorts.h"
 #include "platform/linux/KnownPorts.h"
 #include "platform/linux/LinuxLocale.h"
+#include "platform/linux/LinuxShell.h"
 #include "platform/linux/SettingsPortNumbers.h"
 #include "platform/linux/SettingsPorts.h"
 #include "platform/linux/SignaturePictureLoader.h"
@@ -22,6 +23,8 @@ namespace tessara {
 struct LinuxPlatformOptions {
   /// Hears of every call to a communication object.
   CallSink callSink{};
+  /// Hears of every file and address that was to be opened.
+  LaunchSink launchSink{};
   /// Ports that the program brings along, offered before all others; has to outlive the platform.
   const PortSource* embedded = nullptr;
   /// USB NFC readers that the program brings along, in place of those of the computer; have to
@@ -64,6 +67,7 @@ class LinuxPlatform final : public Platform {
   RegistryApi& registryApi() override { return registry_; }
   NfcReaderLibrary& nfcReaderLibrary() override { return readerLibrary_; }
   PictureLoader& pictureLoader() override { return *options_.pictures; }
+  Shell& shell() override { return shell_; }
   [[nodiscard]] std::u16string appPath() const override;
 
  private:
@@ -74,6 +78,7 @@ class LinuxPlatform final : public Platform {
   std::shared_ptr<MessageHelper> messages_;
   LinuxPlatformOptions options_;
   LinuxLocale locale_;
+  LinuxShell shell_;
 
   HidapiReaders computersReaders_;
   UsbReaders& usbReaders_;

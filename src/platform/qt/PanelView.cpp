@@ -98,6 +98,10 @@ WidgetView* PanelView::makeView(Widget& widget) {
       return new TextBoxView(widget, acts, this);
     case WidgetKind::Timer:
     case WidgetKind::ImageList:
+    // These stand on forms of their own.
+    case WidgetKind::Option:
+    case WidgetKind::FormCaption:
+    case WidgetKind::HyperLink:
       return nullptr;
   }
   return nullptr;

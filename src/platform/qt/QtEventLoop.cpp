@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDebug>
+#include <QEventLoop>
 #include <QTimer>
 #include <thread>
 #include <utility>
@@ -29,6 +30,23 @@ class QtPeriodicTimer : public PeriodicTimer {
   QTimer timer_;
 };
 
+class QtModalRun : public ModalRun {
+ public:
+  void run() override {
+    if (!ended_) {
+      loop_.exec();
+    }
+  }
+  void end() override {
+    ended_ = true;
+    loop_.quit();
+  }
+
+ private:
+  QEventLoop loop_;
+  bool ended_ = false;
+};
+
 }  // namespace
 
 void QtEventLoop::yield() {
@@ -52,6 +70,10 @@ std::unique_ptr<PeriodicTimer> QtEventLoop::createTimer(std::chrono::millisecond
       }
     }
   });
+}
+
+std::unique_ptr<ModalRun> QtEventLoop::createModalRun() {
+  return std::make_unique<QtModalRun>();
 }
 
 }  // namespace tessara

@@ -15,6 +15,7 @@ class QtEventLoop : public EventLoop {
   void sleep(std::chrono::milliseconds duration) override;
   std::unique_ptr<PeriodicTimer> createTimer(std::chrono::milliseconds interval,
                                              std::function<void()> tick) override;
+  std::unique_ptr<ModalRun> createModalRun() override;
 
   /// Hears what a tick has thrown, since nobody stands behind a timer to catch it. The timer goes
   /// on. Without a listener the message goes to Qt's log.
