@@ -18,24 +18,36 @@ namespace {
 constexpr unsigned int kFirstPtyMajor = 136;
 constexpr unsigned int kLastPtyMajor = 143;
 
-bool isPseudoTerminal(int descriptor) {
+ExclusiveMark markOf(int descriptor) {
   struct ::stat status {};
   if (::fstat(descriptor, &status) != 0) {
-    return false;
+    return ExclusiveMark::EndsWithHolder;
   }
   const unsigned int number = major(status.st_rdev);
-  return number >= kFirstPtyMajor && number <= kLastPtyMajor;
+  return number >= kFirstPtyMajor && number <= kLastPtyMajor ? ExclusiveMark::OutlivesHolder
+                                                             : ExclusiveMark::EndsWithHolder;
 }
 
-/// Takes the lock and reads the settings; false with errno set if either is refused.
-bool take(int descriptor, ::termios& found) {
-  if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 || ::tcgetattr(descriptor, &found) != 0) {
+/// True if another program has marked the port; false also where the kernel does not tell.
+bool isMarked(int descriptor) {
+  int isExclusive = 0;
+  return ::ioctl(descriptor, TIOCGEXCL, &isExclusive) == 0 && isExclusive != 0;
+}
+
+/// Marks the port if nobody else has; false with errno set if the port cannot be had.
+bool putMark(int descriptor) {
+  if (isMarked(descriptor)) {
+    errno = EBUSY;
     return false;
   }
-  // TIOCEXCL keeps out the programs that know nothing of flock; flock tells root, whom TIOCEXCL
-  // lets pass. A pseudo-terminal keeps the mark until its other end closes: after a crash of this
-  // program nobody could open it any more, so it goes without.
-  return isPseudoTerminal(descriptor) || ::ioctl(descriptor, TIOCEXCL) == 0;
+  return ::ioctl(descriptor, TIOCEXCL) == 0;
+}
+
+/// Takes the lock and reads the settings; false with errno set if either is refused. The mark keeps
+/// out the programs that know nothing of flock; flock tells root, whom the mark lets pass.
+bool take(int descriptor, ExclusiveMark mark, ::termios& found) {
+  return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0 && ::tcgetattr(descriptor, &found) == 0 &&
+         (mark == ExclusiveMark::OutlivesHolder || putMark(descriptor));
 }
 
 }  // namespace
@@ -62,12 +74,13 @@ PortError PortError::fromErrno(int error) {
   }
 }
 
-PortLock::PortLock(const std::string& device)
+PortLock::PortLock(const std::string& device, std::optional<ExclusiveMark> mark)
     : descriptor_(::open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC)) {
   if (descriptor_ < 0) {
     throw PortError::fromErrno(errno);
   }
-  if (!take(descriptor_, found_)) {
+  mark_ = mark.value_or(markOf(descriptor_));
+  if (!take(descriptor_, mark_, found_)) {
     const int error = errno;
     ::close(descriptor_);
     throw PortError::fromErrno(error);
@@ -78,7 +91,7 @@ PortLock::~PortLock() {
   // Each of these fails on a port that has been unplugged, and nothing is left to do then.
   ::tcflush(descriptor_, TCIOFLUSH);
   ::tcsetattr(descriptor_, TCSANOW, &found_);
-  ::ioctl(descriptor_, TIOCNXCL);
+  if (mark_ == ExclusiveMark::EndsWithHolder) ::ioctl(descriptor_, TIOCNXCL);
   ::flock(descriptor_, LOCK_UN);
   ::close(descriptor_);
 }

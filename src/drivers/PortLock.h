@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -31,6 +32,13 @@ class PortError : public std::runtime_error {
   PortProblem problem_;
 };
 
+/// Whether TIOCEXCL says something about a port. It is the mark by which programs that know nothing
+/// of flock keep others out; root alone is let pass.
+enum class ExclusiveMark {
+  EndsWithHolder,  ///< whoever has left it there holds the port
+  OutlivesHolder,  ///< it may be the mark of a program that was killed: neither looked at nor left
+};
+
 /// A serial port, opened and held for one owner alone as long as the object lives.
 ///
 /// The port is taken before any of its settings is touched, so that a port in use by somebody else
@@ -38,8 +46,11 @@ class PortError : public std::runtime_error {
 /// at the release, which therefore never waits for a line that does not move.
 class PortLock {
  public:
-  /// Opens `device` without waiting for a carrier, and locks it. Throws PortError.
-  explicit PortLock(const std::string& device);
+  /// Opens `device` without waiting for a carrier, and locks it. Throws PortError. Without `mark` a
+  /// pseudo-terminal counts as one whose mark outlives the holder, because the kernel keeps it
+  /// until the other end closes; any other port loses it with the last program that has the port
+  /// open.
+  explicit PortLock(const std::string& device, std::optional<ExclusiveMark> mark = std::nullopt);
   ~PortLock();
   PortLock(const PortLock&) = delete;
   PortLock& operator=(const PortLock&) = delete;
@@ -49,6 +60,7 @@ class PortLock {
 
  private:
   int descriptor_;
+  ExclusiveMark mark_ = ExclusiveMark::EndsWithHolder;
   ::termios found_{};
 };
 

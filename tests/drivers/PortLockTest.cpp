@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -15,9 +16,10 @@
 namespace tessara::testing {
 namespace {
 
-std::optional<PortProblem> problemWith(const std::string& device) {
+std::optional<PortProblem> problemWith(const std::string& device,
+                                       std::optional<ExclusiveMark> mark = std::nullopt) {
   try {
-    const PortLock lock(device);
+    const PortLock lock(device, mark);
   } catch (const PortError& error) {
     return error.problem();
   }
@@ -54,6 +56,43 @@ TEST(PortLock, OfAProgramThatWasKilledIsGone) {
             }),
             -SIGKILL);
   EXPECT_EQ(inUnprivilegedProcess([&] { return problemWith(port.device()) ? 1 : 0; }), 0);
+}
+
+bool isMarked(const PseudoTerminal& port) {
+  int isExclusive = 0;
+  EXPECT_EQ(::ioctl(port.terminal(), TIOCGEXCL, &isExclusive), 0);
+  return isExclusive != 0;
+}
+
+TEST(PortLock, MarksThePortAsLongAsItIsHeld) {
+  const PseudoTerminal port;
+  {
+    const PortLock lock(port.device(), ExclusiveMark::EndsWithHolder);
+    EXPECT_TRUE(isMarked(port));
+  }
+  EXPECT_FALSE(isMarked(port));
+}
+
+TEST(PortLock, IsRefusedByTheMarkOfAProgramThatLocksNothing) {
+  const PseudoTerminal port;
+  ASSERT_EQ(::ioctl(port.terminal(), TIOCEXCL), 0);
+  EXPECT_EQ(problemWith(port.device(), ExclusiveMark::EndsWithHolder), PortProblem::InUse);
+  EXPECT_TRUE(isMarked(port));
+  ASSERT_EQ(::ioctl(port.terminal(), TIOCNXCL), 0);
+  EXPECT_EQ(problemWith(port.device(), ExclusiveMark::EndsWithHolder), std::nullopt);
+}
+
+TEST(PortLock, NeitherMarksAPseudoTerminalNorLooksForAMark) {
+  const PseudoTerminal port;
+  {
+    const PortLock lock(port.device());
+    EXPECT_FALSE(isMarked(port));
+  }
+  ASSERT_EQ(::ioctl(port.terminal(), TIOCEXCL), 0);
+  // Root alone gets to a port with a mark.
+  EXPECT_EQ(problemWith(port.device()),
+            ::geteuid() == 0 ? std::nullopt : std::optional(PortProblem::InUse));
+  EXPECT_TRUE(isMarked(port));
 }
 
 TEST(PortLock, IsNotInheritedByProgramsThatAreStarted) {
