@@ -14,6 +14,7 @@ using Command = std::function<ExitCode()>;
 /// Each adds one command with its options to `app` and, if it is the one called, leaves its work in
 /// `chosen`. Standard output takes the result and nothing else; what went wrong goes to standard
 /// error.
+void addCatalogueCommand(CLI::App& app, Command& chosen);
 void addLanguageCommand(CLI::App& app, Command& chosen);
 void addPortsCommand(CLI::App& app, Command& chosen);
 void addReadCommand(CLI::App& app, Command& chosen);

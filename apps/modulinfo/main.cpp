@@ -18,6 +18,7 @@ int run(int argc, char** argv) {
   app.require_subcommand(0, 1);
 
   tessara::Command chosen;
+  tessara::addCatalogueCommand(app, chosen);
   tessara::addLanguageCommand(app, chosen);
   tessara::addPortsCommand(app, chosen);
   tessara::addReadCommand(app, chosen);

@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "languagetool/LanguageText.h"
 #include "localisation/LanguageFile.h"
 #include "localisation/LanguageSections.h"
 #include "platform/RunTimeError.h"
@@ -80,7 +81,7 @@ class SourceReader {
     return found == sections_.end() ? nullptr : &*found;
   }
 
-  [[nodiscard]] std::vector<LanguageProblem> takeProblems() { return std::move(problems_); }
+  [[nodiscard]] std::vector<FileProblem> takeProblems() { return std::move(problems_); }
 
  private:
   void report(std::string message) { problems_.push_back({line_, std::move(message)}); }
@@ -133,7 +134,7 @@ class SourceReader {
 
   std::size_t line_ = 0;
   std::vector<SourceSection> sections_;
-  std::vector<LanguageProblem> problems_;
+  std::vector<FileProblem> problems_;
 };
 
 void appendLine(std::string& bytes, std::u16string_view line) {
@@ -181,8 +182,8 @@ BuiltLanguage buildLanguage(std::string_view source) {
   return built;
 }
 
-std::vector<LanguageProblem> buildLanguageFile(const std::filesystem::path& source,
-                                               const std::filesystem::path& out) {
+std::vector<FileProblem> buildLanguageFile(const std::filesystem::path& source,
+                                           const std::filesystem::path& out) {
   BuiltLanguage built;
   try {
     built = buildLanguage(LanguageFile::open(source).bytes());

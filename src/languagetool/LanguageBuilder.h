@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "languagetool/LanguageProblem.h"
+#include "platform/FileProblem.h"
 
 namespace tessara {
 
@@ -14,7 +14,7 @@ struct BuiltLanguage {
   /// The file: byte order mark, sections with their counts, all lines ended by CR LF, in UTF-16
   /// little-endian. Empty if there are problems.
   std::string bytes;
-  std::vector<LanguageProblem> problems;
+  std::vector<FileProblem> problems;
 };
 
 /// Builds a language file from its source, which is UTF-8 text with one entry a line:
@@ -32,7 +32,7 @@ BuiltLanguage buildLanguage(std::string_view source);
 
 /// Builds the file `out` from the file `source`. With problems, files that cannot be read or
 /// written among them, nothing is written.
-std::vector<LanguageProblem> buildLanguageFile(const std::filesystem::path& source,
-                                               const std::filesystem::path& out);
+std::vector<FileProblem> buildLanguageFile(const std::filesystem::path& source,
+                                           const std::filesystem::path& out);
 
 }  // namespace tessara

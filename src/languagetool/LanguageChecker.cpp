@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "languagetool/LanguageText.h"
 #include "localisation/Language.h"
 #include "localisation/LanguageFile.h"
 #include "localisation/LanguageSections.h"

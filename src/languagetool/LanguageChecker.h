@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "languagetool/LanguageProblem.h"
+#include "platform/FileProblem.h"
 
 namespace tessara {
 
@@ -32,9 +32,9 @@ struct LanguageReport {
   /// load.
   std::vector<SectionReport> sections;
   /// What is wrong.
-  std::vector<LanguageProblem> problems;
+  std::vector<FileProblem> problems;
   /// Lines between sections that the control passes over, as it does with comments.
-  std::vector<LanguageProblem> passedOver;
+  std::vector<FileProblem> passedOver;
 };
 
 /// Reads `bytes` as the control reads a language file.

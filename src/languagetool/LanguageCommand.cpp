@@ -4,6 +4,7 @@
 
 #include "languagetool/LanguageBuilder.h"
 #include "languagetool/LanguageChecker.h"
+#include "languagetool/LanguageText.h"
 #include "localisation/Language.h"
 #include "platform/Text.h"
 

@@ -103,13 +103,13 @@ TEST_F(SampleCatalogue, FirmwareNewerOlderAndUnknownAreToldApart) {
   EXPECT_EQ(find({176, 226, 1, u"hv1.02", 1}), CatalogResult::CatalogNoVersion);
 }
 
-TEST_F(SampleCatalogue, HasAModuleWithHiddenFirmwareAndModulesWithoutADatasheet) {
+TEST_F(SampleCatalogue, HasAModuleWithHiddenFirmwareAndModulesWithoutADatasheetOfTheirLanguage) {
   find({49, 27, 272, u"1.000", 2});
   EXPECT_EQ(profile.HideFwVersion, 1);
-  EXPECT_EQ(profile.DatasheetLink, u"");
+  EXPECT_EQ(profile.DatasheetLink, u"https://example.invalid/korrin/fd-272/datasheet-en.pdf");
   find({49, 25, 251, u"1.000", 3});
   EXPECT_EQ(profile.HideFwVersion, 0);
-  EXPECT_EQ(profile.DatasheetLink, u"");
+  EXPECT_EQ(profile.DatasheetLink, u"https://example.invalid/korrin/mm-251/datasheet-en.pdf");
   find({49, 25, 251, u"1.000", 5});
   EXPECT_EQ(profile.DatasheetLink, u"https://example.invalid/korrin/mm-251/datasheet-it.pdf");
 }

@@ -18,7 +18,7 @@ using ::testing::IsEmpty;
 using testing::languageBytes;
 using ::testing::SizeIs;
 
-std::vector<std::string> linesOf(const std::vector<LanguageProblem>& problems) {
+std::vector<std::string> linesOf(const std::vector<FileProblem>& problems) {
   std::vector<std::string> lines;
   lines.reserve(problems.size());
   for (const auto& problem : problems) {

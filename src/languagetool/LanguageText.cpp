@@ -1,4 +1,4 @@
-#include "languagetool/LanguageProblem.h"
+#include "languagetool/LanguageText.h"
 
 #include "localisation/LanguageSections.h"
 #include "platform/Text.h"
@@ -11,11 +11,6 @@ bool isControl(char16_t unit) {
 }
 
 }  // namespace
-
-std::string toLine(const std::string& file, const LanguageProblem& problem) {
-  const auto line = problem.line == 0 ? "" : ":" + std::to_string(problem.line);
-  return file + line + ": " + problem.message;
-}
 
 std::string visible(std::u16string_view text) {
   std::u16string shown;

@@ -6,17 +6,6 @@
 
 namespace tessara {
 
-/// Something wrong with a language file or its source, or worth knowing about it.
-struct LanguageProblem {
-  /// The line in which an editor shows it, from 1; 0 for the file as a whole.
-  std::size_t line = 0;
-  /// UTF-8.
-  std::string message;
-};
-
-/// `problem` on one line as compilers write it: "file:line: message", without the line if it is 0.
-std::string toLine(const std::string& file, const LanguageProblem& problem);
-
 /// `text` in UTF-8 as it can stand in a message, with control characters made visible.
 std::string visible(std::u16string_view text);
 
