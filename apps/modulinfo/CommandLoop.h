@@ -10,7 +10,7 @@ namespace tessara {
 /// The event loop of a command that brings a control's platform up. One at a time.
 class CommandLoop {
  public:
-  [[nodiscard]] EventLoop& eventLoop() { return loop_; }
+  [[nodiscard]] QtEventLoop& eventLoop() { return loop_; }
 
  private:
   // Qt wants a program's name and keeps the places where it stands.

@@ -18,6 +18,7 @@ void addCatalogueCommand(CLI::App& app, Command& chosen);
 void addLanguageCommand(CLI::App& app, Command& chosen);
 void addPortsCommand(CLI::App& app, Command& chosen);
 void addReadCommand(CLI::App& app, Command& chosen);
+void addServeCommand(CLI::App& app, Command& chosen);
 void addSettingsCommand(CLI::App& app, Command& chosen);
 void addSimulateCommand(CLI::App& app, Command& chosen);
 

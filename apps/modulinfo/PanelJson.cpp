@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "DeviceCallJson.h"
 #include "PanelText.h"
 #include "platform/Text.h"
 
@@ -29,24 +30,9 @@ Json linksOf(const ModulInfoFLII& control) {
           {"packb", toUtf8(control.PackbLink)}};
 }
 
-struct ResultJson {
-  Json operator()(std::monostate /*nothing*/) const { return nullptr; }
-  Json operator()(bool value) const { return value; }
-  Json operator()(const DeviceWords& words) const { return words; }
-};
-
 Json traceOf(const std::vector<DeviceCall>& calls) {
   Json trace = Json::array();
-  for (const DeviceCall& call : calls) {
-    Json entry{{"object", call.object}, {"operation", call.operation}, {"args", call.arguments}};
-    if (call.error) {
-      entry["error"] = *call.error;
-    } else {
-      entry["result"] = std::visit(ResultJson{}, call.result);
-    }
-    entry["ms"] = call.milliseconds;
-    trace.push_back(std::move(entry));
-  }
+  for (const DeviceCall& call : calls) trace.push_back(deviceCallJson(call));
   return trace;
 }
 

@@ -22,6 +22,7 @@ int run(int argc, char** argv) {
   tessara::addLanguageCommand(app, chosen);
   tessara::addPortsCommand(app, chosen);
   tessara::addReadCommand(app, chosen);
+  tessara::addServeCommand(app, chosen);
   tessara::addSettingsCommand(app, chosen);
   tessara::addSimulateCommand(app, chosen);
   try {

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string_view>
+
+#include "serve/Channel.h"
+#include "serve/JsonRpc.h"
+#include "serve/ServeLoop.h"
+
+namespace tessara {
+
+/// Tells the client of what happens, when it happens.
+class Announcer {
+ public:
+  /// Both have to outlive the announcer.
+  Announcer(Channel& channel, ServeLoop& loop) : channel_(channel), loop_(loop) {}
+
+  void announce(std::string_view method, OrderedJson params) const {
+    loop_.stir();
+    channel_.send(encodeLine(notificationMessage(method, std::move(params))));
+  }
+
+ private:
+  Channel& channel_;
+  ServeLoop& loop_;
+};
+
+}  // namespace tessara

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "control/Form.h"
+#include "serve/Announcer.h"
+#include "serve/Turns.h"
+
+namespace tessara {
+
+/// The dialogs of a control that are open: the client hears of each, and requests are handled while
+/// one waits.
+class OpenForms final : public FormObserver {
+ public:
+  /// Both have to outlive this.
+  OpenForms(const Announcer& announcer, Turns& turns) : announcer_(announcer), turns_(turns) {}
+
+  void formShown(Form& form) override;
+  void formHidden(Form& form) override;
+
+  [[nodiscard]] const std::vector<Form*>& all() const { return forms_; }
+  /// The open form of that name; null if there is none.
+  [[nodiscard]] Form* find(std::u16string_view name) const;
+  /// Closes all without an outcome.
+  void hideAll();
+
+ private:
+  void announce(const Form& form, bool isOpen) const;
+
+  const Announcer& announcer_;
+  Turns& turns_;
+  std::vector<Form*> forms_;
+};
+
+}  // namespace tessara

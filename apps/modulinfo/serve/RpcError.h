@@ -1,0 +1,44 @@
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "platform/RunTimeError.h"
+
+namespace tessara {
+
+/// Codes of failed requests: those of JSON-RPC 2.0, and the one for run-time errors of the control.
+enum class RpcCode : int {
+  NoJson = -32700,
+  InvalidRequest = -32600,
+  UnknownMethod = -32601,
+  WrongParameters = -32602,
+  Internal = -32603,
+  RunTime = -32000,
+};
+
+/// A request went wrong. The message (UTF-8) names what was wrong.
+class RpcError : public std::runtime_error {
+ public:
+  RpcError(RpcCode code, const std::string& message) : std::runtime_error(message), code_(code) {}
+  explicit RpcError(const RunTimeError& error)
+      : std::runtime_error(error.what()), code_(RpcCode::RunTime), number_(error.number()) {}
+
+  [[nodiscard]] RpcCode code() const { return code_; }
+  /// The number of a run-time error.
+  [[nodiscard]] std::optional<ErrorNumber> number() const { return number_; }
+
+ private:
+  RpcCode code_;
+  std::optional<ErrorNumber> number_;
+};
+
+/// A name from outside as it stands in a message: in quotes, its end cut off where it is long.
+inline std::string inQuotes(std::string_view name) {
+  constexpr std::size_t longest = 80;
+  return '"' + std::string(name.substr(0, longest)) + (name.size() > longest ? "...\"" : "\"");
+}
+
+}  // namespace tessara

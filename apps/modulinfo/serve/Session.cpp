@@ -1,0 +1,154 @@
+#include "serve/Session.h"
+
+#include <iostream>
+#include <utility>
+
+#include "serve/BridgeMethods.h"
+
+namespace tessara {
+
+namespace {
+
+constexpr std::chrono::milliseconds lookInterval{100};
+
+RpcLine tooLong() {
+  RpcLine line;
+  line.entries.emplace_back(RpcFault{
+      {},
+      RpcError(RpcCode::NoJson,
+               "the line is longer than " + std::to_string(Channel::longestLine) + " bytes")});
+  return line;
+}
+
+/// Says what a request is answered with; a notification is carried out and gets no answer.
+struct AnswerOf {
+  Bridge& bridge;
+
+  std::optional<OrderedJson> operator()(const RpcRequest& request) const {
+    try {
+      OrderedJson result = carryOut(bridge, request);
+      if (request.id) return resultMessage(*request.id, std::move(result));
+    } catch (const RpcError& error) {
+      if (request.id) return errorMessage(*request.id, error);
+    }
+    return std::nullopt;
+  }
+  std::optional<OrderedJson> operator()(const RpcFault& fault) const {
+    return errorMessage(fault.id, fault.error);
+  }
+};
+
+}  // namespace
+
+Session::Session(Channel& channel, Turns& turns, Bridge& bridge)
+    : channel_(channel),
+      turns_(turns),
+      bridge_(bridge),
+      arrivals_(channel.input(), QSocketNotifier::Read) {
+  QObject::connect(&arrivals_, &QSocketNotifier::activated, &context_,
+                   [this] { channel_.receive(); });
+  deafness_.setInterval(lookInterval);
+  deafness_.callOnTimeout([this] {
+    if (channel_.isDeaf()) end();
+  });
+  channel_.arrived = [this] { noteArrival(); };
+  // A sending may be in the middle of a call to a module, where the control cannot be ended.
+  channel_.broken = [this] { QTimer::singleShot(0, &context_, [this] { end(); }); };
+  turns_.nextMayCome = [this] { schedule(); };
+  bridge_.loop.idles = [this] {
+    if (channel_.isAtEnd()) end();
+  };
+  bridge_.quit = [this] { end(); };
+}
+
+Session::~Session() {
+  channel_.arrived = nullptr;
+  channel_.broken = nullptr;
+  turns_.nextMayCome = nullptr;
+  bridge_.loop.idles = nullptr;
+  bridge_.quit = nullptr;
+}
+
+void Session::run() {
+  bridge_.loop.run();
+}
+
+void Session::noteArrival() {
+  if (channel_.isAtEnd() && arrivals_.isEnabled()) {
+    arrivals_.setEnabled(false);
+    deafness_.start();
+  }
+  schedule();
+}
+
+void Session::schedule() {
+  if (std::exchange(isScheduled_, true)) return;
+  QTimer::singleShot(0, &context_, [this] { handleWaiting(); });
+}
+
+void Session::handleWaiting() {
+  isScheduled_ = false;
+  while (!bridge_.loop.isEnded() && turns_.mayHandle()) {
+    if (!fetchWaiting()) {
+      if (channel_.isAtEnd()) end();
+      return;
+    }
+    const Waiting next = std::move(waiting_.front());
+    waiting_.pop_front();
+    // The rest may come in the middle of this one.
+    schedule();
+    handle(next);
+  }
+}
+
+bool Session::fetchWaiting() {
+  while (waiting_.empty() && channel_.hasLine()) {
+    const auto line = channel_.takeLine();
+    queueLine(line ? decodeLine(*line) : tooLong());
+  }
+  return !waiting_.empty();
+}
+
+void Session::queueLine(RpcLine line) {
+  std::shared_ptr<Batch> batch;
+  if (line.isBatch) batch = std::make_shared<Batch>(Batch{.unanswered = line.entries.size()});
+  for (RpcEntry& entry : line.entries) waiting_.push_back({std::move(entry), batch});
+}
+
+void Session::handle(const Waiting& waiting) {
+  const Turns::Turn turn(turns_, Turns::Kind::Request);
+  bridge_.loop.stir();
+  answer(waiting, std::visit(AnswerOf{bridge_}, waiting.entry));
+}
+
+void Session::answer(const Waiting& waiting, std::optional<OrderedJson> message) {
+  if (!waiting.batch) {
+    if (message) channel_.send(encodeLine(*message));
+    return;
+  }
+  Batch& batch = *waiting.batch;
+  if (message) batch.answers.push_back(*std::move(message));
+  --batch.unanswered;
+  if (batch.unanswered == 0 && !batch.answers.empty()) channel_.send(encodeLine(batch.answers));
+}
+
+void Session::end() {
+  if (bridge_.loop.isEnded()) return;
+  bridge_.loop.end();
+  forgetWaiting();
+  bridge_.forms.hideAll();
+  try {
+    bridge_.control.UserControl_Terminate();
+  } catch (const std::exception& error) {
+    std::cerr << "modulinfo: " << error.what() << '\n';
+  }
+}
+
+void Session::forgetWaiting() {
+  for (const Waiting& waiting : waiting_) {
+    if (waiting.batch) --waiting.batch->unanswered;
+  }
+  waiting_.clear();
+}
+
+}  // namespace tessara

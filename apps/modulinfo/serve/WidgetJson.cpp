@@ -1,0 +1,98 @@
+#include "serve/WidgetJson.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "platform/Text.h"
+
+namespace tessara {
+
+namespace {
+
+OrderedJson pictureJson(const PictureSource& picture) {
+  if (const auto* number = std::get_if<std::int32_t>(&picture)) return *number;
+  if (const auto* name = std::get_if<std::u16string>(&picture)) return toUtf8(*name);
+  return nullptr;
+}
+
+OrderedJson itemsJson(const std::vector<std::u16string>& items) {
+  OrderedJson list = OrderedJson::array();
+  for (const std::u16string& item : items) list.push_back(toUtf8(item));
+  return list;
+}
+
+struct StateKey {
+  const char* name;
+  OrderedJson (*read)(const WidgetState& state);
+};
+
+using State = const WidgetState&;
+
+constexpr StateKey caption{"caption", [](State s) -> OrderedJson { return toUtf8(s.caption); }};
+constexpr StateKey text{"text", [](State s) -> OrderedJson { return toUtf8(s.text); }};
+constexpr StateKey toolTipTitle{"toolTipTitle",
+                                [](State s) -> OrderedJson { return toUtf8(s.toolTipTitle); }};
+constexpr StateKey toolTipText{"toolTipText",
+                               [](State s) -> OrderedJson { return toUtf8(s.toolTipText); }};
+constexpr StateKey enabled{"enabled", [](State s) -> OrderedJson { return s.enabled; }};
+constexpr StateKey visible{"visible", [](State s) -> OrderedJson { return s.visible; }};
+constexpr StateKey value{"value", [](State s) -> OrderedJson { return s.value; }};
+constexpr StateKey items{"items", [](State s) { return itemsJson(s.items); }};
+constexpr StateKey index{"index", [](State s) -> OrderedJson { return s.index; }};
+constexpr StateKey picture{"picture", [](State s) { return pictureJson(s.picture); }};
+constexpr StateKey left{"left", [](State s) -> OrderedJson { return s.place.left; }};
+constexpr StateKey top{"top", [](State s) -> OrderedJson { return s.place.top; }};
+constexpr StateKey width{"width", [](State s) -> OrderedJson { return s.place.width; }};
+constexpr StateKey height{"height", [](State s) -> OrderedJson { return s.place.height; }};
+constexpr StateKey gradientstartcolor{"gradientstartcolor",
+                                      [](State s) -> OrderedJson { return s.gradientstartcolor; }};
+constexpr StateKey gradientendcolor{"gradientendcolor",
+                                    [](State s) -> OrderedJson { return s.gradientendcolor; }};
+constexpr StateKey interval{"interval", [](State s) -> OrderedJson { return s.interval; }};
+
+constexpr std::array dropDownKeys{text, enabled, visible, items, index, left, top, width, height};
+constexpr std::array textBoxKeys{text, enabled, visible, left, top, width, height};
+constexpr std::array timerKeys{enabled, interval};
+constexpr std::array labelKeys{caption, toolTipTitle, toolTipText, enabled, visible,
+                               left,    top,          width,       height};
+constexpr std::array pictureKeys{enabled, visible, picture, left, top, width, height};
+constexpr std::array buttonKeys{
+    caption, toolTipTitle, toolTipText,        enabled,         visible, picture, left, top,
+    width,   height,       gradientstartcolor, gradientendcolor};
+constexpr std::array frameKeys{enabled, visible, left, top, width, height};
+constexpr std::array imageListKeys{items};
+constexpr std::array optionKeys{caption, enabled, visible, value, left, top, width, height};
+constexpr std::array captionKeys{caption, enabled, visible, left, top, width, height};
+
+struct KindKeys {
+  WidgetKind kind;
+  std::span<const StateKey> keys;
+};
+
+constexpr std::array<KindKeys, 12> kinds{{
+    {WidgetKind::DropDownList, dropDownKeys},
+    {WidgetKind::TextBox, textBoxKeys},
+    {WidgetKind::Timer, timerKeys},
+    {WidgetKind::Label, labelKeys},
+    {WidgetKind::Image, pictureKeys},
+    {WidgetKind::PictureBox, pictureKeys},
+    {WidgetKind::Button, buttonKeys},
+    {WidgetKind::Frame, frameKeys},
+    {WidgetKind::ImageList, imageListKeys},
+    {WidgetKind::Option, optionKeys},
+    {WidgetKind::FormCaption, captionKeys},
+    {WidgetKind::HyperLink, captionKeys},
+}};
+
+}  // namespace
+
+OrderedJson widgetJson(const Widget& widget) {
+  const auto* of = std::find_if(kinds.begin(), kinds.end(),
+                                [&](const KindKeys& row) { return row.kind == widget.kind(); });
+  OrderedJson state = OrderedJson::object();
+  for (const StateKey& key : of->keys) state[key.name] = key.read(widget.state());
+  return state;
+}
+
+}  // namespace tessara

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "control/Widget.h"
+#include "serve/JsonRpc.h"
+
+namespace tessara {
+
+/// What can be seen of a widget: an object with those of the keys that a widget of its kind has.
+/// Places are in twips, colours are 0xRRGGBB.
+OrderedJson widgetJson(const Widget& widget);
+
+}  // namespace tessara
