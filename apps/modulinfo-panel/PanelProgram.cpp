@@ -82,7 +82,6 @@ ExitCode show(const PanelRequest& request, const EmbeddedSimulator* simulator) {
   loop.tickFailed = [&window](const std::exception& error) { window.tell(error.what()); };
 
   bringUpPanel(window, platform, request);
-  window.answerOtherButtons();
   if (request.draws()) {
     return draw(window, platform, log, request.screenshot);
   }

@@ -60,18 +60,6 @@ void PanelWindow::showError(const std::exception& error) const {
   view_.showError(QString::fromUtf8(error.what()));
 }
 
-void PanelWindow::answerOtherButtons() {
-  const auto answer = [this](Widget& button, const char* text) {
-    if (!button.onClick) {
-      button.onClick = [this, text] { tell(text); };
-    }
-  };
-  answer(control_.panel.cmdSettings,
-         "The language is chosen with: modulinfo settings set Language <number>");
-  answer(control_.panel.CmdHelp, "No help is installed.");
-  answer(control_.panel.CmdAbout, "modulinfo-panel " TESSARA_VERSION);
-}
-
 void PanelWindow::tell(const QString& text) {
   statusBar()->showMessage(text, tellMilliseconds);
 }

@@ -18,10 +18,6 @@ class PanelWindow : public QMainWindow, private HostEvents {
 
   [[nodiscard]] ModulInfoFLII& control() { return control_; }
 
-  /// Gives the buttons that the control leaves without an answer one in the status line. To be
-  /// called when the control is up.
-  void answerOtherButtons();
-
   /// Reads the module as the read button does; what goes wrong beyond that is shown.
   void read();
 

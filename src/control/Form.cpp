@@ -26,14 +26,16 @@ void Form::showModal(EventLoop& loop, FormObserver* observer) {
   if (visible_) {
     throw RunTimeError(ErrorNumber::FormAlreadyShown, toUtf8(name_) + " is shown already");
   }
+  if (observer == nullptr) {
+    throw RunTimeError(ErrorNumber::InvalidCall,
+                       toUtf8(name_) + " cannot be shown: the host draws no forms");
+  }
   Form_Load();
   run_ = loop.createModalRun();
   formObserver_ = observer;
   visible_ = true;
   const Hiding hiding(*this);
-  if (formObserver_ != nullptr) {
-    formObserver_->formShown(*this);
-  }
+  formObserver_->formShown(*this);
   run_->run();
 }
 
@@ -42,9 +44,7 @@ void Form::hide() {
     return;
   }
   run_->end();
-  if (formObserver_ != nullptr) {
-    formObserver_->formHidden(*this);
-  }
+  formObserver_->formHidden(*this);
 }
 
 }  // namespace tessara

@@ -38,22 +38,22 @@ class Form : public WidgetOwner {
   /// The file of the window's icon; empty for none.
   [[nodiscard]] const std::u16string& icon() const { return icon_; }
 
-  /// The widget whose caption stands in the window's frame.
-  [[nodiscard]] virtual const Widget& titleBar() const = 0;
+  /// The widget whose caption stands in the window's frame; null before the form is loaded.
+  [[nodiscard]] const Widget* titleBar() const { return titleBar_; }
   /// The button that the Return key presses.
   [[nodiscard]] virtual Widget& defaultButton() = 0;
   /// The button that the Escape key presses, and closing the window by its frame.
   [[nodiscard]] virtual Widget& cancelButton() = 0;
-  /// The size of the form in twips, without its frame.
+  /// The size of the form in twips, without its frame; left and top are 0.
   [[nodiscard]] virtual Place area() const = 0;
 
   /// The outcome of the form; empty until there is one.
   std::u16string Tag;
 
   /// Loads the form, shows it and handles events until it has hidden itself, or the program is
-  /// about to quit, which hides it without an outcome. The observer may be null and has to live
-  /// until then. A form that is shown already is error 400; what loading raises passes to the
-  /// caller, and nothing is shown.
+  /// about to quit, which hides it without an outcome. The observer has to live until then; without
+  /// one nobody could ever answer the form, which is an invalid call (error 5). A form that is
+  /// shown already is error 400; what loading raises passes to the caller, and nothing is shown.
   void showModal(EventLoop& loop, FormObserver* observer);
 
   /// Ends the modal run. A form that is not shown stays so.
@@ -63,6 +63,7 @@ class Form : public WidgetOwner {
   /// Brings the widgets into the state in which they are shown.
   virtual void Form_Load() = 0;
 
+  const Widget* titleBar_ = nullptr;
   std::u16string icon_;
 
  private:

@@ -39,6 +39,7 @@ void ModulInfoFLII::UserControl_Terminate() {
     return;
   }
   scanTimer_.reset();
+  closeDialog();
 
   ModuleWide& wide = moduleWide();
   wide.FileSystem.reset();
@@ -84,6 +85,9 @@ void ModulInfoFLII::connectHandlers() {
   handle(panel.CmdSave2DiskParameter, &ModulInfoFLII::CmdSave2DiskParameter_Click);
   handle(panel.CmdPrintConfiguration, &ModulInfoFLII::CmdPrintConfiguration_Click);
   handle(panel.CmdStoreParameter, &ModulInfoFLII::CmdStoreParameter_Click);
+  handle(panel.cmdSettings, &ModulInfoFLII::cmdSettings_Click);
+  handle(panel.CmdAbout, &ModulInfoFLII::CmdAbout_Click);
+  handle(panel.CmdHelp, &ModulInfoFLII::CmdHelp_Click);
   handle(panel.TimerScanDevice, &ModulInfoFLII::ScanTick);
 
   scanTimer_ = platform_.eventLoop().createTimer(
@@ -122,9 +126,40 @@ void ModulInfoFLII::setScanTimer(bool bEnabled) {
 }
 
 void ModulInfoFLII::showMessage(const std::u16string& text, MessageStyle style) {
+  showMessage(text, style, moduleWide().AppTitle);
+}
+
+void ModulInfoFLII::showMessage(const std::u16string& text, MessageStyle style,
+                                const std::u16string& title) {
   // Events are handled while the box is open, and one of them may end the control.
   const auto helper = moduleWide().MessageHelper;
-  lMsgResult = live(helper, "MessageHelper").Show(text, style, moduleWide().AppTitle);
+  lMsgResult = live(helper, "MessageHelper").Show(text, style, title);
+}
+
+bool ModulInfoFLII::showModally(const std::shared_ptr<Form>& form) {
+  openDialog_ = form;
+  panel.setBlockedBy(form->name());
+  const auto isEndedByItself = [&] {
+    const bool isOpen = openDialog_ == form;
+    if (isOpen) {
+      closeDialog();
+    }
+    return isOpen;
+  };
+  try {
+    form->showModal(platform_.eventLoop(), formObserver_);
+  } catch (...) {
+    isEndedByItself();
+    throw;
+  }
+  return isEndedByItself();
+}
+
+void ModulInfoFLII::closeDialog() {
+  if (const auto dialog = std::exchange(openDialog_, nullptr)) {
+    panel.setBlockedBy({});
+    dialog->hide();
+  }
 }
 
 void ModulInfoFLII::yield() {

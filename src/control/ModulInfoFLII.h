@@ -44,8 +44,13 @@ class ModulInfoFLII : public Fields {
 
   Panel panel;
 
-  /// Null for none. The observer draws the dialogs of the control, and must live as long as it is
-  /// set. While a dialog is open, no button of the panel is pressed.
+  /// The window that shows the control, by its number in the system; 0 without one. Set by what
+  /// draws the control.
+  WindowHandle hWnd = 0;
+
+  /// What draws the dialogs of the control; it must live as long as it is set. With null, the first
+  /// value, the buttons that open one are invalid calls (error 5). While a dialog is open, no button
+  /// of the panel is pressed.
   void setFormObserver(FormObserver* observer) { formObserver_ = observer; }
 
   /// The system's decimal separator, by which the values of a host are converted.
@@ -159,7 +164,13 @@ class ModulInfoFLII : public Fields {
   void raise(void (HostEvents::*callback)());
   void raiseModulActive(Activity activity);
   void raiseNfcReader();
+  /// With AppTitle for a title, or with one of its own.
   void showMessage(const std::u16string& text, MessageStyle style);
+  void showMessage(const std::u16string& text, MessageStyle style, const std::u16string& title);
+  /// Shows a dialog and blocks the panel until it has hidden itself. False if the control was ended
+  /// in between: there is then nothing more to do.
+  bool showModally(const std::shared_ptr<Form>& form);
+  void closeDialog();
   void setStatus(std::u16string text);
   void setScanTimer(bool bEnabled);
   void stopScan();
@@ -194,6 +205,11 @@ class ModulInfoFLII : public Fields {
   enum class LogoSource { Name, Setting };
   bool FindLogoFile(const std::u16string& appPath, const std::u16string& name, LogoSource source);
   void loadPicture(Widget& widget, const std::u16string& path);
+
+  // localisation/
+  void cmdSettings_Click();
+  void CmdAbout_Click();
+  void CmdHelp_Click();
 
   // ports/
   void ComboComPort_Click();
@@ -251,6 +267,8 @@ class ModulInfoFLII : public Fields {
   Platform& platform_;
   HostEvents& events_;
   FormObserver* formObserver_ = nullptr;
+  /// The dialog that blocks the panel; null for none.
+  std::shared_ptr<Form> openDialog_;
   std::unique_ptr<PeriodicTimer> scanTimer_;
   bool initialized_ = false;
 };

@@ -14,6 +14,9 @@
 
 namespace tessara {
 
+class frmAbout;
+class frmLanguage;
+
 /// What all controls of one user-interface thread share. The objects are replaced by every control
 /// that comes up and released by every one that ends; texts, port list and paths stay.
 struct ModuleWide : LanguageState, RegEnum {
@@ -24,6 +27,10 @@ struct ModuleWide : LanguageState, RegEnum {
   std::shared_ptr<tessara::HartCommObject> HartCommObject;
   std::shared_ptr<tessara::FileSystem> FileSystem;
   std::shared_ptr<tessara::MessageHelper> MessageHelper;
+
+  /// The dialogs while they are in use.
+  std::shared_ptr<tessara::frmLanguage> frmLanguage;
+  std::shared_ptr<tessara::frmAbout> frmAbout;
 
   /// Full paths found by the path properties.
   std::u16string ManufactureLogoPath;

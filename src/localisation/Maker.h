@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string_view>
+
+namespace tessara {
+
+/// Who makes the product, as it was set when the product was configured (cmake/Maker.cmake).
+struct Maker {
+  std::u16string_view company;
+  std::u16string_view address1;
+  std::u16string_view address2;
+  std::u16string_view phone;
+  std::u16string_view fax;
+  /// A mail address without a scheme.
+  std::u16string_view mail;
+  /// A web address, with or without a scheme.
+  std::u16string_view web;
+  std::u16string_view year;
+  /// The version of the product, for hosts that have none of their own.
+  std::u16string_view version;
+};
+
+extern const Maker maker;
+
+}  // namespace tessara

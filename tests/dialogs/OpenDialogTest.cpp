@@ -1,0 +1,167 @@
+#include <memory>
+
+#include <gmock/gmock.h>
+
+#include "DialogFixture.h"
+
+namespace tessara::testing {
+namespace {
+
+using ::testing::Contains;
+using ::testing::IsEmpty;
+
+/// What enters the control while one of its dialogs is open.
+class OpenDialog : public DialogFixture, public ::testing::WithParamInterface<const char16_t*> {
+ protected:
+  Widget& opener() { return *control.panel.find(GetParam()); }
+};
+
+INSTANTIATE_TEST_SUITE_P(Both, OpenDialog, ::testing::Values(u"cmdSettings", u"CmdAbout"));
+
+TEST_P(OpenDialog, AFurtherPressOnThePanelIsAnInvalidCallAndLeavesTheDialog) {
+  person([this] {
+    for (Widget* button : {&control.panel.cmdSettings, &control.panel.CmdAbout,
+                           &control.panel.CmdHelp, &control.panel.CmdDeviceInfo}) {
+      EXPECT_EQ(errorNumberOf([&] { button->press(); }), 5) << toUtf8(button->name());
+    }
+    EXPECT_EQ(errorNumberOf([&] { control.panel.txtDevAddr.type(u"7"); }), 5);
+    EXPECT_TRUE(forms.open->visible());
+  });
+  opener().press();
+  EXPECT_EQ(log.count("modal run"), 1U);
+  control.panel.CmdHelp.press();
+  EXPECT_EQ(log.count("ShellExecuteA"), 1U);
+}
+
+TEST_P(OpenDialog, ASecondControlOfTheThreadFindsItShownAlready) {
+  ModulInfoFLII other(platform, host);
+  other.UserControl_Initialize();
+  other.setFormObserver(&forms);
+  person([&] {
+    EXPECT_EQ(errorNumberOf([&] { other.panel.find(GetParam())->press(); }), 400);
+    EXPECT_TRUE(forms.open->visible());
+    EXPECT_EQ(other.panel.blockedBy(), u"");
+  });
+  opener().press();
+  EXPECT_EQ(log.count("modal run"), 1U);
+}
+
+TEST_P(OpenDialog, TheEndOfTheControlClosesItAndNothingIsCalledAfterwards) {
+  control.Language = 3;
+  person([this] {
+    control.UserControl_Terminate();
+    EXPECT_EQ(forms.open, nullptr);
+    log.clear();
+  });
+  opener().press();
+  EXPECT_THAT(log.entries(), IsEmpty());
+  EXPECT_EQ(moduleWide().frmLanguage, nullptr);
+  EXPECT_EQ(moduleWide().frmAbout, nullptr);
+  EXPECT_EQ(control.panel.blockedBy(), u"");
+}
+
+TEST_P(OpenDialog, TheEndOfTheControlAfterOkLeavesTheLanguageAsItWas) {
+  control.Language = 3;
+  person([this] {
+    forms.open->defaultButton().press();
+    control.UserControl_Terminate();
+    log.clear();
+  });
+  opener().press();
+  EXPECT_EQ(control.Language, 3);
+  EXPECT_THAT(log.entries(), IsEmpty());
+}
+
+TEST_P(OpenDialog, TheDialogOfAnotherControlSurvivesTheEndOfThisOne) {
+  auto other = std::make_unique<ModulInfoFLII>(platform, host);
+  other->UserControl_Initialize();
+  person([&] {
+    other.reset();
+    EXPECT_TRUE(forms.open->visible());
+  });
+  opener().press();
+  EXPECT_THAT(log.entries(), Contains("modal run"));
+}
+
+TEST_P(OpenDialog, IsClosedWithoutAnOutcomeWhenTheProgramQuits) {
+  control.Language = 3;
+  person([] {});
+  opener().press();
+  EXPECT_EQ(forms.open, nullptr);
+  EXPECT_THAT(log.only({"SetValue", "Show"}), IsEmpty());
+  EXPECT_EQ(control.Language, 3);
+}
+
+TEST_P(OpenDialog, TheControlMayBeShownAgainMeanwhile) {
+  platform.serialKey.ports = {{"\\Device\\Silabser0", "COM3"}};
+  person([this] {
+    control.UserControl_Show();
+    EXPECT_TRUE(forms.open->visible());
+    forms.open->cancelButton().press();
+  });
+  opener().press();
+  EXPECT_EQ(forms.open, nullptr);
+  EXPECT_EQ(control.panel.ComboComPort.state().items.size(), 1U);
+}
+
+TEST_P(OpenDialog, TheScanGoesOnBehindIt) {
+  control.AutomaticConnection();
+  log.clear();
+  person([this] { platform.loop.tick(); });
+  opener().press();
+  EXPECT_THAT(log.entries(), Contains("ModulActive(4)"));
+}
+
+TEST_P(OpenDialog, ComesUpInATurnOfTheEventLoopInARead) {
+  bool opened = false;
+  platform.loop.onYield = [&] {
+    if (!std::exchange(opened, true)) opener().press();
+  };
+  control.AutomaticConnection();
+  EXPECT_TRUE(control.bDataValid);
+  EXPECT_EQ(log.count("modal run"), 1U);
+}
+
+TEST_P(OpenDialog, IsAnInvalidCallForAHostThatDrawsNoForms) {
+  control.setFormObserver(nullptr);
+  EXPECT_EQ(errorNumberOf([this] { opener().press(); }), 5);
+  EXPECT_EQ(log.count("modal run"), 0U);
+  EXPECT_EQ(control.panel.blockedBy(), u"");
+}
+
+TEST_P(OpenDialog, AControlThatCameUpAgainMeanwhileKeepsThePanelFree) {
+  person([this] {
+    control.UserControl_Terminate();
+    control.UserControl_Initialize();
+  });
+  opener().press();
+  EXPECT_EQ(control.panel.blockedBy(), u"");
+  person([this] { forms.open->cancelButton().press(); });
+  log.clear();
+  opener().press();
+  EXPECT_EQ(log.count("modal run"), 1U);
+}
+
+TEST(TwoControls, MayHaveTheTwoDialogsOpenOneOverTheOther) {
+  FakePlatform platform;
+  CallLog& log = platform.log;
+  FakeHost host(log);
+  ModulInfoFLII one(platform, host);
+  ModulInfoFLII two(platform, host);
+  PanelLog widgets(log);
+  FormLog forms(log, widgets);
+  for (ModulInfoFLII* control : {&one, &two}) {
+    control->UserControl_Initialize();
+    control->setFormObserver(&forms);
+  }
+  int depth = 0;
+  platform.loop.onModalRun = [&] {
+    if (++depth == 1) two.panel.CmdAbout.press();
+  };
+  one.panel.cmdSettings.press();
+  EXPECT_EQ(depth, 2);
+  EXPECT_EQ(log.count("modal end"), 2U);
+}
+
+}  // namespace
+}  // namespace tessara::testing
