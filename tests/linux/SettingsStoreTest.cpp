@@ -199,6 +199,17 @@ TEST_F(SettingsStoreTest, IsNotHeldUpByAnEmptyLockFile) {
   EXPECT_EQ(bytesOf(userFile()), "[Settings]\nLanguage=2\n");
 }
 
+TEST_F(SettingsStoreTest, IsNotHeldUpByTheLocksOfLockRemovalsThatDied) {
+  const std::string ofADeadProgram = "4194305\ntest_linux\n\n\n\n";
+  put(userFile().string() + ".lock", ofADeadProgram);
+  put(userFile().string() + ".lock.rmlock", ofADeadProgram);
+  put(userFile().string() + ".lock.rmlock.rmlock", "");
+  const auto start = std::chrono::steady_clock::now();
+  store.setValue("Settings/Language", "2");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+  EXPECT_EQ(bytesOf(userFile()), "[Settings]\nLanguage=2\n");
+}
+
 /// Runs `work` in a process of its own and gives its id.
 template <class Work>
 pid_t inProcess(Work work) {
@@ -226,16 +237,22 @@ TEST_F(SettingsStoreTest, LosesNothingToTwoWriters) {
 
 TEST_F(SettingsStoreTest, LosesNothingToAKill) {
   store.setValue("Settings/Logo", "maker.png");
-  for (int round = 0; round < 20; ++round) {
+  store.setValue("Settings/Language", "1");
+  constexpr int rounds = 200;
+  for (int round = 0; round < rounds; ++round) {
     const pid_t writer = inProcess([] {
       for (int i = 0;; ++i) SettingsStore().setValue("Settings/Language", std::to_string(i % 12));
     });
-    std::this_thread::sleep_for(std::chrono::milliseconds(3 + round));
+    std::this_thread::sleep_for(std::chrono::microseconds(3000 + 37 * round));
     ::kill(writer, SIGKILL);
     ASSERT_EQ(::waitpid(writer, nullptr, 0), writer);
     EXPECT_EQ(SettingsStore().value("Settings/Logo"), "maker.png");
+    EXPECT_THAT(SettingsStore().value("Settings/Language"),
+                ::testing::Optional(::testing::MatchesRegex("[0-9]|1[01]")));
   }
+  const auto start = std::chrono::steady_clock::now();
   store.setValue("Settings/Language", "2");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
   EXPECT_EQ(store.value("Settings/Language"), "2");
 }
 

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <memory>
 #include <thread>
+#include <vector>
 
 #include "platform/RunTimeError.h"
 #include "platform/linux/SettingsFormat.h"
@@ -60,13 +61,32 @@ std::unique_ptr<QSettings> openSound() {
 /// write for half a minute. A living one writes its name into the file within this time.
 constexpr std::chrono::milliseconds lockNaming{50};
 
-void removeAbandonedLock(const QString& path) {
-  const std::filesystem::path lock = path.toStdString() + ".lock";
+bool isEmptyFile(const std::filesystem::path& path) {
   std::error_code error;
-  const auto isEmpty = [&] { return std::filesystem::file_size(lock, error) == 0 && !error; };
-  if (!isEmpty()) return;
+  return std::filesystem::file_size(path, error) == 0 && !error;
+}
+
+/// The empty ones among the lock file of the settings file and those with which Qt locks the
+/// removal of a lock, that of such a removal, and so on.
+std::vector<std::filesystem::path> emptyLocks(const std::filesystem::path& settingsFile) {
+  const std::string lock = settingsFile.filename().string() + ".lock";
+  std::vector<std::filesystem::path> empty;
+  std::error_code error;
+  for (const auto& entry : std::filesystem::directory_iterator(settingsFile.parent_path(), error)) {
+    const bool isLock = entry.path().filename().string().starts_with(lock);
+    if (isLock && isEmptyFile(entry.path())) empty.push_back(entry.path());
+  }
+  return empty;
+}
+
+void removeAbandonedLocks(const QString& path) {
+  const auto empty = emptyLocks(path.toStdString());
+  if (empty.empty()) return;
   std::this_thread::sleep_for(lockNaming);
-  if (isEmpty()) std::filesystem::remove(lock, error);
+  std::error_code error;
+  for (const auto& lock : empty) {
+    if (isEmptyFile(lock)) std::filesystem::remove(lock, error);
+  }
 }
 
 void requireWritable(const QSettings& settings) {
@@ -83,7 +103,7 @@ void write(QSettings& settings, const QString& key, const QVariant& raw) {
     value.isValid() ? settings.setValue(key, value) : settings.remove(key);
   };
   requireWritable(settings);
-  removeAbandonedLock(settings.fileName());
+  removeAbandonedLocks(settings.fileName());
   const QVariant before = settings.value(key);
   put(raw);
   settings.sync();
