@@ -1,0 +1,162 @@
+#include "events/EventLog.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace tessara {
+namespace {
+
+constexpr auto connectOperation = "ConnectWithSerialDevice";
+
+QString listed(const auto& numbers) {
+  QStringList texts;
+  for (const auto number : numbers) {
+    texts += QString::number(number);
+  }
+  return texts.join(", ");
+}
+
+struct ResultText {
+  QString operator()(std::monostate /*nothing*/) const { return {}; }
+  QString operator()(bool value) const { return value ? "true" : "false"; }
+  QString operator()(const DeviceWords& words) const { return '[' + listed(words) + ']'; }
+};
+
+/// The cells behind the time.
+struct CellText {
+  int column;
+
+  QString operator()(const HostEvent& event) const {
+    switch (column) {
+      case EventLog::Origin:
+        return "ModulInfoFLII";
+      case EventLog::What:
+        return event.callback;
+      case EventLog::Result:
+        return event.seen;
+      default:
+        return {};
+    }
+  }
+
+  QString operator()(const DeviceCall& call) const {
+    constexpr int decimals = 1;
+    switch (column) {
+      case EventLog::Origin:
+        return QString::fromStdString(call.object);
+      case EventLog::What:
+        return QString::fromStdString(call.operation) + '(' + listed(call.arguments) + ')';
+      case EventLog::Result:
+        return call.error ? QString::fromStdString(*call.error)
+                          : std::visit(ResultText{}, call.result);
+      default:
+        return QString::number(call.milliseconds, 'f', decimals);
+    }
+  }
+};
+
+constexpr std::array<Word, EventLog::columns> titles{
+    Word::EventTime, Word::EventOrigin, Word::EventWhat, Word::EventResult, Word::EventMs};
+
+}  // namespace
+
+void EventLog::setWords(const HostTexts& words) {
+  words_ = words;
+  Q_EMIT headerDataChanged(Qt::Horizontal, 0, columns - 1);
+}
+
+void EventLog::keep(std::variant<HostEvent, DeviceCall> what) {
+  if (entries_.size() == capacity_) {
+    beginRemoveRows({}, 0, 0);
+    entries_.pop_front();
+    ++dropped_;
+    endRemoveRows();
+  }
+  const int row = rowCount();
+  beginInsertRows({}, row, row);
+  entries_.push_back({QDateTime::currentDateTime(), std::move(what)});
+  endInsertRows();
+}
+
+void EventLog::clear() {
+  beginResetModel();
+  entries_.clear();
+  dropped_ = 0;
+  endResetModel();
+}
+
+QString EventLog::failureCause() const {
+  const auto isConnect = [](const Entry& entry) {
+    const auto* call = std::get_if<DeviceCall>(&entry.what);
+    return call != nullptr && call->operation == connectOperation;
+  };
+  const auto connect = std::find_if(entries_.rbegin(), entries_.rend(), isConnect);
+  const auto since = connect == entries_.rend() ? entries_.begin() : std::prev(connect.base());
+  const auto failed = std::find_if(since, entries_.end(), [](const Entry& entry) {
+    const auto* call = std::get_if<DeviceCall>(&entry.what);
+    return call != nullptr && call->error;
+  });
+  return failed == entries_.end()
+             ? QString()
+             : QString::fromStdString(*std::get<DeviceCall>(failed->what).error);
+}
+
+QString EventLog::cell(int row, int column) const {
+  const Entry& entry = entries_.at(static_cast<std::size_t>(row));
+  return column == Time ? entry.time.toString("HH:mm:ss.zzz")
+                        : std::visit(CellText{column}, entry.what);
+}
+
+QString EventLog::text(int first, int last) const {
+  QString lines;
+  for (int row = first; row <= last; ++row) {
+    QStringList cells;
+    for (int column = 0; column < columns; ++column) {
+      // What a driver says of a failure may have lines of its own.
+      cells += cell(row, column).simplified();
+    }
+    lines += cells.join('\t') + '\n';
+  }
+  return lines;
+}
+
+QString EventLog::text() const {
+  QString text;
+  if (dropped_ > 0) {
+    text = words_(Word::EventsDropped1, {QString::number(dropped_)}) + '\n';
+  }
+  QStringList headings;
+  for (const Word title : titles) {
+    headings += words_(title);
+  }
+  return text + headings.join('\t') + '\n' + this->text(0, rowCount() - 1);
+}
+
+int EventLog::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(entries_.size());
+}
+
+int EventLog::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : columns;
+}
+
+QVariant EventLog::data(const QModelIndex& index, int role) const {
+  switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+      return cell(index.row(), index.column());
+    case Qt::TextAlignmentRole:
+      return QVariant::fromValue((index.column() == Milliseconds ? Qt::AlignRight : Qt::AlignLeft) |
+                                 Qt::AlignVCenter);
+    default:
+      return {};
+  }
+}
+
+QVariant EventLog::headerData(int section, Qt::Orientation orientation, int role) const {
+  const bool isTitle = orientation == Qt::Horizontal && role == Qt::DisplayRole;
+  return isTitle ? words_(titles.at(static_cast<std::size_t>(section))) : QVariant();
+}
+
+}  // namespace tessara

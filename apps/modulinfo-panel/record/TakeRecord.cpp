@@ -1,0 +1,84 @@
+#include "record/TakeRecord.h"
+
+#include <exception>
+
+#include "knowledge/Catalogue.h"
+#include "platform/Text.h"
+#include "platform/qt/QtText.h"
+
+namespace tessara {
+namespace {
+
+/// What DataValid says of a module that was read.
+constexpr std::int32_t dataOfModule = 1;
+
+std::optional<std::int32_t> statePicture(const Widget& image) {
+  const auto* number = std::get_if<std::int32_t>(&image.state().picture);
+  return number != nullptr && image.visible() ? std::optional(*number) : std::nullopt;
+}
+
+ModuleRecord::Catalogue askCatalogue(const ModulInfoFLII& control, Platform& platform) {
+  ModuleRecord::Catalogue catalogue;
+  const std::unique_ptr<XmlTree> tree = platform.createXmlTree();
+  const auto files = platform.createFileSystem();
+  if (!tree->loadFile(files->BuildPath(platform.appPath(), u"TessaraDevices.xml"))) {
+    return catalogue;
+  }
+  const auto registry = platform.createRegistryHelper();
+  DeviceProfile profile;
+  try {
+    catalogue.result = findInCatalogue(
+        *tree,
+        {control.VendorID, control.FamilyID, control.DeviceID, control.FwVersion, control.Language},
+        {*registry, platform.locale()}, profile);
+  } catch (const std::exception&) {
+    return catalogue;
+  }
+  catalogue.hidesFirmware = profile.HideFwVersion == 1;
+  catalogue.product = readable(profile.ProductLink);
+  catalogue.datasheet = readable(profile.DatasheetLink);
+  catalogue.leaflet = readable(profile.PackbLink);
+  return catalogue;
+}
+
+/// The moment with its offset, in whole seconds: as a file keeps it.
+QDateTime kept(const QDateTime& time) {
+  const QDateTime whole = QDateTime::fromSecsSinceEpoch(time.toSecsSinceEpoch());
+  return whole.toOffsetFromUtc(time.offsetFromUtc());
+}
+
+}  // namespace
+
+std::optional<ModuleRecord> takeRecord(const ModulInfoFLII& control, Platform& platform,
+                                       const QDateTime& time) {
+  if (control.get_DataValid() != dataOfModule) {
+    return std::nullopt;
+  }
+  const Panel& panel = control.panel;
+  const CommunicationObject* object = control.get_CommunicationObject();
+  return ModuleRecord{.time = kept(time),
+                      .program = "modulinfo-panel " TESSARA_VERSION,
+                      .language = control.Language,
+                      .connection = {.port = "COM" + QString::number(control.ComPort),
+                                     .adapter = readable(panel.ComboComPort.text()),
+                                     .object = object == nullptr ? QString() : toQt(object->name()),
+                                     .baudrate = control.Baudrate,
+                                     .address = control.DevAddr},
+                      .module = {.vendorId = control.VendorID,
+                                 .groupId = control.GroupID,
+                                 .familyId = control.FamilyID,
+                                 .deviceId = control.DeviceID,
+                                 .name = readable(control.DeviceName),
+                                 .description = readable(panel.LabelDeviceDescription.caption()),
+                                 .firmware = readable(control.FwVersion),
+                                 .serialNumber = readable(panel.LblSerialNumber.caption())},
+                      .status = {.module = readable(panel.LblModulState.caption()),
+                                 .channel = readable(panel.LblChnState.caption()),
+                                 .line = readable(control.StatusString),
+                                 .word = control.StatusWord,
+                                 .led = control.LedWord,
+                                 .picture = statePicture(panel.ImageDevState)},
+                      .catalogue = askCatalogue(control, platform)};
+}
+
+}  // namespace tessara
