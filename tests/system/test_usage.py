@@ -39,11 +39,14 @@ class Usage(Bench):
 
     def test_help_tells_commands_and_exit_codes(self):
         text = self.succeed("--help")
-        for word in ("read", "simulate", "settings", "Exit codes", "3 no connection"):
+        for word in ("read", "simulate", "serve", "settings", "Exit codes", "3 no connection"):
             self.assertIn(word, text)
         for option in ("--port", "--simulate", "--baudrate", "--address", "--language", "--json",
                        "--trace"):
             self.assertIn(option, self.succeed("read", "--help"))
+
+        for option in ("--trace", "--simulate", "--reentrant"):
+            self.assertIn(option, self.succeed("serve", "--help"))
 
     def test_the_version_is_printed(self):
         self.assertRegex(self.succeed("--version"), re.compile(r"^modulinfo \d+\.\d+\.\d+$"))

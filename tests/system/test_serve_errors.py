@@ -1,0 +1,185 @@
+"""`modulinfo serve`: requests that make no sense, each with its code and what was wrong."""
+
+import json
+import unittest
+
+from serve_bench import ServeBench
+
+NO_JSON = -32700
+INVALID = -32600
+UNKNOWN_METHOD = -32601
+WRONG_PARAMETERS = -32602
+
+WRONG = [
+    # method, parameters, part of the message
+    ("get", {}, '"name" is missing'),
+    ("get", {"name": 5}, '"name" is no text'),
+    ("get", {"name": "Nonsense"}, 'no property "Nonsense"'),
+    ("get", {"name": "comport"}, 'no property "comport"'),
+    ("get", {"name": "GetFWVersion"}, 'no property "GetFWVersion"'),
+    ("get", {"name": "StatusChange"}, 'no property "StatusChange"'),
+    ("get", {"name": "ComPort", "value": 1}, '"value" is not known'),
+    ("set", {"name": "ComPort"}, '"value" is missing'),
+    ("set", {"name": "ComPort", "value": [1]}, "ComPort is neither text nor a number"),
+    ("set", {"name": "ComPort", "value": {}}, "ComPort is neither text nor a number"),
+    ("set", {"name": "SetChnStatus", "value": 1}, 'no property "SetChnStatus"'),
+    ("call", {"name": "ComPort"}, 'no method of the control "ComPort"'),
+    ("call", {"name": "NFCReader"}, 'no method of the control "NFCReader"'),
+    ("call", {"name": "SetChnStatus", "args": {}}, '"args" is no list'),
+    ("call", {"name": "SetChnStatus", "args": [1, []]}, "lOutStatus is neither text nor a number"),
+    ("show", {"now": True}, '"now" is not known'),
+    ("press", {}, '"widget" is missing'),
+    ("press", {"widget": "CmdNothing"}, 'no widget "CmdNothing"'),
+    ("press", {"widget": "LblModulState"}, "LblModulState is no button"),
+    ("press", {"widget": "frmLanguage.cmdOK"}, 'no dialog "frmLanguage" is open'),
+    ("select", {"widget": "txtDevAddr", "index": 0}, "txtDevAddr is no list and no option"),
+    ("select", {"widget": "ComboBaudrate"}, '"index" or by "text"'),
+    ("select", {"widget": "ComboBaudrate", "index": 0, "text": "2400"}, '"index" or by "text"'),
+    ("select", {"widget": "ComboBaudrate", "index": "0"}, '"index" is no whole number'),
+    ("select", {"widget": "ComboBaudrate", "text": 2400}, '"text" is no text'),
+    ("type", {"widget": "txtDevAddr"}, '"text" is missing'),
+    ("type", {"widget": "ComboComPort", "text": "x"}, "nothing can be typed into ComboComPort"),
+    ("type", {"widget": "LblModulState", "text": "x"}, "nothing can be typed into LblModulState"),
+    ("widget", {"widget": "LngLabel"}, 'no widget "LngLabel"'),
+    ("widget", {"widget": "LngLabel[9]"}, 'no widget "LngLabel[9]"'),
+    ("widget", {"widget": ""}, 'no widget ""'),
+    ("widget", {"widget": "."}, 'no dialog "" is open'),
+    ("tick", {"timer": "Timer1"}, 'no widget "Timer1"'),
+    ("tick", {"timer": "CmdHelp"}, "CmdHelp is no timer"),
+    ("wait", {}, '"ms" is missing'),
+    ("wait", {"ms": -1}, '"ms" is negative'),
+    ("wait", {"ms": 1.5}, '"ms" is no whole number'),
+    ("wait", {"ms": 2147483648}, '"ms" is no whole number'),
+]
+
+# Lines, and the answer's id and code.
+LINES = [
+    (b"", None, NO_JSON),
+    (b"hello", None, NO_JSON),
+    (b'{"jsonrpc":"2.0","id":1,"method":"show"', None, NO_JSON),
+    (b'{"jsonrpc":"2.0","id":1,"method":"show"} {}', None, NO_JSON),
+    (b'{"jsonrpc":"2.0","id":1,"method":"\xff"}', None, NO_JSON),
+    (b"\xff\xfe\x00", None, NO_JSON),
+    (b'{"jsonrpc":"2.0","id":1,"method":"show","params":{"x":1e999}}', None, NO_JSON),
+    (b"5", None, INVALID),
+    (b"null", None, INVALID),
+    (b'"show"', None, INVALID),
+    (b"[]", None, INVALID),
+    (b"{}", None, INVALID),
+    (b'{"id":1,"method":"show"}', 1, INVALID),
+    (b'{"jsonrpc":"1.0","id":"a","method":"show"}', "a", INVALID),
+    (b'{"jsonrpc":"2.0","id":1}', 1, INVALID),
+    (b'{"jsonrpc":"2.0","id":1,"method":null}', 1, INVALID),
+    (b'{"jsonrpc":"2.0","id":{},"method":"show"}', None, INVALID),
+    (b'{"jsonrpc":"2.0","id":1,"result":null}', 1, INVALID),
+    (b'{"jsonrpc":"2.0","id":1,"method":"Show"}', 1, UNKNOWN_METHOD),
+    (b'{"jsonrpc":"2.0","id":1,"method":""}', 1, UNKNOWN_METHOD),
+    (b'{"jsonrpc":"2.0","id":1,"method":"widgets","params":[1]}', 1, WRONG_PARAMETERS),
+    (b'{"jsonrpc":"2.0","id":1,"method":"widgets","params":"x"}', 1, WRONG_PARAMETERS),
+    (b'{"jsonrpc":"2.0","id":1,"method":"widgets","params":null}', 1, WRONG_PARAMETERS),
+]
+
+
+class Errors(ServeBench):
+    def test_wrong_parameters_are_named(self):
+        client = self.serve()
+        for method, params, part in WRONG:
+            with self.subTest(method=method, params=params):
+                self.assertIn(part, self.fails(WRONG_PARAMETERS, None, client, method, **params))
+        self.end_in_order(client)
+
+    def test_every_line_that_makes_no_sense_is_answered_and_the_program_goes_on(self):
+        client = self.serve()
+        for line, identity, code in LINES:
+            with self.subTest(line):
+                client.write(line + b"\n")
+                answer = client.next()
+                self.assertEqual((answer["jsonrpc"], answer["id"], answer["error"]["code"]),
+                                 ("2.0", identity, code))
+                self.assertTrue(answer["error"]["message"])
+                self.assertNotIn("data", answer["error"])
+        self.end_in_order(client)
+
+    def test_an_unknown_method_is_named(self):
+        message = self.fails(UNKNOWN_METHOD, None, self.serve(), "shutdown")
+        self.assertIn('"shutdown"', message)
+
+    def test_parameters_may_be_left_out_or_be_an_empty_list(self):
+        client = self.serve()
+        for params in ({}, {"params": {}}, {"params": []}):
+            client.send_json({"jsonrpc": "2.0", "id": 1, "method": "members"} | params)
+            self.assertIn("result", client.next())
+
+    def test_an_id_comes_back_as_it_was(self):
+        client = self.serve()
+        for identity in ("", "a", 0, -7, 1.5, None, 9007199254740993, "Gerät"):
+            client.send_json({"jsonrpc": "2.0", "id": identity, "method": "show"})
+            answer = client.next_answer()
+            self.assertEqual((answer["id"], type(answer["id"])), (identity, type(identity)))
+
+    def test_a_request_without_an_id_is_carried_out_and_not_answered(self):
+        client = self.serve()
+        client.send_json({"jsonrpc": "2.0", "method": "set",
+                          "params": {"name": "ComPort", "value": 7}})
+        client.send_json({"jsonrpc": "2.0", "method": "nonsense"})
+        client.send_json({"jsonrpc": "2.0", "method": "get", "params": 5})
+        client.send_json({"jsonrpc": "2.0", "method": "set",
+                          "params": {"name": "ComPort", "value": 70000}})
+        self.assertEqual(client.get("ComPort"), 7)
+
+    def test_a_batch_is_answered_in_one_line_behind_its_notifications(self):
+        client = self.serve()
+        client.send_json([
+            {"jsonrpc": "2.0", "id": 1, "method": "set", "params": {"name": "StatusString",
+                                                                    "value": "x"}},
+            {"jsonrpc": "2.0", "method": "get", "params": {"name": "DataTrafic"}},
+            7,
+            {"jsonrpc": "2.0", "id": 2, "method": "get", "params": {"name": "StatusString"}},
+        ])
+        self.assertEqual([client.next()["params"]["name"] for _ in range(2)],
+                         ["StatusChange", "DataTransfer"])
+        first, second, third = client.next()
+        self.assertEqual(first, {"jsonrpc": "2.0", "id": 1, "result": None})
+        self.assertEqual((second["id"], second["error"]["code"]), (None, INVALID))
+        self.assertEqual(third, {"jsonrpc": "2.0", "id": 2, "result": "x"})
+
+    def test_a_batch_of_notifications_is_not_answered(self):
+        client = self.serve()
+        client.send_json([{"jsonrpc": "2.0", "method": "members"}] * 3)
+        self.assertEqual(client.get("ComPort"), 0)
+
+    def test_a_batch_may_quit_in_its_middle(self):
+        client = self.serve()
+        client.send_json([{"jsonrpc": "2.0", "id": 1, "method": "get",
+                           "params": {"name": "Parity"}},
+                          {"jsonrpc": "2.0", "id": 2, "method": "quit"},
+                          {"jsonrpc": "2.0", "id": 3, "method": "show"}])
+        (answers,), code, complaint = client.ending()
+        self.assertEqual([(answer["id"], answer["result"]) for answer in answers],
+                         [(1, 2), (2, None)])
+        self.assertEqual((code, complaint), (0, ""))
+
+    def test_every_message_is_one_line_of_utf8(self):
+        client = self.serve()
+        client.set("DeviceName", "a\nb\r\u2028\u0000ä")
+        identity = client.send("get", name="DeviceName")
+        line = client.lines.get(timeout=60)
+        self.assertEqual(json.loads(line.decode("utf-8")),
+                         {"jsonrpc": "2.0", "id": identity, "result": "a\nb\r\u2028\u0000ä"})
+
+    def test_half_a_pair_of_surrogates_never_comes_in(self):
+        client = self.serve()
+        client.write(b'{"jsonrpc":"2.0","id":1,"method":"set","params":'
+                     b'{"name":"DeviceName","value":"\\ud800"}}\n')
+        self.assertEqual(client.next()["error"]["code"], NO_JSON)
+
+    def test_the_options_are_checked(self):
+        self.assertIn("nothing.json", self.fail_with(2, "serve", "--simulate", "nothing.json"))
+        wrong = self.folder / "wrong.json"
+        wrong.write_text("{}", encoding="utf-8")
+        self.assertIn("wrong.json", self.fail_with(2, "serve", "--simulate", wrong))
+        self.fail_with(2, "serve", "--quiet")
+
+
+if __name__ == "__main__":
+    unittest.main()
