@@ -2,40 +2,34 @@
 
 #include <iostream>
 #include <stdexcept>
+#include <utility>
 
+#include "../SilentHost.h"
 #include "control/ModulInfoFLII.h"
 #include "platform/headless/HeadlessMessageHelper.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/SimulatedKnownPort.h"
 #include "platform/qt/QtEventLoop.h"
-#include "simulator/ModuleFile.h"
+#include "simulator/LinePort.h"
+#include "simulator/PluggableModule.h"
 
 namespace tessara::bench {
 namespace {
 
 constexpr std::int16_t comPort = 100;
 
-class SilentHost final : public HostEvents {
- public:
-  void ModulActive(std::int32_t& /*lStatus*/) override {}
-  void StatusChange() override {}
-  void SetConfiguration() override {}
-  void SaveConfiguration() override {}
-  void LoadConfiguration() override {}
-  void PrintConfiguration() override {}
-  void DataTransfer() override {}
-  void NFCReader(bool& /*bNFCReader*/) override {}
-};
-
 class PacedPort final : public PortSource {
  public:
-  explicit PacedPort(const ModuleOnLine& module)
-      : port_(loadModule(std::string(TESSARA_DATA "/modules/") + module.file), {.paced = true}) {}
+  explicit PacedPort(PluggableModule module)
+      : name_(module.deviceNamePrefix + std::to_string(comPort)),
+        port_(std::move(module.line), {.paced = true}) {}
   [[nodiscard]] std::vector<KnownPort> ports() const override {
-    return {{comPort, "\\Device\\Silabser100", port_.device()}};
+    return {simulatedKnownPort(comPort, name_, port_.device())};
   }
 
  private:
-  SimulatedPort port_;
+  std::string name_;
+  LinePort port_;
 };
 
 LinuxPlatformOptions optionsFor(const PortSource& port) {
@@ -48,8 +42,8 @@ LinuxPlatformOptions optionsFor(const PortSource& port) {
 }  // namespace
 
 struct ControlRead::World {
-  explicit World(const ModuleOnLine& module)
-      : port(module),
+  explicit World(const std::string& moduleFile)
+      : port(loadPluggableModule(std::string(TESSARA_DATA "/modules/") + moduleFile)),
         platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr), optionsFor(port)),
         control(platform, host) {
     control.UserControl_Initialize();
@@ -66,7 +60,8 @@ struct ControlRead::World {
   ModulInfoFLII control;
 };
 
-ControlRead::ControlRead(const ModuleOnLine& module) : world_(std::make_unique<World>(module)) {}
+ControlRead::ControlRead(const std::string& moduleFile)
+    : world_(std::make_unique<World>(moduleFile)) {}
 
 ControlRead::~ControlRead() = default;
 

@@ -5,14 +5,14 @@
 #include <string>
 
 #include "WireTime.h"
-#include "simulator/SimulatedPort.h"
 
 namespace tessara::bench {
 
-/// A whole control on a paced simulated module.
+/// A whole control on a paced simulated module, on whatever path the module is reached.
 class ControlRead {
  public:
-  explicit ControlRead(const ModuleOnLine& module);
+  /// `moduleFile` is the name of a sample module. Throws ModuleFileError if there is none.
+  explicit ControlRead(const std::string& moduleFile);
   ~ControlRead();
   ControlRead(const ControlRead&) = delete;
   ControlRead& operator=(const ControlRead&) = delete;

@@ -39,8 +39,12 @@ ModuleOnLine faultyModule() {
                                                {4, 103, 1}})};
 }
 
+Seconds characterTime(int rate) {
+  return Seconds(bitsOfCharacter / rate);
+}
+
 Seconds silence(int rate) {
-  return rate > 19200 ? Seconds(0.00175) : Seconds(3.5 * bitsOfCharacter / rate);
+  return rate > 19200 ? Seconds(0.00175) : 3.5 * characterTime(rate);
 }
 
 Seconds wireTime(const ModuleOnLine& module, int rate) {
@@ -48,8 +52,8 @@ Seconds wireTime(const ModuleOnLine& module, int rate) {
   for (const Exchange& exchange : module.exchanges) {
     const auto characters =
         static_cast<double>(exchange.requestCharacters() + exchange.answerCharacters());
-    total += std::max(silence(rate), exchange.delayBefore) +
-             Seconds(characters * bitsOfCharacter / rate) + silence(rate);
+    total += std::max(silence(rate), exchange.delayBefore) + characters * characterTime(rate) +
+             silence(rate);
   }
   return total;
 }

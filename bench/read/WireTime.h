@@ -30,6 +30,9 @@ struct ModuleOnLine {
 ModuleOnLine healthyModule();
 ModuleOnLine faultyModule();
 
+/// One character of 11 bits at the rate.
+Seconds characterTime(int rate);
+
 /// 3.5 characters of 11 bits at the rate; 1.75 ms above 19200 bit/s.
 Seconds silence(int rate);
 

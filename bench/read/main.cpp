@@ -1,5 +1,6 @@
-// How long one whole read takes, against the time that it needs on the wire and against libmodbus
-// alone with the same requests, silences and delays. The three are measured in turn.
+// How long one whole read takes on each path, against the time that it needs on the wire, and on
+// the Modbus path also against libmodbus alone with the same requests, silences and delays. What is
+// compared is measured in turn.
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -9,6 +10,8 @@
 
 #include "BareRead.h"
 #include "ControlRead.h"
+#include "HartWireTime.h"
+#include "Twn4WireTime.h"
 #include "WireTime.h"
 
 namespace {
@@ -17,13 +20,18 @@ using tessara::bench::Seconds;
 
 constexpr int runs = 21;
 
+/// A HART read takes seconds.
+constexpr int hartRuns = 9;
+
 double median(std::vector<double> values) {
-  std::nth_element(values.begin(), values.begin() + runs / 2, values.end());
-  return values[runs / 2];
+  const std::size_t middle = values.size() / 2;
+  std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(middle),
+                   values.end());
+  return values[middle];
 }
 
-void measure(const tessara::bench::ModuleOnLine& module, int rate) {
-  tessara::bench::ControlRead control(module);
+void measureModbus(const tessara::bench::ModuleOnLine& module, int rate) {
+  tessara::bench::ControlRead control(module.file);
   const Seconds wire = wireTime(module, rate);
   std::vector<double> whole;
   std::vector<double> bare;
@@ -34,10 +42,19 @@ void measure(const tessara::bench::ModuleOnLine& module, int rate) {
     ratios.push_back(whole.back() / bare.back());
   }
   std::printf(
-      "%-28s %6d bit/s  wire %7.2f ms  read %7.2f ms  bare %7.2f ms  read/wire %.3f  "
+      "%-28s %6d bit/s  wire %7.2f ms  read %7.2f ms  read/wire %.3f  bare %7.2f ms  "
       "read/bare %.3f\n",
-      module.file, rate, wire.count() * 1e3, median(whole) * 1e3, median(bare) * 1e3,
-      median(whole) / wire.count(), median(ratios));
+      module.file, rate, wire.count() * 1e3, median(whole) * 1e3, median(whole) / wire.count(),
+      median(bare) * 1e3, median(ratios));
+}
+
+/// `rate` is that of the connection; the line may have one of its own.
+void measure(const char* moduleFile, int rate, int lineRate, Seconds wire, int count) {
+  tessara::bench::ControlRead control(moduleFile);
+  std::vector<double> whole;
+  for (int run = 0; run < count; ++run) whole.push_back(control.read(rate).count());
+  std::printf("%-28s %6d bit/s  wire %7.2f ms  read %7.2f ms  read/wire %.3f\n", moduleFile,
+              lineRate, wire.count() * 1e3, median(whole) * 1e3, median(whole) / wire.count());
 }
 
 }  // namespace
@@ -46,9 +63,11 @@ int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   try {
     for (const int rate : {19200, 115200}) {
-      measure(tessara::bench::healthyModule(), rate);
-      measure(tessara::bench::faultyModule(), rate);
+      measureModbus(tessara::bench::healthyModule(), rate);
+      measureModbus(tessara::bench::faultyModule(), rate);
+      measure(tessara::bench::kTwn4Module, rate, rate, tessara::bench::twn4WireTime(rate), runs);
     }
+    measure(tessara::bench::kHartModule, 19200, 1200, tessara::bench::hartWireTime(), hartRuns);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "bench_read: %s\n", error.what());
     return 1;

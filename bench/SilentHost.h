@@ -1,0 +1,20 @@
+#pragma once
+
+#include "control/HostEvents.h"
+
+namespace tessara::bench {
+
+/// A host that does nothing about what it is told.
+class SilentHost final : public HostEvents {
+ public:
+  void ModulActive(std::int32_t& /*lStatus*/) override {}
+  void StatusChange() override {}
+  void SetConfiguration() override {}
+  void SaveConfiguration() override {}
+  void LoadConfiguration() override {}
+  void PrintConfiguration() override {}
+  void DataTransfer() override {}
+  void NFCReader(bool& /*bNFCReader*/) override {}
+};
+
+}  // namespace tessara::bench
