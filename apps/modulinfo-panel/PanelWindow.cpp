@@ -6,6 +6,7 @@
 #include <QPixmap>
 #include <QStatusBar>
 
+#include "localisation/Maker.h"
 #include "platform/qt/Picture.h"
 #include "platform/qt/QtText.h"
 
@@ -35,6 +36,8 @@ PanelWindow::PanelWindow(Platform& platform) : control_(platform, *this), view_(
   setWindowTitle(title);
   setWindowIcon(applicationIcon());
   setCentralWidget(&view_);
+  control_.setFormObserver(&forms_);
+  control_.put_VersionString(Variant(std::u16string(maker.version)));
   status_.setTextFormat(Qt::PlainText);
   statusBar()->addWidget(&status_, 1);
   statusBar()->addPermanentWidget(&path_);

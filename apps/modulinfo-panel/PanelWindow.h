@@ -7,6 +7,7 @@
 #include "ActivityLight.h"
 #include "control/ModulInfoFLII.h"
 #include "platform/qt/PanelView.h"
+#include "platform/qt/QtForms.h"
 
 namespace tessara {
 
@@ -37,6 +38,7 @@ class PanelWindow : public QMainWindow, private HostEvents {
   void DataTransfer() override;
   void NFCReader(bool& bNFCReader) override;
 
+  QtForms forms_{*this};
   ModulInfoFLII control_;
   PanelView view_;
   QLabel status_;

@@ -110,8 +110,8 @@ class frmLanguage : public Dialog {
                          WidgetKind::PictureBox,
                          {.picture = u"flags/CN-JP", .place = {3180, 1500, 420, 705}}};
 
-  Widget cmdOK{*this, u"cmdOK", WidgetKind::Button, button(u"OK", {2910, 2940, 1350, 405})};
-  Widget cmdCancel{*this, u"cmdCancel", WidgetKind::Button, button({}, {4410, 2940, 1350, 405})};
+  Widget cmdOK{*this, u"cmdOK", WidgetKind::Button, button(u"OK", {2880, 2940, 1350, 405})};
+  Widget cmdCancel{*this, u"cmdCancel", WidgetKind::Button, button({}, {4380, 2940, 1350, 405})};
 
  protected:
   void Form_Load() override;

@@ -1,11 +1,12 @@
-// Writes pictures of the panel in its states into a folder: panel_shots FOLDER. The scale factor is
-// taken from QT_SCALE_FACTOR and goes into the names of the files.
+// Writes pictures of the panel in its states, and of the dialogs, into a folder: panel_shots
+// FOLDER. The scale factor is taken from QT_SCALE_FACTOR and goes into the names of the files.
 
 #include <QApplication>
 #include <QDir>
 #include <QTextStream>
 #include <functional>
 
+#include "FormShots.h"
 #include "SamplePanel.h"
 #include "platform/qt/PanelView.h"
 
@@ -92,6 +93,7 @@ int main(int argc, char** argv) {
     for (const Shot& shot : shots) {
       saved = take(shot, theme, folder, 1) && saved;
     }
+    saved = takeForms(theme, folder) && saved;
   }
   return saved ? 0 : 1;
 }

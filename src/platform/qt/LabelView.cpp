@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
 
 #include "platform/qt/PixelGrid.h"
 #include "platform/qt/QtText.h"
@@ -18,6 +19,9 @@ namespace {
 
 constexpr double smallestCaption = 0.8;
 constexpr double focusMargin = 4;
+constexpr double titleSize = 1.6;
+/// Between a heading and its line.
+constexpr double sectionGap = 8;
 // Stands where a module has not said anything yet.
 constexpr QChar absent(0x2013);
 
@@ -26,7 +30,7 @@ constexpr QChar absent(0x2013);
 LabelView::LabelView(Widget& subject, LabelRole role, QWidget* parent)
     : QLabel(parent), WidgetView(subject), role_(role) {
   setTextFormat(Qt::PlainText);
-  if (role == LabelRole::Caption) {
+  if (!isValue()) {
     return;
   }
   setFocusPolicy(role == LabelRole::LongValue ? Qt::StrongFocus : Qt::ClickFocus);
@@ -51,11 +55,19 @@ void LabelView::setLook(const Look& look) {
       break;
     case LabelRole::Value:
     case LabelRole::LongValue:
+    case LabelRole::Text:
       setFont(look.valueFont);
       break;
     case LabelRole::StrongValue:
+    case LabelRole::Section:
       setFont(look.strongFont);
       break;
+    case LabelRole::Title: {
+      QFont font = look.strongFont;
+      font.setPointSizeF(font.pointSizeF() * titleSize);
+      setFont(font);
+      break;
+    }
   }
   update();
 }
@@ -65,8 +77,24 @@ QRect LabelView::room() const {
   return rect().adjusted(margin, 0, -margin, 0);
 }
 
+bool LabelView::isValue() const {
+  return role_ == LabelRole::Value || role_ == LabelRole::StrongValue ||
+         role_ == LabelRole::LongValue;
+}
+
 bool LabelView::wraps() const {
-  return height() >= 2 * QFontMetrics(font()).lineSpacing();
+  return role_ == LabelRole::Text || height() >= 2 * QFontMetrics(font()).lineSpacing();
+}
+
+double LabelView::neededWidth() const {
+  return role_ == LabelRole::Text ? 0 : std::ceil(QFontMetricsF(font()).horizontalAdvance(text()));
+}
+
+double LabelView::neededHeight(double width) const {
+  const QRectF room(0, 0, width, QWIDGETSIZE_MAX);
+  return role_ == LabelRole::Text
+             ? QFontMetricsF(font()).boundingRect(room, Qt::TextWordWrap, text()).height()
+             : 0;
 }
 
 QFont LabelView::fittingFont() const {
@@ -128,11 +156,18 @@ void LabelView::paintEvent(QPaintEvent* /*event*/) {
   if (hasFocus()) {
     drawRounded(painter, rect(), look_.px(3), look_.tint(look_.card, 0.14), look_.accent, 1);
   }
-  const bool isAbsent = text().isEmpty() && role_ != LabelRole::Caption;
+  const bool isAbsent = text().isEmpty() && isValue();
   painter.setFont(fittingFont());
+  if (role_ == LabelRole::Section) {
+    const double start = neededWidth() + look_.px(sectionGap);
+    painter.fillRect(
+        onPixels(painter, QRectF(start, height() / 2.0, width() - start, hairline(painter))),
+        look_.line);
+  }
   painter.setPen(isAbsent ? look_.faint : role_ == LabelRole::Caption ? look_.caption : look_.text);
   const QString shown = isAbsent ? QString(absent) : shownText();
-  const int flags = Qt::AlignVCenter | Qt::AlignLeft | Qt::TextDontClip;
+  const int across = role_ == LabelRole::Text ? Qt::AlignTop : Qt::AlignVCenter;
+  const int flags = across | Qt::AlignLeft | Qt::TextDontClip;
   painter.drawText(room(), wraps() ? flags | Qt::TextWordWrap : flags | Qt::TextSingleLine, shown);
 }
 

@@ -14,6 +14,12 @@ enum class LabelRole {
   Value,
   /// A value that is read first.
   StrongValue,
+  /// A text in as many lines as it needs.
+  Text,
+  /// The name of the product.
+  Title,
+  /// The heading of what stands below it, with a line to the end of its place.
+  Section,
   /// A value whose whole text may be long: the keyboard reaches it, and shows its tool tip.
   LongValue,
 };
@@ -32,6 +38,11 @@ class LabelView : public QLabel, public WidgetView {
   [[nodiscard]] QString shownText() const;
   [[nodiscard]] bool isCut() const { return shownText() != text(); }
 
+  /// The width in logical pixels that the text needs in one line; 0 for one in several.
+  [[nodiscard]] double neededWidth() const;
+  /// The height that a text in several lines needs at that width; 0 for one in a single line.
+  [[nodiscard]] double neededHeight(double width) const;
+
  protected:
   bool event(QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -43,6 +54,7 @@ class LabelView : public QLabel, public WidgetView {
   void copy() const;
   [[nodiscard]] QString wholeText() const;
   [[nodiscard]] QFont fittingFont() const;
+  [[nodiscard]] bool isValue() const;
   [[nodiscard]] bool wraps() const;
   /// Where the text stands: all of the place, or what a focus frame around it leaves.
   [[nodiscard]] QRect room() const;

@@ -53,6 +53,11 @@ Inks Look::inks(bool enabled) const {
   return enabled ? Inks{mix(card, text, 0.85), accent} : Inks{pale, pale};
 }
 
+QColor Look::ground(QRgb colour) const {
+  const double shade = 1 - QColor(colour).lightnessF();
+  return dark ? mix(card, text, 0.1 + 1.2 * shade) : QColor(colour);
+}
+
 QColor Look::tint(const QColor& ground, double share) const {
   return mix(ground, accent, share);
 }

@@ -38,6 +38,9 @@ struct Look {
   [[nodiscard]] double px(double measure) const { return measure * scale; }
   /// The colours in which a button's picture is drawn.
   [[nodiscard]] Inks inks(bool enabled) const;
+  /// The ground of a text button, 0xRRGGBB as the model has it for a light window: as far from the
+  /// ground of a dark one.
+  [[nodiscard]] QColor ground(QRgb colour) const;
   /// That share of the accent over the ground.
   [[nodiscard]] QColor tint(const QColor& ground, double share) const;
 };

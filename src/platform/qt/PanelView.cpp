@@ -86,7 +86,7 @@ WidgetView* PanelView::makeView(Widget& widget) {
       return new LabelView(widget, roleOf(panel_, widget), this);
     case WidgetKind::Image:
     case WidgetKind::PictureBox:
-      return new PictureView(widget, this);
+      return new PictureView(widget, PictureGround::White, this);
     case WidgetKind::Button:
       return new IconButtonView(widget, shortcutFor(widget.name()), acts, this);
     case WidgetKind::DropDownList:

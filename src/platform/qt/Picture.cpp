@@ -58,16 +58,33 @@ Picture Picture::of(const PictureSource& source, const Inks& inks) {
     return {};
   }
   QByteArray svg = readOwn("buttons/" + toQt(*text));
-  if (svg.isEmpty()) {
-    return fromFileIfAny(toQt(*text));
+  if (!svg.isEmpty()) {
+    svg.replace(lineInFile, inks.line.name().toLatin1());
+    svg.replace(accentInFile, inks.accent.name().toLatin1());
+    return fromSvg(svg);
   }
-  svg.replace(lineInFile, inks.line.name().toLatin1());
-  svg.replace(accentInFile, inks.accent.name().toLatin1());
-  return fromSvg(svg);
+  const Picture own = fromSvg(readOwn(toQt(*text)));
+  return own.isNull() ? fromFileIfAny(toQt(*text)) : own;
 }
 
 Picture Picture::application() {
   return fromSvg(readOwn("application"));
+}
+
+QIcon Picture::icon() const {
+  QIcon icon;
+  for (const int side : {16, 24, 32, 48, 64, 128, 256}) {
+    if (isNull()) {
+      break;
+    }
+    QPixmap pixmap(side, side);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    draw(painter, pixmap.rect(), Qt::AlignHCenter);
+    painter.end();
+    icon.addPixmap(pixmap);
+  }
+  return icon;
 }
 
 Picture Picture::fromFile(const QString& path) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QIcon>
 #include <QImage>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -26,7 +27,8 @@ class Picture {
   Picture() = default;
 
   /// The picture of a source: a number from the state pictures, a key from the button pictures
-  /// (drawn in the inks), or else the path of a picture file. A source that is not there, or holds
+  /// (drawn in the inks) or the other pictures of our own ("flags/DE"), or else the path of a
+  /// picture file. A source that is not there, or holds
   /// no picture, gives nothing to draw.
   static Picture of(const PictureSource& source, const Inks& inks);
 
@@ -39,6 +41,9 @@ class Picture {
   static Picture application();
 
   [[nodiscard]] bool isNull() const { return !vector_ && raster_.isNull(); }
+
+  /// The picture in the sizes that window systems ask for; none for nothing to draw.
+  [[nodiscard]] QIcon icon() const;
 
   /// Draws the picture as large as fits into the rectangle, its shape kept. A raster picture is not
   /// drawn larger than it is at that scale.

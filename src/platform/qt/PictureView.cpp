@@ -7,10 +7,12 @@
 
 namespace tessara {
 
-PictureView::PictureView(Widget& subject, QWidget* parent) : QLabel(parent), WidgetView(subject) {}
+PictureView::PictureView(Widget& subject, PictureGround ground, QWidget* parent)
+    : QLabel(parent), WidgetView(subject), ground_(ground) {}
 
 bool PictureView::isLogo() const {
-  return std::holds_alternative<std::u16string>(subject().state().picture);
+  return ground_ == PictureGround::White &&
+         std::holds_alternative<std::u16string>(subject().state().picture);
 }
 
 void PictureView::sync() {

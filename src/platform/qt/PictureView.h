@@ -6,11 +6,13 @@
 
 namespace tessara {
 
-/// The state picture or a logo. Logos are made for paper, so they lie on white, also on a dark
-/// panel.
+/// What a picture from a file lies on: white, as logos are made for paper, or the window itself.
+enum class PictureGround { White, None };
+
+/// The state picture, a logo, or a picture of a dialog.
 class PictureView : public QLabel, public WidgetView {
  public:
-  PictureView(Widget& subject, QWidget* parent);
+  PictureView(Widget& subject, PictureGround ground, QWidget* parent);
 
   QWidget& widget() override { return *this; }
   void sync() override;
@@ -23,6 +25,7 @@ class PictureView : public QLabel, public WidgetView {
  private:
   [[nodiscard]] bool isLogo() const;
 
+  PictureGround ground_;
   Look look_;
   Picture picture_;
 };

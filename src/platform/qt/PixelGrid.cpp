@@ -18,7 +18,7 @@ double hairline(const QPainter& painter) {
   return std::max(1.0, std::round(pixels)) / pixels;
 }
 
-void drawRounded(QPainter& painter, const QRectF& rect, double radius, const QColor& fill,
+void drawRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& fill,
                  const QColor& edge, double width) {
   const double pixels = painter.deviceTransform().m11();
   const double line = std::round(width * pixels) / pixels;

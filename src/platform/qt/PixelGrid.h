@@ -14,7 +14,7 @@ double hairline(const QPainter& painter);
 
 /// A rounded rectangle, filled and with a sharp edge of that width (in logical pixels, 0 for none)
 /// that lies inside of it.
-void drawRounded(QPainter& painter, const QRectF& rect, double radius, const QColor& fill,
+void drawRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& fill,
                  const QColor& edge, double width);
 
 }  // namespace tessara

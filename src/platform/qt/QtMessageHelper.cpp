@@ -1,5 +1,6 @@
 #include "platform/qt/QtMessageHelper.h"
 
+#include <QApplication>
 #include <QMessageBox>
 
 #include "platform/qt/QtText.h"
@@ -23,9 +24,12 @@ QMessageBox::Icon iconOf(MessageStyle style) {
 
 std::int32_t QtMessageHelper::Show(const std::u16string& text, MessageStyle style,
                                    const std::u16string& title) {
+  // A dialog that is open is in front of the window that the boxes belong to.
+  QWidget* dialog = QApplication::activeModalWidget();
+  QWidget* parent = dialog != nullptr ? dialog : parent_.data();
   // The parent may go, and the box with it, while the box waits for its answer.
   const QPointer box =
-      new QMessageBox(iconOf(style), toQt(title), toQt(text), QMessageBox::Ok, parent_);
+      new QMessageBox(iconOf(style), toQt(title), toQt(text), QMessageBox::Ok, parent);
   box->setTextFormat(Qt::PlainText);
   box->exec();
   delete box;

@@ -7,7 +7,7 @@
 
 namespace tessara {
 
-/// Message boxes in windows of their own, modal to the parent.
+/// Message boxes in windows of their own, modal to the parent, or to the dialog that is open.
 class QtMessageHelper : public MessageHelper {
  public:
   /// The window that the boxes belong to; null, or one that has gone, for none.

@@ -25,4 +25,9 @@ inline QString readable(std::u16string_view text) {
   return shown;
 }
 
+/// A text as the caption of a Qt button, in which a single ampersand would name a key.
+inline QString withoutMnemonic(QString text) {
+  return text.replace('&', "&&");
+}
+
 }  // namespace tessara
