@@ -1,5 +1,8 @@
 #include "localisation/Settings.h"
 
+#include "platform/RunTimeError.h"
+#include "platform/Text.h"
+
 namespace tessara {
 namespace {
 
@@ -17,7 +20,12 @@ void saveNumber(RegistryHelper& registry, std::u16string_view name, std::int32_t
 
 std::int16_t ReadNumber(RegistryHelper& registry, std::u16string_view name,
                         std::u16string_view separator) {
-  return toInt16(readOption(registry, name), separator);
+  const Variant value = readOption(registry, name);
+  try {
+    return toInt16(value, separator);
+  } catch (const RunTimeError& error) {
+    throw RunTimeError(error.number(), "The setting " + toUtf8(name) + ": " + error.what());
+  }
 }
 
 std::u16string ReadText(RegistryHelper& registry, std::u16string_view name,

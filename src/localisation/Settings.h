@@ -14,7 +14,8 @@ inline constexpr std::u16string_view settingsKey = u"Software\\Orvane\\Tessara-C
 
 /// The option `name` as a signed 16-bit number; 0 if it is not there. Text is read in the system's
 /// notation with the decimal separator `separator`. A value that is no number is a type mismatch
-/// (error 13), one outside the range an overflow (error 6). Nothing is cached.
+/// (error 13), one outside the range an overflow (error 6); the message names the option and its
+/// value. Nothing is cached.
 std::int16_t ReadNumber(RegistryHelper& registry, std::u16string_view name,
                         std::u16string_view separator);
 

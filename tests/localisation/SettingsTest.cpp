@@ -13,6 +13,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using testing::errorNumberOf;
+using testing::errorOf;
 using ::testing::IsEmpty;
 
 struct Write {
@@ -116,18 +117,23 @@ TEST(Settings, TextThatHoldsANumberReadsAsOneInTheSystemsNotation) {
   EXPECT_EQ(ReadNumber(registry, u"ShowAllComPorts", u","), 1);
 }
 
-TEST(Settings, TextThatHoldsNoNumberIsAConversionError) {
+TEST(Settings, TextThatHoldsNoNumberIsAConversionErrorThatNamesTheSetting) {
   RecordingRegistry registry;
   registry.values[u"ShowAllComPorts"] = std::u16string{u"yes"};
-  EXPECT_EQ(errorNumberOf([&] { (void)ReadNumber(registry, u"ShowAllComPorts", u"."); }),
-            ErrorNumber::TypeMismatch);
+  const auto error = errorOf([&] { (void)ReadNumber(registry, u"ShowAllComPorts", u"."); });
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->number(), ErrorNumber::TypeMismatch);
+  EXPECT_STREQ(error->what(), R"(The setting ShowAllComPorts: "yes" is no number)");
 }
 
-TEST(Settings, NumberBeyondSixteenBitsIsAnOverflow) {
+TEST(Settings, NumberBeyondSixteenBitsIsAnOverflowThatNamesTheSetting) {
   RecordingRegistry registry;
-  registry.values[u"ShowAllComPorts"] = std::int64_t{32768};
-  EXPECT_EQ(errorNumberOf([&] { (void)ReadNumber(registry, u"ShowAllComPorts", u"."); }),
-            ErrorNumber::Overflow);
+  registry.values[u"ShowBaudrateSelection"] = std::int64_t{32768};
+  const auto error = errorOf([&] { (void)ReadNumber(registry, u"ShowBaudrateSelection", u"."); });
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->number(), ErrorNumber::Overflow);
+  EXPECT_STREQ(error->what(),
+               "The setting ShowBaudrateSelection: 32768 is outside the range of a 16-bit number");
 }
 
 TEST(Settings, TextIsReadFromTheSettingsKey) {

@@ -70,7 +70,8 @@ class Settings(Bench):
 
     def test_a_read_ends_at_a_setting_that_is_no_number(self):
         self.write_settings("[Settings]\nShowAllComPorts=perhaps\n")
-        self.assertIn("perhaps", self.fail_with(3, "read", "--simulate", self.module()))
+        self.assertIn('The setting ShowAllComPorts: "perhaps" is no number',
+                      self.fail_with(3, "read", "--simulate", self.module()))
 
     def test_a_read_ends_at_an_entry_that_is_no_port(self):
         self.write_settings("[Ports]\nCOMx\\Device=/dev/pts/5\n")
