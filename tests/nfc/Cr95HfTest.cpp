@@ -42,6 +42,9 @@ TEST(Cr95HfReports, GoToTheChipAsListed) {
             padded("01 04 03 26 01 00"));
   EXPECT_EQ(toChip(cr95hf::sendReceive(encodeAirRequest(writeMessageRequest(hex("11 22 33 44"))))),
             padded("01 04 08 02 AA 02 03 11 22 33 44"));
+  EXPECT_EQ(toChip(cr95hf::sendReceive(hex("02 26"))), padded("01 04 02 02 26"));
+  EXPECT_EQ(toChip(cr95hf::sendReceive(hex("02 2B"))), padded("01 04 02 02 2B"));
+  EXPECT_EQ(toChip(cr95hf::sendReceive(hex("02 20 05"))), padded("01 04 03 02 20 05"));
 }
 
 TEST(Cr95HfReports, GoToTheBoardAsListed) {
@@ -77,6 +80,19 @@ std::vector<Listing> answers() {
       {"message",
        "07 80 0A 00 48 45 4C 4C 4F 21 FC 9F 00",
        {0x80, hex("00 48 45 4C 4C 4F 21 FC 9F 00")}},
+      {"done", "07 80 04 00 78 F0 00", {0x80, hex("00 78 F0 00")}},
+      {"modulePut", "07 80 05 00 43 D8 7F 00", {0x80, hex("00 43 D8 7F 00")}},
+      {"readerPut", "07 80 05 00 85 E2 DC 00", {0x80, hex("00 85 E2 DC 00")}},
+      {"length", "07 80 05 00 05 EA 58 00", {0x80, hex("00 05 EA 58 00")}},
+      {"part", "07 80 07 00 4C 4C 4F 3E 0A 00", {0x80, hex("00 4C 4C 4F 3E 0A 00")}},
+      {"refusal", "07 80 05 01 10 1E 06 00", {0x80, hex("01 10 1E 06 00")}},
+      {"capturedInventory",
+       "07 80 0D 00 00 02 28 E0 6D 58 01 04 E0 D0 60 00",
+       {0x80, hex("00 00 02 28 E0 6D 58 01 04 E0 D0 60 00")}},
+      {"capturedInformation",
+       "07 80 12 00 0F 3F 74 88 41 CE 59 02 E0 FF 00 7F 03 5A 10 70 00",
+       {0x80, hex("00 0F 3F 74 88 41 CE 59 02 E0 FF 00 7F 03 5A 10 70 00")}},
+      {"capturedBlock", "07 80 08 00 00 00 00 05 DA 98 01", {0x80, hex("00 00 00 00 05 DA 98 01")}},
       {"noTag", "07 87 00", {0x87, {}}},
   };
 }

@@ -26,6 +26,18 @@ class NfcDrivers : public ::testing::TestWithParam<ReaderKind> {
   }
   DeviceWords firmware() { return driver.ReadInputRegisters(192, 4, 1, 2); }
 
+  /// Another register than that of the firmware, asked for until the module has time to answer.
+  DeviceWords secondVersionOfBusyModule() {
+    const auto deadline = std::chrono::steady_clock::now() + 60s;
+    for (;;) {
+      try {
+        return driver.ReadInputRegisters(192, 3, 1, 2);
+      } catch (const ReadError&) {
+        if (std::chrono::steady_clock::now() > deadline) throw;
+      }
+    }
+  }
+
   /// The message of a failed read, which must not have taken two seconds.
   std::string failure(const std::function<DeviceWords()>& read) {
     const auto begun = std::chrono::steady_clock::now();
@@ -291,10 +303,10 @@ TEST_P(NfcDrivers, SayWhatIsWrongWithEachAnswer) {
 
 TEST_P(NfcDrivers, NeverTakeALateAnswerForAFreshOne) {
   ASSERT_TRUE(connect());
-  reader->orderOfModule(faults::LateReply{1100ms}, faults::At{1});
+  reader->orderOfModule(faults::LateReply{2500ms}, faults::At{1});
   EXPECT_THAT(failureOfFirmware(), HasSubstr("did not"));
   for (int round = 0; round < 5; ++round) {
-    EXPECT_EQ(driver.ReadInputRegisters(192, 3, 1, 2), (DeviceWords{0x1010}));
+    EXPECT_EQ(secondVersionOfBusyModule(), (DeviceWords{0x1010}));
   }
 }
 

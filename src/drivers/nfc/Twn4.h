@@ -27,6 +27,7 @@ inline constexpr Function kGetVersion{0x00, 0x04};
 inline constexpr Function kSearchTag{0x05, 0x00};
 inline constexpr Function kFieldOff{0x05, 0x01};
 inline constexpr Function kSetTagTypes{0x05, 0x02};
+inline constexpr Function kGetTagTypes{0x05, 0x03};
 inline constexpr Function kIso15693Command{0x0D, 0x00};
 
 /// The kind of tag that modules have, ISO 15693.

@@ -86,6 +86,7 @@ Bytes SimulatedTwn4::execute(std::span<const std::uint8_t> request) {
   static constexpr std::array kFunctions{
       Entry{twn4::kGetVersion, &SimulatedTwn4::version},
       Entry{twn4::kSetTagTypes, &SimulatedTwn4::setTagTypes},
+      Entry{twn4::kGetTagTypes, &SimulatedTwn4::getTagTypes},
       Entry{twn4::kSearchTag, &SimulatedTwn4::search},
       Entry{twn4::kFieldOff, &SimulatedTwn4::switchFieldOff},
       Entry{twn4::kIso15693Command, &SimulatedTwn4::sendCommand},
@@ -106,17 +107,24 @@ Bytes SimulatedTwn4::version(std::span<const std::uint8_t> parameters) {
 }
 
 Bytes SimulatedTwn4::setTagTypes(std::span<const std::uint8_t> parameters) {
-  constexpr std::size_t kHighFrequencyMask = 4;  // behind the one for low frequencies
-  requireLength(parameters, 8);
-  constexpr std::uint8_t kBit = 1U << (twn4::kIso15693Tag & 0x1FU);
-  looksForIso15693_ = (parameters[kHighFrequencyMask] & kBit) != 0;
+  requireLength(parameters, tagTypes_.size());
+  std::copy(parameters.begin(), parameters.end(), tagTypes_.begin());
   return results({});
+}
+
+Bytes SimulatedTwn4::getTagTypes(std::span<const std::uint8_t> parameters) {
+  requireLength(parameters, 0);
+  Bytes answer = results({});
+  answer.insert(answer.end(), tagTypes_.begin(), tagTypes_.end());
+  return answer;
 }
 
 Bytes SimulatedTwn4::search(std::span<const std::uint8_t> parameters) {
   requireLength(parameters, 1);
   isSelected_ = false;
-  if (!looksForIso15693_) return results({0});
+  constexpr std::size_t kHighFrequencyMask = 4;
+  constexpr std::uint8_t kIso15693Bit = 1U << (twn4::kIso15693Tag & 0x1FU);
+  if ((tagTypes_[kHighFrequencyMask] & kIso15693Bit) == 0) return results({0});
   const FieldOutcome outcome = send(inventoryRequest());
   if (!outcome.answer || outcome.isDamaged) return results({0});
   isSelected_ = true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <span>
 #include <string>
@@ -31,6 +32,7 @@ class SimulatedTwn4 final : public SimulatedLine {
   Bytes execute(std::span<const std::uint8_t> request);
   Bytes version(std::span<const std::uint8_t> parameters);
   Bytes setTagTypes(std::span<const std::uint8_t> parameters);
+  Bytes getTagTypes(std::span<const std::uint8_t> parameters);
   Bytes search(std::span<const std::uint8_t> parameters);
   Bytes switchFieldOff(std::span<const std::uint8_t> parameters);
   Bytes sendCommand(std::span<const std::uint8_t> parameters);
@@ -38,7 +40,9 @@ class SimulatedTwn4 final : public SimulatedLine {
 
   SimulatedField field_;
   std::string line_;
-  bool looksForIso15693_ = true;
+  /// The kinds of tags that a search looks for: a mask for low frequencies, one for high ones,
+  /// least significant byte first. ISO 15693 alone to begin with.
+  std::array<std::uint8_t, 8> tagTypes_{0, 0, 0, 0, 0x04, 0, 0, 0};
   bool isSelected_ = false;
   bool isSilent_ = false;  // about the request at hand
 };
