@@ -8,6 +8,7 @@ RUN_PACKAGES=(
   qt6-base-dev qt6-svg-dev qt6-wayland
   libmodbus-dev libasio-dev libhidapi-dev libudev-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
   fonts-dejavu-core fonts-wqy-microhei
+  fp-utils
 )
 
 # shellcheck disable=SC2034
@@ -16,6 +17,7 @@ TEST_PACKAGES=(
   ccache python3 shellcheck
   libgtest-dev libgmock-dev libumockdev-dev umockdev
   clang libclang-rt-14-dev clang-format clang-tidy
+  libchm-bin
   locales socat mbpoll python3-pymodbus python3-serial python3-serial-asyncio xvfb xauth
 )
 
