@@ -16,6 +16,9 @@ import unittest
 BIN = pathlib.Path(os.environ["SYSTEM_BIN"])
 HERE = pathlib.Path(__file__).resolve().parent
 
+# The sample modules that come with the programs.
+SAMPLES = HERE.parents[1] / "data" / "modules"
+
 # A generous deadline: the machine may be busy with other tests.
 PATIENCE = 60
 

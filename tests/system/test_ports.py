@@ -6,7 +6,7 @@ import os
 import subprocess
 import unittest
 
-from bench import PATIENCE, Bench
+from bench import PATIENCE, SAMPLES, Bench
 
 CONTROLLER = "/devices/pci0000:00/0000:00:14.0/usb1"
 
@@ -95,6 +95,25 @@ class Ports(Bench):
         port = self.listed()["COM100"]
         self.assertEqual((port["label"], port["device"], port["state"]),
                          ("USB Adapter OKT (COM100)", device, "free"))
+
+    def test_ports_of_a_running_simulator_are_of_the_kind_that_leads_to_the_module(self):
+        samples = {"COM100": "tessara-tm-151", "COM101": "hart-healthy",
+                   "COM102": "nfc-twn4-healthy"}
+        self.simulator(*(SAMPLES / f"{sample}.json" for sample in samples.values()))
+        ports = self.listed()
+        self.assertEqual({name: ports[name]["label"] for name in samples}, {
+            "COM100": "USB Adapter OKT (COM100)",
+            "COM101": "USB Hart Adapter Viator (COM101)",
+            "COM102": "TWN4 NFC-Adapter (COM102)"})
+        self.assertEqual({name: ports[name]["usb"] for name in samples}, {
+            "COM100": None, "COM101": None,
+            "COM102": {"vendor": "09D8", "product": "0420", "serial": "SIM102", "interface": 0}})
+
+    def test_two_simulated_readers_are_one_line_each(self):
+        self.simulator(*[SAMPLES / "nfc-twn4-healthy.json"] * 2)
+        readers = [line.split("  ")[0] for line in self.succeed("ports").splitlines()
+                   if line.startswith("TWN4")]
+        self.assertEqual(readers, ["TWN4 NFC-Adapter (COM100)", "TWN4 NFC-Adapter (COM101)"])
 
     def test_a_port_in_use(self):
         with self.silent_port() as device:

@@ -1,12 +1,9 @@
 """The sample modules that come with the programs, read on each of the four paths."""
 
 import json
-import pathlib
 import unittest
 
-from bench import Bench
-
-SAMPLES = pathlib.Path(__file__).resolve().parents[2] / "data" / "modules"
+from bench import SAMPLES, Bench
 
 # What the list of ports calls each path; %s stands for the port.
 SERIAL = "USB Adapter OKT (%s)"
