@@ -29,7 +29,7 @@ class ChannelTest : public ::testing::Test {
   void request(std::string_view bytes) const {
     ASSERT_EQ(write(requests_[1], bytes.data(), bytes.size()), std::ssize(bytes));
   }
-  std::string answered() const {
+  [[nodiscard]] std::string answered() const {
     std::array<char, 4096> bytes{};
     const ssize_t count = read(answers_[0], bytes.data(), bytes.size());
     return {bytes.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0))};

@@ -89,7 +89,7 @@ TEST(JsonRpc, invalid_requests_name_what_is_wrong) {
 
 TEST(JsonRpc, what_is_no_json_is_told_with_its_place) {
   for (const char* line : {"", " ", "{", "{]", "nul", "{\"a\":}", "{} {}", "\"\xff\"",
-                           "\"\\ud800\"", "\"\xc3\"", "1e999", "'a'", "\x01"}) {
+                           R"("\ud800")", "\"\xc3\"", "1e999", "'a'", "\x01"}) {
     const RpcFault fault = faultOf(line);
     EXPECT_EQ(fault.error.code(), RpcCode::NoJson) << line;
     EXPECT_EQ(fault.id, Json()) << line;

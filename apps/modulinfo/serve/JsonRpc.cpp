@@ -29,10 +29,10 @@ RpcEntry decodeEntry(Json& message) {
   }
   std::optional<Json> id = taken(message, "id");
   if (id && !canBeId(*id)) {
-    return fault({}, RpcCode::InvalidRequest, "\"id\" is neither text nor a number nor null");
+    return fault({}, RpcCode::InvalidRequest, R"("id" is neither text nor a number nor null)");
   }
   if (const auto given = message.find("jsonrpc"); given == message.end() || *given != version) {
-    return fault(id.value_or(Json()), RpcCode::InvalidRequest, "\"jsonrpc\" is not \"2.0\"");
+    return fault(id.value_or(Json()), RpcCode::InvalidRequest, R"("jsonrpc" is not "2.0")");
   }
   const auto method = message.find("method");
   if (method == message.end() || !method->is_string()) {

@@ -45,16 +45,20 @@ Session::Session(Channel& channel, Turns& turns, Bridge& bridge)
       turns_(turns),
       bridge_(bridge),
       arrivals_(channel.input(), QSocketNotifier::Read) {
-  QObject::connect(&arrivals_, &QSocketNotifier::activated, &context_,
+  QObject::connect(&arrivals_, &QSocketNotifier::activated, &arrivals_,
                    [this] { channel_.receive(); });
+  handling_.setSingleShot(true);
+  handling_.callOnTimeout([this] { handleWaiting(); });
+  ending_.setSingleShot(true);
+  ending_.callOnTimeout([this] { end(); });
   deafness_.setInterval(lookInterval);
   deafness_.callOnTimeout([this] {
     if (channel_.isDeaf()) end();
   });
   channel_.arrived = [this] { noteArrival(); };
   // A sending may be in the middle of a call to a module, where the control cannot be ended.
-  channel_.broken = [this] { QTimer::singleShot(0, &context_, [this] { end(); }); };
-  turns_.nextMayCome = [this] { schedule(); };
+  channel_.broken = [this] { ending_.start(); };
+  turns_.nextMayCome = [this] { handling_.start(); };
   bridge_.loop.idles = [this] {
     if (channel_.isAtEnd()) end();
   };
@@ -78,16 +82,10 @@ void Session::noteArrival() {
     arrivals_.setEnabled(false);
     deafness_.start();
   }
-  schedule();
-}
-
-void Session::schedule() {
-  if (std::exchange(isScheduled_, true)) return;
-  QTimer::singleShot(0, &context_, [this] { handleWaiting(); });
+  handling_.start();
 }
 
 void Session::handleWaiting() {
-  isScheduled_ = false;
   while (!bridge_.loop.isEnded() && turns_.mayHandle()) {
     if (!fetchWaiting()) {
       if (channel_.isAtEnd()) end();
@@ -96,7 +94,7 @@ void Session::handleWaiting() {
     const Waiting next = std::move(waiting_.front());
     waiting_.pop_front();
     // The rest may come in the middle of this one.
-    schedule();
+    handling_.start();
     handle(next);
   }
 }

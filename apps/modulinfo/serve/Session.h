@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
 #include <deque>
@@ -43,8 +42,6 @@ class Session {
   };
 
   void noteArrival();
-  /// Has the waiting requests handled at the next turn of the event loop.
-  void schedule();
   void handleWaiting();
   /// False if everything that has arrived is under way or done.
   bool fetchWaiting();
@@ -59,10 +56,10 @@ class Session {
   Turns& turns_;
   Bridge& bridge_;
   std::deque<Waiting> waiting_;
-  bool isScheduled_ = false;
-  /// Receives what is scheduled.
-  QObject context_;
   QSocketNotifier arrivals_;
+  /// Run out at the next turn of the event loop.
+  QTimer handling_;
+  QTimer ending_;
   /// Looks, once the client sends no more, whether it still reads.
   QTimer deafness_;
 };

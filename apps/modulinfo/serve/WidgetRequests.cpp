@@ -38,7 +38,7 @@ std::int32_t lineOf(const Widget& list, const std::string& text) {
 
 void selectLine(Widget& list, const Parameters& parameters) {
   if (parameters.has("index") == parameters.has("text")) {
-    fail("a line of " + toUtf8(list.name()) + " goes by \"index\" or by \"text\"");
+    fail("a line of " + toUtf8(list.name()) + R"( goes by "index" or by "text")");
   }
   list.select(parameters.has("index") ? parameters.number("index")
                                       : lineOf(list, parameters.text("text")));
