@@ -1,17 +1,16 @@
 #include "platform/linux/LinuxShell.h"
 
 #include <QMimeDatabase>
-#include <QProcess>
 #include <QRegularExpression>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
 
-#include <linux/close_range.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/Text.h"
+#include "platform/linux/DetachedProgram.h"
 #include "platform/linux/LinuxFileSystem.h"
 #include "platform/linux/RegisteredPrograms.h"
 
@@ -69,20 +68,6 @@ QStringList typesOf(const QString& target) {
   return types;
 }
 
-bool start(const CommandLine& command, const QString& folder) {
-  QProcess process;
-  process.setProgram(command.program);
-  process.setArguments(command.arguments);
-  process.setWorkingDirectory(command.folder.isEmpty() ? folder : command.folder);
-  process.setStandardInputFile(QProcess::nullDevice());
-  process.setStandardOutputFile(QProcess::nullDevice());
-  process.setStandardErrorFile(QProcess::nullDevice());
-  // An open port that went along would stay locked for as long as the viewer is open.
-  process.setChildProcessModifier(
-      [] { ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC); });
-  return process.startDetached();
-}
-
 std::int32_t open(const QString& target, const fs::path& folder) {
   if (!isAddress(target)) {
     const fs::path file(target.toStdString());
@@ -101,8 +86,8 @@ std::int32_t open(const QString& target, const fs::path& folder) {
   if (!command) {
     return Shell::noAssociation;
   }
-  return start(*command, QString::fromStdString(folder.string())) ? LinuxShell::opened
-                                                                  : Shell::accessDenied;
+  return startDetached(*command, QString::fromStdString(folder.string())) ? LinuxShell::opened
+                                                                          : Shell::accessDenied;
 }
 
 }  // namespace
