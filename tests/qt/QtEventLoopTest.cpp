@@ -1,6 +1,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QTimer>
+#include <ctime>
 #include <stdexcept>
 
 #include <gtest/gtest.h>
@@ -107,6 +108,55 @@ TEST(QtEventLoop, ATimerMayBeDestroyedByItsOwnTick) {
   timer = loop.createTimer(milliseconds(1), [&] { timer.reset(); });
   timer->setEnabled(true);
   EXPECT_TRUE(turnUntil([&] { return timer == nullptr; }));
+}
+
+TEST(QtEventLoop, AModalRunHandlesEventsUntilOneOfThemEndsIt) {
+  QtEventLoop loop;
+  const auto run = loop.createModalRun();
+  int handled = 0;
+  QTimer timer;
+  timer.callOnTimeout([&] {
+    if (++handled == 3) run->end();
+  });
+  timer.start(1);
+  run->run();
+  EXPECT_EQ(handled, 3);
+}
+
+TEST(QtEventLoop, AModalRunThatHasEndedAlreadyReturnsAtOnce) {
+  QtEventLoop loop;
+  const auto run = loop.createModalRun();
+  bool handled = false;
+  QTimer::singleShot(0, [&] { handled = true; });
+  run->end();
+  run->run();
+  EXPECT_FALSE(handled);
+}
+
+TEST(QtEventLoop, AnOuterModalRunReturnsAfterTheInnerOne) {
+  QtEventLoop loop;
+  const auto outer = loop.createModalRun();
+  const auto inner = loop.createModalRun();
+  std::string order;
+  QTimer::singleShot(0, [&] {
+    QTimer::singleShot(0, [&] { outer->end(); });
+    QTimer::singleShot(20, [&] { inner->end(); });
+    inner->run();
+    order += "inner ";
+  });
+  outer->run();
+  order += "outer";
+  EXPECT_EQ(order, "inner outer");
+}
+
+TEST(QtEventLoop, AModalRunWaitsWithoutWork) {
+  QtEventLoop loop;
+  const auto run = loop.createModalRun();
+  QTimer::singleShot(500, [&] { run->end(); });
+  const std::clock_t before = std::clock();
+  run->run();
+  // A loop that spins would have used all of the half second.
+  EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 5);
 }
 
 TEST(QtEventLoop, TellsOfATickThatFailedAndTicksOn) {
