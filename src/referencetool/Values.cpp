@@ -102,10 +102,10 @@ constexpr auto tables = std::to_array<ValueTable>({
      "`lStatus` says what an access to the module is doing. The value 2 never comes.", activity},
     {"DataValid", "", dataValid},
     {"DeviceActive",
-     "Each value raises `ModulActive` at the end. Mind that the numbers differ from 6 on. Store "
-     "and "
-     "Offline are remembered by the value 1, and by each read, as disabled; until then they count "
-     "as enabled.",
+     "Each value raises `ModulActive` at the end. Mind that the numbers differ from 6 on. The "
+     "value 1 "
+     "remembers Store and Offline as they stand, a read remembers them as disabled; before either "
+     "they count as enabled.",
      deviceActive},
     {"CheckDeviceType",
      "Of the module's identification, `FamilyID` and `DeviceID` are compared. After a failure the "
