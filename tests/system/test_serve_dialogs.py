@@ -2,6 +2,7 @@
 
 import unittest
 
+from bench import wait_for
 from serve_bench import ServeBench
 from test_serve_widgets import KEYS, PLACE, WIDGETS
 
@@ -199,11 +200,12 @@ class Help(ServeBench):
     def test_the_help_file_is_opened_with_its_program(self):
         place = self.private_installation()
         (place / "Help_049.chm").write_bytes(b"ITSF")
-        viewer = self.folder / "viewer"
-        seen = self.folder / "seen"
+        viewer, seen, closed = (self.folder / name for name in ("viewer", "seen", "closed"))
         # A viewer that stays open must not keep the client waiting for the end of the output.
-        viewer.write_text(f'#!/bin/sh\necho "$1" > {seen}.new\nmv {seen}.new {seen}\nread line\n'
-                          f'sleep 30\n', encoding="utf-8")
+        viewer.write_text(
+            f'#!/bin/sh\necho "$1" > {seen}.new\nmv {seen}.new {seen}\n'
+            f"while [ -e {viewer} ] && [ ! -e {closed} ]; do sleep 0.1; done\n",
+            encoding="utf-8")
         viewer.chmod(0o755)
         programs = self.folder / "share" / "applications"
         programs.mkdir(parents=True)
@@ -221,7 +223,11 @@ class Help(ServeBench):
         (method, launched), = client.take_heard()
         self.assertEqual(method, "launch")
         self.assertGreater(launched["result"], 32, launched)
+        wait_for(seen.exists, "the viewer")
         self.end_in_order(client)
+        closed.touch()
+        self.assertEqual(seen.read_text(encoding="utf-8").strip(),
+                         str(place / "Help_049.chm"))
 
 
 if __name__ == "__main__":

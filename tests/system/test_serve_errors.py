@@ -173,6 +173,13 @@ class Errors(ServeBench):
                      b'{"name":"DeviceName","value":"\\ud800"}}\n')
         self.assertEqual(client.next()["error"]["code"], NO_JSON)
 
+    def test_settings_that_cannot_be_read_are_a_run_time_error(self):
+        self.write_settings("nonsense\n")
+        client = self.serve()
+        message = self.fails(-32000, 5, client, "show")
+        self.assertIn(str(self.settings_file), message)
+        self.assertEqual(client.get("Parity"), 2)
+
     def test_the_options_are_checked(self):
         self.assertIn("nothing.json", self.fail_with(2, "serve", "--simulate", "nothing.json"))
         wrong = self.folder / "wrong.json"

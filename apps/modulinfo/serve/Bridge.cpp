@@ -4,24 +4,16 @@
 
 namespace tessara {
 
-namespace {
-
-[[noreturn]] void failUnknown(const std::string& message) {
-  throw RpcError(RpcCode::WrongParameters, message);
-}
-
-}  // namespace
-
 Widget& Bridge::widget(const std::string& name) const {
   const WidgetOwner* owner = &control.panel;
   const auto point = name.find('.');
   if (point != std::string::npos) {
     const std::string form = name.substr(0, point);
     owner = forms.find(fromUtf8(form));
-    if (owner == nullptr) failUnknown("no dialog " + inQuotes(form) + " is open");
+    if (owner == nullptr) throw wrongParameters("no dialog " + inQuotes(form) + " is open");
   }
   Widget* found = owner->find(fromUtf8(name.substr(point + 1)));
-  if (found == nullptr) failUnknown("there is no widget " + inQuotes(name));
+  if (found == nullptr) throw wrongParameters("there is no widget " + inQuotes(name));
   return *found;
 }
 

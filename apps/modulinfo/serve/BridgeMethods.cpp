@@ -17,7 +17,7 @@ OrderedJson show(Bridge& bridge, const Parameters& /*parameters*/) {
 
 OrderedJson wait(Bridge& bridge, const Parameters& parameters) {
   const std::int32_t ms = parameters.number("ms");
-  if (ms < 0) throw RpcError(RpcCode::WrongParameters, "the parameter \"ms\" is negative");
+  if (ms < 0) throw wrongParameters("the parameter \"ms\" is negative");
   bridge.loop.runFor(std::chrono::milliseconds(ms));
   return nullptr;
 }

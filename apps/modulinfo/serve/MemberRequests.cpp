@@ -11,14 +11,12 @@ namespace tessara {
 
 namespace {
 
-[[noreturn]] void fail(const std::string& message) {
-  throw RpcError(RpcCode::WrongParameters, message);
-}
-
 const Member& memberOf(const Parameters& parameters, MemberKind kind, const char* kindName) {
   const std::string name = parameters.text("name");
   const Member* member = findMember(name, kind);
-  if (member == nullptr) fail("there is no " + std::string(kindName) + " " + inQuotes(name));
+  if (member == nullptr) {
+    throw wrongParameters("there is no " + std::string(kindName) + " " + inQuotes(name));
+  }
   return *member;
 }
 
@@ -29,8 +27,9 @@ const Member& propertyOf(const Parameters& parameters) {
 std::vector<Variant> argumentsOf(const Member& member, const Parameters& parameters) {
   const auto given = parameters.list("args");
   if (given.size() != member.arguments.size()) {
-    fail(std::string(member.name) + " takes " + std::to_string(member.arguments.size()) +
-         " arguments, not " + std::to_string(given.size()));
+    throw wrongParameters(std::string(member.name) + " takes " +
+                          std::to_string(member.arguments.size()) + " arguments, not " +
+                          std::to_string(given.size()));
   }
   std::vector<Variant> values;
   for (std::size_t index = 0; index < given.size(); ++index) {
@@ -43,13 +42,13 @@ std::vector<Variant> argumentsOf(const Member& member, const Parameters& paramet
 
 OrderedJson getMember(Bridge& bridge, const Parameters& parameters) {
   const Member& member = propertyOf(parameters);
-  if (member.get == nullptr) fail(std::string(member.name) + " cannot be read");
+  if (member.get == nullptr) throw wrongParameters(std::string(member.name) + " cannot be read");
   return toJson(member.get(bridge.control));
 }
 
 OrderedJson setMember(Bridge& bridge, const Parameters& parameters) {
   const Member& member = propertyOf(parameters);
-  if (member.set == nullptr) fail(std::string(member.name) + " cannot be written");
+  if (member.set == nullptr) throw wrongParameters(std::string(member.name) + " cannot be written");
   member.set(bridge.control, toVariant(parameters.value("value"), member.name));
   return nullptr;
 }

@@ -8,7 +8,7 @@ namespace tessara {
 namespace {
 
 [[noreturn]] void fail(std::string_view name, const char* wrong) {
-  throw RpcError(RpcCode::WrongParameters, "the parameter " + inQuotes(name) + " " + wrong);
+  throw wrongParameters("the parameter " + inQuotes(name) + " " + wrong);
 }
 
 bool isInRange(const Json& number) {
@@ -24,7 +24,7 @@ bool isInRange(const Json& number) {
 Parameters::Parameters(const Json& params, std::span<const std::string_view> known)
     : params_(params) {
   if (!params.is_object() && !(params.is_array() && params.empty())) {
-    throw RpcError(RpcCode::WrongParameters, "\"params\" is no object with them by their names");
+    throw wrongParameters("\"params\" is no object with them by their names");
   }
   for (const auto& [name, value] : params.items()) {
     if (std::find(known.begin(), known.end(), name) == known.end()) fail(name, "is not known here");

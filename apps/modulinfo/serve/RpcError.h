@@ -35,6 +35,11 @@ class RpcError : public std::runtime_error {
   std::optional<ErrorNumber> number_;
 };
 
+/// The error of parameters that make no sense.
+inline RpcError wrongParameters(const std::string& message) {
+  return {RpcCode::WrongParameters, message};
+}
+
 /// A name from outside as it stands in a message: in quotes, its end cut off where it is long.
 inline std::string inQuotes(std::string_view name) {
   constexpr std::size_t longest = 80;

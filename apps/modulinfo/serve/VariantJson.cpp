@@ -43,8 +43,8 @@ Variant toVariant(const Json& json, std::string_view what) {
     case Json::value_t::number_float:
       return json.get<double>();
     default:
-      throw RpcError(RpcCode::WrongParameters,
-                     std::string(what) + " is neither text nor a number, true, false or null");
+      throw wrongParameters(std::string(what) +
+                            " is neither text nor a number, true, false or null");
   }
 }
 

@@ -11,17 +11,13 @@ namespace tessara {
 
 namespace {
 
-[[noreturn]] void fail(const std::string& message) {
-  throw RpcError(RpcCode::WrongParameters, message);
-}
-
 /// The widget that the parameter names, which has to be of one of these kinds; `what` tells them.
 Widget& widgetOf(const Bridge& bridge, const Parameters& parameters, const char* parameter,
                  std::initializer_list<WidgetKind> kinds, const char* what) {
   const std::string name = parameters.text(parameter);
   Widget& widget = bridge.widget(name);
   if (std::find(kinds.begin(), kinds.end(), widget.kind()) == kinds.end()) {
-    fail(name + " is no " + what);
+    throw wrongParameters(name + " is no " + what);
   }
   return widget;
 }
@@ -38,7 +34,7 @@ std::int32_t lineOf(const Widget& list, const std::string& text) {
 
 void selectLine(Widget& list, const Parameters& parameters) {
   if (parameters.has("index") == parameters.has("text")) {
-    fail("a line of " + toUtf8(list.name()) + R"( goes by "index" or by "text")");
+    throw wrongParameters("a line of " + toUtf8(list.name()) + R"( goes by "index" or by "text")");
   }
   list.select(parameters.has("index") ? parameters.number("index")
                                       : lineOf(list, parameters.text("text")));
@@ -46,7 +42,7 @@ void selectLine(Widget& list, const Parameters& parameters) {
 
 void selectOption(Widget& option, const Parameters& parameters) {
   if (parameters.has("index") || parameters.has("text")) {
-    fail("the option " + toUtf8(option.name()) + " has no lines to select");
+    throw wrongParameters("the option " + toUtf8(option.name()) + " has no lines to select");
   }
   option.select();
 }
@@ -78,7 +74,7 @@ OrderedJson selectInWidget(Bridge& bridge, const Parameters& parameters) {
 OrderedJson typeIntoWidget(Bridge& bridge, const Parameters& parameters) {
   const std::string name = parameters.text("widget");
   Widget& widget = bridge.widget(name);
-  if (!canBeTypedInto(bridge, widget)) fail("nothing can be typed into " + name);
+  if (!canBeTypedInto(bridge, widget)) throw wrongParameters("nothing can be typed into " + name);
   widget.setText(fromUtf8(parameters.text("text")));
   return nullptr;
 }
