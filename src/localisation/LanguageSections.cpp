@@ -16,13 +16,12 @@ std::u16string& tableEntry(TextTables& tables, std::size_t index) {
 
 constexpr std::array<LanguageSection, 5> languageSections{{
     {titleHeader, 1, titleEntry},
-    {u"[MainFrame]", decltype(TextTables::TextMainFrame)::slots(),
+    {u"[MainFrame]", decltype(TextTables::TextMainFrame)::size(),
      tableEntry<&TextTables::TextMainFrame>},
-    {u"[ModulInfo]", decltype(TextTables::TextModulInfo)::slots(),
+    {u"[ModulInfo]", decltype(TextTables::TextModulInfo)::size(),
      tableEntry<&TextTables::TextModulInfo>},
-    {u"[Buttons]", decltype(TextTables::TextButtons)::slots(),
-     tableEntry<&TextTables::TextButtons>},
-    {u"[Messages]", decltype(TextTables::TextStatus)::slots(), tableEntry<&TextTables::TextStatus>},
+    {u"[Buttons]", decltype(TextTables::TextButtons)::size(), tableEntry<&TextTables::TextButtons>},
+    {u"[Messages]", decltype(TextTables::TextStatus)::size(), tableEntry<&TextTables::TextStatus>},
 }};
 
 const LanguageSection* findLanguageSection(std::u16string_view line) {

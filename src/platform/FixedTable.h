@@ -17,7 +17,7 @@ class FixedTable {
  public:
   explicit constexpr FixedTable(const char* name) : name_(name) {}
 
-  [[nodiscard]] static constexpr std::size_t slots() { return Slots; }
+  [[nodiscard]] static constexpr std::size_t size() { return Slots; }
 
   const Entry& operator[](std::integral auto index) const { return entries_[checked(index)]; }
   Entry& operator[](std::integral auto index) { return entries_[checked(index)]; }

@@ -11,7 +11,7 @@ using testing::errorOf;
 template <typename Table>
 std::vector<std::u16string> entriesOf(const Table& table) {
   std::vector<std::u16string> entries;
-  for (std::size_t i = 0; i < table.slots(); ++i) {
+  for (std::size_t i = 0; i < table.size(); ++i) {
     entries.push_back(table[i]);
   }
   return entries;
@@ -152,7 +152,7 @@ TEST(DefaultTexts, StatusHasThirtyFiveTexts) {
 
 template <typename Table>
 void fillWith(Table& table, const std::u16string& text) {
-  for (std::size_t i = 0; i < table.slots(); ++i) {
+  for (std::size_t i = 0; i < table.size(); ++i) {
     table[i] = text;
   }
 }
@@ -185,7 +185,7 @@ TEST(DefaultTexts, ReplaceTheirOwnRangeAndLeaveTheSpareSlots) {
 /// The slot past the end of `table`, read and written, is a subscript error that names it.
 template <typename Table>
 void expectEnd(Table& table, std::size_t slots, const std::string& name) {
-  EXPECT_EQ(table.slots(), slots);
+  EXPECT_EQ(table.size(), slots);
   EXPECT_EQ(table[slots - 1], u"");
   const auto reading = errorOf([&] { (void)std::as_const(table)[slots]; });
   const auto writing = errorOf([&] { table[slots] = u"lost"; });

@@ -1,6 +1,11 @@
+#include <QFontInfo>
+#include <QGlyphRun>
+#include <QRawFont>
+#include <QTextLayout>
 #include <cmath>
 
 #include "QtTest.h"
+#include "control/ModuleWide.h"
 #include "platform/qt/Look.h"
 
 namespace tessara::testing {
@@ -58,6 +63,38 @@ TEST_P(LookTest, PicturesStandOutAndDisabledOnesStepBack) {
 TEST_P(LookTest, TextGrowsWithThePanel) {
   EXPECT_DOUBLE_EQ(Look::of(panel, 2).valueFont.pointSizeF(),
                    2 * Look::of(panel, 1).valueFont.pointSizeF());
+}
+
+/// The family of the font from which a character is drawn that both languages write.
+QString familyOfSharedCharacter(const QFont& font) {
+  QTextLayout layout(QStringLiteral("\u7aef"), font);
+  layout.beginLayout();
+  layout.createLine();
+  layout.endLayout();
+  const auto runs = layout.glyphRuns();
+  return runs.isEmpty() ? QString() : runs.first().rawFont().familyName();
+}
+
+// A size each, because Qt remembers for a size of a font which other fonts it has fallen back on.
+TEST(LookOfLanguage, DrawsChineseFromAChineseFont) {
+  const QWidget panel;
+  moduleWide().LanguageFileExtension = u"clg";
+  EXPECT_EQ(familyOfSharedCharacter(Look::of(panel, 2).valueFont), u"WenQuanYi Micro Hei");
+}
+
+TEST(LookOfLanguage, DrawsJapaneseFromAJapaneseFont) {
+  const QWidget panel;
+  moduleWide().LanguageFileExtension = u"jlg";
+  EXPECT_EQ(familyOfSharedCharacter(Look::of(panel, 3).valueFont), u"VL PGothic");
+}
+
+TEST(LookOfLanguage, LeavesLettersToTheFontOfTheSystem) {
+  const QWidget panel;
+  const QString own = QFontInfo(panel.font()).family();
+  for (const char16_t* language : {u"dlg", u"clg", u"jlg"}) {
+    moduleWide().LanguageFileExtension = language;
+    EXPECT_EQ(QFontInfo(Look::of(panel, 1).valueFont).family(), own);
+  }
 }
 
 }  // namespace

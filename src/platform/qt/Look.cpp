@@ -1,6 +1,10 @@
 #include "platform/qt/Look.h"
 
+#include <QFontInfo>
 #include <QPalette>
+#include <QStringList>
+
+#include "control/ModuleWide.h"
 
 namespace tessara {
 namespace {
@@ -17,8 +21,23 @@ QColor mix(const QColor& ground, const QColor& over, double share) {
                           blend(ground.blueF(), over.blueF()));
 }
 
+/// Characters that Chinese and Japanese write with different strokes are one character to Unicode,
+/// so the system's own choice of a font for them may be that of the other language. These are asked
+/// first, in this order.
+QStringList familiesOfLanguage() {
+  const std::u16string& language = moduleWide().LanguageFileExtension;
+  if (language == u"jlg") {
+    return {"Noto Sans CJK JP", "IPAPGothic", "VL PGothic", "TakaoPGothic", "VL Gothic"};
+  }
+  if (language == u"clg") {
+    return {"Noto Sans CJK SC", "WenQuanYi Micro Hei", "WenQuanYi Zen Hei"};
+  }
+  return {};
+}
+
 QFont fontOf(const QWidget& panel, double points, QFont::Weight weight) {
   QFont font = panel.font();
+  font.setFamilies(QStringList{QFontInfo(font).family()} + familiesOfLanguage());
   font.setPointSizeF(points);
   font.setWeight(weight);
   return font;
