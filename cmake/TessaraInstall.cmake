@@ -1,17 +1,87 @@
-# The control looks for the catalogue and the language files beside the file that it was built into. So
-# programs, library and data share one folder, and the programs are linked from where the system looks.
+# Where everything lies once it is installed.
+#
+# The control looks for the catalogue, the language files and the help beside the file that it was built
+# into: the shared library, or a program. The library and the programs therefore have a folder of their
+# own each, in which links lead to the data, which is there once; and the system finds library and
+# programs by links in the usual places.
 
-set(folder "${CMAKE_INSTALL_LIBDIR}/tessara-modulinfo")
+set(data_folder "${CMAKE_INSTALL_DATADIR}/tessara-modulinfo")
+# Libraries of two numbers can be installed side by side.
+set(library_folder "${CMAKE_INSTALL_LIBDIR}/tessara-modulinfo-${TESSARA_ABI}")
+set(program_folder "${CMAKE_INSTALL_LIBEXECDIR}/tessara-modulinfo")
+set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/TessaraModulInfo")
 
-install(TARGETS modulinfo modulinfo-panel TESSARAModulInfo
-        RUNTIME DESTINATION "${folder}" LIBRARY DESTINATION "${folder}")
-install(DIRECTORY "${PROJECT_BINARY_DIR}/bin/" DESTINATION "${folder}"
-        FILES_MATCHING PATTERN "TessaraDevices.xml" PATTERN "MERIDEX_CONF.?lg")
-
-file(RELATIVE_PATH from_bin "/${CMAKE_INSTALL_BINDIR}" "/${folder}")
-foreach(program modulinfo modulinfo-panel)
-  install(CODE "
-    set(bin \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
-    file(MAKE_DIRECTORY \"\${bin}\")
-    file(CREATE_LINK \"${from_bin}/${program}\" \"\${bin}/${program}\" SYMBOLIC)")
+set(data_files TessaraDevices.xml)
+foreach(letter d e f s i p t r c z j)
+  list(APPEND data_files "MERIDEX_CONF.${letter}lg")
 endforeach()
+# Each help as one file, and as a folder of pages for browsers.
+set(help Help_001 Help_049)
+
+# install_link(<path> <target> <component>): a link from one place below the prefix to another.
+function(install_link path target component)
+  get_filename_component(folder "${path}" DIRECTORY)
+  file(RELATIVE_PATH target "/${folder}" "/${target}")
+  set(link "${PROJECT_BINARY_DIR}/links/${path}")
+  get_filename_component(links "${link}" DIRECTORY)
+  file(MAKE_DIRECTORY "${links}")
+  file(CREATE_LINK "${target}" "${link}" SYMBOLIC)
+  install(FILES "${link}" DESTINATION "${folder}" COMPONENT ${component})
+endfunction()
+
+# install_data_links(<folder> <component>): the data seen from a folder of programs.
+function(install_data_links folder component)
+  foreach(name IN LISTS data_files help)
+    install_link("${folder}/${name}" "${data_folder}/${name}" ${component})
+  endforeach()
+  foreach(name IN LISTS help)
+    install_link("${folder}/${name}.chm" "${data_folder}/${name}.chm" ${component})
+  endforeach()
+endfunction()
+
+# Data
+list(TRANSFORM data_files PREPEND "${PROJECT_BINARY_DIR}/bin/" OUTPUT_VARIABLE built_data)
+install(FILES ${built_data} DESTINATION "${data_folder}" COMPONENT data)
+foreach(name IN LISTS help)
+  install(FILES "${PROJECT_BINARY_DIR}/bin/${name}.chm" DESTINATION "${data_folder}" COMPONENT data)
+  install(DIRECTORY "${PROJECT_BINARY_DIR}/bin/${name}" DESTINATION "${data_folder}" COMPONENT data
+          FILES_MATCHING PATTERN "*.html" PATTERN "*.css" PATTERN "*.png")
+endforeach()
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/data/modules" DESTINATION "${data_folder}" COMPONENT data)
+
+# Programs
+install(TARGETS modulinfo modulinfo-panel RUNTIME DESTINATION "${program_folder}" COMPONENT programs)
+install_data_links("${program_folder}" programs)
+foreach(program modulinfo modulinfo-panel)
+  install_link("${CMAKE_INSTALL_BINDIR}/${program}" "${program_folder}/${program}" programs)
+endforeach()
+
+# Library
+install(TARGETS TESSARAModulInfo EXPORT TessaraModulInfo
+        LIBRARY DESTINATION "${library_folder}" COMPONENT library NAMELINK_SKIP
+        FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/tessara-modulinfo" COMPONENT development)
+install_data_links("${library_folder}" library)
+set(soname "libTESSARAModulInfo.so.${TESSARA_ABI}")
+install_link("${CMAKE_INSTALL_LIBDIR}/${soname}" "${library_folder}/${soname}" library)
+
+# What a host is built with
+install_link("${CMAKE_INSTALL_LIBDIR}/libTESSARAModulInfo.so" "${CMAKE_INSTALL_LIBDIR}/${soname}" development)
+install(EXPORT TessaraModulInfo NAMESPACE TessaraModulInfo:: FILE TessaraModulInfoTargets.cmake
+        DESTINATION "${package_folder}" COMPONENT development)
+include(CMakePackageConfigHelpers)
+configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/TessaraModulInfoConfig.cmake.in"
+  "${PROJECT_BINARY_DIR}/package/TessaraModulInfoConfig.cmake" INSTALL_DESTINATION "${package_folder}"
+  NO_SET_AND_CHECK_MACRO)
+# Before 1.0 each minor version may change what hosts see.
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/package/TessaraModulInfoConfigVersion.cmake"
+  COMPATIBILITY SameMinorVersion)
+install(FILES "${PROJECT_BINARY_DIR}/package/TessaraModulInfoConfig.cmake"
+              "${PROJECT_BINARY_DIR}/package/TessaraModulInfoConfigVersion.cmake"
+        DESTINATION "${package_folder}" COMPONENT development)
+
+# The paths in the pkg-config file start from its own folder, so that the prefix may be moved.
+file(RELATIVE_PATH to_prefix "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+configure_file("${PROJECT_SOURCE_DIR}/cmake/tessara-modulinfo.pc.in"
+               "${PROJECT_BINARY_DIR}/package/tessara-modulinfo.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/package/tessara-modulinfo.pc"
+        DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)

@@ -28,7 +28,7 @@ STANDARD_HEADERS = set("""
 # A file includes headers of its own height or lower. The first pattern that fits decides.
 HEIGHTS = [(re.compile(pattern), height) for pattern, height in (
     (r"apps/", 3),
-    (r"src/(platform/\w+|drivers|simulator|\w+tool)/", 2),
+    (r"src/(platform/\w+|drivers|host|simulator|\w+tool)/", 2),
     (rf"src/({'|'.join(CORE_ROOMS)})/", 1),
     (r"src/platform/", 0),
 )]
