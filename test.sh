@@ -24,7 +24,7 @@ check() {
   checks+=("$name=$outcome")
 }
 
-mapfile -t sources < <(find src apps bench tests -name '*.cpp' -o -name '*.h')
+mapfile -t sources < <(find src apps bench docs tests -name '*.cpp' -o -name '*.h')
 check format clang-format --dry-run --Werror "${sources[@]}" fuzz/*/*.cpp
 check shellcheck shellcheck --external-sources ./*.sh scripts/*.sh .ci/run
 check fuzz scripts/fuzz.sh 5

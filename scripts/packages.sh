@@ -11,13 +11,20 @@ RUN_PACKAGES=(
   fp-utils
 )
 
+# What Debian packages are made and checked with.
+# shellcheck disable=SC2034
+PACKAGE_PACKAGES=(
+  "${RUN_PACKAGES[@]}"
+  dpkg-dev file lintian desktop-file-utils appstream
+)
+
 # shellcheck disable=SC2034
 TEST_PACKAGES=(
-  "${RUN_PACKAGES[@]}"
+  "${PACKAGE_PACKAGES[@]}"
   ccache python3 shellcheck
   libgtest-dev libgmock-dev libumockdev-dev umockdev
   clang libclang-rt-14-dev clang-format clang-tidy
-  libchm-bin
+  libchm-bin fakeroot man-db
   locales socat mbpoll python3-pymodbus python3-serial python3-serial-asyncio xvfb xauth
 )
 

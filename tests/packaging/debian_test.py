@@ -1,0 +1,165 @@
+"""The Debian packages of this build: what is in them, what lintian says, installing and removing."""
+
+import json
+import os
+import pathlib
+import re
+import subprocess
+import unittest
+
+from staging import BUILD, Staged, run
+
+DPKG_STATUS = pathlib.Path("/var/lib/dpkg/status")
+
+# Papers that packages have and a plain installation has not.
+PAPERS = re.compile(r"usr/share/(doc|lintian)/")
+
+
+def fields(package):
+    """The control fields of a package, with the lines of long ones joined."""
+    text = re.sub(r"\n +", "\n ", run("dpkg-deb", "--field", package))
+    return dict(re.findall(r"^([\w-]+): (.*(?:\n .*)*)$", text, re.M))
+
+
+def contents(package):
+    """The files and links of a package, by their paths from the root."""
+    listing = run("dpkg-deb", "--contents", package)
+    paths = (line.split(None, 5)[5].split(" -> ")[0] for line in listing.splitlines())
+    return {path.removeprefix("./") for path in paths if not path.endswith("/")}
+
+
+class Debian(Staged):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        # gzip is quicker than what is delivered.
+        run("cpack", "--config", BUILD / "CPackConfig.cmake", "-B", cls.folder / "packages",
+            "-D", "CPACK_DEBIAN_COMPRESSION_TYPE=gzip")
+        cls.packages = {fields(path)["Package"]: path
+                        for path in (cls.folder / "packages").glob("*.deb")}
+        cls.fields = {name: fields(path) for name, path in cls.packages.items()}
+        cls.contents = {name: contents(path) for name, path in cls.packages.items()}
+        cls.library_package = f"libtessaramodulinfo{cls.abi()}"
+
+    @classmethod
+    def abi(cls):
+        """The number in the name by which hosts look for the library."""
+        return next(cls.libraries.glob("libTESSARAModulInfo.so.?")).suffix[1:]
+
+    def test_there_is_one_for_each_purpose(self):
+        self.assertEqual(set(self.packages), {"tessara-modulinfo", "tessara-modulinfo-common",
+                                              self.library_package, "libtessaramodulinfo-dev"})
+        self.assertEqual(self.fields["tessara-modulinfo-common"]["Architecture"], "all")
+
+    def test_together_they_hold_what_an_installation_holds(self):
+        installed = {f"usr/{path.relative_to(self.prefix)}" for path in self.prefix.rglob("*")
+                     if path.is_symlink() or not path.is_dir()}
+        packed = [path for paths in self.contents.values() for path in paths
+                  if not PAPERS.match(path)]
+        self.assertEqual(len(packed), len(set(packed)), "two packages hold the same file")
+        self.assertEqual(set(packed), installed)
+
+    def test_each_file_is_in_the_package_of_its_purpose(self):
+        for name, path in (
+                ("tessara-modulinfo", "usr/bin/modulinfo"),
+                ("tessara-modulinfo", "usr/share/man/man1/modulinfo-panel.1.gz"),
+                ("tessara-modulinfo", "usr/share/applications/modulinfo-panel.desktop"),
+                ("tessara-modulinfo-common", "usr/lib/udev/rules.d/60-tessara-modulinfo.rules"),
+                ("tessara-modulinfo-common", "usr/share/tessara-modulinfo/TessaraDevices.xml"),
+                ("tessara-modulinfo-common", "usr/share/tessara-modulinfo/Help_049.chm"),
+                ("libtessaramodulinfo-dev", "usr/include/tessara-modulinfo/host/ModulInfoPanel.h")):
+            self.assertIn(path, self.contents[name])
+        links = {pathlib.Path(path).name for path in self.contents[self.library_package]}
+        self.assertIn(self.library.name, links)
+        self.assertNotIn("libTESSARAModulInfo.so", links)
+        development = {pathlib.Path(path).name for path in self.contents["libtessaramodulinfo-dev"]}
+        self.assertIn("libTESSARAModulInfo.so", development)
+        self.assertIn("TessaraModulInfoConfig.cmake", development)
+
+    def test_they_ask_for_what_they_need(self):
+        version = self.fields["tessara-modulinfo"]["Version"]
+        common = f"tessara-modulinfo-common (= {version})"
+        programs = self.fields["tessara-modulinfo"]["Depends"]
+        library = self.fields[self.library_package]["Depends"]
+        for depends in (programs, library):
+            self.assertIn(common, depends)
+            for needed in ("libc6", "libqt6widgets6", "libmodbus5", "libpugixml1v5"):
+                self.assertRegex(depends, rf"\b{needed} \(>= ")
+        self.assertIn(f"{self.library_package} (= {version})",
+                      self.fields["libtessaramodulinfo-dev"]["Depends"])
+
+    def test_the_library_tells_packagers_of_hosts_what_they_need(self):
+        shlibs = run("dpkg-deb", "--info", self.packages[self.library_package], "shlibs")
+        version = self.fields["tessara-modulinfo"]["Version"]
+        self.assertEqual(shlibs.strip(), f"libTESSARAModulInfo {self.abi()} {self.library_package} "
+                                         f"(>= {version})")
+
+    def test_the_system_is_told_of_rules_and_library(self):
+        triggers = run("dpkg-deb", "--info", self.packages[self.library_package], "triggers")
+        self.assertEqual(triggers.split(), ["activate-noawait", "ldconfig"])
+        script = run("dpkg-deb", "--info", self.packages["tessara-modulinfo-common"], "postinst")
+        self.assertIn("udevadm control --reload", script)
+        run("sh", "-n", "-c", script)
+
+    def test_the_description_begins_with_a_line_of_its_own(self):
+        summaries = {self.fields[name]["Description"].splitlines()[0] for name in self.packages}
+        self.assertEqual(len(summaries), len(self.packages))
+        for name in self.packages:
+            self.assertIn("\n Analog interface modules are", self.fields[name]["Description"])
+
+    def test_lintian_has_nothing_to_say(self):
+        checked = subprocess.run(["lintian", "--allow-root", "--fail-on", "error,warning",
+                                  *self.packages.values()], capture_output=True, text=True,
+                                 check=False, env=self.environment)
+        self.assertEqual((checked.stdout, checked.returncode), ("", 0))
+
+    def make_system(self):
+        """A system of its own, which has the packages of this computer."""
+        self.root = self.folder / self.id()
+        database = self.root / "var/lib/dpkg"
+        for name in ("info", "updates", "triggers"):
+            (database / name).mkdir(parents=True)
+        stanzas = DPKG_STATUS.read_text("utf-8").split("\n\n")
+        own = re.compile(rf"Package: ({'|'.join(self.packages)})\n")
+        (database / "status").write_text(
+            "\n\n".join(stanza for stanza in stanzas if not own.match(stanza)), "utf-8")
+
+    def dpkg(self, *arguments):
+        # To whom the files are given is seen by root alone; fakeroot lets anybody play root. The
+        # scripts of the packages run outside of the other system, which has no shell, and know it.
+        return run("fakeroot", "dpkg", f"--root={self.root}", "--force-script-chrootless", "--log=",
+                   *arguments, env=os.environ | {"PATH": f"{os.environ['PATH']}:/usr/sbin:/sbin"})
+
+    def files(self):
+        return {path.relative_to(self.root).as_posix() for path in self.root.rglob("*")
+                if (path.is_symlink() or not path.is_dir())
+                and not path.is_relative_to(self.root / "var")}
+
+    def install(self):
+        """Gives the packages to a system, a second time too."""
+        self.make_system()
+        for _ in range(2):
+            self.dpkg("--install", *self.packages.values())
+            self.assertEqual(self.files(), set().union(*self.contents.values()))
+
+    def test_programs_work_where_they_are_installed(self):
+        self.install()
+        module = self.root / "usr/share/tessara-modulinfo/modules/tessara-um-161.json"
+        read = run(self.root / "usr/bin/modulinfo", "read", "--simulate", module, "--language", "2",
+                   "--json", env=self.environment, cwd=self.home)
+        self.assertIn("No error", json.loads(read)["moduleStatus"])
+        picture = self.root / "panel.png"
+        run(self.root / "usr/bin/modulinfo-panel", "--simulate", module, "--screenshot", picture,
+            env=self.environment, cwd=self.home)
+        self.assertTrue(picture.is_file())
+
+    def test_they_are_removed_whole_and_in_order(self):
+        self.install()
+        with self.assertRaisesRegex(AssertionError, "dependency problems"):
+            self.dpkg("--remove", "tessara-modulinfo-common")
+        self.dpkg("--purge", *self.packages)
+        self.assertEqual(self.files(), set())
+
+
+if __name__ == "__main__":
+    unittest.main()
