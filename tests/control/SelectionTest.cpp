@@ -106,6 +106,35 @@ TEST_F(Selection, TheUsbReaderIsNotProbedAgain) {
   EXPECT_EQ(control.get_GetNFCMCURevison(), u"1.4.15");
 }
 
+TEST_F(Selection, ATwn4LineLeavesTheRevisionOfTheUsbReader) {
+  lines({{u"TWN4 NFC-Adapter (COM9)", 9}});
+  control.sNFCMCURevision = u"1.4.15";
+  choose(0);
+  EXPECT_EQ(control.get_NFCReader(), 1);
+  EXPECT_EQ(control.get_GetNFCMCURevison(), u"1.4.15");
+}
+
+/// Settings that nothing can be written into.
+class ReadOnlySettings final : public FakeRegistryHelper {
+ public:
+  using FakeRegistryHelper::FakeRegistryHelper;
+  void SetValue(std::int32_t /*hive*/, const std::u16string& /*key*/,
+                const std::u16string& /*name*/, const Variant& /*value*/,
+                std::int32_t /*valueType*/) override {
+    throw RunTimeError(ErrorNumber::InvalidCall, "the settings cannot be written");
+  }
+};
+
+TEST_F(Selection, AFailedWriteOfTheSettingPassesToTheCallerWithThePathChosen) {
+  lines({{u"USB Hart Adapter Viator (COM5)", 5}});
+  std::map<std::u16string, Variant> values;
+  moduleWide().RegistryHelper = std::make_shared<ReadOnlySettings>(log, values);
+  EXPECT_EQ(errorNumberOf([&] { choose(0); }), 5);
+  EXPECT_EQ(control.ComPort, 5);
+  EXPECT_EQ(control.CommObject, moduleWide().HartCommObject);
+  EXPECT_EQ(log.count("NFCReader"), 1U);
+}
+
 TEST_F(Selection, AnObjectThatLosesTheSelectionGetsNoClosingCall) {
   lines({{u"USB Hart Adapter Viator (COM5)", 5}});
   choose(0);
