@@ -49,8 +49,8 @@ class ModulInfoFLII : public Fields {
   WindowHandle hWnd = 0;
 
   /// What draws the dialogs of the control; it must live as long as it is set. With null, the first
-  /// value, the buttons that open one are invalid calls (error 5). While a dialog is open, no button
-  /// of the panel is pressed.
+  /// value, the buttons that open one are invalid calls (error 5). While a dialog is open, no
+  /// button of the panel is pressed.
   void setFormObserver(FormObserver* observer) { formObserver_ = observer; }
 
   /// The system's decimal separator, by which the values of a host are converted.

@@ -130,7 +130,7 @@ TEST_F(AboutBox, TheSecondColumnMovesBy100TwipsForEachFurtherCharacterOfTheLonge
 }
 
 TEST_F(AboutBox, EachOfTheFourCaptionsMayBeTheLongest) {
-  for (const std::size_t entry : {22, 23, 24, 25}) {
+  for (const std::size_t entry : {22U, 23U, 24U, 25U}) {
     LoadDefaultTexts(moduleWide());
     moduleWide().TextMainFrame[entry] = std::u16string(11, u'x');
     EXPECT_THAT(secondColumn(), ElementsAre(4700, 4700, 4700, 4700)) << entry;

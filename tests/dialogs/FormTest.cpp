@@ -14,7 +14,7 @@ class SmallForm : public Form {
 
   Widget& defaultButton() override { return button; }
   Widget& cancelButton() override { return button; }
-  Place area() const override { return {0, 0, 100, 100}; }
+  [[nodiscard]] Place area() const override { return {0, 0, 100, 100}; }
 
   Widget first{*this, u"first", WidgetKind::Option};
   Widget second{*this, u"second", WidgetKind::Option};

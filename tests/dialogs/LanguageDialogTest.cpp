@@ -193,13 +193,13 @@ TEST_F(LanguageDialog, TheOutcomeIsThereOnlyAfterTheFormHasHiddenItself) {
   };
   const std::vector<std::pair<Widget frmLanguage::*, std::u16string>> outcomes{
       {&frmLanguage::cmdOK, u"1"}, {&frmLanguage::cmdCancel, u"2"}};
-  for (const auto& [button, outcome] : outcomes) {
+  for (const auto& row : outcomes) {
     form.Tag.clear();
     Watch watch;
-    person([&] { (form.*button).press(); });
+    person([&] { (form.*row.first).press(); });
     form.showModal(platform.loop, &watch);
     EXPECT_EQ(watch.tag, u"");
-    EXPECT_EQ(form.Tag, outcome);
+    EXPECT_EQ(form.Tag, row.second);
   }
 }
 

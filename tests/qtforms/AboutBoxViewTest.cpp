@@ -1,4 +1,6 @@
 #include <QAbstractButton>
+#include <QAction>
+#include <QClipboard>
 
 #include "DialogOnScreen.h"
 #include "localisation/Maker.h"
@@ -71,6 +73,17 @@ TEST_F(AboutBoxView, TheKeyboardOpensALink) {
     EXPECT_TRUE(view.isVisible());
   });
   EXPECT_EQ(log.count("ShellExecuteA 0 Open https://" + toUtf8(maker.web)), 1U);
+}
+
+TEST_F(AboutBoxView, ContactDataCanBeCopied) {
+  open([](FormView& view) {
+    const std::vector<std::pair<const char16_t*, std::u16string_view>> parts{
+        {u"HyperLinkEmail", maker.mail}, {u"LblPhoneNr", maker.phone}};
+    for (const auto& [name, text] : parts) {
+      part<QWidget>(view, name).actions().front()->trigger();
+      EXPECT_EQ(QGuiApplication::clipboard()->text(), toQt(text));
+    }
+  });
 }
 
 TEST_F(AboutBoxView, ALinkThatNothingOpensIsTold) {

@@ -13,7 +13,7 @@ class TwoColumns : public Form {
   TwoColumns() : Form(u"columns") {}
   Widget& defaultButton() override { return ok; }
   Widget& cancelButton() override { return cancel; }
-  Place area() const override { return {0, 0, 1000, 600}; }
+  [[nodiscard]] Place area() const override { return {0, 0, 1000, 600}; }
 
   Widget heading{*this, u"heading", WidgetKind::Label, {.place = {100, 0, 800, 50}}};
   Widget left{*this, u"left", WidgetKind::Label, {.place = {100, 100, 200, 50}}};

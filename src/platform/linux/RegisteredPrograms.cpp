@@ -30,7 +30,7 @@ QStringList associationFiles() {
 /// none.
 QString entryFile(QString id) {
   for (;;) {
-    const QString file = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, id);
+    QString file = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, id);
     const qsizetype dash = id.indexOf('-');
     if (!file.isEmpty() || dash < 0) {
       return file;
@@ -70,7 +70,7 @@ std::optional<CommandLine> registeredProgram(const QStringList& types, const QSt
   for (const QString& type : types) {
     for (const QString& id : entriesFor(type)) {
       const QString file = entryFile(id);
-      const auto found = file.isEmpty() ? std::nullopt : commandLineOf(file, target);
+      auto found = file.isEmpty() ? std::nullopt : commandLineOf(file, target);
       if (found) {
         return found;
       }

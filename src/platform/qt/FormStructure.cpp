@@ -24,6 +24,9 @@ constexpr std::array<RoleOf, 10> roles{{{u"LblAppTitel", LabelRole::Title},
                                         {u"Label31", LabelRole::Caption}}};
 
 double widthOf(const QWidget* view) {
+  if (view == nullptr) {
+    return 0;
+  }
   if (const auto* button = dynamic_cast<const TextButtonView*>(view)) {
     return button->neededWidth();
   }

@@ -131,12 +131,7 @@ void FormView::perform(WidgetView& view, const std::function<void(Widget&)>& act
     return;
   }
   const QPointer self(this);
-  QString failure;
-  try {
-    action(view.subject());
-  } catch (const std::exception& error) {
-    failure = QString::fromUtf8(error.what());
-  }
+  const QString failure = failureOf([&] { action(view.subject()); });
   if (self == nullptr || form_ == nullptr) {
     return;
   }

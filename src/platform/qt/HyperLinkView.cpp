@@ -1,11 +1,8 @@
 #include "platform/qt/HyperLinkView.h"
 
-#include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPainter>
+#include <algorithm>
 #include <utility>
 
 #include "platform/qt/PixelGrid.h"
@@ -19,13 +16,7 @@ HyperLinkView::HyperLinkView(Widget& subject, PersonActs acts, QWidget* parent)
   setMouseTracking(true);
   connect(this, &QAbstractButton::clicked, this,
           [this, acts = std::move(acts)] { acts(*this, [](Widget& widget) { widget.press(); }); });
-  setContextMenuPolicy(Qt::ActionsContextMenu);
-  auto* copy = new QAction(QLineEdit::tr("&Copy"), this);
-  copy->setShortcut(QKeySequence::Copy);
-  copy->setShortcutContext(Qt::WidgetShortcut);
-  connect(copy, &QAction::triggered, this,
-          [this] { QGuiApplication::clipboard()->setText(readable(this->subject().caption())); });
-  addAction(copy);
+  makeCopyable(*this, [this] { return readable(this->subject().caption()); });
 }
 
 void HyperLinkView::sync() {

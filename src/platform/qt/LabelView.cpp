@@ -1,11 +1,7 @@
 #include "platform/qt/LabelView.h"
 
-#include <QAction>
-#include <QClipboard>
 #include <QFocusEvent>
-#include <QGuiApplication>
 #include <QHelpEvent>
-#include <QLineEdit>
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
@@ -34,12 +30,7 @@ LabelView::LabelView(Widget& subject, LabelRole role, QWidget* parent)
     return;
   }
   setFocusPolicy(role == LabelRole::LongValue ? Qt::StrongFocus : Qt::ClickFocus);
-  setContextMenuPolicy(Qt::ActionsContextMenu);
-  auto* copyAction = new QAction(QLineEdit::tr("&Copy"), this);
-  copyAction->setShortcut(QKeySequence::Copy);
-  copyAction->setShortcutContext(Qt::WidgetShortcut);
-  connect(copyAction, &QAction::triggered, this, &LabelView::copy);
-  addAction(copyAction);
+  makeCopyable(*this, [this] { return text(); });
 }
 
 void LabelView::sync() {
@@ -121,10 +112,6 @@ QString LabelView::shownText() const {
 
 QString LabelView::wholeText() const {
   return toolTip().isEmpty() ? toolTipMarkup({}, text()) : toolTip();
-}
-
-void LabelView::copy() const {
-  QGuiApplication::clipboard()->setText(text());
 }
 
 bool LabelView::event(QEvent* event) {

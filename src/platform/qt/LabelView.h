@@ -51,7 +51,6 @@ class LabelView : public QLabel, public WidgetView {
   [[nodiscard]] QSize minimumSizeHint() const override { return {}; }
 
  private:
-  void copy() const;
   [[nodiscard]] QString wholeText() const;
   [[nodiscard]] QFont fittingFont() const;
   [[nodiscard]] bool isValue() const;

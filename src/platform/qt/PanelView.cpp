@@ -190,12 +190,7 @@ void PanelView::nameFor(const Widget& widget) {
 
 void PanelView::perform(WidgetView& view, const std::function<void(Widget&)>& action) {
   const QPointer self(this);
-  QString failure;
-  try {
-    action(view.subject());
-  } catch (const std::exception& error) {
-    failure = QString::fromUtf8(error.what());
-  }
+  const QString failure = failureOf([&] { action(view.subject()); });
   if (self == nullptr) {
     return;
   }

@@ -1,5 +1,12 @@
 #include "platform/qt/WidgetView.h"
 
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <exception>
+#include <utility>
+
 #include "platform/qt/QtText.h"
 
 namespace tessara {
@@ -15,6 +22,25 @@ void WidgetView::syncCommon(const QString& hint) {
   own.setAccessibleDescription(readable(state.toolTipText));
   own.setEnabled(state.enabled);
   own.setVisible(state.visible);
+}
+
+QString failureOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const std::exception& error) {
+    return QString::fromUtf8(error.what());
+  }
+  return {};
+}
+
+void makeCopyable(QWidget& widget, std::function<QString()> text) {
+  widget.setContextMenuPolicy(Qt::ActionsContextMenu);
+  auto* copy = new QAction(QLineEdit::tr("&Copy"), &widget);
+  copy->setShortcut(QKeySequence::Copy);
+  copy->setShortcutContext(Qt::WidgetShortcut);
+  QObject::connect(copy, &QAction::triggered, &widget,
+                   [text = std::move(text)] { QGuiApplication::clipboard()->setText(text()); });
+  widget.addAction(copy);
 }
 
 QString toolTipMarkup(const QString& title, const QString& text) {

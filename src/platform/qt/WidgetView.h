@@ -41,6 +41,12 @@ class WidgetView {
   Widget& subject_;
 };
 
+/// Does something that a person wants done, and gives what went wrong; nothing if it went well.
+QString failureOf(const std::function<void()>& action);
+
+/// Lets a person copy what `text` gives, by the system's key and from the context menu.
+void makeCopyable(QWidget& widget, std::function<QString()> text);
+
 /// A tool tip as markup that wraps: a title in bold and a text, either may be empty.
 QString toolTipMarkup(const QString& title, const QString& text);
 
