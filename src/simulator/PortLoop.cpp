@@ -44,8 +44,7 @@ PortLoop::PortLoop(std::unique_ptr<SimulatedLine> line, SimulatedPortOptions opt
     : line_(std::move(line)),
       options_(std::move(options)),
       work_(context_.get_executor()),
-      bytes_(context_),
-      clients_(context_) {
+      events_(context_) {
   install();
 }
 
@@ -75,10 +74,8 @@ void PortLoop::install() {
   if (!options_.link.empty()) makeLink(options_.link, port.device());
   port_ = std::move(port);
   ++plugging_;
-  bytes_.assign(port_->bytesDescriptor());
-  clients_.assign(port_->clientsDescriptor());
-  waitForBytes();
-  waitForClients();
+  events_.assign(port_->descriptor());
+  waitForEvents();
 }
 
 void PortLoop::remove() {
@@ -87,43 +84,32 @@ void PortLoop::remove() {
     std::error_code ignored;  // a link that somebody else has removed is gone all the same
     std::filesystem::remove(options_.link, ignored);
   }
-  // The descriptors are the port's own to close.
-  bytes_.release();
-  clients_.release();
+  // The descriptor is the port's own to close.
+  events_.release();
   port_.reset();
   ++plugging_;
-  isWaitingForBytes_ = false;
   leaving_ = false;
   sending_ = 0;
   line_->forgetOpenFrame();
 }
 
-void PortLoop::waitForBytes() {
-  if (isWaitingForBytes_ || !port_->isAttended()) return;
-  isWaitingForBytes_ = true;
-  bytes_.async_wait(asio::posix::stream_descriptor::wait_read,
-                    [this, plugging = plugging_](const asio::error_code& error) {
-                      if (error || plugging != plugging_) return;
-                      isWaitingForBytes_ = false;
-                      receive();
-                      waitForBytes();
-                    });
-}
-
-void PortLoop::waitForClients() {
-  clients_.async_wait(asio::posix::stream_descriptor::wait_read,
-                      [this, plugging = plugging_](const asio::error_code& error) {
-                        if (error || plugging != plugging_) return;
-                        receive();
-                        port_->followClients();
-                        waitForBytes();
-                        waitForClients();
-                      });
+void PortLoop::waitForEvents() {
+  events_.async_wait(asio::posix::stream_descriptor::wait_read,
+                     [this, plugging = plugging_](const asio::error_code& error) {
+                       if (error || plugging != plugging_) return;
+                       receive();
+                       port_->clearLeavings();
+                       waitForEvents();
+                     });
 }
 
 void PortLoop::receive() {
-  const Bytes bytes = port_->receive();
-  if (leaving_ || bytes.empty()) return;
+  port_->settle();
+  for (Bytes bytes = port_->receive(); !bytes.empty(); bytes = port_->receive()) take(bytes);
+}
+
+void PortLoop::take(const Bytes& bytes) {
+  if (leaving_) return;
   if (sending_ > 0 && line_->isDeafWhileSending()) return;
   lastByte_ = Clock::now();
   if (options_.paced) {

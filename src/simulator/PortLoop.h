@@ -18,8 +18,8 @@
 
 namespace tessara {
 
-/// The life of a simulated port on one thread: waits for bytes, clients and points in time, and
-/// lets the line answer. Everything but context() belongs to the thread that runs the context.
+/// The life of a simulated port on one thread: waits for clients, their bytes and points in time,
+/// and lets the line answer. Everything but context() belongs to the thread that runs the context.
 class PortLoop {
  public:
   /// Plugs the port in. Throws what LinePort's constructor throws.
@@ -47,9 +47,9 @@ class PortLoop {
 
   void install();
   void remove();
-  void waitForBytes();
-  void waitForClients();
+  void waitForEvents();
   void receive();
+  void take(const Bytes& bytes);
   void waitForSilence();
 
   /// Finds out when the answer is to begin, and has it begun then.
@@ -72,11 +72,9 @@ class PortLoop {
   SimulatedPortOptions options_;
   asio::io_context context_{1};
   asio::executor_work_guard<asio::io_context::executor_type> work_;
-  asio::posix::stream_descriptor bytes_;
-  asio::posix::stream_descriptor clients_;
+  asio::posix::stream_descriptor events_;
   std::optional<VirtualPort> port_;
   std::uint64_t plugging_ = 0;  // how often the port has come and gone
-  bool isWaitingForBytes_ = false;
   bool leaving_ = false;        // about to be unplugged by a fault, and deaf to requests
   std::size_t sending_ = 0;     // answers, or pieces of one, that are under way
   Clock::time_point lastByte_;  // when the latest bytes came

@@ -10,7 +10,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/inotify.h>
+#include <sys/epoll.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 
@@ -60,19 +60,16 @@ void setUp(const std::filesystem::path& device) {
   }
 }
 
-FileDescriptor watchClients(const std::filesystem::path& device) {
-  FileDescriptor watch(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
-  if (!watch.isOpen() ||
-      ::inotify_add_watch(watch.number(), device.c_str(), IN_OPEN | IN_CLOSE) < 0) {
-    fail(device.string() + " cannot be watched for clients");
+/// Tells of bytes and of the last client's leaving once each, where poll() would tell of the second
+/// for as long as nobody comes.
+FileDescriptor eventsOf(const FileDescriptor& master) {
+  FileDescriptor events(::epoll_create1(EPOLL_CLOEXEC));
+  ::epoll_event interest{EPOLLIN | EPOLLHUP | EPOLLET, {}};
+  if (!events.isOpen() ||
+      ::epoll_ctl(events.number(), EPOLL_CTL_ADD, master.number(), &interest) != 0) {
+    fail("the pseudo-terminal cannot be watched");
   }
-  return watch;
-}
-
-void discardEvents(const FileDescriptor& watch) {
-  std::array<char, 4096> events{};
-  while (::read(watch.number(), events.data(), events.size()) > 0) {
-  }
+  return events;
 }
 
 /// What poll() has to say at once.
@@ -84,17 +81,21 @@ int pollNow(const FileDescriptor& descriptor, short events) {
 
 }  // namespace
 
-VirtualPort::VirtualPort() : master_(openMaster()), device_(slaveOf(master_)) {
+VirtualPort::VirtualPort()
+    : master_(openMaster()), device_(slaveOf(master_)), events_(eventsOf(master_)) {
   setUp(device_);
-  watch_ = watchClients(device_);
 }
 
 bool VirtualPort::isAttended() const {
   return (pollNow(master_, 0) & POLLHUP) == 0;
 }
 
-void VirtualPort::followClients() {
-  discardEvents(watch_);
+void VirtualPort::settle() {
+  ::epoll_event event{};
+  ::epoll_wait(events_.number(), &event, 1, 0);
+}
+
+void VirtualPort::clearLeavings() {
   if (isClean_ || isAttended()) return;
   const FileDescriptor slave = openSlave(device_);
   ::tcflush(slave.number(), TCIFLUSH);

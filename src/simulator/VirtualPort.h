@@ -16,7 +16,7 @@ namespace tessara {
 /// what a client left unread is gone for the next one. With the object the port goes away, and
 /// clients that still hold it get end of file and EIO.
 ///
-/// Nothing here waits; whoever owns the object waits on its two descriptors.
+/// Nothing here waits; whoever owns the object waits on its descriptor.
 class VirtualPort {
  public:
   /// A port of its own, at kDefaultLineRate and in raw mode. Throws std::system_error.
@@ -25,21 +25,22 @@ class VirtualPort {
   /// The device node that clients open.
   [[nodiscard]] const std::filesystem::path& device() const { return device_; }
 
-  /// Readable when bytes of a client have come. Also, and for good, while the port is not attended:
-  /// then there is nothing to wait for here.
-  [[nodiscard]] int bytesDescriptor() const { return master_.number(); }
-
-  /// Readable when a client has opened or closed the port.
-  [[nodiscard]] int clientsDescriptor() const { return watch_.number(); }
+  /// Readable when bytes of a client have come or the last client has gone, until settle() is
+  /// called. Both may have happened all the same when it is not.
+  [[nodiscard]] int descriptor() const { return events_.number(); }
 
   /// True while a client has the port open.
   [[nodiscard]] bool isAttended() const;
 
-  /// Does what the coming and going of clients asks for.
-  void followClients();
+  /// Takes note of all that has happened so far. To be called before receive(), which is then to be
+  /// called until it gives nothing.
+  void settle();
 
   /// What has come of the clients' bytes, up to a few thousand; empty if nothing has.
   [[nodiscard]] Bytes receive() const;
+
+  /// Clears away what the last client has left unread, if it has gone.
+  void clearLeavings();
 
   /// Puts bytes on the line. What a client that doesn't read has no room for is lost.
   void send(std::span<const std::uint8_t> bytes);
@@ -54,7 +55,7 @@ class VirtualPort {
  private:
   FileDescriptor master_;
   std::filesystem::path device_;
-  FileDescriptor watch_;
+  FileDescriptor events_;
   bool isClean_ = true;  // nothing has been sent since a client's leavings were cleared away
 };
 

@@ -86,7 +86,7 @@ TEST(Pacing, CountsTheCharactersOfARequestInPieces) {
 
 TEST(Pacing, DeliversTheAnswerCharacterByCharacter) {
   const SimulatedPort port(moduleWithManyRegisters(), {.paced = true});
-  const SerialClient client(port.device(), B9600);
+  const SerialClient client(port.device(), B1200);
   client.send(longRequest());
   ASSERT_THAT(client.receive(1), SizeIs(1));
   const auto first = Clock::now();
@@ -95,8 +95,8 @@ TEST(Pacing, DeliversTheAnswerCharacterByCharacter) {
   ASSERT_THAT(client.receive(kLongAnswer - 1 - kLongAnswer / 2), SizeIs(kLongAnswer / 2));
   const auto last = Clock::now();
   // Each may have been late by a moment, but the halves cannot have come together.
-  EXPECT_GT(middle - first, characterTime(9600) * (kLongAnswer / 4));
-  EXPECT_GT(last - middle, characterTime(9600) * (kLongAnswer / 4));
+  EXPECT_GT(middle - first, characterTime(1200) * (kLongAnswer / 4));
+  EXPECT_GT(last - middle, characterTime(1200) * (kLongAnswer / 4));
 }
 
 TEST(Pacing, AddsTheDelayOfALateReply) {
