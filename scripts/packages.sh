@@ -5,7 +5,7 @@
 # shellcheck disable=SC2034 # used by the scripts that source this file
 RUN_PACKAGES=(
   g++ cmake ninja-build pkg-config
-  qt6-base-dev qt6-svg-dev qt6-wayland
+  qt6-base-dev qt6-svg-dev qt6-wayland qt6-translations-l10n
   libmodbus-dev libasio-dev libhidapi-dev libudev-dev libpugixml-dev nlohmann-json3-dev libcli11-dev
   fonts-dejavu-core fonts-wqy-microhei fonts-vlgothic
   fp-utils
@@ -25,7 +25,7 @@ TEST_PACKAGES=(
   libgtest-dev libgmock-dev libumockdev-dev umockdev
   clang libclang-rt-14-dev clang-format clang-tidy
   libchm-bin fakeroot man-db
-  locales socat mbpoll python3-pymodbus python3-serial python3-serial-asyncio xvfb xauth
+  poppler-utils xdotool locales socat mbpoll python3-pymodbus python3-serial python3-serial-asyncio xvfb xauth
 )
 
 # missingPackages NAME...: those of the packages that are not installed, one a line.

@@ -12,24 +12,24 @@ namespace {
 constexpr std::chrono::milliseconds flashLasts{400};
 constexpr QRgb failedColour = 0xffd9622b;
 
-const char* meaning(Activity activity) {
+Word meaning(Activity activity) {
   switch (activity) {
     case Activity::AccessOver:
     case Activity::HostWorkEnded:
-      return "Ready";
+      return Word::ActivityReady;
     case Activity::Busy:
-      return "Reading the module";
+      return Word::ActivityBusy;
     case Activity::ConnectionFailed:
-      return "The module could not be read";
+      return Word::ActivityFailed;
     case Activity::Scanning:
-      return "Keeping the status current";
+      return Word::ActivityScanning;
     case Activity::NoInterface:
-      return "No port and no reader was found";
+      return Word::ActivityNoInterface;
     case Activity::PassedOn7:
     case Activity::PassedOn8:
       break;
   }
-  return "Work of the host";
+  return Word::ActivityHost;
 }
 
 }  // namespace
@@ -43,8 +43,8 @@ ActivityLight::ActivityLight(QWidget* parent) : QWidget(parent) {
 }
 
 void ActivityLight::setActivity(Activity activity) {
-  setToolTip(meaning(activity));
-  setAccessibleName(meaning(activity));
+  activity_ = activity;
+  say();
   flash_.stop();
   switch (activity) {
     case Activity::Busy:
@@ -61,6 +61,16 @@ void ActivityLight::setActivity(Activity activity) {
     default:
       shine(Shine::Idle);
   }
+}
+
+void ActivityLight::setWords(const HostTexts& words) {
+  words_ = words;
+  say();
+}
+
+void ActivityLight::say() {
+  setToolTip(words_(meaning(activity_)));
+  setAccessibleName(words_(meaning(activity_)));
 }
 
 void ActivityLight::shine(Shine shine) {

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "control/HostEvents.h"
+#include "words/HostTexts.h"
 
 namespace tessara {
 
@@ -15,6 +16,8 @@ class ActivityLight : public QWidget {
   explicit ActivityLight(QWidget* parent = nullptr);
 
   void setActivity(Activity activity);
+  /// The words in which it says what it shows.
+  void setWords(const HostTexts& words);
 
   [[nodiscard]] QSize sizeHint() const override;
 
@@ -24,7 +27,10 @@ class ActivityLight : public QWidget {
  private:
   enum class Shine { Idle, Busy, Failed };
   void shine(Shine shine);
+  void say();
 
+  Activity activity_ = Activity::AccessOver;
+  HostTexts words_;
   Shine shine_ = Shine::Idle;
   QTimer flash_;
 };

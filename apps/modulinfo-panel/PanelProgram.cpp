@@ -8,8 +8,13 @@
 #include <utility>
 
 #include "DeviceLog.h"
+#include "HostSettings.h"
 #include "ModuleReading.h"
+#include "Outputs.h"
 #include "PanelWindow.h"
+#include "QtTexts.h"
+#include "RecordProgram.h"
+#include "control/ModuleWide.h"
 #include "platform/headless/HeadlessMessageHelper.h"
 #include "platform/linux/EmbeddedSimulator.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -21,11 +26,6 @@
 namespace tessara {
 namespace {
 
-ExitCode fail(ExitCode code, const char* message) {
-  std::cerr << "modulinfo-panel: " << message << '\n';
-  return code;
-}
-
 /// Brings the panel up as far as it gets. A module that was asked for has to be there; without one
 /// a window tells what is wrong, and a picture is not drawn.
 void bringUpPanel(PanelWindow& window, LinuxPlatform& platform, const PanelRequest& request) {
@@ -36,15 +36,16 @@ void bringUpPanel(PanelWindow& window, LinuxPlatform& platform, const PanelReque
   try {
     bringUpAtLastPort(window.control(), platform, request.module);
   } catch (const std::exception& error) {
-    if (request.draws()) {
+    if (request.isUnattended()) {
       throw ReadFailure(ExitCode::NoConnection, error.what());
     }
     window.showError(error);
   }
 }
 
-ExitCode draw(PanelWindow& window, LinuxPlatform& platform, const DeviceLog& log,
-              const std::string& file) {
+/// Reads the module and writes what was asked for, also the picture of a read that failed.
+ExitCode readUnattended(PanelWindow& window, LinuxPlatform& platform, const DeviceLog& log,
+                        const PanelRequest& request) {
   if (window.control().ReaderMissing) {
     return fail(ExitCode::NoConnection, "no port and no reader was found");
   }
@@ -55,36 +56,49 @@ ExitCode draw(PanelWindow& window, LinuxPlatform& platform, const DeviceLog& log
     code = fail(failure.code(), failure.what());
   }
   window.adjustSize();
-  if (!window.grab().save(QString::fromStdString(file), "PNG")) {
-    return fail(ExitCode::Failed, (file + " cannot be written").c_str());
+  code = worse(code, drawWindow(window, request));
+  if (const auto record = window.record()) {
+    code = worse(code, writeReportOf(window.sheetOf(*record), request));
   }
   return code;
 }
 
-ExitCode show(const PanelRequest& request, const EmbeddedSimulator* simulator) {
+ExitCode showModule(PanelRequest request, const EmbeddedSimulator* simulator) {
+  const bool isSimulated = simulator != nullptr;
+  HostSettings settings(!isSimulated);
+  if (!request.namesBaudrate) {
+    request.module.baudrate = settings.baudrate().value_or(request.module.baudrate);
+  }
   QtEventLoop loop;
   DeviceLog log(false);
+  EventLog events;
   LinuxPlatformOptions options;
   options.embedded = simulator;
-  if (simulator != nullptr) options.usbReaders = &simulator->usbReaders();
-  options.looksForDevices = simulator == nullptr;
-  options.keepsSettings = simulator == nullptr;
+  if (isSimulated) {
+    options.usbReaders = &simulator->usbReaders();
+  }
+  options.looksForDevices = !isSimulated;
+  options.keepsSettings = !isSimulated;
   options.pictures = std::make_shared<QtPictureLoader>();
+  options.callSink = [&events](const DeviceCall& call) { events.add(call); };
   const auto boxes = std::make_shared<QtMessageHelper>();
   std::shared_ptr<MessageHelper> messages = boxes;
-  if (request.draws()) {
+  if (request.isUnattended()) {
     messages = std::make_shared<HeadlessMessageHelper>(std::cerr);
     options.callSink = [&log](const DeviceCall& call) { log.add(call); };
   }
   LinuxPlatform platform(loop, std::move(messages), std::move(options));
-  PanelWindow window(platform);
+  PanelWindow window(platform, events, settings);
   boxes->setParent(&window);
   loop.tickFailed = [&window](const std::exception& error) { window.tell(error.what()); };
 
   bringUpPanel(window, platform, request);
-  if (request.draws()) {
-    return draw(window, platform, log, request.screenshot);
+  speakLanguageOf(moduleWide());
+  window.controlIsUp();
+  if (request.isUnattended()) {
+    return readUnattended(window, platform, log, request);
   }
+  window.takePlace();
   window.show();
   if (request.reads) {
     QTimer::singleShot(0, &window, &PanelWindow::read);
@@ -94,7 +108,10 @@ ExitCode show(const PanelRequest& request, const EmbeddedSimulator* simulator) {
 
 }  // namespace
 
-ExitCode showPanel(const PanelRequest& request) {
+ExitCode runPanel(const PanelRequest& request) {
+  if (!request.record.empty()) {
+    return showRecord(request);
+  }
   try {
     std::optional<EmbeddedSimulator> simulator;
     PanelRequest at = request;
@@ -102,7 +119,7 @@ ExitCode showPanel(const PanelRequest& request) {
       simulator.emplace(request.module.moduleFile);
       at.module.comPort = simulator->comPort();
     }
-    return show(at, simulator ? &*simulator : nullptr);
+    return showModule(std::move(at), simulator ? &*simulator : nullptr);
   } catch (const ReadFailure& failure) {
     return fail(failure.code(), failure.what());
   } catch (const ModuleFileError& error) {

@@ -1,6 +1,8 @@
 """What `modulinfo-panel` does, seen from outside."""
 
+import json
 import pathlib
+import re
 import shutil
 import struct
 import subprocess
@@ -12,9 +14,25 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "system"
 
 from bench import BIN, HEALTHY, PATIENCE, Bench  # noqa: E402
 
-# The middle of the lower edge of the state picture's disc and triangle, and their colours.
-STATE_PIXEL = (34, 146)
+# The middle of the lower edge of the state picture's disc and triangle, from the left and from below,
+# and their colours.
+STATE_PIXEL = (34, 44)
 GREEN, ORANGE = (0x12, 0x80, 0x5C), (0xC2, 0x41, 0x0C)
+
+# A record as the program saves one.
+RECORD = {
+    "format": "modulinfo-record", "version": 1, "program": "modulinfo-panel 0.1.0",
+    "time": "2024-05-17T08:04:59+02:00", "language": 1,
+    "connection": {"port": "COM3", "adapter": "USB Adapter OKT (COM3)",
+                   "object": "ModbusCommObject", "baudrate": 19200, "address": 192},
+    "module": {"vendorId": 49, "groupId": 1, "familyId": 15, "deviceId": 151,
+               "name": "BENCH MODULE", "description": "", "firmware": "2.000",
+               "serialNumber": "4711"},
+    "status": {"module": "0 -> Kein Fehler", "channel": "80 -> Kein Fehler", "line": "",
+               "word": 128, "led": 0, "picture": 1},
+    "catalogue": {"result": "exact", "hidesFirmware": False, "product": "", "datasheet": "",
+                  "leaflet": ""},
+}
 
 
 class Png:
@@ -51,8 +69,9 @@ class Png:
         return rows
 
     def pixel(self, x, y):
+        """The colour of the pixel that many from the left and from below."""
         start = x * self.channels
-        return tuple(self.rows[y][start:start + 3])
+        return tuple(self.rows[-y][start:start + 3])
 
 
 class ProgramTest(Bench):
@@ -149,6 +168,76 @@ class ProgramTest(Bench):
         self.assertIn("MERIDEX_CONF: ", ended.stderr)
         self.assertIn("TessaraDevices.xml", ended.stderr)
         self.assertTrue(self.picture.exists())
+
+    def pages(self, pdf):
+        """The page count and the text of a PDF file."""
+        told = subprocess.run(["pdfinfo", pdf], capture_output=True, encoding="utf-8", check=True)
+        text = subprocess.run(["pdftotext", "-layout", pdf, "-"], capture_output=True,
+                              encoding="utf-8", check=True).stdout
+        return re.search(r"^Pages: +(\d+)$", told.stdout, re.M)[1], text
+
+    def record(self, **changes):
+        """The path of a record file, with these fields changed."""
+        path = self.folder / "record.json"
+        path.write_text(json.dumps(RECORD | changes), encoding="utf-8")
+        return path
+
+    def test_writes_the_report_of_a_module(self):
+        pdf = self.folder / "report.pdf"
+        ended = self.run_panel("--simulate", self.module(), "--language", 2, "--report", pdf)
+        self.assertEqual((ended.returncode, ended.stdout, ended.stderr), (0, "", ""))
+        pages, text = self.pages(pdf)
+        self.assertEqual(pages, "1")
+        for value in ("Module record", "TESSARA TM 151", "4711", "Page 1 of 1"):
+            self.assertIn(value, text)
+
+    def test_writes_report_and_picture_of_a_record(self):
+        pdf = self.folder / "report.pdf"
+        ended = self.run_panel("--record", self.record(), "--language", 1, "--report", pdf,
+                               "--screenshot", self.picture)
+        self.assertEqual((ended.returncode, ended.stdout, ended.stderr), (0, "", ""))
+        pages, text = self.pages(pdf)
+        self.assertEqual(pages, "1")
+        for value in ("Modulprotokoll", "BENCH MODULE", "2024-05-17 08:04:59 (UTC+02:00)"):
+            self.assertIn(value, text)
+        self.assertGreater(Png(self.picture).height, 300)
+
+    def test_no_report_is_written_of_a_module_that_could_not_be_read(self):
+        pdf = self.folder / "report.pdf"
+        ended = self.run_panel("--simulate", self.module(faults=[{"kind": "noReply", "every": 1}]),
+                               "--report", pdf)
+        self.assertEqual(ended.returncode, 4)
+        self.assertFalse(pdf.exists())
+
+    def test_a_report_that_cannot_be_written_ends_with_1(self):
+        ended = self.run_panel("--record", self.record(), "--report",
+                               self.folder / "absent" / "report.pdf")
+        self.assertEqual(ended.returncode, 1)
+        self.assertIn("report.pdf cannot be written", ended.stderr)
+
+    def test_a_file_that_is_no_record_ends_with_1_and_says_why(self):
+        wrong = self.folder / "wrong.json"
+        wrong.write_text("{\n  nonsense\n}", encoding="utf-8")
+        for changes, said in ((None, "wrong.json is no module record: it is no JSON at line 2"),
+                              ({"version": 2}, "written by a newer program"),
+                              ({"module": {}}, "the field module.vendorId is missing"),
+                              ({"time": "now"}, 'the field time is "now"')):
+            with self.subTest(said=said):
+                path = wrong if changes is None else self.record(**changes)
+                ended = self.run_panel("--record", path, "--screenshot", self.picture)
+                self.assertEqual(ended.returncode, 1)
+                self.assertIn(said, ended.stderr)
+                self.assertFalse(self.picture.exists())
+
+    def test_a_record_goes_with_no_module(self):
+        for arguments in (["--port", "COM1"], ["--simulate", self.module()], ["--read"]):
+            with self.subTest(arguments=arguments):
+                ended = self.run_panel("--record", self.record(), *arguments)
+                self.assertEqual(ended.returncode, 2)
+
+    def test_a_simulated_module_leaves_no_settings(self):
+        self.draw()
+        self.assertEqual(list((self.folder / "user").rglob("*.ini")), [])
 
     def test_help_and_version_need_no_display(self):
         for option in ("--help", "--version"):

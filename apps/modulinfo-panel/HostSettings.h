@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QByteArray>
+#include <QSettings>
+#include <QString>
+#include <cstdint>
+#include <optional>
+
+namespace tessara {
+
+/// What this program remembers for its user beside the settings of the control: where its windows
+/// stood, the rate and the folder of the records. It lies in Orvane/modulinfo-panel.ini in the
+/// user's configuration folder. A value that makes no sense counts as none.
+class HostSettings {
+ public:
+  /// With `keeps` false nothing is remembered and nothing is known.
+  explicit HostSettings(bool keeps);
+
+  /// The geometry of the window of that name, as Qt writes it; empty if none is known.
+  [[nodiscard]] QByteArray geometry(const QString& window) const;
+  void keepGeometry(const QString& window, const QByteArray& geometry);
+
+  /// Bit/s.
+  [[nodiscard]] std::optional<std::int32_t> baudrate() const;
+  void keepBaudrate(std::int32_t baudrate);
+
+  /// The folder in which a file was chosen last; the user's documents as long as there is none.
+  [[nodiscard]] QString folder() const;
+  void keepFolder(const QString& folder);
+
+ private:
+  void keep(const QString& name, const QVariant& value);
+
+  std::optional<QSettings> store_;
+};
+
+}  // namespace tessara

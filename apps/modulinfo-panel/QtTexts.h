@@ -1,0 +1,11 @@
+#pragma once
+
+#include "localisation/Language.h"
+
+namespace tessara {
+
+/// Lets Qt's own dialogs speak the language of the texts that the control shows, as far as Qt's
+/// translations are installed.
+void speakLanguageOf(const LanguageState& state);
+
+}  // namespace tessara

@@ -1,0 +1,72 @@
+#include "RecordProgram.h"
+
+#include <QApplication>
+#include <iostream>
+#include <memory>
+#include <optional>
+
+#include "HostSettings.h"
+#include "Outputs.h"
+#include "QtTexts.h"
+#include "RecordWindow.h"
+#include "control/ModuleWide.h"
+#include "localisation/Settings.h"
+#include "platform/headless/HeadlessMessageHelper.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "platform/qt/QtEventLoop.h"
+#include "record/RecordFile.h"
+
+namespace tessara {
+namespace {
+
+/// Loads the texts as a control does that comes up: those of the language that was asked for, else
+/// of the settings; the control's own German if they cannot be used.
+void loadTexts(LinuxPlatform& platform, const std::optional<int>& asked) {
+  ModuleWide& wide = moduleWide();
+  try {
+    const auto language = asked ? static_cast<std::int16_t>(*asked)
+                                : ReadNumber(*platform.createRegistryHelper(), u"Language",
+                                             platform.locale().decimalSeparator());
+    wide.LanguageFileError = !LoadLanguageFile(
+        platform.appPath(), language, *platform.createFileSystem(), platform.locale(), wide);
+  } catch (const std::exception& error) {
+    std::cerr << "modulinfo-panel: " << error.what() << '\n';
+    wide.LanguageFileError = true;
+  }
+  if (wide.LanguageFileError) {
+    LoadDefaultTexts(wide);
+  }
+}
+
+}  // namespace
+
+ExitCode showRecord(const PanelRequest& request) {
+  const QString path = QString::fromStdString(request.record);
+  RecordSheet sheet;
+  try {
+    sheet.record = readRecord(path);
+  } catch (const RecordError& error) {
+    return fail(ExitCode::Failed, error.what());
+  }
+  QtEventLoop loop;
+  LinuxPlatformOptions options;
+  options.looksForDevices = false;
+  options.keepsSettings = false;
+  LinuxPlatform platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr),
+                         std::move(options));
+  loadTexts(platform, request.module.language);
+  speakLanguageOf(moduleWide());
+  sheet.texts = &moduleWide();
+  sheet.words = HostTexts::beside(moduleWide());
+
+  HostSettings settings(!request.isUnattended());
+  // The window deletes itself when it is closed.
+  auto window = std::make_unique<RecordWindow>(sheet, path, settings);
+  if (request.isUnattended()) {
+    return worse(writeReportOf(sheet, request), drawWindow(*window, request));
+  }
+  window.release()->show();
+  return static_cast<ExitCode>(QApplication::exec());
+}
+
+}  // namespace tessara

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "ExitCode.h"
+#include "PanelRequest.h"
+
+namespace tessara {
+
+/// Shows the record of the request until its window is closed, or writes what was asked for. No
+/// control comes up and no port is looked at.
+ExitCode showRecord(const PanelRequest& request);
+
+}  // namespace tessara

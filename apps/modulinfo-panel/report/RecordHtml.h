@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QColor>
+#include <QSize>
+#include <QString>
+
+#include "localisation/TextTables.h"
+#include "record/ModuleRecord.h"
+#include "words/HostTexts.h"
+
+namespace tessara {
+
+/// How the tables of a record look: on paper, or in the colours of a window.
+struct RecordInk {
+  QColor text;
+  QColor caption;
+  /// The ground of headings.
+  QColor ground;
+  /// The colour of links.
+  QColor link;
+  /// The height of the values in pixels; everything else follows it.
+  int pixels = 13;
+
+  static RecordInk paper();
+};
+
+/// The names by which the page asks for its pictures.
+inline constexpr const char* statePictureName = "state";
+inline constexpr const char* logoPictureName = "logo";
+
+/// The pictures that there are for the page.
+struct RecordPictures {
+  bool hasState = false;
+  /// How large the logo is to be; empty for none.
+  QSize logo;
+};
+
+/// The record as a page of HTML for a QTextDocument: a title with the module's name, then its
+/// tables.
+QString recordHtml(const ModuleRecord& record, const TextTables& texts, const HostTexts& words,
+                   const RecordInk& ink, const RecordPictures& pictures);
+
+}  // namespace tessara

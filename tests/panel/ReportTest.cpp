@@ -1,0 +1,110 @@
+#include <QFile>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QTemporaryDir>
+#include <QTextDocument>
+
+#include <gtest/gtest.h>
+
+#include "SampleRecord.h"
+#include "SampleTexts.h"
+#include "report/RecordReport.h"
+
+namespace tessara::testing {
+namespace {
+
+class ReportTest : public ::testing::Test {
+ protected:
+  RecordSheet sheet() {
+    return {record, &texts.tables, HostTexts(HostTexts::Language::German), {}};
+  }
+
+  /// The page as it is painted on paper.
+  QImage painted() {
+    QImage page(794, 1123, QImage::Format_RGB32);
+    page.fill(Qt::white);
+    QPainter painter(&page);
+    paintPage(sheet(), painter, page.size());
+    return page;
+  }
+
+  ModuleRecord record = sampleRecord();
+  GermanTexts texts;
+  QTemporaryDir folder;
+};
+
+/// The rows of the page that have something on them.
+std::vector<bool> inked(const QImage& page) {
+  std::vector<bool> rows;
+  for (int y = 0; y < page.height(); ++y) {
+    bool any = false;
+    for (int x = 0; x < page.width() && !any; ++x) any = page.pixel(x, y) != 0xffffffff;
+    rows.push_back(any);
+  }
+  return rows;
+}
+
+TEST_F(ReportTest, IsOnePage) {
+  const QString path = folder.filePath("a.pdf");
+  writeReport(sheet(), path);
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QByteArray pdf = file.readAll();
+  EXPECT_TRUE(pdf.startsWith("%PDF-"));
+  EXPECT_TRUE(pdf.contains("/Count 1"));
+  EXPECT_TRUE(pdf.contains("/MediaBox [0 0 595"));
+}
+
+TEST_F(ReportTest, IsOnePageHoweverLongTheTextsAre) {
+  for (QString* text : {&record.status.module, &record.status.channel, &record.module.description,
+                        &record.catalogue.product}) {
+    *text = QString("Bereichsüberschreitung ").repeated(200);
+  }
+  record.module.name = QString("X").repeated(2000);
+  const auto rows = inked(painted());
+  // Nothing but the line of the foot in the band in front of it.
+  EXPECT_TRUE(rows[100]);
+  EXPECT_FALSE(rows[rows.size() - 33]);
+}
+
+TEST_F(ReportTest, IsDarkOnWhiteAlsoInADarkWindow) {
+  const QPalette usual = QGuiApplication::palette();
+  const QImage light = painted();
+  QPalette dark(QColor(0x2b2d31), QColor(0x24262a));
+  dark.setColor(QPalette::Text, Qt::white);
+  dark.setColor(QPalette::WindowText, Qt::white);
+  QGuiApplication::setPalette(dark);
+  const QImage inTheDark = painted();
+  QGuiApplication::setPalette(usual);
+  EXPECT_EQ(light, inTheDark);
+}
+
+TEST_F(ReportTest, HasThePictureOfTheState) {
+  const QImage faulty = painted();
+  record.status.picture = 1;
+  const QImage healthy = painted();
+  record.status.picture.reset();
+  const QImage unknown = painted();
+  EXPECT_NE(faulty, healthy);
+  EXPECT_NE(unknown, healthy);
+}
+
+TEST_F(ReportTest, HasTheLogoWhereThereIsOne) {
+  RecordSheet marked = sheet();
+  marked.logo = Picture::application();
+  const auto page = recordDocument(marked, RecordInk::paper(), 1);
+  EXPECT_TRUE(page->toHtml().contains("src=\"logo\""));
+  EXPECT_FALSE(recordDocument(sheet(), RecordInk::paper(), 1)->toHtml().contains("src=\"logo\""));
+}
+
+TEST_F(ReportTest, TellsAFileThatCannotBeWritten) {
+  try {
+    writeReport(sheet(), folder.filePath("absent/a.pdf"));
+    FAIL() << "written";
+  } catch (const RecordError& error) {
+    EXPECT_TRUE(QString(error.what()).contains("absent/a.pdf cannot be written: "));
+  }
+}
+
+}  // namespace
+}  // namespace tessara::testing
