@@ -51,8 +51,8 @@ void measureModbus(const tessara::bench::ModuleOnLine& module, int rate) {
 /// `rate` is that of the connection; the line may have one of its own.
 void measure(const char* moduleFile, int rate, int lineRate, Seconds wire, int count) {
   tessara::bench::ControlRead control(moduleFile);
-  std::vector<double> whole;
-  for (int run = 0; run < count; ++run) whole.push_back(control.read(rate).count());
+  std::vector<double> whole(static_cast<std::size_t>(count));
+  std::generate(whole.begin(), whole.end(), [&] { return control.read(rate).count(); });
   std::printf("%-28s %6d bit/s  wire %7.2f ms  read %7.2f ms  read/wire %.3f\n", moduleFile,
               lineRate, wire.count() * 1e3, median(whole) * 1e3, median(whole) / wire.count());
 }

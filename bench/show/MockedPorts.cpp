@@ -40,8 +40,7 @@ MockedPorts::MockedPorts() : bed_(umockdev_testbed_new(), g_object_unref) {
     throw std::runtime_error("there are no mocked devices in this process");
   }
   for (int i = 0; i < kConsoles; ++i) {
-    const std::string tty = "tty" + std::to_string(i);
-    add("P: /devices/virtual/tty/" + tty + "\nE: DEVNAME=/dev/" + tty + "\nE: SUBSYSTEM=tty\n\n");
+    add(terminal("/devices/virtual", "tty" + std::to_string(i)) + "\n");
   }
   add("P: " + kController +
       "\nE: SUBSYSTEM=usb\nE: DEVTYPE=usb_device\nA: idVendor=1d6b\\n\nA: idProduct=0002\\n\n\n");

@@ -23,9 +23,11 @@ class Selection : public ControlFixture {
     log.clear();
   }
   void choose(std::int32_t index) { control.panel.ComboComPort.select(index); }
-  std::vector<std::string> story() const { return log.only({"Init", "NFCReader", "SetValue"}); }
+  [[nodiscard]] std::vector<std::string> story() const {
+    return log.only({"Init", "NFCReader", "SetValue"});
+  }
   static std::string stored(int port) {
-    return "SetValue 2 Software\\Orvane\\Tessara-Conf\\Settings|COM Port=" + std::to_string(port) +
+    return R"(SetValue 2 Software\Orvane\Tessara-Conf\Settings|COM Port=)" + std::to_string(port) +
            " type 4";
   }
 };
