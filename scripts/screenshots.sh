@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Draws the panel in its states and the dialogs in every language, light and dark, at 100 %, 150 % and
-# 200 %, for looking at. The pictures go into build/screenshots and are named <state>-<theme>-<percent>.png
-# and <dialog>-<language number>-<theme>-<percent>.png. Needs no display.
+# Draws the panel in its states, the dialogs in every language, and the windows and the report of
+# modulinfo-panel in three, light and dark, at 100 %, 150 % and 200 %, for looking at. The pictures go into
+# build/screenshots and are named <state>-<theme>-<percent>.png and
+# <dialog or window>-<language number>-<theme>-<percent>.png. Needs no display.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/steps.sh
@@ -10,11 +11,16 @@ readonly pictures=build/screenshots
 
 configurePreset dev
 step "Building build/dev"
-cmake --build build/dev --target panel_shots
+cmake --build build/dev --target panel_shots host_shots
 
-step "Drawing the panel and the dialogs"
+step "Drawing the panel, the dialogs and the windows"
 rm -rf "$pictures"
 for scale in 1 1.5 2; do
   QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=$scale build/dev/tests/qt/panel_shots "$pictures"
+  QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=$scale build/dev/bin/host_shots "$pictures" \
+    data/modules/tessara-tm-151-error.json
+done
+for page in "$pictures"/*.pdf; do
+  pdftoppm -singlefile -r 100 -png "$page" "${page%.pdf}"
 done
 echo "$(find "$pictures" -name '*.png' | wc -l) pictures lie in $pictures"

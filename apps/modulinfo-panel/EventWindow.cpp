@@ -17,7 +17,7 @@ constexpr auto geometryName = "Events";
 constexpr auto textSuffix = "txt";
 constexpr auto suggestedFile = "modulinfo-events.txt";
 constexpr int margin = 8;
-constexpr QSize usualLines{56, 22};
+constexpr QSize usualLines{66, 22};
 
 /// The widest texts that the narrow columns usually hold.
 constexpr auto widestTime = "00:00:00.000";
@@ -50,6 +50,7 @@ EventWindow::EventWindow(EventLog& log, const HostTexts& words, HostSettings& se
   connect(&log, &QAbstractItemModel::rowsInserted, this, &EventWindow::followNewest);
 
   desk_.setWords(words);
+  log.setWords(words);
   setWindowTitle(words(Word::EventsTitle) + " - " + words(Word::Title));
   table_.setAccessibleName(words(Word::EventsTitle));
   auto* rows = new QVBoxLayout(this);

@@ -257,7 +257,7 @@ void PanelWindow::ModulActive(std::int32_t& lStatus) {
 void PanelWindow::StatusChange() {
   // Every pass of the scan comes by here, mostly with the text that stands already.
   const QString text = toQt(control_.StatusString);
-  log_.add(HostEvent{"StatusChange", text});
+  log_.add(HostEvent{"StatusChange", '"' + text + '"'});
   if (text != status_.text()) {
     statusBar()->clearMessage();
     status_.setText(text);

@@ -18,6 +18,8 @@ namespace {
 
 constexpr auto recordSuffix = "json";
 constexpr auto pdfSuffix = "pdf";
+/// How large the preview comes up, in heights of a line; all of its tools are to be seen.
+constexpr QSize previewLines{60, 52};
 
 QString withSuffix(const QString& file, const char* suffix) {
   const QFileInfo info(file);
@@ -101,6 +103,7 @@ void RecordDesk::print(const RecordSheet& sheet) {
   printer.setDocName(withSuffix(suggestedFileName(sheet.record), pdfSuffix));
   printer.setPageMargins(reportMargins(), QPageLayout::Millimeter);
   QPrintPreviewDialog preview(&printer, &window_);
+  preview.resize(previewLines * window_.fontMetrics().lineSpacing());
   preview.setWindowTitle(plainTitle(words_(Word::PrintRecord)) + ": " + sheet.record.module.name);
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &window_,
                    [&sheet](QPrinter* target) { paintReport(sheet, *target); });

@@ -2,7 +2,9 @@
 #include <QGuiApplication>
 #include <QPalette>
 #include <QTemporaryDir>
+#include <QTextBlock>
 #include <QTextDocument>
+#include <QTextLayout>
 
 #include <gtest/gtest.h>
 
@@ -95,6 +97,20 @@ TEST_F(ReportTest, HasTheLogoWhereThereIsOne) {
   const auto page = recordDocument(marked, RecordInk::paper(), 1);
   EXPECT_TRUE(page->toHtml().contains("src=\"logo\""));
   EXPECT_FALSE(recordDocument(sheet(), RecordInk::paper(), 1)->toHtml().contains("src=\"logo\""));
+}
+
+TEST_F(ReportTest, NoLineEndsWithinAnArrow) {
+  record.status.module = QString("11 -> Ошибка ").repeated(40);
+  const auto page = recordDocument(sheet(), RecordInk::paper(), 1);
+  for (int width = 300; width < 700; width += 7) {
+    page->setTextWidth(width);
+    for (QTextBlock block = page->begin(); block.isValid(); block = block.next()) {
+      for (int i = 0; i < block.layout()->lineCount(); ++i) {
+        const QTextLine line = block.layout()->lineAt(i);
+        EXPECT_FALSE(block.text().mid(line.textStart(), line.textLength()).endsWith('-')) << width;
+      }
+    }
+  }
 }
 
 TEST_F(ReportTest, TellsAFileThatCannotBeWritten) {

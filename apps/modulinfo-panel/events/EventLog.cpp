@@ -56,6 +56,11 @@ struct CellText {
   }
 };
 
+QVariant alignment(int column) {
+  const auto side = column == EventLog::Milliseconds ? Qt::AlignRight : Qt::AlignLeft;
+  return QVariant::fromValue(side | Qt::AlignVCenter);
+}
+
 constexpr std::array<Word, EventLog::columns> titles{
     Word::EventTime, Word::EventOrigin, Word::EventWhat, Word::EventResult, Word::EventMs};
 
@@ -147,16 +152,24 @@ QVariant EventLog::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
       return cell(index.row(), index.column());
     case Qt::TextAlignmentRole:
-      return QVariant::fromValue((index.column() == Milliseconds ? Qt::AlignRight : Qt::AlignLeft) |
-                                 Qt::AlignVCenter);
+      return alignment(index.column());
     default:
       return {};
   }
 }
 
 QVariant EventLog::headerData(int section, Qt::Orientation orientation, int role) const {
-  const bool isTitle = orientation == Qt::Horizontal && role == Qt::DisplayRole;
-  return isTitle ? words_(titles.at(static_cast<std::size_t>(section))) : QVariant();
+  if (orientation == Qt::Vertical) {
+    return {};
+  }
+  switch (role) {
+    case Qt::DisplayRole:
+      return words_(titles.at(static_cast<std::size_t>(section)));
+    case Qt::TextAlignmentRole:
+      return alignment(section);
+    default:
+      return {};
+  }
 }
 
 }  // namespace tessara

@@ -14,8 +14,12 @@ bool isLink(const QString& value) {
   return value.startsWith("https://") || value.startsWith("http://");
 }
 
+/// Status texts are joined by arrows of two signs, between which no line is to end.
+constexpr auto arrow = "-&gt;";
+constexpr auto wholeArrow = "-&#8288;&gt;";
+
 QString valueHtml(const QString& value, const RecordInk& ink) {
-  const QString text = value.toHtmlEscaped().replace('\'', "&#39;");
+  const QString text = value.toHtmlEscaped().replace('\'', "&#39;").replace(arrow, wholeArrow);
   return isLink(value) ? QString("<a href='%1' style='color:%2; text-decoration:none'>%1</a>")
                              .arg(text, ink.link.name())
                        : text;
