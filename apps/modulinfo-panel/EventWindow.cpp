@@ -5,7 +5,6 @@
 #include <QHeaderView>
 #include <QHideEvent>
 #include <QScrollBar>
-#include <QTimer>
 #include <algorithm>
 
 #include "record/RecordFile.h"
@@ -48,6 +47,8 @@ EventWindow::EventWindow(EventLog& log, const HostTexts& words, HostSettings& se
   table_.horizontalHeader()->setHighlightSections(false);
   table_.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   connect(&log, &QAbstractItemModel::rowsInserted, this, &EventWindow::followNewest);
+  follows_.setSingleShot(true);
+  follows_.callOnTimeout(&table_, &QTableView::scrollToBottom);
 
   desk_.setWords(words);
   log.setWords(words);
@@ -106,7 +107,7 @@ void EventWindow::followNewest() {
   // Whoever has scrolled back to look at something is left there.
   const QScrollBar* bar = table_.verticalScrollBar();
   if (isVisible() && bar->value() == bar->maximum()) {
-    QTimer::singleShot(0, &table_, &QTableView::scrollToBottom);
+    follows_.start();
   }
 }
 

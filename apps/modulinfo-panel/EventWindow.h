@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <QTimer>
 #include <QWidget>
 
 #include "ButtonRow.h"
@@ -35,6 +36,8 @@ class EventWindow : public QWidget {
   QTableView table_;
   ButtonRow* buttons_;
   RecordDesk desk_;
+  /// The table knows its new rows only after all who hear of them have heard.
+  QTimer follows_;
   HostTexts words_;
 };
 

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <utility>
 
+#include "DeferredIcon.h"
 #include "PanelMenu.h"
 #include "RecordWindow.h"
 #include "localisation/Maker.h"
@@ -54,7 +55,7 @@ PanelWindow::PanelWindow(Platform& platform, EventLog& log, HostSettings& settin
       view_(control_.panel),
       desk_(*this, settings, [this](const QString& text) { tell(text); }) {
   nameWindow();
-  setWindowIcon(applicationIcon());
+  setWindowIcon(deferredIcon(applicationIcon));
   setCentralWidget(&view_);
   control_.setFormObserver(&forms_);
   control_.put_VersionString(Variant(std::u16string(maker.version)));

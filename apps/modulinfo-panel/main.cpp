@@ -7,6 +7,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "HostStyle.h"
 #include "ModuleOptions.h"
 #include "PanelProgram.h"
 
@@ -53,6 +54,7 @@ int run(int argc, char** argv) {
     leaveDisplay();
   }
   const QApplication application(argc, argv);
+  QApplication::setStyle(new tessara::HostStyle);
   QApplication::setApplicationName("modulinfo-panel");
   QApplication::setDesktopFileName("modulinfo-panel");
   return static_cast<int>(tessara::runPanel(request));

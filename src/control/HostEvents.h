@@ -18,7 +18,8 @@ enum class Activity : std::int32_t {
 
 /// The callbacks from the control to its host. They run on the control's thread, inside the
 /// operation that raises them. Arguments are passed by reference, as hosts of this ecosystem
-/// expect.
+/// expect. A callback must not throw: the operation would take it for an error of the module and,
+/// where it is a read, try again.
 class HostEvents {
  public:
   HostEvents() = default;

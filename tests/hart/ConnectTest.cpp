@@ -136,10 +136,10 @@ struct RecordedLines {
   int operator()(int /*descriptor*/, unsigned long request, int& lines) {
     switch (request) {
       case TIOCMBIS:
-        calls.push_back((lines & TIOCM_RTS) != 0 ? "+RTS" : "+DTR");
+        calls.emplace_back((lines & TIOCM_RTS) != 0 ? "+RTS" : "+DTR");
         break;
       case TIOCMBIC:
-        calls.push_back((lines & TIOCM_RTS) != 0 ? "-RTS" : "-DTR");
+        calls.emplace_back((lines & TIOCM_RTS) != 0 ? "-RTS" : "-DTR");
         break;
       default:
         lines = carrierLooks > 0 ? TIOCM_CAR : 0;

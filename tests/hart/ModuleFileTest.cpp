@@ -19,7 +19,6 @@ namespace {
 
 using nlohmann::json;
 using namespace std::chrono_literals;
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::SizeIs;
 
@@ -269,7 +268,7 @@ TEST(HartModuleFile, SaysWhatIsWrongWithAFault) {
 TEST(HartModuleFile, IsAsTheManualShowsIt) {
   std::ifstream manual(kFolder / "../../docs/simulator.md");
   const std::string text(std::istreambuf_iterator<char>(manual), {});
-  const std::size_t link = text.find("\"link\": \"hart\"");
+  const std::size_t link = text.find(R"("link": "hart")");
   ASSERT_NE(link, std::string::npos);
   const std::size_t begin = text.rfind('{', link);
   const std::string example = text.substr(begin, text.find("```", begin) - begin);

@@ -22,6 +22,7 @@ HartBytes damaged(HartBytes frame) {
 
 std::vector<HartDamage> damagesIn(const std::vector<HartReception>& found) {
   std::vector<HartDamage> damages;
+  damages.reserve(found.size());
   for (const HartReception& one : found) damages.push_back(one.damage);
   return damages;
 }

@@ -22,7 +22,7 @@ class PictureLoaderTest : public ::testing::Test {
   }
   ~PictureLoaderTest() override { std::filesystem::remove_all(folder_); }
 
-  std::u16string fileWith(const std::string& bytes) const {
+  [[nodiscard]] std::u16string fileWith(const std::string& bytes) const {
     std::ofstream(folder_ / "picture", std::ios::binary) << bytes;
     return (folder_ / "picture").u16string();
   }

@@ -45,7 +45,9 @@ TEST_F(SettingsPortsTest, NameAnEntryThatIsNoPort) {
   for (const std::string name : {"COM9", "COM9\\Path", "COMx\\Device", "COM0\\Device",
                                  "COM999\\Device", "COM32768\\Device", "LPT1\\Device"}) {
     node += std::string(20, '5');
-    put(userFile(), "[Ports]\n" + name + "=" + node + "\n");
+    std::string file = "[Ports]\n";
+    file.append(name).append("=").append(node).append("\n");
+    put(userFile(), file);
     std::string spelled = name;
     std::replace(spelled.begin(), spelled.end(), '\\', '/');
     EXPECT_THAT(errorOf([] { static_cast<void>(SettingsPorts().ports()); }),

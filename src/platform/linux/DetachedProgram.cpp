@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <string>
 #include <vector>
 
@@ -42,6 +43,8 @@ void become(const Start& start) {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     ::dup2(nowhere, stream);
   }
+  // The only thing that exec would hand on of how this program takes signals: that it ignores one.
+  std::signal(SIGPIPE, SIG_DFL);
   // An open port that went along would stay locked for as long as the program runs.
   ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
   if (start.folder.empty() || ::chdir(start.folder.c_str()) == 0) {

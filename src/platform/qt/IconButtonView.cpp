@@ -25,17 +25,23 @@ void IconButtonView::sync() {
     name.chop(1);
   }
   setAccessibleName(name.isEmpty() ? toQt(subject().name()) : name);
-  loadPicture();
+  update();
 }
 
 void IconButtonView::setLook(const Look& look) {
   look_ = look;
-  loadPicture();
+  update();
 }
 
-void IconButtonView::loadPicture() {
-  picture_ = Picture::of(subject().state().picture, look_.inks(isEnabled()));
-  update();
+const Picture& IconButtonView::picture() {
+  const PictureSource& source = subject().state().picture;
+  const Inks inks = look_.inks(isEnabled());
+  if (source != loadedSource_ || inks != loadedInks_) {
+    picture_ = Picture::of(source, inks);
+    loadedSource_ = source;
+    loadedInks_ = inks;
+  }
+  return picture_;
 }
 
 void IconButtonView::enterEvent(QEnterEvent* event) {
@@ -81,7 +87,7 @@ void IconButtonView::paintEvent(QPaintEvent* /*event*/) {
     drawRounded(painter, rect(), look_.px(5), look_.tint(look_.raised, share),
                 isFocused ? look_.accent : edge, isFocused ? look_.px(2) : hairline(painter));
   }
-  picture_.draw(painter, rect(), Qt::AlignHCenter);
+  picture().draw(painter, rect(), Qt::AlignHCenter);
 }
 
 }  // namespace tessara

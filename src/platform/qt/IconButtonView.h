@@ -28,11 +28,15 @@ class IconButtonView : public QAbstractButton, public WidgetView {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void loadPicture();
+  /// The picture in the inks of this moment. The control hands its picture to a button over and
+  /// over again; it is loaded anew only if it is another one or other inks.
+  const Picture& picture();
 
   QKeySequence keys_;
   Look look_;
   Picture picture_;
+  PictureSource loadedSource_;
+  Inks loadedInks_;
   /// The focus came by the keyboard, or is to be seen before a key is pressed.
   bool showsFocus_ = true;
 };

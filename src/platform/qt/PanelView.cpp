@@ -140,9 +140,10 @@ void PanelView::widgetChanged(const Widget& widget, WidgetAspect aspect) {
   if (aspect == WidgetAspect::Caption) {
     nameFor(widget);
   }
-  if (aspect == WidgetAspect::Visible || aspect == WidgetAspect::Picture ||
-      aspect == WidgetAspect::Place) {
-    layOut();
+  // A button has its room whatever picture it shows; the control sets theirs all the time.
+  const bool isPicture = aspect == WidgetAspect::Picture && widget.kind() != WidgetKind::Button;
+  if (aspect == WidgetAspect::Visible || aspect == WidgetAspect::Place || isPicture) {
+    placeViews();
   }
 }
 
@@ -200,11 +201,17 @@ void PanelView::perform(WidgetView& view, const std::function<void(Widget&)>& ac
   }
 }
 
-void PanelView::layOut() {
+void PanelView::placeViews() {
   const PanelLayout layout(panel_, size(), pixelsPerTwip());
-  const Look look = Look::of(*this, layout.scale());
   for (const auto& [widget, view] : views_) {
     view->widget().setGeometry(layout.place(*widget));
+  }
+}
+
+void PanelView::layOut() {
+  placeViews();
+  const Look look = Look::of(*this, PanelLayout(panel_, size(), pixelsPerTwip()).scale());
+  for (const auto& [widget, view] : views_) {
     view->setLook(look);
   }
 }

@@ -49,6 +49,9 @@ class PanelView : public QWidget, private WidgetObserver {
   void perform(WidgetView& view, const std::function<void(Widget&)>& action);
   void keepFocus(WidgetView& view, const std::function<void()>& change);
   void nameFor(const Widget& widget);
+  /// Puts each view in its place.
+  void placeViews();
+  /// The same, and gives each the look that goes with size, colours and font of the panel.
   void layOut();
   [[nodiscard]] double pixelsPerTwip() const;
 

@@ -1,3 +1,4 @@
+#include <array>
 #include <memory>
 
 #include <libudev.h>
@@ -23,8 +24,12 @@ std::string attribute(udev_device* device, const char* name) {
   return device == nullptr ? std::string() : textOf(udev_device_get_sysattr_value(device, name));
 }
 
-/// True for the terminals without a device, several dozen on every machine, that are no ports.
-/// Their paths tell, which is quicker than asking udev for each.
+/// Together these take every name but those of the virtual consoles, tty0 and on: there are several
+/// dozen of them on every machine, and udev opens some thirty folders for each that it is to list.
+constexpr std::array<const char*, 4> namesButConsoles{"[!t]*", "t[!t]*", "tt[!y]*", "tty[!0-9]*"};
+
+/// True for the other terminals without a device that are no ports. Their paths tell, which is
+/// quicker than asking udev for each.
 bool isConsole(std::string_view path) {
   return path.find("/devices/virtual/") != std::string_view::npos &&
          !isPortWithoutDevice(path.substr(path.rfind('/') + 1));
@@ -63,13 +68,20 @@ SerialDevice describe(udev_device* terminal, udev_device* parent) {
 FoundDevices udevDevices() {
   const Owned<udev> context(udev_new());
   const Owned<udev_enumerate> walk(context ? udev_enumerate_new(context.get()) : nullptr);
-  if (!walk || udev_enumerate_add_match_subsystem(walk.get(), "tty") < 0 ||
-      udev_enumerate_scan_devices(walk.get()) < 0) {
+  if (!walk || udev_enumerate_add_match_subsystem(walk.get(), "tty") < 0) {
+    return std::nullopt;
+  }
+  for (const char* names : namesButConsoles) {
+    if (udev_enumerate_add_match_sysname(walk.get(), names) < 0) {
+      return std::nullopt;
+    }
+  }
+  if (udev_enumerate_scan_devices(walk.get()) < 0) {
     return std::nullopt;
   }
   udev_list_entry* entry = udev_enumerate_get_list_entry(walk.get());
   if (entry == nullptr) {
-    // Every kernel has consoles at the least.
+    // Every kernel has a console at the least.
     return std::nullopt;
   }
   std::vector<SerialDevice> devices;
