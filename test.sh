@@ -27,11 +27,12 @@ check() {
 mapfile -t sources < <(find src apps bench docs tests -name '*.cpp' -o -name '*.h')
 check format clang-format --dry-run --Werror "${sources[@]}" fuzz/*/*.cpp
 check shellcheck shellcheck --external-sources ./*.sh scripts/*.sh .ci/run
-check fuzz scripts/fuzz.sh 5
+check fuzz scripts/fuzz.sh 2
 
 step "Testing $build"
 rm -f "$build/ctest.xml"
-ctest --preset sanitize --parallel "$(nproc)" --no-tests=error \
+# Most tests wait for modules and ports most of the time.
+ctest --preset sanitize --parallel "$((2 * $(nproc)))" --no-tests=error \
   --output-junit "$PWD/$build/ctest.xml" || true
 
 step "Result"

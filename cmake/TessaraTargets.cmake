@@ -58,6 +58,10 @@ function(tessara_test subsystem)
   cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS;ENVIRONMENT" ${ARGN})
   add_executable(test_${subsystem} ${arg_SOURCES})
   target_link_libraries(test_${subsystem} PRIVATE ${arg_DEPENDS} GTest::gmock_main tessara_rules)
+  if(TESSARA_SANITIZE)
+    # What is tested has it all; in the tests themselves it is a quarter of the time to compile them.
+    target_compile_options(test_${subsystem} PRIVATE -fno-sanitize=undefined)
+  endif()
   target_include_directories(test_${subsystem} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   include(GoogleTest)
   gtest_discover_tests(test_${subsystem} TEST_PREFIX "${subsystem}." DISCOVERY_TIMEOUT 60

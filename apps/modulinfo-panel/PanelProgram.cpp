@@ -87,8 +87,15 @@ ExitCode showModule(PanelRequest request, const EmbeddedSimulator* simulator) {
     messages = std::make_shared<HeadlessMessageHelper>(std::cerr);
     options.callSink = [&log](const DeviceCall& call) { log.add(call); };
   }
+  PanelWindow* opener = nullptr;
+  options.launchSink = [&opener](const std::string& file, std::int32_t result) {
+    if (opener != nullptr) {
+      opener->openingEnded(file, result);
+    }
+  };
   LinuxPlatform platform(loop, std::move(messages), std::move(options));
   PanelWindow window(platform, events, settings);
+  opener = &window;
   boxes->setParent(&window);
   loop.tickFailed = [&window](const std::exception& error) { window.tell(error.what()); };
 

@@ -8,12 +8,14 @@
 #include <QPixmap>
 #include <QStatusBar>
 #include <chrono>
+#include <filesystem>
 #include <utility>
 
 #include "DeferredIcon.h"
 #include "PanelMenu.h"
 #include "RecordWindow.h"
 #include "localisation/Maker.h"
+#include "platform/Text.h"
 #include "platform/qt/Picture.h"
 #include "platform/qt/QtText.h"
 #include "record/TakeRecord.h"
@@ -121,6 +123,17 @@ RecordSheet PanelWindow::sheetOf(ModuleRecord record) const {
 
 void PanelWindow::showError(const std::exception& error) const {
   view_.showError(QString::fromUtf8(error.what()));
+}
+
+void PanelWindow::openingEnded(const std::string& file, std::int32_t result) {
+  std::filesystem::path help(file);
+  if (result != Shell::noAssociation || help.extension() != ".chm") {
+    return;
+  }
+  const std::string page = help.replace_extension() / "index.html";
+  const std::int32_t shown =
+      platform_.shell().ShellExecuteA(0, u"Open", fromUtf8(page), {}, {}, Shell::showNormal);
+  tell(words_(shown > Shell::lastFailure ? Word::HelpInBrowser : Word::NoHelpProgram));
 }
 
 void PanelWindow::tell(const QString& text) {

@@ -6,6 +6,7 @@
 #include <exception>
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "ActivityLight.h"
 #include "EventWindow.h"
@@ -46,6 +47,10 @@ class PanelWindow : public QMainWindow, private HostEvents {
 
   /// Shows what went wrong in a box.
   void showError(const std::exception& error) const;
+
+  /// To be told what became of a file or an address that was to be opened. Help that no program
+  /// shows is shown by the browser, from the pages that lie beside it.
+  void openingEnded(const std::string& file, std::int32_t result);
 
   /// Shows a text in the status line for some seconds.
   void tell(const QString& text);

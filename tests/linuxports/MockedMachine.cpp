@@ -61,6 +61,8 @@ gboolean answerSerialInfo(UMockdevIoctlBase* /*handler*/, UMockdevIoctlClient* c
 }  // namespace
 
 MockedMachine::MockedMachine() : bed_(umockdev_testbed_new(), g_object_unref) {
+  // What every kernel has.
+  addVirtualTerminal("console");
   addVirtualTerminal("tty0");
   add("P: " + controller + "\nE: SUBSYSTEM=usb\nE: DEVTYPE=usb_device\nA: idVendor=1d6b\\n\n" +
       "A: idProduct=0002\\n\nA: serial=0000:00:14.0\\n\n\n");

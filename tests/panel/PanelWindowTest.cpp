@@ -53,6 +53,29 @@ TEST_F(PanelWindowTest, TheLightIsSpoken) {
             "The module could not be read");
 }
 
+TEST_F(PanelWindowTest, HelpThatNoProgramShowsIsShownByTheBrowser) {
+  platform.programs.result = 42;
+  window->openingEnded("/opt/tessara/Help_001.chm", Shell::noAssociation);
+  EXPECT_EQ(platform.log.entries().back(),
+            "ShellExecuteA 0 Open /opt/tessara/Help_001/index.html ()  1");
+  EXPECT_EQ(told(), "No help viewer is installed: the help is shown in the browser.");
+}
+
+TEST_F(PanelWindowTest, TellsThatNeitherViewerNorBrowserShowsTheHelp) {
+  platform.programs.result = Shell::noAssociation;
+  window->openingEnded("/opt/tessara/Help_001.chm", Shell::noAssociation);
+  EXPECT_EQ(told(), "No program is installed that shows the help.");
+}
+
+TEST_F(PanelWindowTest, OpensNothingInPlaceOfWhatWasOpenedOrIsNoHelp) {
+  platform.log.clear();
+  window->openingEnded("/opt/tessara/Help_001.chm", 42);
+  window->openingEnded("/opt/tessara/Help_001.chm", Shell::fileNotFound);
+  window->openingEnded("https://www.example.com", Shell::noAssociation);
+  EXPECT_TRUE(platform.log.entries().empty());
+  EXPECT_EQ(told(), "");
+}
+
 TEST_F(PanelWindowTest, TellsThatThereIsNoPort) {
   control().ReaderMissing = true;
   window->read();

@@ -55,6 +55,9 @@ constexpr std::array<Row, static_cast<std::size_t>(Word::Count)> table{{
      u"Kein Hilfeprogramm installiert: Die Hilfe wird im Browser gezeigt.",
      u"Программа просмотра справки не установлена: справка открыта в браузере.",
      u"未安装帮助查看器：已在浏览器中显示帮助。"},
+    {u"No program is installed that shows the help.",
+     u"Es ist kein Programm installiert, das die Hilfe zeigt.",
+     u"Не установлена программа для показа справки.", u"未安装可显示帮助的程序。"},
 
     {u"Module record", u"Modulprotokoll", u"Протокол модуля", u"模块记录"},
     {u"Record of %1 from the file %2: not the module as it is at this moment.",

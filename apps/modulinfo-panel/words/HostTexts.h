@@ -37,6 +37,7 @@ enum class Word : std::uint8_t {
   SavedAs1,
   CopiedText,
   HelpInBrowser,
+  NoHelpProgram,
   // The record.
   RecordTitle,
   RecordNotLive2,
