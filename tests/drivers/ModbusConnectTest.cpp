@@ -12,6 +12,7 @@
 #include "drivers/ModbusLine.h"
 #include "drivers/OtherProcess.h"
 #include "drivers/PortLock.h"
+#include "drivers/PseudoTerminal.h"
 #include "drivers/modbus/SerialSettings.h"
 
 namespace tessara::testing {
@@ -99,13 +100,12 @@ TEST(ModbusConnect, ToAPortInUseSaysSo) {
 }
 
 TEST(ModbusConnect, ToAPortThatMayNotBeOpenedSaysSo) {
-  ModbusLine line(answering());
-  ASSERT_EQ(::chmod(line.slave.device().c_str(), 0), 0);
-  EXPECT_EQ(
-      inUnprivilegedProcess([&] {
-        return refusal(line.driver, 3) == line.port() + " cannot be opened: no permission" ? 0 : 1;
-      }),
-      0);
+  const PseudoTerminal port;
+  const NamedPorts ports({{3, port.device()}});
+  ModbusDriver driver(ports);
+  ASSERT_EQ(::chmod(port.device().c_str(), 0), 0);
+  const std::string expected = "COM3 (" + port.device() + ") cannot be opened: no permission";
+  EXPECT_EQ(inUnprivilegedProcess([&] { return refusal(driver, 3) == expected ? 0 : 1; }), 0);
 }
 
 TEST(ModbusConnect, ToWhatIsNoSerialPortSaysSo) {

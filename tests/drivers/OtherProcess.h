@@ -10,7 +10,8 @@
 namespace tessara::testing {
 
 /// Runs `action` in a process of its own. Gives what it gives (0 to 255), or minus the number of
-/// the signal that ended it.
+/// the signal that ended it. This process must have no other thread at that moment: the new one
+/// would wait for ever for a lock, of the allocator for example, that such a thread holds.
 inline int inAnotherProcess(const std::function<int()>& action) {
   const ::pid_t child = ::fork();
   if (child == 0) {

@@ -8,6 +8,7 @@
 
 #include "drivers/OtherProcess.h"
 #include "drivers/PortLock.h"
+#include "drivers/PseudoTerminal.h"
 #include "hart/HartBench.h"
 
 namespace tessara::testing {
@@ -111,14 +112,12 @@ TEST(HartConnect, HoldsThePortForItselfUntilItIsClosed) {
 }
 
 TEST(HartConnect, ToAPortThatMayNotBeOpenedSaysSo) {
-  HartBench bench(kAnswers);
-  ASSERT_EQ(::chmod(bench.slave.device().c_str(), 0), 0);
-  EXPECT_EQ(inUnprivilegedProcess([&] {
-              return refusal(bench.driver, 3) == bench.port() + " cannot be opened: no permission"
-                         ? 0
-                         : 1;
-            }),
-            0);
+  const PseudoTerminal port;
+  const NamedPorts ports({{3, port.device()}});
+  HartDriver driver(ports);
+  ASSERT_EQ(::chmod(port.device().c_str(), 0), 0);
+  const std::string expected = "COM3 (" + port.device() + ") cannot be opened: no permission";
+  EXPECT_EQ(inUnprivilegedProcess([&] { return refusal(driver, 3) == expected ? 0 : 1; }), 0);
 }
 
 TEST(HartConnect, ToWhatIsNoSerialPortSaysSo) {
