@@ -76,7 +76,6 @@ void PanelWindow::controlIsUp() {
   light_.setWords(words_);
   desk_.setWords(words_);
   nameWindow();
-  control_.put_VersionString(std::u16string(u"" TESSARA_VERSION));
   showLogo();
   makeMenus(*menuBar(), view_, control_.panel, words_,
             {.savePdf =
