@@ -75,6 +75,13 @@ TEST(RecordJson, TellsLineAndColumnOfWhatIsNoJson) {
   EXPECT_NE(complaint("{\"format\": \"\xff\"}").find("no JSON"), std::string::npos);
 }
 
+TEST(RecordJson, TellsTheNumberThatNoTypeHolds) {
+  EXPECT_EQ(complaint("{\n  \"version\": -1e999\n}"),
+            "a.json is no module record: it is no JSON at line 2, column 14 (number overflow: "
+            "-1e999).");
+  EXPECT_LT(complaint(std::string(10000, '9') + "e9").size(), 200U);
+}
+
 TEST(RecordJson, RefusesJsonOfAnotherFormat) {
   for (const std::string text : {"{}", "[]", "null", "7", "\"modulinfo-record\"", "{\"format\": 1}",
                                  "{\"format\": \"modulinfo-settings\", \"version\": 1}"}) {
@@ -187,6 +194,24 @@ TEST(RecordJson, ShortensAWrongValue) {
   Json json = sampleJson();
   json["connection"]["address"] = std::string(1000, 'x');
   EXPECT_LT(complaint(json.dump()).size(), 200U);
+}
+
+TEST(RecordJson, ValuesThatLieDeepInOneAnotherExhaustNothing) {
+  constexpr std::size_t depth = 100000;
+  const std::string deep = std::string(depth, '[') + std::string(depth, ']');
+  EXPECT_EQ(complaint(deep), "a.json is no module record: its format is not modulinfo-record.");
+
+  std::string json = sampleJson().dump();
+  json.insert(1, "\"remark\":" + deep + ",");
+  EXPECT_EQ(complaint(json), "");
+
+  Json wrong = sampleJson();
+  wrong["connection"]["address"] = "deep";
+  json = wrong.dump();
+  json.replace(json.find("\"deep\""), 6, deep);
+  EXPECT_EQ(
+      complaint(json).find("a.json is a damaged module record: the field connection.address is"),
+      0U);
 }
 
 TEST(RecordJson, SpeaksTheLanguageOfTheUser) {

@@ -9,6 +9,14 @@ namespace {
 /// How much of a wrong value a message shows.
 constexpr qsizetype shownValue = 40;
 
+/// Far deeper than the fields of a record lie in one another. Showing a wrong value goes down into
+/// it.
+constexpr int deepest = 16;
+
+QString shortened(const QString& value) {
+  return value.size() > shownValue ? value.first(shownValue) + "…" : value;
+}
+
 /// What the parser found, without the names of its own classes and places in front.
 QString causeIn(const std::string& what) {
   const QString message = QString::fromStdString(what);
@@ -29,16 +37,25 @@ LineAndColumn placeOf(const QByteArray& text, std::size_t byte) {
           std::max<qsizetype>(1, front.size() - front.lastIndexOf('\n') - 1)};
 }
 
+RecordError noJson(const QString& name, const LineAndColumn& place, const QString& cause) {
+  return RecordError(
+      {Word::NotJson4, {name, QString::number(place.line), QString::number(place.column), cause}});
+}
+
 }  // namespace
 
 Json parseRecord(const QByteArray& text, const QString& name) {
   try {
-    return Json::parse(text.begin(), text.end());
+    return Json::parse(text.begin(), text.end(), [](int depth, Json::parse_event_t, const Json&) {
+      return depth <= deepest;
+    });
   } catch (const Json::parse_error& error) {
-    const auto [line, column] = placeOf(text, error.byte);
-    throw RecordError(
-        {Word::NotJson4,
-         {name, QString::number(line), QString::number(column), causeIn(error.what())}});
+    throw noJson(name, placeOf(text, error.byte), causeIn(error.what()));
+  } catch (const Json::out_of_range& error) {
+    // A number that no type holds. The parser tells which one it is, and not where.
+    const QString number = QString::fromStdString(error.what()).section('\'', 1, 1);
+    const auto before = static_cast<std::size_t>(text.indexOf(number.toUtf8()));
+    throw noJson(name, placeOf(text, before + 1), "number overflow: " + shortened(number));
   }
 }
 
@@ -47,12 +64,9 @@ void RecordFields::fail(Word word, const QStringList& arguments) const {
 }
 
 void RecordFields::failKind(const char* key, const Phrase& kind) const {
-  QString value =
+  const QString value =
       QString::fromStdString(at(key).dump(-1, ' ', false, Json::error_handler_t::replace));
-  if (value.size() > shownValue) {
-    value = value.first(shownValue) + "…";
-  }
-  throw RecordError({Word::FieldWrong4, {name_, path_ + key, value}}, kind);
+  throw RecordError({Word::FieldWrong4, {name_, path_ + key, shortened(value)}}, kind);
 }
 
 const Json& RecordFields::at(const char* key) const {

@@ -14,7 +14,8 @@ namespace tessara {
 
 using Json = nlohmann::ordered_json;
 
-/// The JSON of a file; a RecordError with line and column for anything else.
+/// The JSON of a file, without what lies deeper in it than a record goes; a RecordError with line
+/// and column for anything else.
 Json parseRecord(const QByteArray& text, const QString& name);
 
 /// The fields of one object of a record. Whoever asks for one that is missing or of another kind
