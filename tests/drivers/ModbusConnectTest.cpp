@@ -14,6 +14,8 @@
 #include "drivers/PortLock.h"
 #include "drivers/PseudoTerminal.h"
 #include "drivers/modbus/SerialSettings.h"
+#include "drivers/modbus/UnnamedRate.h"
+#include "simulator/LineRate.h"
 
 namespace tessara::testing {
 namespace {
@@ -76,7 +78,7 @@ TEST(ModbusConnect, SetsRawBytesOf8BitsWithOneStopBitAtTheRate) {
 
 TEST(ModbusConnect, ToAPortThatKeepsTheSettingsOfAClientThatCrashedWorks) {
   ModbusLine line(answering(), kPatient);
-  applySettings(line.slave.terminal(), B115200);
+  applySettings(line.slave.terminal(), 115200);
   ASSERT_TRUE(line.connect());
   EXPECT_THAT(line.registers(4, 1), ElementsAre(1));
 }
@@ -114,9 +116,44 @@ TEST(ModbusConnect, ToWhatIsNoSerialPortSaysSo) {
   EXPECT_EQ(refusal(driver, 3), "COM3 (/dev/null) is no serial port");
 }
 
+TEST(ModbusConnect, AtEachRateOfThePanelSetsThatRate) {
+  ModbusLine line(answering());
+  for (const std::uint32_t rate :
+       {2400U, 4800U, 9600U, 14400U, 19200U, 28800U, 38400U, 56000U, 57600U, 76800U, 115200U}) {
+    ASSERT_TRUE(line.connect(static_cast<std::int32_t>(rate))) << rate;
+    EXPECT_EQ(lineRateOf(line.slave.terminal()), rate);
+  }
+}
+
+TEST(ModbusConnect, ReadsAtARateThatHasNoName) {
+  ModbusLine line(answering(), kPatient);
+  ASSERT_TRUE(line.connect(14400));
+  EXPECT_THAT(line.registers(4, 1), ElementsAre(1));
+}
+
+TEST(ModbusConnect, LeavesNothingOfARateThatHasNoNameToTheNextOne) {
+  ModbusLine line(answering());
+  applySettings(line.slave.terminal(), 14400);
+  ASSERT_TRUE(line.connect(9600));
+  ::termios settings{};
+  ASSERT_EQ(::tcgetattr(line.slave.terminal(), &settings), 0);
+  EXPECT_EQ(::cfgetospeed(&settings), static_cast<::speed_t>(B9600));
+  EXPECT_EQ(settings.c_cflag & CIBAUD, 0U);
+}
+
+TEST(ModbusConnect, BearsARateThatIsATrifleOff) {
+  EXPECT_TRUE(isNearRate(14400, 14400));
+  EXPECT_TRUE(isNearRate(14400, 14688));
+  EXPECT_FALSE(isNearRate(14400, 14689));
+  EXPECT_TRUE(isNearRate(14400, 14112));
+  EXPECT_FALSE(isNearRate(14400, 14111));
+  EXPECT_FALSE(isNearRate(56000, 57600));
+  EXPECT_FALSE(isNearRate(14400, 0));
+}
+
 TEST(ModbusConnect, AtARateThatNoPortKnowsSaysSo) {
   ModbusLine line(answering());
-  for (const std::int32_t rate : {12345, 0, -9600}) {
+  for (const std::int32_t rate : {0, -9600}) {
     EXPECT_EQ(refusal(line.driver, 3, rate), line.port() + " cannot be opened at " +
                                                  std::to_string(rate) + " bit/s: no such rate");
   }

@@ -39,18 +39,13 @@ void ModbusLink::open(const std::string& device, std::int32_t rate) {
     device_ = device;
     rate_ = rate;
   }
-  const auto speed = speedOf(rate);
-  if (!speed) {
-    throw PortError(PortProblem::Refused,
-                    "cannot be opened at " + std::to_string(rate) + " bit/s: no such rate");
-  }
   try {
     port_.emplace(device);
     // libmodbus waits with select(), which cannot watch a descriptor beyond its set.
     if (port_->descriptor() >= FD_SETSIZE) {
       throw PortError::fromErrno(EMFILE);
     }
-    applySettings(port_->descriptor(), *speed);
+    applySettings(port_->descriptor(), rate);
     context_.reset(modbus_new_rtu(device.c_str(), rate, 'E', 8, 1));
     if (!context_) {
       throw std::bad_alloc();

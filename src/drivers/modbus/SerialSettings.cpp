@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <string>
 
 #include "drivers/PortLock.h"
+#include "drivers/modbus/UnnamedRate.h"
 
 namespace tessara {
 
@@ -35,7 +37,8 @@ std::optional<::speed_t> speedOf(std::int32_t rate) {
   return row == kRates.end() ? std::nullopt : std::optional(row->speed);
 }
 
-void applySettings(int descriptor, ::speed_t speed) {
+void applySettings(int descriptor, std::int32_t rate) {
+  const auto speed = speedOf(rate);
   ::termios settings{};
   if (::tcgetattr(descriptor, &settings) != 0) {
     throw PortError::fromErrno(errno);
@@ -43,11 +46,13 @@ void applySettings(int descriptor, ::speed_t speed) {
   ::cfmakeraw(&settings);
   settings.c_iflag |= INPCK;
   settings.c_iflag &= ~static_cast<::tcflag_t>(IXOFF | IXANY);
-  settings.c_cflag &= ~static_cast<::tcflag_t>(CSTOPB | PARODD | CRTSCTS);
+  settings.c_cflag &= ~static_cast<::tcflag_t>(CSTOPB | PARODD | CRTSCTS | CIBAUD);
   settings.c_cflag |= CREAD | CLOCAL | PARENB;
   settings.c_cc[VMIN] = 1;
   settings.c_cc[VTIME] = 0;
-  ::cfsetspeed(&settings, speed);
+  if (speed) {
+    ::cfsetspeed(&settings, *speed);
+  }
 
   int result = ::tcsetattr(descriptor, TCSANOW, &settings);
   if (result != 0 && errno == EINVAL) {
@@ -56,6 +61,10 @@ void applySettings(int descriptor, ::speed_t speed) {
   }
   if (result != 0) {
     throw PortError::fromErrno(errno);
+  }
+  if (!speed && !setUnnamedRate(descriptor, rate)) {
+    throw PortError(PortProblem::Refused,
+                    "cannot be opened at " + std::to_string(rate) + " bit/s: no such rate");
   }
   ::tcflush(descriptor, TCIOFLUSH);
 }

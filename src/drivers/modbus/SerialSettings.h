@@ -16,9 +16,9 @@ constexpr std::chrono::nanoseconds characterTime(std::int32_t rate) {
   return std::chrono::nanoseconds(11'000'000'000 / rate);
 }
 
-/// Sets an open port to raw bytes of 8 data bits, even parity and one stop bit at `speed`, without
-/// flow control, and empties its buffers. A port that knows no parity, as a pseudo-terminal, goes
-/// without. Throws PortError.
-void applySettings(int descriptor, ::speed_t speed);
+/// Sets an open port to raw bytes of 8 data bits, even parity and one stop bit at `rate` bit/s,
+/// without flow control, and empties its buffers. A port that knows no parity, as a
+/// pseudo-terminal, goes without. Throws PortError, also for a rate that the port cannot have.
+void applySettings(int descriptor, std::int32_t rate);
 
 }  // namespace tessara
