@@ -24,7 +24,7 @@ TEST_PACKAGES=(
   ccache python3 shellcheck
   libgtest-dev libgmock-dev libumockdev-dev umockdev
   clang libclang-rt-14-dev clang-format clang-tidy
-  libchm-bin fakeroot man-db
+  libchm-bin fakeroot man-db zsh
   poppler-utils xdotool locales socat mbpoll python3-pymodbus python3-serial python3-serial-asyncio xvfb xauth
 )
 
