@@ -57,19 +57,19 @@ std::int32_t LinuxNfcReaderLibrary::CR95HFDLL_getMCUrev(std::string& reply) {
   return status;
 }
 
-/// Leaves the text of the answer in `reply`, or what went wrong, and gives the status.
+/// Leaves the text of the answer in `reply`, or an empty one, and gives the status.
 template <class Question>
 std::int32_t LinuxNfcReaderLibrary::ask(std::string& reply, Question question) {
+  // The status alone tells a failure: words would be read as digits of a revision.
+  put(reply, {});
   if (!reader_) {
-    put(reply, "the reader is not connected");
     return notConnected;
   }
   try {
     put(reply, cr95hf::textOf(question(*reader_)));
     return success;
-  } catch (const NfcFault& fault) {
+  } catch (const NfcFault&) {
     reader_.reset();
-    put(reply, fault.what());
     return communicationError;
   }
 }

@@ -15,7 +15,7 @@ namespace tessara {
 ///
 /// They are meant to be called one after the other. The reader is held from the first until the
 /// last has its answer or one has failed; afterwards the driver can have it. A missing reader is a
-/// status, never an exception.
+/// status, never an exception, and every failure leaves an empty reply.
 class LinuxNfcReaderLibrary final : public NfcReaderLibrary {
  public:
   /// Statuses beside success.
