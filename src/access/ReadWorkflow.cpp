@@ -66,6 +66,8 @@ bool ModulInfoFLII::readModule() {
   } catch (const std::exception&) {
     // A module that does not answer, a wrong address and an unreadable catalogue all end alike.
   }
+  // A read that went through may still have failed to close.
+  bDataValid = false;
   if (bConnectFailed) {
     ConnectAttempts = attemptsWithRetry + 1;
     DeviceConnected = false;

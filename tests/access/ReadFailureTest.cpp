@@ -175,6 +175,7 @@ TEST_F(ReadFailure, ACloseThatThrowsAtTheEndOfAReadIsRetriedAndReported) {
   EXPECT_EQ(log.count("ConnectWithSerialDevice"), 2U);
   EXPECT_EQ(log.entries().back(), "ModulActive(3)");
   EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_EQ(control.get_DataValid(), 0);
 }
 
 TEST_F(ReadFailure, WithoutASelectedObjectItIsAConnectionThatFailed) {
