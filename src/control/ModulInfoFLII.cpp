@@ -1,5 +1,6 @@
 #include "control/ModulInfoFLII.h"
 
+#include <exception>
 #include <utility>
 
 namespace tessara {
@@ -46,7 +47,11 @@ void ModulInfoFLII::UserControl_Terminate() {
   wide.RegistryHelper.reset();
   wide.BitFieldHelper.reset();
   if (wide.ModbusCommObject) {
-    wide.ModbusCommObject->ShutDown();
+    try {
+      wide.ModbusCommObject->ShutDown();
+    } catch (const std::exception&) {
+      // The end of a control cannot be put off: what could not be shut down is released as it is.
+    }
   }
   CommObject.reset();
   CommunicationObject.reset();
@@ -131,6 +136,9 @@ void ModulInfoFLII::showMessage(const std::u16string& text, MessageStyle style) 
 
 void ModulInfoFLII::showMessage(const std::u16string& text, MessageStyle style,
                                 const std::u16string& title) {
+  if (!initialized_) {
+    return;
+  }
   // Events are handled while the box is open, and one of them may end the control.
   const auto helper = moduleWide().MessageHelper;
   lMsgResult = live(helper, "MessageHelper").Show(text, style, title);

@@ -32,9 +32,10 @@ class ModulInfoFLII : public Fields {
   /// Creates the module-wide objects and sets the defaults. An object that cannot be created ends
   /// it with that object's error.
   void UserControl_Initialize();
-  /// Shuts the communication objects down and releases everything. May come inside a callback or a
-  /// turn of the event loop: the workflow that is under way then ends without a call or a callback.
-  /// The object itself must stay until that workflow has returned.
+  /// Shuts the communication objects down and releases everything, also after an error of the
+  /// shutting down, which nobody hears of. May come inside a callback or a turn of the event loop:
+  /// the workflow that is under way then ends without a call or a callback. The object itself must
+  /// stay until that workflow has returned.
   void UserControl_Terminate();
 
   /// Brings the panel up: reads the settings, lists the ports, looks for the NFC reader, selects

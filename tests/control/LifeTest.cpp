@@ -124,6 +124,27 @@ TEST_F(Life, DestructionTerminatesOnce) {
   EXPECT_EQ(platform.log.count("ModbusCommObject.ShutDown"), 1U);
 }
 
+/// Modbus on a line that cannot be given up.
+class StubbornModbus final : public FakeModbusCommObject {
+ public:
+  using FakeModbusCommObject::FakeModbusCommObject;
+  void ShutDown() override { throw std::runtime_error("the line cannot be given up"); }
+};
+
+TEST_F(Life, AShutDownThatFailsKeepsNothingFromBeingReleased) {
+  {
+    ModulInfoFLII control(platform, host);
+    control.UserControl_Initialize();
+    moduleWide().ModbusCommObject = std::make_shared<StubbornModbus>(platform.device);
+    control.CommunicationObject = control.CommObject = moduleWide().ModbusCommObject;
+    platform.log.clear();
+  }
+  EXPECT_THAT(platform.log.entries(),
+              ElementsAre("release FileSystem", "release RegistryHelper", "release BitFieldHelper",
+                          "release ModbusCommObject", "release NfcCommObject",
+                          "release HartCommObject", "release MessageHelper"));
+}
+
 TEST_F(Life, AControlThatNeverCameUpEndsQuietly) {
   { const ModulInfoFLII control(platform, host); }
   EXPECT_TRUE(platform.log.entries().empty());

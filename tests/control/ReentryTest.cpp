@@ -138,14 +138,24 @@ class EndedInside : public Reentry {
   }
 };
 
-class EndedInTurn : public EndedInside, public ::testing::WithParamInterface<int> {};
+/// The number of a turn in which the control is ended. Each workflow is ended in every one of its
+/// turns; in the turn behind its last it has gone through by itself.
+class EndedInTurn : public EndedInside, public ::testing::WithParamInterface<int> {
+ protected:
+  void expectEndedInOneOf(int turns) {
+    if (GetParam() <= turns) {
+      expectSilence();
+    } else {
+      EXPECT_NE(moduleWide().ModbusCommObject, nullptr) << "there is a turn more";
+      EXPECT_EQ(log.count("CloseSerialConnection"), 1U);
+    }
+  }
+};
 
 TEST_P(EndedInTurn, OfAReadOnTheRegisterPath) {
   endInTurn(GetParam());
   control.AutomaticConnection();
-  if (GetParam() <= 2) {
-    expectSilence();
-  }
+  expectEndedInOneOf(2);
 }
 
 TEST_P(EndedInTurn, OfAReadOnTheHartPath) {
@@ -153,18 +163,14 @@ TEST_P(EndedInTurn, OfAReadOnTheHartPath) {
   platform.device.registers = {{24, {0, 0}}, {20, {0, 0}}, {27, {0, 0}}};
   endInTurn(GetParam());
   control.AutomaticConnection();
-  if (GetParam() <= 5) {
-    expectSilence();
-  }
+  expectEndedInOneOf(5);
 }
 
 TEST_P(EndedInTurn, OfAScan) {
   readOnce();
   endInTurn(GetParam());
   platform.loop.tick();
-  if (GetParam() <= 5) {
-    expectSilence();
-  }
+  expectEndedInOneOf(5);
 }
 
 TEST_P(EndedInTurn, OfAHartScan) {
@@ -172,9 +178,19 @@ TEST_P(EndedInTurn, OfAHartScan) {
   control.VendorID = 176;
   endInTurn(GetParam());
   platform.loop.tick();
-  if (GetParam() <= 4) {
-    expectSilence();
-  }
+  expectEndedInOneOf(4);
+}
+
+TEST_P(EndedInTurn, OfAFailedScan) {
+  readOnce();
+  platform.device.before = [](const std::string& entry) {
+    if (entry.starts_with("ReadInput")) {
+      throw std::runtime_error("no answer");
+    }
+  };
+  endInTurn(GetParam());
+  platform.loop.tick();
+  expectEndedInOneOf(3);
 }
 
 INSTANTIATE_TEST_SUITE_P(Turns, EndedInTurn, ::testing::Range(1, 7));
@@ -216,6 +232,14 @@ TEST_F(EndedInside, TheCallbackOfAStoreThatFits) {
   readOnce();
   control.UnLockCmdStore();
   endIn("SetConfiguration");
+  control.panel.CmdStoreParameter.press();
+  expectSilence();
+}
+
+TEST_F(EndedInside, TheFirstCallbackOfAStore) {
+  readOnce();
+  control.UnLockCmdStore();
+  endIn("ModulActive(1)");
   control.panel.CmdStoreParameter.press();
   expectSilence();
 }
