@@ -147,6 +147,33 @@ TEST_F(CommandState, FailureDeclaredPutsPrintOffAndStopsTheTimer) {
   EXPECT_EQ(log.entries().back(), "ModulActive(3)");
 }
 
+/// What both declarations that end the scan set, up to the print button.
+std::vector<std::string> restoredButtons() {
+  return {"CmdDeviceInfo.enabled=true",         "CmdDeviceInfo.picture=Upload",
+          "CmdStoreParameter.enabled=false",    "CmdStoreParameter.picture=Download",
+          "CmdOfflineConfigure.enabled=true",   "CmdOfflineConfigure.picture=Offline",
+          "CmdOpenDiskParameter.enabled=true",  "CmdOpenDiskParameter.picture=Open",
+          "CmdSave2DiskParameter.enabled=true", "CmdSave2DiskParameter.picture=Save"};
+}
+
+TEST_F(CommandState, FailureDeclaredSetsTheButtonsInOrder) {
+  control.SavedCmdEnabled[0] = control.SavedCmdEnabled[1] = false;
+  control.put_DeviceActive(3);
+  auto expected = restoredButtons();
+  expected.insert(expected.end(),
+                  {"CmdPrintConfiguration.enabled=false", "CmdPrintConfiguration.picture=Print",
+                   "TimerScanDevice.enabled=false", "ModulActive(3)"});
+  EXPECT_EQ(log.entries(), expected);
+}
+
+TEST_F(CommandState, RestoreDeclaredSetsTheButtonsInOrder) {
+  control.SavedCmdEnabled[0] = control.SavedCmdEnabled[1] = false;
+  control.put_DeviceActive(5);
+  auto expected = restoredButtons();
+  expected.insert(expected.end(), {"TimerScanDevice.enabled=false", "ModulActive(5)"});
+  EXPECT_EQ(log.entries(), expected);
+}
+
 TEST_F(CommandState, ScanDeclaredHoldsTheScanAndTouchesNothingElse) {
   platform.loop.timerEnabled = true;
   control.put_DeviceActive(4);

@@ -80,16 +80,42 @@ TEST_F(Selection, CommObjectIsEmptyAndCommunicationObjectOldUntilBothAreAssigned
   EXPECT_THAT(story(), IsEmpty());
 }
 
+/// An NFC object that lets a test look at the control in the middle of its initialisation.
+class WatchedNfc final : public FakeNfcCommObject {
+ public:
+  using FakeNfcCommObject::FakeNfcCommObject;
+  void InitNFCObject() override {
+    FakeNfcCommObject::InitNFCObject();
+    onInit();
+  }
+  std::function<void()> onInit = [] {};
+};
+
 TEST_F(Selection, BothReferencesAreAssignedBeforeTheInitialisationAndTheReaderBeforeTheCallback) {
   lines({{u"NFC-USB-ZORVEN-ADAPTER", 0}});
-  bool seen = false;
-  host.onCallback = [&](const std::string&) {
-    seen = true;
-    EXPECT_EQ(control.CommObject, moduleWide().NfcCommObject);
-    EXPECT_TRUE(control.bNFCReader);
+  const auto nfc = std::make_shared<WatchedNfc>(platform.device);
+  moduleWide().NfcCommObject = nfc;
+  nfc->onInit = [&] {
+    EXPECT_EQ(control.CommunicationObject, nfc);
+    EXPECT_EQ(control.CommObject, nfc);
+    EXPECT_EQ(control.ComPort, 999);
+    EXPECT_FALSE(control.bNFCReader);
   };
+  host.onCallback = [&](const std::string&) { EXPECT_TRUE(control.bNFCReader); };
   choose(0);
-  EXPECT_TRUE(seen);
+  EXPECT_THAT(story(), ElementsAre("InitNFCObject", "NFCReader(true)", stored(999)));
+}
+
+TEST_F(Selection, AnInitialisationThatFailsPassesToTheCallerWithTheObjectAssigned) {
+  lines({{u"NFC-USB-ZORVEN-ADAPTER", 0}});
+  const auto nfc = std::make_shared<WatchedNfc>(platform.device);
+  moduleWide().NfcCommObject = nfc;
+  nfc->onInit = [] { throw std::runtime_error("the reader is upset"); };
+  EXPECT_THROW(choose(0), std::runtime_error);
+  EXPECT_EQ(control.CommunicationObject, nfc);
+  EXPECT_EQ(control.CommObject, nfc);
+  EXPECT_FALSE(control.bNFCReader);
+  EXPECT_THAT(story(), ElementsAre("InitNFCObject"));
 }
 
 TEST_F(Selection, TheSameLineTwiceInitialisesTwiceAndStoresTwice) {
