@@ -47,6 +47,34 @@ class EchoingDevice final : public HidDevice {
   std::optional<Bytes> waiting_;
 };
 
+/// A board gone mad: it sends reports without an end, and none of them is an echo.
+class BabblingDevice final : public HidDevice {
+ public:
+  explicit BabblingDevice(bool isBabbling) : isBabbling_(isBabbling) {}
+  void write(const cr95hf::Report& /*report*/) override { isBabbling_ = true; }
+  std::optional<Bytes> read(std::chrono::milliseconds /*timeout*/) override {
+    if (!isBabbling_) return std::nullopt;
+    const cr95hf::Report report = cr95hf::reportOf(cr95hf::Answer{cr95hf::kDone});
+    return Bytes(report.begin(), report.end());
+  }
+  [[nodiscard]] std::string name() const override { return "babbling"; }
+
+ private:
+  bool isBabbling_;
+};
+
+class BabblingReaders final : public UsbReaders {
+ public:
+  /// `fromTheStart`, or once the board has been asked for something.
+  explicit BabblingReaders(bool fromTheStart) : fromTheStart_(fromTheStart) {}
+  std::unique_ptr<HidDevice> open() override {
+    return std::make_unique<BabblingDevice>(fromTheStart_);
+  }
+
+ private:
+  bool fromTheStart_;
+};
+
 class EchoingReaders final : public UsbReaders {
  public:
   std::unique_ptr<HidDevice> open() override { return std::make_unique<EchoingDevice>(); }
@@ -133,6 +161,17 @@ TEST(MuteNfcReaders, AreNoReaders) {
   EXPECT_EQ(library.CR95HFDLL_USBconnect(), 0);
   EXPECT_EQ(library.CR95HFDll_Echo(buffer), LinuxNfcReaderLibrary::communicationError);
   EXPECT_EQ(textIn(buffer), "");
+}
+
+TEST(BabblingNfcReaders, AreNoReaders) {
+  for (const bool fromTheStart : {true, false}) {
+    BabblingReaders readers(fromTheStart);
+    LinuxNfcReaderLibrary library(readers, {20ms, 0ms});
+    std::string buffer(256, '\0');
+    EXPECT_EQ(library.CR95HFDLL_USBconnect(), 0);
+    EXPECT_EQ(library.CR95HFDll_Echo(buffer), LinuxNfcReaderLibrary::communicationError);
+    EXPECT_EQ(library.CR95HFDLL_getMCUrev(buffer), LinuxNfcReaderLibrary::notConnected);
+  }
 }
 
 TEST(EchoingNfcReaders, AreReadersWithoutARevision) {

@@ -2,6 +2,7 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include <thread>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,6 +12,7 @@
 #include "nfc/FaultOf.h"
 #include "nfc/NfcSample.h"
 #include "simulator/LinePort.h"
+#include "simulator/VirtualPort.h"
 
 namespace tessara {
 namespace {
@@ -122,6 +124,21 @@ TEST_F(Twn4Links, SayThatNothingAnswers) {
 TEST_F(Twn4Links, GiveUpOnALineWithoutAnEnd) {
   plugIn([](const std::string&) { return std::string(5000, '0'); });
   EXPECT_EQ(faultOfSelection().kind, NfcFaultKind::Damage);
+}
+
+TEST(Twn4Flood, IsGivenUpLikeAnyOtherDevice) {
+  VirtualPort port;
+  Twn4Link link(port.device().string(), 115200, 300ms);
+  std::atomic<bool> isOver = false;
+  std::thread flood([&] {
+    const Bytes lineEnds(2000, '\r');
+    while (!isOver) port.send(lineEnds);
+  });
+  const auto begun = std::chrono::steady_clock::now();
+  EXPECT_EQ(faultOf([&] { (void)link.selectTag(); }).kind, NfcFaultKind::ReaderRefusal);
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, 20s);
+  isOver = true;
+  flood.join();
 }
 
 TEST_F(Twn4Links, TellATagThatRefusesFromOneThatHasGone) {

@@ -83,18 +83,22 @@ Bytes Twn4Link::exchange(const AirRequest& request) {
   throw NfcFault(NfcFaultKind::TagGone, "no answer from a tag");
 }
 
-/// Lines that come before the version are late answers to others.
+/// Lines that come before the version are late answers to others. What never stops sending lines
+/// is no reader either.
 void Twn4Link::requireSimpleProtocol() {
   send(twn4::versionRequest());
   const auto deadline = Clock::now() + answerTime_;
   bool hasSpoken = false;
   try {
-    while (!tellsSimpleProtocol(lineBefore(deadline))) hasSpoken = true;
+    while (!hasSpoken || Clock::now() < deadline) {
+      if (tellsSimpleProtocol(lineBefore(deadline))) return;
+      hasSpoken = true;
+    }
   } catch (const NfcFault& fault) {
     if (fault.kind() != NfcFaultKind::ReaderSilent || !hasSpoken) throw;
-    throw NfcFault(NfcFaultKind::ReaderRefusal,
-                   "what is on the port is no TWN4 reader with Simple Protocol");
   }
+  throw NfcFault(NfcFaultKind::ReaderRefusal,
+                 "what is on the port is no TWN4 reader with Simple Protocol");
 }
 
 std::optional<TagUid> Twn4Link::search() {

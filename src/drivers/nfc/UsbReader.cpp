@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "drivers/nfc/NfcFault.h"
-
 namespace tessara {
 
 using namespace std::chrono_literals;
@@ -12,10 +10,12 @@ using namespace std::chrono_literals;
 cr95hf::Answer UsbReader::echo() {
   send(cr95hf::ReportId::ToChip, cr95hf::kEchoCommand);
   const auto deadline = Clock::now() + answerTime_;
-  for (;;) {
-    cr95hf::Answer answer = answerBefore(deadline);
-    if (answer.result == cr95hf::kEcho) return answer;
+  cr95hf::Answer answer = answerBefore(deadline);
+  while (answer.result != cr95hf::kEcho) {
+    requireTime(deadline);
+    answer = answerBefore(deadline);
   }
+  return answer;
 }
 
 cr95hf::Answer UsbReader::revision() {
@@ -32,8 +32,10 @@ cr95hf::Answer UsbReader::ask(cr95hf::ReportId id, std::span<const std::uint8_t>
 }
 
 void UsbReader::send(cr95hf::ReportId id, std::span<const std::uint8_t> request) {
+  const auto deadline = Clock::now() + answerTime_;
   while (device_->read(0ms)) {
     // What has come already answers nothing that is still to be asked.
+    requireTime(deadline);
   }
   device_->write(cr95hf::reportOf(id, request));
 }
@@ -41,11 +43,17 @@ void UsbReader::send(cr95hf::ReportId id, std::span<const std::uint8_t> request)
 cr95hf::Answer UsbReader::answerBefore(Clock::time_point deadline) {
   const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
   const auto report = device_->read(std::max(left, 0ms));
-  if (!report) {
-    throw NfcFault(NfcFaultKind::ReaderSilent, "the reader does not answer within " +
-                                                   std::to_string(answerTime_.count()) + " ms");
-  }
+  if (!report) throw noAnswer();
   return cr95hf::decodeReport(*report);
+}
+
+void UsbReader::requireTime(Clock::time_point deadline) const {
+  if (Clock::now() >= deadline) throw noAnswer();
+}
+
+NfcFault UsbReader::noAnswer() const {
+  return {NfcFaultKind::ReaderSilent,
+          "the reader does not answer within " + std::to_string(answerTime_.count()) + " ms"};
 }
 
 }  // namespace tessara

@@ -7,6 +7,7 @@
 
 #include "drivers/nfc/Cr95Hf.h"
 #include "drivers/nfc/HidDevice.h"
+#include "drivers/nfc/NfcFault.h"
 
 namespace tessara {
 
@@ -35,6 +36,9 @@ class UsbReader {
   cr95hf::Answer ask(cr95hf::ReportId id, std::span<const std::uint8_t> request);
   cr95hf::Answer answerBefore(Clock::time_point deadline);
   void send(cr95hf::ReportId id, std::span<const std::uint8_t> request);
+  /// A reader that sends all the time has answered nothing either.
+  void requireTime(Clock::time_point deadline) const;
+  [[nodiscard]] NfcFault noAnswer() const;
 
   std::unique_ptr<HidDevice> device_;
   std::chrono::milliseconds answerTime_;
