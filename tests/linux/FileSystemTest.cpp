@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include "SettingsFolder.h"
 #include "platform/Text.h"
 #include "platform/linux/LinuxFileSystem.h"
@@ -20,6 +22,18 @@ TEST_F(FileSystemTest, KnowsAFileFromAFolderAndFromNothing) {
   EXPECT_FALSE(files.FileExists(in(u"/pictures/other.png")));
   EXPECT_FALSE(files.FileExists(in(u"/pictures/logo ä.png/under it")));
   EXPECT_FALSE(files.FileExists(u""));
+}
+
+TEST_F(FileSystemTest, TakesNoPipeAndNoDeviceForAFile) {
+  ASSERT_EQ(::mkfifo((folder() / "pipe.png").c_str(), 0600), 0);
+  EXPECT_FALSE(files.FileExists(in(u"/pipe.png")));
+  EXPECT_FALSE(files.FileExists(u"/dev/zero"));
+}
+
+TEST_F(FileSystemTest, SeesAFileBehindALink) {
+  put(folder() / "logo.png", "x");
+  std::filesystem::create_symlink("logo.png", folder() / "link.png");
+  EXPECT_TRUE(files.FileExists(in(u"/link.png")));
 }
 
 TEST_F(FileSystemTest, TakesABackslashForASeparator) {

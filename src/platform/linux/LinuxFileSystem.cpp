@@ -40,9 +40,9 @@ std::filesystem::path programFolder() {
 }
 
 bool LinuxFileSystem::FileExists(const std::u16string& path) const {
+  // A pipe or a device in the place of a file would be waited for, or read, without an end.
   std::error_code error;
-  const auto status = std::filesystem::status(pathOfHost(path), error);
-  return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+  return std::filesystem::is_regular_file(pathOfHost(path), error);
 }
 
 std::u16string LinuxFileSystem::BuildPath(const std::u16string& path,
