@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Draws the panel in its states, the dialogs in every language, and the windows and the report of
-# modulinfo-panel in three, light and dark, at 100 %, 150 % and 200 %, for looking at. The pictures go into
+# Draws the panel in its states, and the dialogs, the windows, menus and the report of modulinfo-panel in
+# every language, light and dark, at 100 %, 150 % and 200 %, for looking at. The pictures go into
 # build/screenshots and are named <state>-<theme>-<percent>.png and
 # <dialog or window>-<language number>-<theme>-<percent>.png. Needs no display.
 set -euo pipefail
@@ -17,8 +17,10 @@ step "Drawing the panel, the dialogs and the windows"
 rm -rf "$pictures"
 for scale in 1 1.5 2; do
   QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=$scale build/dev/tests/qt/panel_shots "$pictures"
-  QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=$scale build/dev/bin/host_shots "$pictures" \
-    data/modules/tessara-tm-151-error.json
+  for language in {1..11}; do
+    QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=$scale build/dev/bin/host_shots "$pictures" \
+      data/modules/tessara-tm-151-error.json "$language"
+  done
 done
 for page in "$pictures"/*.pdf; do
   pdftoppm -singlefile -r 100 -png "$page" "${page%.pdf}"

@@ -104,7 +104,8 @@ void RecordDesk::print(const RecordSheet& sheet) {
   printer.setPageMargins(reportMargins(), QPageLayout::Millimeter);
   QPrintPreviewDialog preview(&printer, &window_);
   preview.resize(previewLines * window_.fontMetrics().lineSpacing());
-  preview.setWindowTitle(plainTitle(words_(Word::PrintRecord)) + ": " + sheet.record.module.name);
+  preview.setWindowTitle(
+      words_(Word::Captioned2, {plainTitle(words_(Word::PrintRecord)), sheet.record.module.name}));
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &window_,
                    [&sheet](QPrinter* target) { paintReport(sheet, *target); });
   preview.exec();

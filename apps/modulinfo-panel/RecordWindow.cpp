@@ -42,7 +42,7 @@ RecordWindow::RecordWindow(RecordSheet sheet, const QString& path, HostSettings&
   banner_.setWordWrap(true);
   banner_.setMargin(bannerMargin);
   banner_.setAutoFillBackground(true);
-  banner_.setText(words(Word::RecordNotLive2, {recordTime(sheet_.record), file}));
+  banner_.setText(words(Word::RecordNotLive2, {recordTime(sheet_.record, words), file}));
   banner_.setToolTip(path);
   page_.setOpenExternalLinks(true);
   page_.setFrameShape(QFrame::NoFrame);

@@ -1,14 +1,18 @@
-// Writes pictures of the host's windows and of its report into a folder: host_shots FOLDER MODULE.
-// The scale factor is taken from QT_SCALE_FACTOR and goes into the names of the files.
+// Writes pictures of the host's windows and menus and of its report in one language into a folder:
+// host_shots FOLDER MODULE LANGUAGE. The scale factor is taken from QT_SCALE_FACTOR and goes into
+// the names of the files.
 
 #include <QApplication>
 #include <QDir>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPrintPreviewDialog>
 #include <QTextStream>
 #include <QTimer>
 #include <iostream>
 
 #include "EventWindow.h"
+#include "HostStyle.h"
 #include "ModuleReading.h"
 #include "PanelWindow.h"
 #include "QtTexts.h"
@@ -54,6 +58,7 @@ class Shots {
     save("window-empty", window);
     window.read();
     save("window", window);
+    saveMenus(*window.menuBar());
 
     const RecordSheet sheet = window.sheetOf(window.record().value());
     RecordWindow record(sheet, "TESSARA-TM-151-4711.json", settings);
@@ -75,6 +80,15 @@ class Shots {
     const int percent = qRound(100 * window.devicePixelRatio());
     saved_ =
         window.grab().save(folder_.filePath(what + '-' + name_.arg(percent) + ".png")) && saved_;
+  }
+
+  void saveMenus(const QMenuBar& bar) {
+    for (QAction* action : bar.actions()) {
+      QMenu& menu = *action->menu();
+      menu.ensurePolished();
+      menu.resize(menu.sizeHint());
+      save("menu" + QString::number(bar.actions().indexOf(action) + 1), menu);
+    }
   }
 
   void preview(const RecordSheet& sheet, HostSettings& settings, QWidget& window) {
@@ -99,17 +113,17 @@ class Shots {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  if (argc != 3 || !QDir().mkpath(argv[1])) {
-    QTextStream(stderr) << "Usage: host_shots FOLDER MODULE.json\n";
+  const int language = argc == 4 ? QByteArray(argv[3]).toInt() : 0;
+  if (language == 0 || !QDir().mkpath(argv[1])) {
+    QTextStream(stderr) << "Usage: host_shots FOLDER MODULE.json LANGUAGE\n";
     return 2;
   }
+  QApplication::setStyle(new HostStyle);
   Shots shots(QDir(argv[1]), argv[2]);
   const QPalette light = QApplication::palette();
   for (const QString theme : {"light", "dark"}) {
     QApplication::setPalette(theme == "dark" ? testing::darkPalette() : light);
-    for (const int language : {1, 8, 9}) {
-      shots.take(language, theme);
-    }
+    shots.take(language, theme);
   }
   return shots.allSaved() ? 0 : 1;
 }

@@ -55,8 +55,8 @@ class RecordWindowTest : public ::testing::Test {
 TEST_F(RecordWindowTest, SaysThatItIsARecordAndOfWhen) {
   EXPECT_EQ(window->windowTitle(), "Protokoll: a.json - Modul-Information");
   EXPECT_EQ(window->findChild<QLabel*>("banner")->text(),
-            "Protokoll vom 2024-05-17 08:04:59 (UTC+02:00) aus der Datei a.json: nicht der jetzige "
-            "Zustand des Moduls.");
+            "Protokoll vom 17. Mai 2024, 08:04:59 (UTC+02:00) aus der Datei a.json: nicht der "
+            "jetzige Zustand des Moduls.");
 }
 
 TEST_F(RecordWindowTest, ShowsEveryValue) {

@@ -198,7 +198,7 @@ class ProgramTest(Bench):
         self.assertEqual((ended.returncode, ended.stdout, ended.stderr), (0, "", ""))
         pages, text = self.pages(pdf)
         self.assertEqual(pages, "1")
-        for value in ("Modulprotokoll", "BENCH MODULE", "2024-05-17 08:04:59 (UTC+02:00)"):
+        for value in ("Modulprotokoll", "BENCH MODULE", "17. Mai 2024, 08:04:59 (UTC+02:00)"):
             self.assertIn(value, text)
         self.assertGreater(Png(self.picture).height, 300)
 

@@ -86,11 +86,11 @@ TEST(EventLog, TextHasTitlesALineForEachEventAndANoteOnDroppedOnes) {
   log.add(call);
   const QStringList lines = log.text().split('\n');
   ASSERT_EQ(lines.size(), 5);
-  EXPECT_EQ(lines[0], "1 ältere Ereignisse wurden verworfen.");
+  EXPECT_EQ(lines[0], "Verworfene ältere Ereignisse: 1.");
   EXPECT_EQ(lines[1], "Zeit\tVon\tEreignis\tErgebnis\tms");
   EXPECT_EQ(lines[2].section('\t', 1), "ModulInfoFLII\tModulActive(1)\t\t");
   EXPECT_EQ(lines[3].section('\t', 1),
-            "ModbusCommObject\tReadInputRegisters(192, 80, 1, 2)\tfirst second line\t12.3");
+            "ModbusCommObject\tReadInputRegisters(192, 80, 1, 2)\tfirst second line\t12,3");
   EXPECT_EQ(lines[4], "");
 }
 

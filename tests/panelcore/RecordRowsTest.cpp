@@ -1,3 +1,5 @@
+#include <map>
+
 #include <gtest/gtest.h>
 
 #include "SampleRecord.h"
@@ -91,9 +93,25 @@ TEST_F(RecordRowsTest, LeaveOutAFirmwareThatThePanelHides) {
 }
 
 TEST_F(RecordRowsTest, TheTimeHasItsOffset) {
-  EXPECT_EQ(recordTime(record), "2024-05-17 08:04:59 (UTC+02:00)");
+  EXPECT_EQ(recordTime(record, words), "17. Mai 2024, 08:04:59 (UTC+02:00)");
   record.time = record.time.toUTC();
-  EXPECT_EQ(recordTime(record), "2024-05-17 06:04:59 (UTC)");
+  EXPECT_EQ(recordTime(record, words), "17. Mai 2024, 06:04:59 (UTC)");
+}
+
+TEST_F(RecordRowsTest, TheTimeIsWrittenAsTheLanguageWritesIt) {
+  const std::map<HostTexts::Language, QString> days{
+      {HostTexts::Language::English, "17 May 2024, "},
+      {HostTexts::Language::French, "17 mai 2024, "},
+      {HostTexts::Language::Spanish, "17 de mayo de 2024, "},
+      {HostTexts::Language::Portuguese, "17 de maio de 2024, "},
+      {HostTexts::Language::Turkish, "17 Mayıs 2024, "},
+      {HostTexts::Language::Russian, "17 мая 2024 г., "},
+      {HostTexts::Language::Polish, "17 maja 2024, "},
+      {HostTexts::Language::Chinese, "2024年5月17日 "},
+      {HostTexts::Language::Japanese, "2024年5月17日 "}};
+  for (const auto& [language, day] : days) {
+    EXPECT_EQ(recordTime(record, HostTexts(language)), day + "08:04:59 (UTC+02:00)");
+  }
 }
 
 TEST_F(RecordRowsTest, TextHasTheValuesBelowEachOther) {

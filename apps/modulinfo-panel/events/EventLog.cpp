@@ -26,6 +26,7 @@ struct ResultText {
 /// The cells behind the time.
 struct CellText {
   int column;
+  const HostTexts& words;
 
   QString operator()(const HostEvent& event) const {
     switch (column) {
@@ -51,7 +52,7 @@ struct CellText {
         return call.error ? QString::fromStdString(*call.error)
                           : std::visit(ResultText{}, call.result);
       default:
-        return QString::number(call.milliseconds, 'f', decimals);
+        return words.locale().toString(call.milliseconds, 'f', decimals);
     }
   }
 };
@@ -110,7 +111,7 @@ QString EventLog::failureCause() const {
 QString EventLog::cell(int row, int column) const {
   const Entry& entry = entries_.at(static_cast<std::size_t>(row));
   return column == Time ? entry.time.toString("HH:mm:ss.zzz")
-                        : std::visit(CellText{column}, entry.what);
+                        : std::visit(CellText{column, words_}, entry.what);
 }
 
 QString EventLog::text(int first, int last) const {

@@ -118,10 +118,9 @@ std::vector<RecordSection> recordSections(const ModuleRecord& record, const Text
   return sections;
 }
 
-QString recordTime(const ModuleRecord& record) {
+QString recordTime(const ModuleRecord& record, const HostTexts& words) {
   const QDateTime& time = record.time;
-  return time.toString("yyyy-MM-dd HH:mm:ss") + " (" +
-         time.toOffsetFromUtc(time.offsetFromUtc()).timeZoneAbbreviation() + ')';
+  return words.locale().toString(time.toOffsetFromUtc(time.offsetFromUtc()), words(Word::Moment));
 }
 
 QString recordText(const ModuleRecord& record, const TextTables& texts, const HostTexts& words) {
@@ -136,7 +135,8 @@ QString recordText(const ModuleRecord& record, const TextTables& texts, const Ho
     const QString gap(width - columns(caption) + 2, ' ');
     return "  " + caption + ':' + gap + value + '\n';
   };
-  QString text = words(Word::RecordTitle) + '\n' + line(words(Word::Recorded), recordTime(record));
+  QString text =
+      words(Word::RecordTitle) + '\n' + line(words(Word::Recorded), recordTime(record, words));
   for (const RecordSection& section : sections) {
     text += '\n' + section.title + '\n';
     for (const RecordRow& row : section.rows) {

@@ -32,8 +32,8 @@ std::vector<RecordSection> recordSections(const ModuleRecord& record, const Text
                                           const HostTexts& words);
 
 /// The moment of the record as it was where the module was read, with the offset from UTC:
-/// "2024-05-17 08:04:59 (UTC+02:00)".
-QString recordTime(const ModuleRecord& record);
+/// "17 May 2024, 08:04:59 (UTC+02:00)".
+QString recordTime(const ModuleRecord& record, const HostTexts& words);
 
 /// The record as plain text, for mails: a title, then a line for each row, the values below each
 /// other.

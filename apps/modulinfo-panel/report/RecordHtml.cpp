@@ -8,7 +8,7 @@ namespace tessara {
 namespace {
 
 /// The width of the captions' column in heights of the values.
-constexpr int captionWidth = 14;
+constexpr int captionWidth = 15;
 
 bool isLink(const QString& value) {
   return value.startsWith("https://") || value.startsWith("http://");
@@ -83,7 +83,7 @@ QString titleHtml(const ModuleRecord& record, const HostTexts& words, const Reco
          line(ink.pixels * 2, "font-weight:600", words(Word::RecordTitle)) +
          line(ink.pixels * 4 / 3, {}, record.module.name) +
          line(ink.pixels, "color:" + ink.caption.name(),
-              words(Word::Recorded) + ": " + recordTime(record)) +
+              words(Word::Captioned2, {words(Word::Recorded), recordTime(record, words)})) +
          "</td>" + mark + "</tr></table>";
 }
 

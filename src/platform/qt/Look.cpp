@@ -36,14 +36,20 @@ QStringList familiesOfLanguage() {
 }
 
 QFont fontOf(const QWidget& panel, double points, QFont::Weight weight) {
-  QFont font = panel.font();
-  font.setFamilies(QStringList{QFontInfo(font).family()} + familiesOfLanguage());
+  QFont font = fontOfLanguage(panel.font());
   font.setPointSizeF(points);
   font.setWeight(weight);
   return font;
 }
 
 }  // namespace
+
+QFont fontOfLanguage(QFont font) {
+  if (const QStringList families = familiesOfLanguage(); !families.isEmpty()) {
+    font.setFamilies(QStringList{QFontInfo(font).family()} + families);
+  }
+  return font;
+}
 
 Look Look::of(const QWidget& panel, double scale) {
   const QPalette& palette = panel.palette();

@@ -8,6 +8,10 @@
 
 namespace tessara {
 
+/// The font, with families behind its own that write Chinese or Japanese as the language of the
+/// control does. In all other languages the font as it is.
+QFont fontOfLanguage(QFont font);
+
 /// How the panel looks at this moment: colours that follow the palette of the system, light or
 /// dark, and measures that follow the size of the panel.
 struct Look {
