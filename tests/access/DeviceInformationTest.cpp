@@ -16,7 +16,7 @@ class DeviceInformation : public ControlFixture {
     control.bDataValid = true;
     platform.loop.timerEnabled = true;
   }
-  std::vector<std::string> story() const {
+  [[nodiscard]] std::vector<std::string> story() const {
     return log.only({"ModulActive", "StatusChange", "Connect", "Read", "CMD48", "Close", "yield"});
   }
 };

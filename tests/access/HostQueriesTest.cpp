@@ -15,7 +15,7 @@ class HostQueries : public ControlFixture {
     control.DevAddr = 7;
     log.clear();
   }
-  std::vector<std::string> story() const {
+  [[nodiscard]] std::vector<std::string> story() const {
     return log.only({"ModulActive", "StatusChange", "Connect", "Read", "CMD48", "Close", "yield",
                      "sleep", "Timer", "Show", "SetConfiguration"});
   }

@@ -10,11 +10,10 @@ namespace tessara::testing {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 class ReadFailure : public ControlFixture {
  protected:
-  std::vector<std::string> story() const {
+  [[nodiscard]] std::vector<std::string> story() const {
     return log.only({"ModulActive", "StatusChange", "Connect", "Read", "CMD48", "Close"});
   }
   void read() { control.panel.CmdDeviceInfo.press(); }

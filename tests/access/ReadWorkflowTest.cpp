@@ -15,12 +15,12 @@ const std::vector<std::string> accessEntries{"ModulActive", "StatusChange", "Con
 
 class ReadWorkflow : public ControlFixture {
  protected:
-  std::vector<std::string> story() const { return log.only(accessEntries); }
-  std::vector<std::string> deviceCalls() const {
+  [[nodiscard]] std::vector<std::string> story() const { return log.only(accessEntries); }
+  [[nodiscard]] std::vector<std::string> deviceCalls() const {
     return log.only({"Connect", "Read", "CMD48", "Close", "sleep"});
   }
   void read() { control.panel.CmdDeviceInfo.press(); }
-  const Panel& panel() const { return control.panel; }
+  [[nodiscard]] const Panel& panel() const { return control.panel; }
 };
 
 TEST_F(ReadWorkflow, AHealthyModuleIsReadStepByStep) {

@@ -15,7 +15,7 @@ class Scan : public ControlFixture {
     control.AutomaticConnection();
     log.clear();
   }
-  std::vector<std::string> story() const {
+  [[nodiscard]] std::vector<std::string> story() const {
     return log.only({"ModulActive", "StatusChange", "Connect", "Read", "CMD48", "Close", "yield",
                      "sleep", "NFCReader"});
   }
@@ -27,7 +27,7 @@ class Scan : public ControlFixture {
       }
     };
   }
-  const Panel& panel() const { return control.panel; }
+  [[nodiscard]] const Panel& panel() const { return control.panel; }
 };
 
 TEST_F(Scan, AGoodPassReadsTheStatusWordsWithItsTurnsAndGivesNoEndingValue) {

@@ -106,7 +106,7 @@ class Torture : public ControlFixture, public ::testing::WithParamInterface<Path
     control.AutomaticConnection();
   }
 
-  std::vector<std::string> calls() const {
+  [[nodiscard]] std::vector<std::string> calls() const {
     return log.only({"Connect", "Read", "CMD48", "CloseSerialConnection"});
   }
 

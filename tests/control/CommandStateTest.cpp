@@ -11,7 +11,7 @@ using ::testing::IsEmpty;
 class CommandState : public ControlFixture {
  protected:
   /// The enabled states of the six buttons: Read, Store, Offline, Open, Save, Print.
-  std::string states() const {
+  [[nodiscard]] std::string states() const {
     const Panel& panel = control.panel;
     std::string out;
     for (const auto* button : {&panel.CmdDeviceInfo, &panel.CmdStoreParameter,
@@ -21,8 +21,6 @@ class CommandState : public ControlFixture {
     }
     return out;
   }
-
-  std::vector<std::string> buttonsSet() const { return log.only({"Cmd", "cmd"}); }
 };
 
 TEST_F(CommandState, ADesignedPanelHasAllButtonsOn) {

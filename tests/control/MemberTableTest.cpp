@@ -9,7 +9,6 @@ namespace tessara::testing {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 class MemberTable : public ControlFixture {};
 

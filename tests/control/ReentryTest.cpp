@@ -5,8 +5,6 @@
 namespace tessara::testing {
 namespace {
 
-using ::testing::Contains;
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 /// What happens when an event enters the control in the middle of a workflow.
@@ -24,7 +22,9 @@ class Reentry : public ControlFixture {
     control.AutomaticConnection();
     log.clear();
   }
-  std::vector<std::string> calls() const { return log.only({"Connect", "Read", "CMD48", "Close"}); }
+  [[nodiscard]] std::vector<std::string> calls() const {
+    return log.only({"Connect", "Read", "CMD48", "Close"});
+  }
 };
 
 TEST_F(Reentry, ATickInAReadFindsTheGateClosed) {

@@ -31,12 +31,12 @@ class StartUp : public ControlFixture {
     platform.settings[std::u16string(key) + name] = value;
   }
   void show() { control.UserControl_Show(); }
-  const Panel& panel() const { return control.panel; }
-  std::vector<std::string> path() const {
+  [[nodiscard]] const Panel& panel() const { return control.panel; }
+  [[nodiscard]] std::vector<std::string> path() const {
     return log.only(
         {"InitModbusObject", "InitHartObject", "InitNFCObject", "NFCReader", "SetValue", "CR95HF"});
   }
-  bool selected(const std::shared_ptr<tessara::CommunicationObject>& object) const {
+  [[nodiscard]] bool selected(const std::shared_ptr<tessara::CommunicationObject>& object) const {
     return control.CommObject == object && control.CommunicationObject == object;
   }
 };
