@@ -24,6 +24,9 @@ void ButtonRow::add(const QString& text, const QKeySequence& keys,
                     const std::function<void()>& task) {
   auto* button = new QPushButton(text, &window_);
   button->setAutoDefault(true);
+  // Styles leave long texts little room at their sides.
+  const int taken = button->fontMetrics().size(Qt::TextShowMnemonic, text).width();
+  button->setMinimumWidth(taken + 4 * margin);
   QObject::connect(button, &QPushButton::clicked, &window_, task);
   addWidget(button);
   if (!keys.isEmpty()) {

@@ -1,6 +1,4 @@
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <string>
 
@@ -8,8 +6,8 @@
 
 #include "FakeHost.h"
 #include "FakePlatform.h"
+#include "HelpPages.h"
 #include "control/ModulInfoFLII.h"
-#include "helptool/HtmlText.h"
 #include "knowledge/ChannelStatus.h"
 #include "knowledge/ModuleStatus.h"
 #include "platform/Text.h"
@@ -19,6 +17,7 @@ namespace {
 
 using testing::FakeHost;
 using testing::FakePlatform;
+using testing::wordsOfPages;
 
 /// A language that has a help of its own.
 struct HelpLanguage {
@@ -26,25 +25,6 @@ struct HelpLanguage {
   std::int16_t number;
   const char* folder;
 };
-
-/// All words of the pages of a help, each gap between them a single blank.
-std::string wordsOfPages(const std::filesystem::path& folder) {
-  std::string words;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    if (entry.path().extension() == ".html") {
-      std::ifstream file(entry.path(), std::ios::binary);
-      words += withoutTags(std::string(std::istreambuf_iterator<char>(file), {})) + "\n";
-    }
-  }
-  std::string plain;
-  for (const char sign : words) {
-    const char shown = sign == '\n' ? ' ' : sign;
-    if (shown != ' ' || !plain.ends_with(' ')) {
-      plain += shown;
-    }
-  }
-  return plain;
-}
 
 /// The pieces of a text between separators, blanks around them removed.
 std::set<std::u16string> piecesOf(std::u16string text, std::u16string_view separator) {

@@ -94,9 +94,10 @@ class HelpFiles(unittest.TestCase):
                     for stem in STEMS]
         self.assertEqual(pictures[0], pictures[1])
 
-    def test_pictures_of_the_panel_are_drawn_in_the_language_of_the_help(self):
-        shots = sorted((self.folder / STEMS[0]).glob("panel*.png"))
-        self.assertGreaterEqual(len(shots), 5)
+    def test_pictures_of_panel_and_dialogs_are_drawn_in_the_language_of_the_help(self):
+        german = self.folder / STEMS[0]
+        shots = sorted([*german.glob("panel*.png"), *german.glob("dialog-*.png")])
+        self.assertGreaterEqual(len(shots), 7)
         for shot in shots:
             self.assertTrue(shot.read_bytes().startswith(PNG))
             other = self.folder / STEMS[1] / shot.name
