@@ -1,5 +1,6 @@
-# Who makes the product that is being built: what the about box shows. Set it when configuring, for
-# example with -DTESSARA_MAKER_COMPANY="...". Nobody should mistake the sample values for real ones.
+# Who makes the product that is being built, and on which terms: what the about box and the packages say.
+# Set it when configuring, for example with -DTESSARA_MAKER_COMPANY="...". Nobody should mistake the
+# sample values for real ones.
 
 set(TESSARA_MAKER_COMPANY "Sample Company" CACHE STRING "Name of the maker")
 set(TESSARA_MAKER_ADDRESS1 "Sample Street 1" CACHE STRING "First line of the maker's address")
@@ -10,3 +11,15 @@ set(TESSARA_MAKER_MAIL "info@maker.example" CACHE STRING "Mail address of the ma
 set(TESSARA_MAKER_WEB "www.maker.example" CACHE STRING "Web address of the maker")
 set(TESSARA_MAKER_YEAR "2026" CACHE STRING "Year in the about box")
 set(TESSARA_MAKER_VERSION "${PROJECT_VERSION} (sample)" CACHE STRING "Version that modulinfo-panel shows in the about box")
+set(TESSARA_MAKER_LICENSE "LicenseRef-sample" CACHE STRING
+    "Licence of the packages: an SPDX expression, LicenseRef-... for the maker's own terms")
+set(TESSARA_MAKER_LICENSE_FILE "${CMAKE_CURRENT_LIST_DIR}/../packaging/debian/licence-sample.txt" CACHE FILEPATH
+    "Text file with the terms of that licence")
+set(TESSARA_APPSTREAM_ID "example.maker.modulinfo_panel" CACHE STRING
+    "Name under which software catalogues know modulinfo-panel")
+
+# The web address may have been given without a scheme.
+set(TESSARA_MAKER_HOMEPAGE "${TESSARA_MAKER_WEB}")
+if(NOT TESSARA_MAKER_WEB MATCHES "://")
+  string(PREPEND TESSARA_MAKER_HOMEPAGE "https://")
+endif()

@@ -1,0 +1,89 @@
+"""What the maker of the product sets when configuring arrives everywhere, whatever signs are in it."""
+
+import pathlib
+import re
+import tempfile
+import unittest
+import xml.etree.ElementTree
+
+from staging import COMPILER, ROOT, run
+
+COMPANY = 'Müller & Søn "<Mess>" GmbH'
+VALUES = {
+    "TESSARA_MAKER_COMPANY": COMPANY, "TESSARA_MAKER_ADDRESS1": "c:\\1 & 2",
+    "TESSARA_MAKER_MAIL": "hello@mess.example", "TESSARA_MAKER_WEB": "http://mess.example/a?b&c",
+    "TESSARA_MAKER_YEAR": "2031", "TESSARA_MAKER_VERSION": "7 \"beta\"",
+    "TESSARA_MAKER_LICENSE": "MIT", "TESSARA_APPSTREAM_ID": "example.mess.modulinfo_panel",
+}
+TERMS = "First line.\n\n  Third line.\n"
+
+# Prints values as somebody sees them who includes the file.
+TELL = """
+include("{file}")
+foreach(name {names})
+  message(STATUS "${{name}}=${{${{name}}}}")
+endforeach()
+"""
+
+
+class Maker(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        # pylint: disable-next=consider-using-with
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.folder = pathlib.Path(folder.name)
+        cls.build = cls.folder / "build"
+        terms = cls.folder / "terms.txt"
+        terms.write_text(TERMS, "utf-8")
+        values = VALUES | {"TESSARA_MAKER_LICENSE_FILE": terms, "BUILD_TESTING": "OFF",
+                           "CMAKE_CXX_COMPILER": COMPILER}
+        run("cmake", "-G", "Ninja", "-S", ROOT, "-B", cls.build,
+            *(f"-D{name}={value}" for name, value in values.items()))
+
+    def text(self, name):
+        return (self.build / name).read_text("utf-8")
+
+    def tell(self, file, *names):
+        script = self.folder / "tell.cmake"
+        script.write_text(TELL.format(file=file, names=" ".join(names)), "utf-8")
+        return dict(re.findall(r"^-- (\w+)=(.*)$", run("cmake", "-P", script), re.M))
+
+    def test_the_about_box_shows_it(self):
+        source = self.text("src/localisation/Maker.cpp")
+        for name in ("COMPANY", "ADDRESS1", "MAIL", "WEB", "YEAR", "VERSION"):
+            self.assertIn(f'uR"maker({VALUES[f"TESSARA_MAKER_{name}"]})maker"', source)
+
+    def test_software_catalogues_say_it(self):
+        page = self.build / "packaging/example.mess.modulinfo_panel.metainfo.xml"
+        self.assertIn("successful", run("appstreamcli", "validate", "--no-net", page))
+        component = xml.etree.ElementTree.parse(page)
+        self.assertEqual(component.findtext("developer_name"), COMPANY)
+        self.assertEqual(component.findtext("url"), "http://mess.example/a?b&c")
+        self.assertEqual(component.findtext("project_license"), "MIT")
+        self.assertEqual(component.findtext("id"), "example.mess.modulinfo_panel")
+
+    def test_the_packages_say_it(self):
+        told = self.tell(self.build / "CPackConfig.cmake", "CPACK_PACKAGE_VENDOR",
+                         "CPACK_PACKAGE_CONTACT", "CPACK_DEBIAN_PACKAGE_HOMEPAGE")
+        self.assertEqual(told, {"CPACK_PACKAGE_VENDOR": COMPANY,
+                                "CPACK_PACKAGE_CONTACT": f"{COMPANY} <hello@mess.example>",
+                                "CPACK_DEBIAN_PACKAGE_HOMEPAGE": "http://mess.example/a?b&c"})
+
+    def test_the_terms_are_his(self):
+        paper = self.text("packaging/debian/copyright")
+        self.assertIn(f"Copyright: 2031 {COMPANY}\n", paper)
+        self.assertTrue(paper.endswith("\nLicense: MIT\n First line.\n .\n   Third line.\n"), paper)
+
+    def test_what_he_does_not_set_is_clearly_a_sample(self):
+        names = [f"TESSARA_MAKER_{name}" for name in ("COMPANY", "ADDRESS1", "ADDRESS2", "VERSION",
+                                                      "LICENSE", "LICENSE_FILE")]
+        for name, value in self.tell(ROOT / "cmake/Maker.cmake", *names).items():
+            self.assertRegex(value, "(?i)sample", name)
+        names = ["TESSARA_MAKER_MAIL", "TESSARA_MAKER_WEB", "TESSARA_MAKER_HOMEPAGE"]
+        for name, value in self.tell(ROOT / "cmake/Maker.cmake", *names).items():
+            self.assertTrue(value.endswith(".example"), name)
+
+
+if __name__ == "__main__":
+    unittest.main()
