@@ -1,15 +1,13 @@
 """The Debian packages of this build: what is in them, what lintian says, installing and removing."""
 
 import json
-import os
 import pathlib
 import re
 import subprocess
 import unittest
 
+from other_system import OtherSystem
 from staging import BUILD, Staged, run
-
-DPKG_STATUS = pathlib.Path("/var/lib/dpkg/status")
 
 # Papers that packages have and a plain installation has not.
 PAPERS = re.compile(r"usr/share/(doc|lintian)/")
@@ -113,52 +111,51 @@ class Debian(Staged):
                                  check=False, env=self.environment)
         self.assertEqual((checked.stdout, checked.returncode), ("", 0))
 
-    def make_system(self):
-        """A system of its own, which has the packages of this computer."""
-        self.root = self.folder / self.id()
-        database = self.root / "var/lib/dpkg"
-        for name in ("info", "updates", "triggers"):
-            (database / name).mkdir(parents=True)
-        stanzas = DPKG_STATUS.read_text("utf-8").split("\n\n")
-        own = re.compile(rf"Package: ({'|'.join(self.packages)})\n")
-        (database / "status").write_text(
-            "\n\n".join(stanza for stanza in stanzas if not own.match(stanza)), "utf-8")
-
-    def dpkg(self, *arguments):
-        # To whom the files are given is seen by root alone; fakeroot lets anybody play root. The
-        # scripts of the packages run outside of the other system, which has no shell, and know it.
-        return run("fakeroot", "dpkg", f"--root={self.root}", "--force-script-chrootless", "--log=",
-                   *arguments, env=os.environ | {"PATH": f"{os.environ['PATH']}:/usr/sbin:/sbin"})
-
-    def files(self):
-        return {path.relative_to(self.root).as_posix() for path in self.root.rglob("*")
-                if (path.is_symlink() or not path.is_dir())
-                and not path.is_relative_to(self.root / "var")}
+    def system(self):
+        return OtherSystem(self.folder / self.id(), self.packages)
 
     def install(self):
         """Gives the packages to a system, a second time too."""
-        self.make_system()
+        system = self.system()
         for _ in range(2):
-            self.dpkg("--install", *self.packages.values())
-            self.assertEqual(self.files(), set().union(*self.contents.values()))
+            system.dpkg("--install", *self.packages.values())
+            self.assertEqual(system.files(), set().union(*self.contents.values()))
+        return system
 
     def test_programs_work_where_they_are_installed(self):
-        self.install()
-        module = self.root / "usr/share/tessara-modulinfo/modules/tessara-um-161.json"
-        read = run(self.root / "usr/bin/modulinfo", "read", "--simulate", module, "--language", "2",
+        root = self.install().root
+        module = root / "usr/share/tessara-modulinfo/modules/tessara-um-161.json"
+        read = run(root / "usr/bin/modulinfo", "read", "--simulate", module, "--language", "2",
                    "--json", env=self.environment, cwd=self.home)
         self.assertIn("No error", json.loads(read)["moduleStatus"])
-        picture = self.root / "panel.png"
-        run(self.root / "usr/bin/modulinfo-panel", "--simulate", module, "--screenshot", picture,
+        picture = root / "panel.png"
+        run(root / "usr/bin/modulinfo-panel", "--simulate", module, "--screenshot", picture,
             env=self.environment, cwd=self.home)
         self.assertTrue(picture.is_file())
 
     def test_they_are_removed_whole_and_in_order(self):
-        self.install()
+        system = self.install()
         with self.assertRaisesRegex(AssertionError, "dependency problems"):
-            self.dpkg("--remove", "tessara-modulinfo-common")
-        self.dpkg("--purge", *self.packages)
-        self.assertEqual(self.files(), set())
+            system.dpkg("--remove", "tessara-modulinfo-common")
+        system.dpkg("--purge", *self.packages)
+        self.assertEqual(system.files(), set())
+
+    def test_apt_installs_and_removes_what_technicians_need(self):
+        system = self.system()
+        needed = ("tessara-modulinfo", "tessara-modulinfo-common")
+        with self.assertRaisesRegex(AssertionError, "Depends: tessara-modulinfo-common"):
+            system.apt("install", self.packages["tessara-modulinfo"])
+        system.apt("install", *(self.packages[name] for name in needed))
+        self.assertEqual(system.files(), set().union(*(self.contents[name] for name in needed)))
+        system.apt("purge", *needed)
+        self.assertEqual(system.files(), set())
+
+    def test_apt_removes_with_the_library_what_is_built_on_it(self):
+        system = self.system()
+        system.apt("install", *self.packages.values())
+        system.apt("remove", self.library_package)
+        gone = self.contents[self.library_package] | self.contents["libtessaramodulinfo-dev"]
+        self.assertEqual(system.files(), set().union(*self.contents.values()) - gone)
 
 
 if __name__ == "__main__":
