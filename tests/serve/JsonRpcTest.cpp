@@ -113,6 +113,21 @@ TEST(JsonRpc, a_batch_has_its_entries_in_order_good_and_bad) {
   EXPECT_EQ(std::get<RpcRequest>(decoded.entries[2]).method, "members");
 }
 
+TEST(JsonRpc, a_batch_beyond_all_measure_is_refused_as_a_whole) {
+  const auto batchOf = [](std::size_t entries) {
+    std::string line = "[0";
+    for (std::size_t i = 1; i < entries; ++i) line += ",0";
+    return decodeLine(line + "]");
+  };
+  EXPECT_EQ(batchOf(10'000).entries.size(), 10'000U);
+  const RpcLine refused = batchOf(10'001);
+  EXPECT_FALSE(refused.isBatch);
+  ASSERT_EQ(refused.entries.size(), 1U);
+  const auto& fault = std::get<RpcFault>(refused.entries[0]);
+  EXPECT_EQ(fault.error.code(), RpcCode::InvalidRequest);
+  EXPECT_STREQ(fault.error.what(), "a batch of more than 10000 requests");
+}
+
 TEST(JsonRpc, nesting_without_bottom_is_survived) {
   constexpr std::size_t deep = 200'000;
   EXPECT_EQ(faultOf(std::string(deep, '[')).error.code(), RpcCode::NoJson);

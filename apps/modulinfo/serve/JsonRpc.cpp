@@ -53,6 +53,12 @@ RpcLine decodeMessage(Json message) {
     decoded.entries.push_back(fault({}, RpcCode::InvalidRequest, "a batch without a request"));
     return decoded;
   }
+  if (message.size() > mostInBatch) {
+    decoded.entries.push_back(
+        fault({}, RpcCode::InvalidRequest,
+              "a batch of more than " + std::to_string(mostInBatch) + " requests"));
+    return decoded;
+  }
   decoded.isBatch = true;
   decoded.entries.reserve(message.size());
   for (Json& entry : message) decoded.entries.push_back(decodeEntry(entry));

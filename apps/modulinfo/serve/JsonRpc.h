@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -41,6 +42,10 @@ struct RpcLine {
   bool isBatch = false;
   std::vector<RpcEntry> entries;
 };
+
+/// The most requests that a batch may hold: each takes several hundred times the room of the two
+/// bytes that it takes at the least in its line.
+inline constexpr std::size_t mostInBatch = 10'000;
 
 /// Reads one line (UTF-8, without its end). Whatever stands in it gives at least one entry and
 /// never an exception.
