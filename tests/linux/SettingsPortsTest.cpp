@@ -55,6 +55,18 @@ TEST_F(SettingsPortsTest, NameAnEntryThatIsNoPort) {
   }
 }
 
+TEST_F(SettingsPortsTest, HaveNamesThatTheWalkOverThePortsHasRoomFor) {
+  const auto enter = [this](std::size_t length) {
+    put(userFile(),
+        "[Ports]\nCOM9\\Device=/dev/pts/5\nCOM9\\Name=" + std::string(length, 'n') + "\n");
+  };
+  enter(240);
+  EXPECT_EQ(SettingsPorts().ports().at(0).deviceName, std::string(240, 'n'));
+  enter(241);
+  EXPECT_THAT(errorOf([] { static_cast<void>(SettingsPorts().ports()); }),
+              HasSubstr("Ports/COM9/Name is longer than 240 bytes"));
+}
+
 TEST(ComPortNumber, IsTheNumberOfAPort) {
   EXPECT_EQ(comPortNumber("COM1"), 1);
   EXPECT_EQ(comPortNumber("COM32767"), 32767);

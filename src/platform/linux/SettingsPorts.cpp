@@ -11,6 +11,9 @@ namespace tessara {
 namespace {
 
 constexpr std::string_view portPrefix = "COM";
+/// The walk over the ports offers 256 bytes for a name and ends at one that has no room in them,
+/// with all ports behind it lost; some bytes are left for a number that may have to be added.
+constexpr std::size_t longestName = 240;
 
 /// The port whose entry `name` is, with the place in it that the entry fills.
 std::pair<std::int16_t, std::string KnownPort::*> placeOf(const std::string& name) {
@@ -43,6 +46,11 @@ std::vector<KnownPort> SettingsPorts::ports() const {
     KnownPort& port = entered[number];
     port.comPort = number;
     port.*place = text;
+    if (port.deviceName.size() > longestName) {
+      throw RunTimeError(ErrorNumber::InvalidCall, "The setting " + std::string(group) + '/' +
+                                                       name + " is longer than " +
+                                                       std::to_string(longestName) + " bytes");
+    }
   }
   std::vector<KnownPort> ports;
   for (auto& [number, port] : entered) {

@@ -22,7 +22,8 @@ std::optional<std::int16_t> comPortNumber(std::string_view text);
 /// A port without a name counts as a USB programming adapter, one without a device is none. They
 /// are offered in the order of their numbers.
 ///
-/// A name in the group that is neither COM<n>/Device nor COM<n>/Name is a RunTimeError.
+/// A name in the group that is neither COM<n>/Device nor COM<n>/Name, and a port's name of more
+/// than 240 bytes, is a RunTimeError.
 class SettingsPorts final : public PortSource {
  public:
   static constexpr const char* group = "Ports";
