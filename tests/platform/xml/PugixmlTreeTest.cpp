@@ -168,6 +168,26 @@ INSTANTIATE_TEST_SUITE_P(Documents, NotWellFormed,
                                            "<!-- only a comment -->", "<r><!-- open",
                                            "<r><![CDATA[x</r>", "<a>\0</a>"s, "PK\x03\x04\x14"s));
 
+TEST_F(PugixmlTreeFile, ExpandsNoEntitiesOfAFile) {
+  std::ofstream(folder / "secret", std::ios::binary) << "secret";
+  ASSERT_TRUE(
+      load("<!DOCTYPE r [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;'>"
+           "<!ENTITY c SYSTEM 'secret'>]><r n='&b;'><x>&b;&c;</x></r>"));
+  EXPECT_EQ(tree.attribute(tree.root(), 0), u"&b;");
+  EXPECT_EQ(tree.text(tree.child(tree.root(), 0)), u"&b;&c;");
+}
+
+TEST_F(PugixmlTreeFile, OfElementsWithinElementsWithoutBottomIsSurvived) {
+  constexpr std::size_t depth = 500'000;
+  std::string nested;
+  for (std::size_t i = 0; i < depth; ++i) nested += "<x>";
+  EXPECT_FALSE(load(nested));
+  for (std::size_t i = 0; i < depth; ++i) nested += "</x>";
+  ASSERT_TRUE(load(nested));
+  EXPECT_EQ(tree.childCount(tree.root()), 1);
+  EXPECT_EQ(tree.countByTag(tree.child(tree.root(), 0), "x"), 1);
+}
+
 TEST_F(PugixmlTreeFile, AnotherFileReplacesTheFormer) {
   ASSERT_TRUE(load("<r><x n='1'/><x n='2'/></r>"));
   EXPECT_EQ(tree.attribute(tree.child(tree.root(), 1), 0), u"2");
