@@ -25,7 +25,7 @@ constinit const HostWords russianWords = inOrder({{
     {Word::NoInterface,
      u"Порт или считыватель не найден. Подключите его и запустите программу снова."},
     {Word::NothingToStore, u"Модуль подходит. У этой программы нет параметров для передачи."},
-    {Word::NoModule, u"Модуль не считан: нечего сохранять, печатать или копировать."},
+    {Word::NoModule, u"Данные модуля не считаны: нечего сохранять, печатать или копировать."},
     {Word::SavedAs1, u"Сохранено как %1"},
     {Word::CopiedText, u"Скопировано как текст"},
     {Word::HelpInBrowser,
