@@ -46,7 +46,8 @@ std::int32_t GetSystemCountryCode(const Locale& locale);
 /// False if the file is missing or a count in it is wrong but harmless; the caller then tells the
 /// user and falls back on LoadDefaultTexts. A damaged file is an error: a count that is no number
 /// (13) or above 32767 (6), more texts than the table has slots (9), an end before the last text is
-/// read (62), a file that cannot be opened (75). Texts read so far stay, whatever the outcome.
+/// read (62), a file that cannot be opened or is far too long (75). Texts read so far stay,
+/// whatever the outcome.
 bool LoadLanguageFile(const std::u16string& appPath, std::int16_t language, const FileSystem& files,
                       const Locale& locale, LanguageState& state);
 

@@ -12,7 +12,12 @@ class LanguageFile {
  public:
   explicit LanguageFile(std::string bytes) : bytes_(std::move(bytes)) {}
 
-  /// The file at `path`, whole. One that cannot be read is an access error (75).
+  /// Files have a few kilobytes; one beyond this, or without an end, would take the memory of the
+  /// machine.
+  static constexpr std::size_t mostBytes = std::size_t{64} << 20U;
+
+  /// The file at `path`, whole. One that cannot be read, or is longer than mostBytes, is an access
+  /// error (75).
   static LanguageFile open(const std::filesystem::path& path);
 
   /// The next code unit. With fewer than two bytes left it is a read past the end (error 62).

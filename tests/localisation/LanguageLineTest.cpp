@@ -84,6 +84,10 @@ TEST(LanguageLine, CarriesEveryCodeUnit) {
   EXPECT_TRUE(file.atEnd());
 }
 
+TEST(LanguageFile, WithoutAnEndIsAnAccessError) {
+  EXPECT_EQ(errorNumberOf([] { (void)LanguageFile::open("/dev/zero"); }), ErrorNumber::FileAccess);
+}
+
 TEST(LanguageFile, IsNotAtItsEndWithOneByteLeft) {
   LanguageFile file(utf16Bytes(u"ab\r\n") + 'x');
   EXPECT_EQ(ReadLanguageLine(file), u"ab");
