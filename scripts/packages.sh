@@ -25,7 +25,8 @@ TEST_PACKAGES=(
   libgtest-dev libgmock-dev libumockdev-dev umockdev
   clang libclang-rt-14-dev clang-format clang-tidy
   libchm-bin fakeroot man-db zsh
-  poppler-utils xdotool locales socat mbpoll python3-pymodbus python3-serial python3-serial-asyncio xvfb xauth
+  poppler-utils locales socat mbpoll python3-pymodbus python3-serial python3-serial-asyncio
+  xvfb openbox python3-xlib
 )
 
 # missingPackages NAME...: those of the packages that are not installed, one a line.

@@ -1,0 +1,134 @@
+"""The window of `modulinfo-panel` under a real pointer and real keys."""
+
+import json
+import unittest
+
+from desktop import wait_for
+from panel_on_desktop import (ENGLISH, GREEN, OPEN, PRINT, READ, SAVE, TITLE, TITLE_OF_MODULE,
+                              PanelOnDesktop)
+
+EVENTS = "Events - " + TITLE
+
+# The list of ports on the panel, and its second line when it is open.
+PORTS, SECOND_PORT = (90, 83), (90, 103)
+
+
+class PointerTest(PanelOnDesktop):
+    def choose_file(self, title, path):
+        """Types the path into the file dialog of that title."""
+        self.desktop.window(title)
+        self.desktop.press("Control+a")
+        self.desktop.type(str(path))
+        self.desktop.press("Return")
+        self.desktop.wait_until_gone(title)
+
+    def tool_tip(self):
+        return wait_for(lambda: self.desktop.popups("TOOLTIP"), "a tool tip")[0]
+
+    def test_a_click_on_the_read_button_fills_the_window(self):
+        _, window = self.start_simulated()
+        self.click_on_panel(window, READ)
+        window = self.desktop.window(TITLE_OF_MODULE)
+        self.wait_for_state(window, GREEN)
+
+    def test_a_record_is_saved_and_opened(self):
+        _, window = self.start_read()
+        saved = self.folder / "Pointed_1.json"
+        self.click_on_panel(window, SAVE)
+        self.choose_file("Save record", saved)
+        wait_for(saved.exists, "the record")
+        record = json.loads(saved.read_text("utf-8"))
+        self.assertEqual(record["module"]["serialNumber"], "4711")
+
+        self.click_on_panel(self.desktop.window(TITLE_OF_MODULE), OPEN)
+        self.choose_file("Open record", saved)
+        opened = f"Record: {saved.name} - {TITLE}"
+        self.desktop.window(opened)
+        self.desktop.press("Escape")
+        self.desktop.wait_until_gone(opened)
+        self.desktop.window(TITLE_OF_MODULE)
+
+    def test_the_preview_comes_up_and_goes(self):
+        _, window = self.start_read()
+        self.click_on_panel(window, PRINT)
+        preview = self.desktop.window("Print: TESSARA TM 151")
+        self.desktop.press("Escape")
+        self.desktop.wait_until_gone(preview.title)
+        self.desktop.window(TITLE_OF_MODULE)
+
+    def test_the_window_comes_up_where_it_stood_and_as_large(self):
+        port = next(iter(self.simulator(self.module())))
+        program, window = self.start("--port", port, "--language", ENGLISH)
+        first = window.area()
+        _, _, top, bottom = window.frame
+        # By the title bar, then by the lower right corner.
+        self.desktop.drag(window, (first.x + 200, first.y - top // 2), (-150, 120))
+        moved = first._replace(x=first.x - 150, y=first.y + 120)
+        wait_for(lambda: window.area() == moved, "the move")
+        corner = (moved.x + moved.width, moved.y + moved.height + bottom // 2)
+        self.desktop.drag(window, corner, (90, 60))
+        placed = moved._replace(width=moved.width + 90, height=moved.height + 60)
+        wait_for(lambda: window.area() == placed, "the size")
+        for _ in range(2):
+            self.desktop.press("Control+q")
+            self.assert_ends_well(program)
+            program, window = self.start("--port", port, "--language", ENGLISH)
+            wait_for(lambda: window.area() == placed, f"the place {placed}")
+
+    def test_the_menu_ends_the_program_by_its_keys(self):
+        program, _ = self.start_simulated()
+        self.desktop.press("Alt+f")
+        wait_for(lambda: self.desktop.popups("DROPDOWN_MENU"), "the menu")
+        self.desktop.press("q")
+        self.assert_ends_well(program)
+
+    def test_the_frame_ends_the_program(self):
+        program, window = self.start_read()
+        area = window.area()
+        self.desktop.click(window, (area.width - 10, -window.frame[2] // 2))
+        self.assert_ends_well(program)
+
+    def test_the_events_come_and_go_by_their_keys_and_are_clicked(self):
+        _, window = self.start_read()
+        self.desktop.press("Control+e")
+        events = self.desktop.window(EVENTS)
+        row = (60, 40)
+        idle = self.desktop.pixel(events, row)
+        self.desktop.click(events, row)
+        wait_for(lambda: self.desktop.pixel(events, row) != idle, "the selected row")
+        self.desktop.press("Escape")
+        self.desktop.wait_until_gone(EVENTS)
+
+        self.desktop.window(TITLE_OF_MODULE)
+        self.desktop.press("Control+e")
+        area = self.desktop.window(EVENTS).area()
+        self.desktop.click(self.desktop.window(EVENTS), (area.width - 30, area.height - 20))
+        self.desktop.wait_until_gone(EVENTS)
+
+    def test_a_tool_tip_comes_up_under_the_pointer_and_goes_with_it(self):
+        _, window = self.start_simulated()
+        sizes = set()
+        for button in (READ, PRINT):
+            self.desktop.point(window, self.on_panel(window, button))
+            tip = self.tool_tip().area()
+            pointer = window.area().x + button[0]
+            self.assertTrue(tip.x - 5 <= pointer + 20 <= tip.x + tip.width, (tip, pointer))
+            sizes.add(tip.width)
+            self.desktop.point(window, (600, 5))
+            wait_for(lambda: not self.desktop.popups("TOOLTIP"), "the end of the tool tip")
+        self.assertEqual(len(sizes), 2)
+
+    def test_a_port_is_chosen_from_the_list(self):
+        ports = list(self.simulator(self.module(), self.module("other.json", name="OTHER")))
+        _, window = self.start("--port", ports[0], "--language", ENGLISH)
+        self.click_on_panel(window, PORTS)
+        wait_for(lambda: self.desktop.popups("NORMAL"), "the list of ports")
+        self.click_on_panel(window, SECOND_PORT)
+        # Until the list has gone, it has the pointer to itself.
+        wait_for(lambda: not self.desktop.popups("NORMAL"), "the end of the list")
+        self.click_on_panel(window, READ)
+        self.desktop.window("OTHER - " + TITLE)
+
+
+if __name__ == "__main__":
+    unittest.main()
