@@ -14,6 +14,7 @@ constexpr QChar ellipsis(0x2026);
 
 /// A help, and what its pages call a column of a table.
 struct HelpOfHost {
+  const char* name;
   HostTexts::Language language;
   const char* folder;
   const char* column;
@@ -56,8 +57,9 @@ class HostWordsInHelp : public ::testing::TestWithParam<HelpOfHost> {
 
 INSTANTIATE_TEST_SUITE_P(
     InEachLanguage, HostWordsInHelp,
-    ::testing::Values(HelpOfHost{HostTexts::Language::German, "Help_049", "Spalte "},
-                      HelpOfHost{HostTexts::Language::English, "Help_001", "column "}));
+    ::testing::Values(HelpOfHost{"German", HostTexts::Language::German, "Help_049", "Spalte "},
+                      HelpOfHost{"English", HostTexts::Language::English, "Help_001", "column "}),
+    [](const auto& help) { return std::string(help.param.name); });
 
 TEST_P(HostWordsInHelp, EveryMessageThatIsQuotedIsOneOfTheHost) {
   const QStringList quoted = cells("messages.html", "host", 0);
