@@ -52,8 +52,10 @@ TEST_F(HostQueries, AnotherFamilyDeviceOrFirmwareDiffers) {
   control.DeviceID = 161;
   control.put_FirmwareVers(1.235);
   EXPECT_EQ(control.get_CheckDeviceType(), 0);
-  control.put_FirmwareVers(1.234);
-  EXPECT_EQ(control.get_CheckDeviceType(), 1);
+  for (const double same : {1.234, 1.2344, 1.2336}) {
+    control.put_FirmwareVers(same);
+    EXPECT_EQ(control.get_CheckDeviceType(), 1) << same;
+  }
   EXPECT_TRUE(platform.loop.timerEnabled);
 }
 
@@ -199,6 +201,12 @@ TEST_F(HostQueries, GetDeviceStatusThatThrowsIsThreeAndLeavesTheTimer) {
                                    "ModulActive(3)"));
   EXPECT_TRUE(platform.loop.timerEnabled);
   EXPECT_TRUE(control.ScanEnabled);
+}
+
+TEST_F(HostQueries, GetDeviceStatusIsGuardedOnlyBehindItsTurn) {
+  platform.loop.onYield = [] { throw std::runtime_error("an event is upset"); };
+  EXPECT_THROW(control.GetDeviceStatus(), std::runtime_error);
+  EXPECT_THAT(story(), ElementsAre("ModulActive(1)", "yield"));
 }
 
 TEST_F(HostQueries, GetDeviceStatusOnAClosedPortClosesAndIsThree) {

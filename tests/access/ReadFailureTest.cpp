@@ -148,6 +148,7 @@ TEST_F(ReadFailure, AnUnreadableCatalogueIsRetriedOnceAndThenGivenUp) {
 
 TEST_F(ReadFailure, WhatWasWrittenBeforeTheFailureStays) {
   failFrom("ReadInputRegisters(192, 16,");
+  control.DeviceName = u"the module before";
   read();
   EXPECT_EQ(control.panel.LblVendorID.caption(), u"49");
   EXPECT_EQ(control.panel.LblFwVersion.caption(), u"1.234");

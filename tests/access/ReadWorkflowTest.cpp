@@ -8,6 +8,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Pair;
 
 const std::vector<std::string> accessEntries{"ModulActive", "StatusChange", "Connect",
                                              "Read",        "CMD48",        "Close",
@@ -85,6 +86,21 @@ TEST_F(ReadWorkflow, TheFieldsHoldWhatTheModuleSaid) {
   EXPECT_EQ(control.ConnectAttempts, 0);
   EXPECT_EQ(control.StatusString, u"");
   EXPECT_FALSE(panel().CmdStoreParameter.enabled());
+}
+
+TEST_F(ReadWorkflow, DataIsValidUpToTheFirstStatusChangeAndAgainAtTheEnd) {
+  read();
+  log.clear();
+  std::vector<std::pair<std::string, std::int32_t>> seen;
+  host.onCallback = [&](const std::string& entry) {
+    seen.emplace_back(entry, control.get_DataValid());
+  };
+  read();
+  EXPECT_THAT(
+      seen,
+      ElementsAre(Pair("StatusChange()", 1), Pair("StatusChange(Verbindungsaufbau)", 0),
+                  Pair("ModulActive(1)", 0), Pair("StatusChange()", 0), Pair("StatusChange()", 1),
+                  Pair("ModulActive(0)", 1), Pair("NFCReader(false)", 1)));
 }
 
 TEST_F(ReadWorkflow, StoreAndOfflineAreRememberedAsOff) {
@@ -168,7 +184,10 @@ TEST_F(ReadWorkflow, TheLedWordMayBeWiderThanAWord) {
 
 TEST_F(ReadWorkflow, AnotherAddressShowsIdentificationAndReadsNoStatus) {
   control.panel.txtDevAddr.type(u"17");
-  control.panel.LblModulState.setCaption(u"old");
+  platform.loop.onYield = [this] {
+    control.panel.LblModulState.setCaption(u"of the host");
+    control.panel.LblChnState.setCaption(u"of the host");
+  };
   log.clear();
   read();
   EXPECT_THAT(deviceCalls(),

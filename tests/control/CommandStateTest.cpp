@@ -28,6 +28,8 @@ TEST_F(CommandState, ADesignedPanelHasAllButtonsOn) {
 }
 
 TEST_F(CommandState, LockPutsTheStoreButtonOffAndItsPictureAgain) {
+  control.UnLockCmdStore();
+  log.clear();
   EXPECT_EQ(control.LockCmdStore(), Variant{});
   EXPECT_TRUE(control.bCmdStoreLocked);
   EXPECT_THAT(log.entries(),
@@ -79,6 +81,7 @@ TEST_F(CommandState, UnlockAfterDisablePutsOnlyStoreOn) {
 
 TEST_F(CommandState, HostWorkSavesFourStatesAndPutsAllSixOffBeforeTheCallback) {
   control.panel.CmdOfflineConfigure.setEnabled(false);
+  control.panel.CmdOpenDiskParameter.setEnabled(false);
   log.clear();
   control.put_DeviceActive(1);
   EXPECT_THAT(
@@ -89,7 +92,7 @@ TEST_F(CommandState, HostWorkSavesFourStatesAndPutsAllSixOffBeforeTheCallback) {
                   "CmdSave2DiskParameter.enabled=false", "CmdSave2DiskParameter.picture=Save",
                   "CmdPrintConfiguration.enabled=false", "CmdPrintConfiguration.picture=Print",
                   "CmdDeviceInfo.enabled=false", "CmdDeviceInfo.picture=Upload", "ModulActive(1)"));
-  EXPECT_THAT(control.SavedCmdEnabled, ElementsAre(true, false, true, true, false, false, false));
+  EXPECT_THAT(control.SavedCmdEnabled, ElementsAre(true, false, false, true, false, false, false));
   EXPECT_TRUE(control.HostActive);
 }
 

@@ -114,6 +114,14 @@ TEST_F(Life, TerminateReleasesInOrderAndShutsModbusDownOnly) {
   EXPECT_EQ(control.CommunicationObject, nullptr);
 }
 
+TEST_F(Life, TheScanTimerEndsWithTheControl) {
+  ModulInfoFLII control(platform, host);
+  control.UserControl_Initialize();
+  platform.loop.timerEnabled = true;
+  control.UserControl_Terminate();
+  EXPECT_FALSE(platform.loop.timerEnabled);
+}
+
 TEST_F(Life, DestructionTerminatesOnce) {
   {
     ModulInfoFLII control(platform, host);

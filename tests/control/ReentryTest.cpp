@@ -1,10 +1,12 @@
 #include <gmock/gmock.h>
 
 #include "ControlFixture.h"
+#include "FakeCatalogue.h"
 
 namespace tessara::testing {
 namespace {
 
+using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 /// What happens when an event enters the control in the middle of a workflow.
@@ -242,6 +244,30 @@ TEST_F(EndedInside, TheFirstCallbackOfAStore) {
   endIn("ModulActive(1)");
   control.panel.CmdStoreParameter.press();
   expectSilence();
+}
+
+/// A message box while which the control is ended.
+class EndingMessages final : public MessageHelper {
+ public:
+  explicit EndingMessages(ModulInfoFLII& control) : control_(control) {}
+  std::int32_t Show(const std::u16string& /*text*/, MessageStyle /*style*/,
+                    const std::u16string& /*title*/) override {
+    control_.UserControl_Terminate();
+    return answer_;
+  }
+
+ private:
+  ModulInfoFLII& control_;
+  std::int32_t answer_ = 4;
+};
+
+TEST_F(EndedInside, TheMessageOfAnUnreadableCatalogue) {
+  platform.xmlTree = [] { return FakeCatalogue::broken(); };
+  moduleWide().MessageHelper = std::make_shared<EndingMessages>(control);
+  control.AutomaticConnection();
+  EXPECT_EQ(control.lMsgResult, 4);
+  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_THAT(log.only({"ModulActive"}), ElementsAre("ModulActive(1)"));
 }
 
 TEST_F(EndedInside, TheCallbackOfTheStartUpSequence) {

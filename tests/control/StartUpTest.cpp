@@ -194,6 +194,18 @@ TEST_F(StartUp, TheReaderChosenButAbsentGivesTheFirstPort) {
   EXPECT_FALSE(control.bNFCReader);
 }
 
+TEST_F(StartUp, APortThatHasTheReadersNumberIsTakenForTheReaderThatIsThere) {
+  platform.serialKey.ports = {{"\\Device\\Silabser0", "COM999"}};
+  platform.readerLibrary.connectStatus = 0;
+  control.ComPort = 3;
+  show();
+  EXPECT_EQ(panel().ComboComPort.state().index, 0);
+  EXPECT_TRUE(control.bNFCReader);
+  EXPECT_TRUE(selected(moduleWide().NfcCommObject));
+  EXPECT_THAT(log.only({"Init", "NFCReader"}), ElementsAre("InitModbusObject", "NFCReader(false)",
+                                                           "InitNFCObject", "NFCReader(true)"));
+}
+
 TEST_F(StartUp, AReaderThatIsSilentAtTheEchoIsNoReader) {
   platform.readerLibrary.connectStatus = 0;
   platform.readerLibrary.echoStatus = 4;
@@ -377,6 +389,7 @@ TEST(McuRevision, ShortBlankOrForeignTextCountsZero) {
   EXPECT_EQ(McuRevisionText(u"          "), u"0.0.0");
   EXPECT_EQ(McuRevisionText(u"0003"), u"0.0.0");
   EXPECT_EQ(McuRevisionText(u"0003GG04"), u"0.4.0");
+  EXPECT_EQ(McuRevisionText(u"00031GG104"), u"0.0.4");
 }
 
 }  // namespace

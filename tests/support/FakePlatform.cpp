@@ -36,6 +36,7 @@ namespace {
 class FakeTimer : public PeriodicTimer {
  public:
   explicit FakeTimer(bool& enabled) : enabled_(enabled) {}
+  ~FakeTimer() override { enabled_ = false; }
   void setEnabled(bool enabled) override { enabled_ = enabled; }
 
  private:
