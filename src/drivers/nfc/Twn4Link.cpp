@@ -20,6 +20,9 @@ namespace {
 /// A line is at most the digits of status, truth value, length and 255 bytes, and its end.
 constexpr std::size_t kLongestLine = 2 * (3 + 255) + 1;
 
+/// Far more lines than a reader can owe to anybody: what sends as many is none, and might go on.
+constexpr int kMostLateLines = 1000;
+
 /// Raw bytes of 8 data bits, no parity and one stop bit.
 void setUp(int descriptor, ::speed_t speed) {
   ::termios settings{};
@@ -83,19 +86,17 @@ Bytes Twn4Link::exchange(const AirRequest& request) {
   throw NfcFault(NfcFaultKind::TagGone, "no answer from a tag");
 }
 
-/// Lines that come before the version are late answers to others. What never stops sending lines
-/// is no reader either.
+/// Lines that come before the version are late answers to others.
 void Twn4Link::requireSimpleProtocol() {
   send(twn4::versionRequest());
   const auto deadline = Clock::now() + answerTime_;
-  bool hasSpoken = false;
+  int foreignLines = 0;
   try {
-    while (!hasSpoken || Clock::now() < deadline) {
+    for (; foreignLines < kMostLateLines; ++foreignLines) {
       if (tellsSimpleProtocol(lineBefore(deadline))) return;
-      hasSpoken = true;
     }
   } catch (const NfcFault& fault) {
-    if (fault.kind() != NfcFaultKind::ReaderSilent || !hasSpoken) throw;
+    if (fault.kind() != NfcFaultKind::ReaderSilent || foreignLines == 0) throw;
   }
   throw NfcFault(NfcFaultKind::ReaderRefusal,
                  "what is on the port is no TWN4 reader with Simple Protocol");

@@ -36,8 +36,6 @@ class UsbReader {
   cr95hf::Answer ask(cr95hf::ReportId id, std::span<const std::uint8_t> request);
   cr95hf::Answer answerBefore(Clock::time_point deadline);
   void send(cr95hf::ReportId id, std::span<const std::uint8_t> request);
-  /// A reader that sends all the time has answered nothing either.
-  void requireTime(Clock::time_point deadline) const;
   [[nodiscard]] NfcFault noAnswer() const;
 
   std::unique_ptr<HidDevice> device_;
