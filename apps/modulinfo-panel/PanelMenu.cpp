@@ -23,6 +23,8 @@ class MenuMaker {
   QAction* addCommand(Word word, const QKeySequence& keys, const std::function<void()>& command) {
     QAction* action = menu_->addAction(words_(word));
     action->setShortcut(keys);
+    // Also from the windows beside that of the panel.
+    action->setShortcutContext(Qt::ApplicationShortcut);
     QObject::connect(action, &QAction::triggered, &bar_, command);
     return action;
   }

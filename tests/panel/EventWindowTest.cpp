@@ -59,6 +59,16 @@ TEST_F(EventWindowTest, LooksAtNothingWhileItIsHidden) {
   EXPECT_EQ(table().model(), nullptr);
 }
 
+TEST_F(EventWindowTest, TheKeysThatOpenItCloseIt) {
+  pressIn(opened(), Qt::Key_E, Qt::ControlModifier);
+  EXPECT_FALSE(events()->isVisible());
+}
+
+TEST_F(EventWindowTest, TheKeysThatEndTheProgramEndItFromHereToo) {
+  pressIn(opened(), Qt::Key_Q, Qt::ControlModifier);
+  EXPECT_FALSE(window->isVisible());
+}
+
 TEST_F(EventWindowTest, TheSameKeysOpenItAgain) {
   pressIn(opened(), Qt::Key_Escape);
   opened();

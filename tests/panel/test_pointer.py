@@ -11,6 +11,7 @@ EVENTS = "Events - " + TITLE
 
 # The list of ports on the panel, and its second line when it is open.
 PORTS, SECOND_PORT = (90, 83), (90, 103)
+ADDRESS = (300, 83)
 
 
 class PointerTest(PanelOnDesktop):
@@ -75,6 +76,27 @@ class PointerTest(PanelOnDesktop):
             program, window = self.start("--port", port, "--language", ENGLISH)
             wait_for(lambda: window.area() == placed, f"the place {placed}")
 
+    def test_an_address_is_typed(self):
+        self.write_settings("[Settings]\nShowAddressSelection=1\n")
+        port = next(iter(self.simulator(self.module(address=17))))
+        _, window = self.start("--port", port, "--language", ENGLISH)
+        self.click_on_panel(window, ADDRESS)
+        self.desktop.press("Control+a")
+        self.desktop.type("17")
+        self.desktop.press("F5")
+        self.desktop.window(TITLE_OF_MODULE)
+
+    def test_the_keys_end_the_program_in_the_middle_of_a_read(self):
+        program, window = self.start("--language", ENGLISH, "--simulate",
+                                     self.module(faults=[{"kind": "noReply", "every": 1}]))
+        area = window.area()
+        light = (area.width - 13, area.height - 12)
+        idle = self.desktop.pixel(window, light)
+        self.click_on_panel(window, READ)
+        wait_for(lambda: self.desktop.pixel(window, light) != idle, "the light of an access")
+        self.desktop.press("Control+q")
+        self.assert_ends_well(program)
+
     def test_the_menu_ends_the_program_by_its_keys(self):
         program, _ = self.start_simulated()
         self.desktop.press("Alt+f")
@@ -89,21 +111,24 @@ class PointerTest(PanelOnDesktop):
         self.assert_ends_well(program)
 
     def test_the_events_come_and_go_by_their_keys_and_are_clicked(self):
-        _, window = self.start_read()
+        program, _ = self.start_read()
         self.desktop.press("Control+e")
         events = self.desktop.window(EVENTS)
         row = (60, 40)
         idle = self.desktop.pixel(events, row)
         self.desktop.click(events, row)
         wait_for(lambda: self.desktop.pixel(events, row) != idle, "the selected row")
-        self.desktop.press("Escape")
-        self.desktop.wait_until_gone(EVENTS)
-
-        self.desktop.window(TITLE_OF_MODULE)
-        self.desktop.press("Control+e")
-        area = self.desktop.window(EVENTS).area()
-        self.desktop.click(self.desktop.window(EVENTS), (area.width - 30, area.height - 20))
-        self.desktop.wait_until_gone(EVENTS)
+        area = events.area()
+        close = (area.width - 30, area.height - 20)
+        for way in (lambda: self.desktop.press("Escape"), lambda: self.desktop.press("Control+e"),
+                    lambda: self.desktop.click(events, close)):
+            way()
+            self.desktop.wait_until_gone(EVENTS)
+            self.desktop.window(TITLE_OF_MODULE)
+            self.desktop.press("Control+e")
+            events = self.desktop.window(EVENTS)
+        self.desktop.press("Control+q")
+        self.assert_ends_well(program)
 
     def test_a_tool_tip_comes_up_under_the_pointer_and_goes_with_it(self):
         _, window = self.start_simulated()
