@@ -139,6 +139,11 @@ void PanelWindow::tell(const QString& text) {
   statusBar()->showMessage(text, tellMilliseconds);
 }
 
+void PanelWindow::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  control_.hWnd = winId();
+}
+
 void PanelWindow::closeEvent(QCloseEvent* event) {
   settings_.keepGeometry(geometryName, saveGeometry());
   QMainWindow::closeEvent(event);

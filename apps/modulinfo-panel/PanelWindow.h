@@ -56,6 +56,7 @@ class PanelWindow : public QMainWindow, private HostEvents {
   void tell(const QString& text);
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 

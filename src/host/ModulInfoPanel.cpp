@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "localisation/Maker.h"
 #include "localisation/Settings.h"
 #include "platform/linux/EmbeddedSimulator.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -50,6 +51,7 @@ class ModulInfoPanel::Parts final : public HostEvents {
     control_->UserControl_Initialize();
     control_->put_AppPathString(platform_->appPath());
     control_->put_Baudrate(usualBaudrate);
+    control_->put_VersionString(std::u16string(maker.version));
     control_->setFormObserver(&forms_);
     view_.emplace(control_->panel);
   }
@@ -106,6 +108,11 @@ void ModulInfoPanel::read() {
   } catch (const std::exception& error) {
     parts_->view().showError(QString::fromUtf8(error.what()));
   }
+}
+
+void ModulInfoPanel::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  control().hWnd = effectiveWinId();
 }
 
 ModulInfoFLII& ModulInfoPanel::control() {

@@ -41,8 +41,8 @@ class ModulInfoPanel : public QWidget {
   /// panel is shown in a message box.
   void read();
 
-  /// The control: initialised, with `AppPathString` at the folder of the installed data and
-  /// 19200 bit/s.
+  /// The control: initialised, with `AppPathString` at the folder of the installed data, 19200
+  /// bit/s and, until the host says which version it is itself, that of the product.
   [[nodiscard]] ModulInfoFLII& control();
 
  Q_SIGNALS:
@@ -66,6 +66,9 @@ class ModulInfoPanel : public QWidget {
   /// A pass of the background scan has ended with an error, for which nobody else is there to
   /// catch it. The scan goes on.
   void scanFailed(const QString& message);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
 
  private:
   class Parts;

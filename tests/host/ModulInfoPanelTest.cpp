@@ -10,6 +10,7 @@
 
 #include "host/ModulInfoPanel.h"
 #include "linux/SettingsFolder.h"
+#include "localisation/Maker.h"
 #include "platform/Text.h"
 
 namespace tessara::testing {
@@ -172,6 +173,14 @@ TEST_F(HostPanel, HasItsViewFillIt) {
   EXPECT_EQ(panel.childrenRect().size(), panel.size());
 }
 
+TEST_F(HostPanel, TellsTheControlInWhichWindowItIsShown) {
+  ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
+  EXPECT_EQ(panel.control().hWnd, 0U);
+  panel.show();
+  EXPECT_NE(panel.control().hWnd, 0U);
+  EXPECT_EQ(panel.control().hWnd, panel.winId());
+}
+
 TEST_F(HostPanel, OpensTheDialogsOfTheControl) {
   put(userFile(), "[Settings]\nLanguage=2\n");
   ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
@@ -180,6 +189,14 @@ TEST_F(HostPanel, OpensTheDialogsOfTheControl) {
   closeNext(&QDialog::windowTitle);
   panel.control().panel.CmdAbout.press();
   EXPECT_EQ(closed, "Information");
+}
+
+TEST_F(HostPanel, TellsTheVersionOfTheProductUntilTheHostTellsItsOwn) {
+  ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
+  EXPECT_EQ(toUtf8(panel.control().VersionString), toUtf8(maker.version));
+  panel.control().put_VersionString(std::u16string(u"7.1"));
+  panel.bringUp();
+  EXPECT_EQ(panel.control().VersionString, u"7.1");
 }
 
 TEST_F(HostPanel, MayBeDeletedByASlotInTheMiddleOfARead) {

@@ -100,6 +100,11 @@ TEST_F(PanelWindowTest, TheTitleNamesTheModule) {
   EXPECT_EQ(window->windowTitle(), "TESSARA TM 151 - Module information");
 }
 
+TEST_F(PanelWindowTest, TellsTheControlInWhichWindowItIsShown) {
+  EXPECT_NE(control().hWnd, 0U);
+  EXPECT_EQ(control().hWnd, window->winId());
+}
+
 TEST_F(PanelWindowTest, HasAnIcon) {
   EXPECT_FALSE(window->windowIcon().isNull());
 }
