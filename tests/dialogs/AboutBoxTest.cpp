@@ -94,6 +94,15 @@ TEST_F(AboutBox, HasBothPictures) {
   });
 }
 
+TEST_F(AboutBox, RunsThroughInOrder) {
+  log.clear();
+  whileOpen([](frmAbout& box) { box.cmdOK.press(); });
+  EXPECT_THAT(log.entries(),
+              ElementsAre("GetValue 2 Software\\Orvane\\Tessara-Conf\\Settings|Icon",
+                          "FileExists \\", "frmAbout shown", "modal run",
+                          "cmdOK.gradient=16645629,15921131", "modal end", "frmAbout hidden"));
+}
+
 TEST_F(AboutBox, OkHidesItAndThenSetsTheOutcome) {
   whileOpen([this](frmAbout& box) {
     log.clear();

@@ -273,6 +273,17 @@ TEST_F(LanguageDialog, SetsTheIconThatTheSettingNamesInTheFolderOfTheHost) {
   EXPECT_EQ(log.count("load /app\\logo.ico"), 1U);
 }
 
+TEST_F(LanguageDialog, AsksForItsIconEachTimeThatItLoads) {
+  platform.files = {u"/app\\first.ico", u"/app\\second.ico"};
+  control.AppPathString = u"/app";
+  for (const auto* icon : {u"first.ico", u"second.ico"}) {
+    platform.settings[iconSetting] = std::u16string(icon);
+    person([&] { EXPECT_EQ(forms.open->icon(), u"/app\\" + std::u16string(icon)); });
+    control.panel.cmdSettings.press();
+  }
+  EXPECT_EQ(log.count("modal run"), 2U);
+}
+
 TEST_F(LanguageDialog, AMissingIconFileIsNoError) {
   platform.settings[iconSetting] = std::u16string(u"logo.ico");
   control.AppPathString = u"/app";

@@ -191,6 +191,18 @@ class ProgramTest(Bench):
         for value in ("Module record", "TESSARA TM 151", "4711", "Page 1 of 1"):
             self.assertIn(value, text)
 
+    def test_comes_up_with_the_port_the_rate_and_the_language_that_were_used_last(self):
+        _, port = self.simulator(self.module(), self.module("other.json", serialNumber=1147))
+        self.write_settings(f"[Settings]\nCOM%20Port={port.removeprefix('COM')}\nLanguage=2\n")
+        own = self.settings_file.with_name("modulinfo-panel.ini")
+        own.write_text("[Connection]\nBaudrate=38400\n", encoding="utf-8")
+        pdf = self.folder / "report.pdf"
+        ended = self.run_panel("--report", pdf)
+        self.assertEqual((ended.returncode, ended.stderr), (0, ""))
+        _, text = self.pages(pdf)
+        for value in ("Module record", "1147", f"({port})", "38400"):
+            self.assertIn(value, text)
+
     def test_writes_report_and_picture_of_a_record(self):
         pdf = self.folder / "report.pdf"
         ended = self.run_panel("--record", self.record(), "--language", 1, "--report", pdf,
