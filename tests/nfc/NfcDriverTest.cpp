@@ -1,6 +1,9 @@
 #include <chrono>
+#include <memory>
 #include <numeric>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -359,6 +362,43 @@ TEST_P(NfcDrivers, ReadThroughAFieldWithManyFaults) {
     }
   }
   EXPECT_GT(good, 20);
+}
+
+/// A board whose processor does not know the request for its revision, and stays silent.
+class OlderBoard final : public HidDevice {
+ public:
+  explicit OlderBoard(std::unique_ptr<HidDevice> board) : board_(std::move(board)) {}
+  void write(const cr95hf::Report& report) override {
+    if (report[0] != static_cast<std::uint8_t>(cr95hf::ReportId::ToBoard)) board_->write(report);
+  }
+  std::optional<Bytes> read(std::chrono::milliseconds timeout) override {
+    return board_->read(timeout);
+  }
+  [[nodiscard]] std::string name() const override { return board_->name(); }
+
+ private:
+  std::unique_ptr<HidDevice> board_;
+};
+
+class OlderReaders final : public UsbReaders {
+ public:
+  explicit OlderReaders(UsbReaders& readers) : readers_(readers) {}
+  std::unique_ptr<HidDevice> open() override {
+    return std::make_unique<OlderBoard>(readers_.open());
+  }
+
+ private:
+  UsbReaders& readers_;
+};
+
+TEST(OlderNfcReaders, ReadModulesThoughTheyKnowNoRevision) {
+  testing::UsbReaderUnderTest reader(testing::nfcSample());
+  OlderReaders readers(reader.usbReaders());
+  NfcDriver driver(reader, readers);
+  std::int16_t comPort = usbReaderPort;
+  std::int32_t baudrate = 19200;
+  ASSERT_TRUE(driver.ConnectWithSerialDevice(comPort, baudrate));
+  EXPECT_EQ(driver.ReadInputRegisters(192, 4, 1, 2), (DeviceWords{0x2000}));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "drivers/nfc/UsbReaderLink.h"
 
+#include <utility>
+
 #include "drivers/nfc/NfcFault.h"
 #include "drivers/nfc/TagCommands.h"
 
@@ -17,10 +19,7 @@ UsbReaderLink::~UsbReaderLink() {
 TagUid UsbReaderLink::selectTag() {
   isAnswering_ = false;
   reader_.echo();
-  if (!isAsked_) {
-    reader_.revision();
-    isAsked_ = true;
-  }
+  askForRevisionOnce();
   const auto selected = reader_.command(cr95hf::kSelectIso15693);
   isAnswering_ = true;
   if (selected.result != cr95hf::kDone) {
@@ -31,6 +30,16 @@ TagUid UsbReaderLink::selectTag() {
   } catch (const NfcFault& fault) {
     if (fault.kind() != NfcFaultKind::TagGone) throw;
     throw NfcFault(NfcFaultKind::NoTag, "no module lies in the field of the reader");
+  }
+}
+
+void UsbReaderLink::askForRevisionOnce() {
+  if (std::exchange(isAsked_, true)) return;
+  try {
+    reader_.revision();
+  } catch (const NfcFault& fault) {
+    // An older board knows no revision, and is a reader all the same.
+    if (fault.kind() != NfcFaultKind::ReaderSilent) throw;
   }
 }
 

@@ -15,6 +15,7 @@ class UsbReaderLink final : public ReaderLink {
   Bytes exchange(const AirRequest& request) override;
 
  private:
+  void askForRevisionOnce();
   AirAnswer send(const AirRequest& request);
 
   UsbReader reader_;
