@@ -74,6 +74,14 @@ TEST_F(Properties, NumbersBecomeTextWithTheSystemsDecimalSign) {
   EXPECT_EQ(control.DeviceName, u"1,5");
 }
 
+TEST_F(Properties, TextsBecomeNumbersByTheSystemsDecimalSign) {
+  platform.systemLocale.separator = u",";
+  set("FirmwareVers", text(u"1,5"));
+  EXPECT_EQ(control.FirmwareVers, 1.5F);
+  EXPECT_EQ(errorNumberOf([&] { set("FirmwareVers", text(u"2.5")); }), 13);
+  EXPECT_EQ(control.FirmwareVers, 1.5F);
+}
+
 TEST_F(Properties, SerialNumberIsZeroBeforeAnyReadAndADecimalAfterwards) {
   EXPECT_EQ(control.get_SerialNumber(), Variant{std::uint64_t{0}});
   control.SerialNumber = std::uint64_t{18446744073709551615U};

@@ -301,6 +301,8 @@ TEST_F(StartUp, AFurtherShowWithoutPortsKeepsHartMode) {
   show();
   EXPECT_TRUE(control.HartMode);
   EXPECT_TRUE(selected(moduleWide().HartCommObject));
+  EXPECT_EQ(panel().ComboComPort.state().index, -1);
+  EXPECT_EQ(panel().ComboComPort.text(), u"");
 }
 
 TEST_F(StartUp, AMissingLanguageFileWarnsAndSetsTheGermanTexts) {
