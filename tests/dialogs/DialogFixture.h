@@ -40,8 +40,16 @@ class DialogFixture : public ControlFixture {
  protected:
   DialogFixture() { control.setFormObserver(&forms); }
 
-  /// What a person does while a dialog is open.
-  void person(std::function<void()> acts) { platform.loop.onModalRun = std::move(acts); }
+  void TearDown() override { EXPECT_FALSE(isAwaited_) << "no dialog came up for the person"; }
+
+  /// What a person does while a dialog is open. One has to come up.
+  void person(std::function<void()> acts) {
+    isAwaited_ = true;
+    platform.loop.onModalRun = [this, acts = std::move(acts)] {
+      isAwaited_ = false;
+      acts();
+    };
+  }
 
   /// The dialog that is open.
   template <class Kind>
@@ -56,6 +64,9 @@ class DialogFixture : public ControlFixture {
       "SetValue 2 Software\\Orvane\\Tessara-Conf\\Settings|Language=";
 
   FormLog forms{log, panelLog};
+
+ private:
+  bool isAwaited_ = false;
 };
 
 }  // namespace tessara::testing

@@ -28,11 +28,15 @@ class DialogLanguages : public DialogOnScreen, public ::testing::WithParamInterf
   /// Looks at every widget of both that is shown.
   void lookAtEach(const std::function<void(QWidget&, const Widget&)>& look) {
     lookAt([&](FormView& view, const Form& form) {
+      std::size_t seen = 0;
       for (const Widget* widget : form.widgets()) {
         if (QWidget* shown = view.viewOf(*widget)) {
           look(*shown, *widget);
+          ++seen;
         }
       }
+      // The title bar is drawn by the window system.
+      EXPECT_EQ(seen, form.widgets().size() - 1);
     });
   }
 };
