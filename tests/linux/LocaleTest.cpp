@@ -7,7 +7,7 @@
 /// The C library does not give back the parts of LOCPATH, which only these tests set.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's name
 extern "C" const char* __lsan_default_suppressions() {
-  return "leak:__argz_add_sep";
+  return "leak:argz_add_sep";
 }
 
 namespace tessara::testing {
