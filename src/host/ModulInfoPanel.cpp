@@ -33,12 +33,10 @@ LinuxPlatformOptions optionsFor(const EmbeddedSimulator* simulator) {
   return options;
 }
 
-}  // namespace
-
-/// What the panel is put together from, in the order in which one needs the other.
-class ModulInfoPanel::Parts final : public HostEvents {
+/// The system around the control as the library puts it together.
+class OwnSystem {
  public:
-  Parts(ModulInfoPanel& panel, const std::filesystem::path& moduleFile) : panel_(panel) {
+  OwnSystem(ModulInfoPanel& panel, const std::filesystem::path& moduleFile) {
     if (!moduleFile.empty()) {
       simulator_.emplace(moduleFile);
     }
@@ -47,29 +45,51 @@ class ModulInfoPanel::Parts final : public HostEvents {
     loop_.tickFailed = [&panel](const std::exception& error) {
       Q_EMIT panel.scanFailed(QString::fromUtf8(error.what()));
     };
-    control_.emplace(*platform_, *this);
-    control_->UserControl_Initialize();
-    control_->put_AppPathString(platform_->appPath());
-    control_->put_Baudrate(usualBaudrate);
-    control_->put_VersionString(std::u16string(maker.version));
-    control_->setFormObserver(&forms_);
-    view_.emplace(control_->panel);
   }
 
-  [[nodiscard]] ModulInfoFLII& control() { return *control_; }
+  [[nodiscard]] LinuxPlatform& platform() { return *platform_; }
+  /// The port of the simulated module; nothing without one.
+  [[nodiscard]] std::optional<std::int16_t> simulatedPort() const {
+    return simulator_ ? std::optional(simulator_->comPort()) : std::nullopt;
+  }
+
+ private:
+  QtEventLoop loop_;
+  std::shared_ptr<QtMessageHelper> messages_ = std::make_shared<QtMessageHelper>();
+  std::optional<EmbeddedSimulator> simulator_;
+  std::optional<LinuxPlatform> platform_;
+};
+
+}  // namespace
+
+/// What the panel is put together from, in the order in which one needs the other.
+class ModulInfoPanel::Parts final : public HostEvents {
+ public:
+  Parts(ModulInfoPanel& panel, std::unique_ptr<OwnSystem> system, Platform& platform)
+      : panel_(panel), forms_(panel), system_(std::move(system)), control_(platform, *this) {
+    control_.UserControl_Initialize();
+    control_.put_AppPathString(platform.appPath());
+    control_.put_Baudrate(usualBaudrate);
+    control_.put_VersionString(std::u16string(maker.version));
+    control_.setFormObserver(&forms_);
+    view_.emplace(control_.panel);
+  }
+
+  [[nodiscard]] ModulInfoFLII& control() { return control_; }
   [[nodiscard]] PanelView& view() { return *view_; }
 
   [[nodiscard]] std::int16_t setting(std::u16string_view name) const {
     return ReadNumber(live(moduleWide().RegistryHelper, "RegistryHelper"), name,
-                      control_->decimalSeparator());
+                      control_.decimalSeparator());
   }
   [[nodiscard]] std::int16_t lastPort() const {
-    return simulator_ ? simulator_->comPort() : setting(u"COM Port");
+    const auto simulated = system_ ? system_->simulatedPort() : std::nullopt;
+    return simulated ? *simulated : setting(u"COM Port");
   }
 
  private:
   void ModulActive(std::int32_t& lStatus) override { Q_EMIT panel_.ModulActive(lStatus); }
-  void StatusChange() override { Q_EMIT panel_.StatusChange(toQt(control_->StatusString)); }
+  void StatusChange() override { Q_EMIT panel_.StatusChange(toQt(control_.StatusString)); }
   void SetConfiguration() override { Q_EMIT panel_.SetConfiguration(); }
   void SaveConfiguration() override { Q_EMIT panel_.SaveConfiguration(); }
   void LoadConfiguration() override { Q_EMIT panel_.LoadConfiguration(); }
@@ -78,23 +98,33 @@ class ModulInfoPanel::Parts final : public HostEvents {
   void NFCReader(bool& bNFCReader) override { Q_EMIT panel_.NFCReader(bNFCReader); }
 
   ModulInfoPanel& panel_;
-  QtEventLoop loop_;
-  std::shared_ptr<QtMessageHelper> messages_ = std::make_shared<QtMessageHelper>();
-  QtForms forms_{panel_};
-  std::optional<EmbeddedSimulator> simulator_;
-  std::optional<LinuxPlatform> platform_;
-  std::optional<ModulInfoFLII> control_;
+  QtForms forms_;
+  /// Null if the host has put its system together itself.
+  std::unique_ptr<OwnSystem> system_;
+  ModulInfoFLII control_;
   std::optional<PanelView> view_;
 };
 
 ModulInfoPanel::ModulInfoPanel(QWidget* parent, const std::filesystem::path& moduleFile)
-    : QWidget(parent), parts_(std::make_unique<Parts>(*this, moduleFile)) {
+    : QWidget(parent) {
+  auto system = std::make_unique<OwnSystem>(*this, moduleFile);
+  Platform& platform = system->platform();
+  parts_ = std::make_unique<Parts>(*this, std::move(system), platform);
+  showView();
+}
+
+ModulInfoPanel::ModulInfoPanel(Platform& platform, QWidget* parent)
+    : QWidget(parent), parts_(std::make_unique<Parts>(*this, nullptr, platform)) {
+  showView();
+}
+
+ModulInfoPanel::~ModulInfoPanel() = default;
+
+void ModulInfoPanel::showView() {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
   layout->addWidget(&parts_->view());
 }
-
-ModulInfoPanel::~ModulInfoPanel() = default;
 
 void ModulInfoPanel::bringUp() {
   control().put_Language(parts_->setting(u"Language"));
@@ -106,8 +136,16 @@ void ModulInfoPanel::read() {
   try {
     control().AutomaticConnection();
   } catch (const std::exception& error) {
-    parts_->view().showError(QString::fromUtf8(error.what()));
+    showError(QString::fromUtf8(error.what()));
   }
+}
+
+void ModulInfoPanel::showError(const QString& text) const {
+  parts_->view().showError(text);
+}
+
+QWidget* ModulInfoPanel::viewOf(const Widget& widget) const {
+  return parts_->view().viewOf(widget);
 }
 
 void ModulInfoPanel::showEvent(QShowEvent* event) {
@@ -116,6 +154,10 @@ void ModulInfoPanel::showEvent(QShowEvent* event) {
 }
 
 ModulInfoFLII& ModulInfoPanel::control() {
+  return parts_->control();
+}
+
+const ModulInfoFLII& ModulInfoPanel::control() const {
   return parts_->control();
 }
 

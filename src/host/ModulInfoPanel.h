@@ -27,6 +27,9 @@ class ModulInfoPanel : public QWidget {
   /// simulated module inside this program. The settings of the user then stay as they are. A file
   /// that describes no module is a std::runtime_error that says what is wrong with it.
   explicit ModulInfoPanel(QWidget* parent = nullptr, const std::filesystem::path& moduleFile = {});
+  /// A panel on a system that the host puts together itself: with ports, settings or drivers of its
+  /// own, or with somebody who listens to the calls to the module. It has to outlive the panel.
+  explicit ModulInfoPanel(Platform& platform, QWidget* parent = nullptr);
   ModulInfoPanel(const ModulInfoPanel&) = delete;
   ModulInfoPanel& operator=(const ModulInfoPanel&) = delete;
   ~ModulInfoPanel() override;
@@ -38,12 +41,19 @@ class ModulInfoPanel : public QWidget {
   void bringUp();
 
   /// Reads the module as the read button does. What goes wrong beyond what the control tells on its
-  /// panel is shown in a message box.
+  /// panel is shown.
   void read();
+
+  /// Shows what went wrong in a message box.
+  void showError(const QString& text) const;
 
   /// The control: initialised, with `AppPathString` at the folder of the installed data, 19200
   /// bit/s and, until the host says which version it is itself, that of the product.
   [[nodiscard]] ModulInfoFLII& control();
+  [[nodiscard]] const ModulInfoFLII& control() const;
+
+  /// The Qt widget that draws that one of control().panel; null for timers and image lists.
+  [[nodiscard]] QWidget* viewOf(const Widget& widget) const;
 
  Q_SIGNALS:
   /// The control's activity has changed; the values are those of Activity.
@@ -72,6 +82,8 @@ class ModulInfoPanel : public QWidget {
 
  private:
   class Parts;
+  void showView();
+
   std::unique_ptr<Parts> parts_;
 };
 

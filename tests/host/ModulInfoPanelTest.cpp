@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
 #include <QMessageBox>
@@ -8,6 +9,7 @@
 
 #include <gmock/gmock.h>
 
+#include "FakePlatform.h"
 #include "host/ModulInfoPanel.h"
 #include "linux/SettingsFolder.h"
 #include "localisation/Maker.h"
@@ -162,6 +164,37 @@ TEST_F(HostPanel, ShowsWhatWentWrongInARead) {
   closeNext(&QMessageBox::text);
   panel.read();
   EXPECT_EQ(closed, "the host is at a loss");
+}
+
+TEST_F(HostPanel, StandsOnASystemThatTheHostPutTogether) {
+  FakePlatform platform;
+  platform.serialKey.ports = {{"\\Device\\Silabser0", "COM3"}};
+  {
+    ModulInfoPanel panel(platform);
+    listenTo(panel);
+    panel.bringUp();
+    EXPECT_EQ(panel.control().AppPathString, platform.appPath());
+    EXPECT_EQ(panel.control().get_ComPort(), 3);
+    EXPECT_EQ(heard.back(), "no NFC");
+  }
+  EXPECT_EQ(platform.log.count("ModbusCommObject.ShutDown"), 1U);
+}
+
+TEST_F(HostPanel, GivesTheQtWidgetsOfItsButtons) {
+  ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
+  panel.bringUp();
+  auto* button = qobject_cast<QAbstractButton*>(panel.viewOf(panel.control().panel.CmdDeviceInfo));
+  ASSERT_NE(button, nullptr);
+  button->click();
+  EXPECT_EQ(panel.control().get_DataValid(), 1);
+  EXPECT_EQ(panel.viewOf(panel.control().panel.TimerScanDevice), nullptr);
+}
+
+TEST_F(HostPanel, ShowsWhatTheHostSaysWentWrong) {
+  const ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
+  closeNext(&QMessageBox::text);
+  panel.showError("the disk is full");
+  EXPECT_EQ(closed, "the disk is full");
 }
 
 TEST_F(HostPanel, HasItsViewFillIt) {
