@@ -10,8 +10,8 @@ namespace {
 
 class MenuMaker {
  public:
-  MenuMaker(QMenuBar& bar, const PanelView& view, const HostTexts& words)
-      : bar_(bar), view_(view), words_(words) {}
+  MenuMaker(QMenuBar& bar, const ModulInfoPanel& panel, const HostTexts& words)
+      : bar_(bar), panel_(panel), words_(words) {}
 
   void begin(Word title) { menu_ = bar_.addMenu(words_(title)); }
   void separate() { menu_->addSeparator(); }
@@ -37,7 +37,7 @@ class MenuMaker {
 
  private:
   void addButton(const Widget& widget, const QString& text) {
-    auto* button = static_cast<QAbstractButton*>(view_.viewOf(widget));
+    auto* button = static_cast<QAbstractButton*>(panel_.viewOf(widget));
     QAction* action = menu_->addAction(text);
     // The panel itself listens to the keys of its buttons.
     tellKeys(*action, shortcutFor(widget.name()));
@@ -53,17 +53,18 @@ class MenuMaker {
   }
 
   QMenuBar& bar_;
-  const PanelView& view_;
+  const ModulInfoPanel& panel_;
   const HostTexts& words_;
   QMenu* menu_ = nullptr;
 };
 
 }  // namespace
 
-void makeMenus(QMenuBar& bar, const PanelView& view, Panel& panel, const HostTexts& words,
+void makeMenus(QMenuBar& bar, const ModulInfoPanel& host, const HostTexts& words,
                const HostCommands& commands) {
+  const Panel& panel = host.control().panel;
   bar.clear();
-  MenuMaker make(bar, view, words);
+  MenuMaker make(bar, host, words);
   make.begin(Word::MenuFile);
   make.addButton(panel.CmdOpenDiskParameter, Word::OpenRecord);
   make.addButton(panel.CmdSave2DiskParameter, Word::SaveRecord);

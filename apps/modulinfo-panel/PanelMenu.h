@@ -4,7 +4,7 @@
 #include <QMenuBar>
 #include <functional>
 
-#include "platform/qt/PanelView.h"
+#include "host/ModulInfoPanel.h"
 #include "words/HostTexts.h"
 
 namespace tessara {
@@ -20,7 +20,7 @@ struct HostCommands {
 /// Fills the menu bar: every button of the panel under its name, in the words of the host and the
 /// texts of the control, and the commands of the host. An entry that presses a button can be chosen
 /// as long as the button can be pressed.
-void makeMenus(QMenuBar& bar, const PanelView& view, Panel& panel, const HostTexts& words,
+void makeMenus(QMenuBar& bar, const ModulInfoPanel& host, const HostTexts& words,
                const HostCommands& commands);
 
 }  // namespace tessara

@@ -14,7 +14,6 @@
 #include "DeferredIcon.h"
 #include "PanelMenu.h"
 #include "RecordWindow.h"
-#include "localisation/Maker.h"
 #include "platform/Text.h"
 #include "platform/qt/Picture.h"
 #include "platform/qt/QtText.h"
@@ -53,14 +52,11 @@ PanelWindow::PanelWindow(Platform& platform, EventLog& log, HostSettings& settin
     : platform_(platform),
       log_(log),
       settings_(settings),
-      control_(platform, *this),
-      view_(control_.panel),
+      panel_(platform),
       desk_(*this, settings, [this](const QString& text) { tell(text); }) {
   nameWindow();
   setWindowIcon(deferredIcon(applicationIcon));
-  setCentralWidget(&view_);
-  control_.setFormObserver(&forms_);
-  control_.put_VersionString(Variant(std::u16string(maker.version)));
+  setCentralWidget(&panel_);
   status_.setTextFormat(Qt::PlainText);
   statusBar()->addWidget(&status_, 1);
   statusBar()->addPermanentWidget(&path_);
@@ -69,6 +65,19 @@ PanelWindow::PanelWindow(Platform& platform, EventLog& log, HostSettings& settin
   statusBar()->setContentsMargins(statusMargin, 0, statusMargin, statusMargin / 2);
   waitsForFree_.setInterval(freePause);
   waitsForFree_.callOnTimeout([this] { runIfFree(); });
+  listen();
+}
+
+void PanelWindow::listen() {
+  connect(&panel_, &ModulInfoPanel::ModulActive, this, &PanelWindow::activityChanged);
+  connect(&panel_, &ModulInfoPanel::StatusChange, this, &PanelWindow::statusChanged);
+  connect(&panel_, &ModulInfoPanel::SetConfiguration, this, &PanelWindow::storeParameters);
+  connect(&panel_, &ModulInfoPanel::SaveConfiguration, this, &PanelWindow::saveRecord);
+  connect(&panel_, &ModulInfoPanel::LoadConfiguration, this, &PanelWindow::loadRecord);
+  connect(&panel_, &ModulInfoPanel::PrintConfiguration, this, &PanelWindow::printRecord);
+  connect(&panel_, &ModulInfoPanel::NFCReader, this, &PanelWindow::pathChosen);
+  // Raised for a host that reads DataTrafic, which this one does not.
+  connect(&panel_, &ModulInfoPanel::DataTransfer, this, [this] { logCallback("DataTransfer"); });
 }
 
 void PanelWindow::controlIsUp() {
@@ -77,7 +86,7 @@ void PanelWindow::controlIsUp() {
   desk_.setWords(words_);
   nameWindow();
   showLogo();
-  makeMenus(*menuBar(), view_, control_.panel, words_,
+  makeMenus(*menuBar(), panel_, words_,
             {.savePdf =
                  [this] {
                    whenFree([this] {
@@ -92,7 +101,7 @@ void PanelWindow::controlIsUp() {
 void PanelWindow::showLogo() {
   // No file of a fixed name: the logo is the one that the settings name, if they do.
   try {
-    control_.put_ManufactureLogoString(std::u16string());
+    control().put_ManufactureLogoString(std::u16string());
   } catch (const std::exception& error) {
     tell(QString::fromUtf8(error.what()));
   }
@@ -103,25 +112,21 @@ void PanelWindow::takePlace() {
 }
 
 void PanelWindow::read() {
-  try {
-    control_.AutomaticConnection();
-  } catch (const std::exception& error) {
-    showError(error);
-  }
+  panel_.read();
 }
 
 std::optional<ModuleRecord> PanelWindow::record() const {
-  return takeRecord(control_, platform_, QDateTime::currentDateTime());
+  return takeRecord(panel_.control(), platform_, QDateTime::currentDateTime());
 }
 
 RecordSheet PanelWindow::sheetOf(ModuleRecord record) const {
   RecordSheet sheet{std::move(record), &moduleWide(), words_, {}};
-  sheet.logo = Picture::of(control_.panel.PictureLogo.state().picture, {});
+  sheet.logo = Picture::of(panel_.control().panel.PictureLogo.state().picture, {});
   return sheet;
 }
 
 void PanelWindow::showError(const std::exception& error) const {
-  view_.showError(QString::fromUtf8(error.what()));
+  panel_.showError(QString::fromUtf8(error.what()));
 }
 
 void PanelWindow::openingEnded(const std::string& file, std::int32_t result) {
@@ -137,11 +142,6 @@ void PanelWindow::openingEnded(const std::string& file, std::int32_t result) {
 
 void PanelWindow::tell(const QString& text) {
   statusBar()->showMessage(text, tellMilliseconds);
-}
-
-void PanelWindow::showEvent(QShowEvent* event) {
-  QMainWindow::showEvent(event);
-  control_.hWnd = winId();
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event) {
@@ -164,7 +164,7 @@ void PanelWindow::whenFree(std::function<void()> task) {
 }
 
 void PanelWindow::runIfFree() {
-  if (activity_ == Activity::Busy || control_.get_DeviceConnected() != 0) {
+  if (activity_ == Activity::Busy || control().get_DeviceConnected() != 0) {
     waitsForFree_.start();
     return;
   }
@@ -181,13 +181,13 @@ void PanelWindow::runIfFree() {
 }
 
 void PanelWindow::work(const std::function<void()>& task) {
-  control_.put_DeviceActive(hostWorks);
+  control().put_DeviceActive(hostWorks);
   try {
     task();
   } catch (const std::exception& error) {
     showError(error);
   }
-  control_.put_DeviceActive(hostIsDone);
+  control().put_DeviceActive(hostIsDone);
 }
 
 void PanelWindow::workOnRecord(const std::function<void(const RecordSheet&)>& task) {
@@ -223,25 +223,25 @@ void PanelWindow::showEvents() {
 }
 
 void PanelWindow::nameWindow() {
-  const QString module = readable(control_.panel.LabelDeviceName.caption());
+  const QString module = readable(control().panel.LabelDeviceName.caption());
   const QString title = words_(Word::Title);
   setWindowTitle(module.isEmpty() ? title : module + " - " + title);
 }
 
 void PanelWindow::moduleWasRead() {
-  const Panel& panel = control_.panel;
+  const Panel& panel = control().panel;
   // The module may be given parameters; the control leaves that to its host to say.
-  control_.UnLockCmdStore();
+  control().UnLockCmdStore();
   // The rate that the person chose: a second attempt of the control goes past the list.
   bool isNumber = false;
   const int baudrate = toQt(panel.ComboBaudrate.text()).toInt(&isNumber);
-  if (isNumber && !control_.bNFCReader && !control_.HartMode) {
+  if (isNumber && !control().bNFCReader && !control().HartMode) {
     settings_.keepBaudrate(baudrate);
   }
 }
 
 void PanelWindow::tellFailure() {
-  const CommunicationObject* object = control_.get_CommunicationObject();
+  const CommunicationObject* object = control().get_CommunicationObject();
   const QString connecting =
       object == nullptr ? QString() : QString::fromStdString(object->connectFailure());
   const QString cause = connecting.isEmpty() ? log_.failureCause() : connecting;
@@ -250,14 +250,18 @@ void PanelWindow::tellFailure() {
   }
 }
 
-void PanelWindow::ModulActive(std::int32_t& lStatus) {
-  log_.add(HostEvent{QString("ModulActive(%1)").arg(lStatus), {}});
-  activity_ = static_cast<Activity>(lStatus);
+void PanelWindow::logCallback(const QString& name, const QString& text) {
+  log_.add(HostEvent{name, text});
+}
+
+void PanelWindow::activityChanged(int status) {
+  logCallback(QString("ModulActive(%1)").arg(status));
+  activity_ = static_cast<Activity>(status);
   light_.setActivity(activity_);
   nameWindow();
   switch (activity_) {
     case Activity::AccessOver:
-      if (control_.get_DataValid() == dataOfModule) {
+      if (control().get_DataValid() == dataOfModule) {
         moduleWasRead();
       }
       break;
@@ -272,47 +276,41 @@ void PanelWindow::ModulActive(std::int32_t& lStatus) {
   }
 }
 
-void PanelWindow::StatusChange() {
+void PanelWindow::statusChanged(const QString& text) {
   // Every pass of the scan comes by here, mostly with the text that stands already.
-  const QString text = toQt(control_.StatusString);
-  log_.add(HostEvent{"StatusChange", '"' + text + '"'});
+  logCallback("StatusChange", '"' + text + '"');
   if (text != status_.text()) {
     statusBar()->clearMessage();
     status_.setText(text);
   }
 }
 
-void PanelWindow::SetConfiguration() {
-  log_.add(HostEvent{"SetConfiguration", {}});
+void PanelWindow::storeParameters() {
+  logCallback("SetConfiguration");
   work([this] {
     QMessageBox::information(this, words_(Word::Title), words_(Word::NothingToStore));
   });
 }
 
-void PanelWindow::SaveConfiguration() {
-  log_.add(HostEvent{"SaveConfiguration", {}});
+void PanelWindow::saveRecord() {
+  logCallback("SaveConfiguration");
   whenFree(
       [this] { workOnRecord([this](const RecordSheet& sheet) { desk_.save(sheet.record); }); });
 }
 
-void PanelWindow::LoadConfiguration() {
-  log_.add(HostEvent{"LoadConfiguration", {}});
+void PanelWindow::loadRecord() {
+  logCallback("LoadConfiguration");
   whenFree([this] { work([this] { open(); }); });
 }
 
-void PanelWindow::PrintConfiguration() {
-  log_.add(HostEvent{"PrintConfiguration", {}});
+void PanelWindow::printRecord() {
+  logCallback("PrintConfiguration");
   whenFree([this] { workOnRecord([this](const RecordSheet& sheet) { desk_.print(sheet); }); });
 }
 
-void PanelWindow::DataTransfer() {
-  // Raised for a host that reads DataTrafic, which this one does not.
-  log_.add(HostEvent{"DataTransfer", {}});
-}
-
-void PanelWindow::NFCReader(bool& bNFCReader) {
-  log_.add(HostEvent{QString("NFCReader(%1)").arg(bNFCReader ? "true" : "false"), {}});
-  path_.setText(bNFCReader ? "NFC" : "");
+void PanelWindow::pathChosen(bool isReader) {
+  logCallback(QString("NFCReader(%1)").arg(isReader ? "true" : "false"));
+  path_.setText(isReader ? "NFC" : "");
 }
 
 }  // namespace tessara

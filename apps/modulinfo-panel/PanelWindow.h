@@ -12,23 +12,21 @@
 #include "EventWindow.h"
 #include "HostSettings.h"
 #include "RecordDesk.h"
-#include "control/ModulInfoFLII.h"
 #include "events/EventLog.h"
-#include "platform/qt/PanelView.h"
-#include "platform/qt/QtForms.h"
+#include "host/ModulInfoPanel.h"
 
 namespace tessara {
 
-/// A window around the panel of one control, and that control's host: the status line tells what
+/// A window around the panel, and the host of its control: the status line tells what
 /// the control reports; Save, Open and Print handle the record of the module. This host keeps no
 /// parameter set, and says so when the module is to be given one.
-class PanelWindow : public QMainWindow, private HostEvents {
+class PanelWindow : public QMainWindow {
  public:
   /// All of them have to outlive the window. The log gets the callbacks; the calls to the module
   /// are told to it by whoever makes the platform.
   PanelWindow(Platform& platform, EventLog& log, HostSettings& settings);
 
-  [[nodiscard]] ModulInfoFLII& control() { return control_; }
+  [[nodiscard]] ModulInfoFLII& control() { return panel_.control(); }
 
   /// Takes over the language of the control and makes the menus. To be called when the control is
   /// up, or has failed to come up.
@@ -56,22 +54,24 @@ class PanelWindow : public QMainWindow, private HostEvents {
   void tell(const QString& text);
 
  protected:
-  void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void ModulActive(std::int32_t& lStatus) override;
-  void StatusChange() override;
-  void SetConfiguration() override;
-  void SaveConfiguration() override;
-  void LoadConfiguration() override;
-  void PrintConfiguration() override;
-  void DataTransfer() override;
-  void NFCReader(bool& bNFCReader) override;
+  /// Has the callbacks of the control come to the functions that follow.
+  void listen();
+  void activityChanged(int status);
+  void statusChanged(const QString& text);
+  void storeParameters();
+  void saveRecord();
+  void loadRecord();
+  void printRecord();
+  void pathChosen(bool isReader);
 
   void nameWindow();
   void showLogo();
+  /// Writes the callback into the log.
+  void logCallback(const QString& name, const QString& text = {});
   void moduleWasRead();
   void tellFailure();
   /// Runs the task as soon as no access to the module is under way: a dialog in the middle of one
@@ -92,9 +92,7 @@ class PanelWindow : public QMainWindow, private HostEvents {
   HostSettings& settings_;
   HostTexts words_;
   Activity activity_ = Activity::AccessOver;
-  QtForms forms_{*this};
-  ModulInfoFLII control_;
-  PanelView view_;
+  ModulInfoPanel panel_;
   QLabel status_;
   QLabel path_;
   ActivityLight light_;

@@ -62,7 +62,6 @@ std::int16_t setting(const ModulInfoFLII& control, std::u16string_view name) {
 /// Brings the control up; without a port it takes the one that the settings name.
 void showControl(ModulInfoFLII& control, LinuxPlatform& platform, const ReadRequest& request,
                  std::optional<std::int16_t> comPort) {
-  control.UserControl_Initialize();
   control.put_AppPathString(platform.appPath());
   control.put_Language(request.language ? static_cast<std::int16_t>(*request.language)
                                         : setting(control, u"Language"));

@@ -23,12 +23,13 @@ class ReadFailure : public std::runtime_error {
   ExitCode code_;
 };
 
-/// Brings the control up for the port of the request. Throws ReadFailure if there is no such port
-/// or if the control does not come up.
+/// Brings the control, which is initialised, up for the port of the request. Throws ReadFailure if
+/// there is no such port or if the control does not come up.
 void bringUp(ModulInfoFLII& control, LinuxPlatform& platform, const ReadRequest& request);
 
-/// Brings the control up for the port that was used last, whatever the request says of it; if that
-/// has gone, the control takes another, or none. Errors of the control pass to the caller.
+/// Brings the control, which is initialised, up for the port that was used last, whatever the
+/// request says of it; if that has gone, the control takes another, or none. Errors of the control
+/// pass to the caller.
 void bringUpAtLastPort(ModulInfoFLII& control, LinuxPlatform& platform, const ReadRequest& request);
 
 /// Reads the module once. Throws ReadFailure if that does not lead to valid data.

@@ -48,6 +48,7 @@ void readAndPrint(const ReadRequest& request, const EmbeddedSimulator* simulator
   LinuxPlatform platform(loop.eventLoop(), std::make_shared<HeadlessMessageHelper>(std::cerr),
                          std::move(options));
   ModulInfoFLII control(platform, host);
+  control.UserControl_Initialize();
   bringUp(control, platform, request);
   readOnce(control, platform, log);
   print(control, log, request);

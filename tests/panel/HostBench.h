@@ -33,7 +33,6 @@ class HostBench : public ::testing::Test {
         {0, {0x0080}},  {60, {0}},     {61, {0x0080}},    {62, {0x0011}},
         {63, {0x0080}}, {64, {0}}};
     window.emplace(platform, log, *settings);
-    control().UserControl_Initialize();
     control().put_AppPathString(fromUtf8(TESSARA_LANGUAGE_FOLDER));
     control().put_Language(2);
     control().put_Baudrate(19200);
