@@ -4,18 +4,14 @@ import collections
 import contextlib
 import itertools
 import os
-import pathlib
 import signal
 import subprocess
-import sys
 
 from Xlib import X, XK, display, error
 from Xlib.ext import xtest
 from Xlib.protocol import event
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "system"))
-
-from bench import LIBC, PATIENCE, wait_for  # noqa: E402
+from bench import LIBC, PATIENCE, wait_for
 
 SCREEN = (1280, 1024)
 
@@ -84,9 +80,6 @@ class Desktop:
             self.run(ends, ["openbox", "--sm-disable"], env=environment | {"DISPLAY": self.name})
             wait_for(lambda: self.windows("_NET_SUPPORTING_WM_CHECK"), "the window manager")
             self.move(SCREEN[0] - 1, SCREEN[1] - 1)
-            # The first key changes the keyboard that the server takes for the one in use. A program
-            # that is told of that loads its keys anew and loses the one that is pressed meanwhile.
-            self.press("Shift_L")
             self.end = ends.pop_all().close
 
     @classmethod
@@ -173,7 +166,7 @@ class Desktop:
         self.point(window, place)
         self.button(X.ButtonPress)
         self.button(X.ButtonRelease)
-        # It holds the pointer of every click and passes on what it has held as if that happened then.
+        # It holds the pointer at every click and passes on what it has held as if that happened then.
         self.wait_for_manager()
 
     def drag(self, window, start, way):
@@ -191,6 +184,8 @@ class Desktop:
         wait_for(follows, "the window to follow the pointer")
         self.move(start[0] + way[0], start[1] + way[1])
         self.button(X.ButtonRelease)
+        # It holds the keyboard as long as it drags.
+        self.wait_for_manager()
 
     def press(self, *names):
         """Presses keys one after the other, each with what is held with it: "Return", "Control+q"."""

@@ -34,6 +34,8 @@ class PanelOnDesktop(Bench):
 
     def start(self, *arguments, title=TITLE):
         """Starts the program and gives it and its window, which has the keyboard."""
+        # The one before may have a window of the same title.
+        wait_for(lambda: not self.desktop.windows(), "the end of the program before")
         program = subprocess.Popen([BIN / "modulinfo-panel", *map(str, arguments)],
                                    env=self.environment, stdin=subprocess.DEVNULL)
         self.addCleanup(self.end, program)

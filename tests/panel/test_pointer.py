@@ -1,17 +1,24 @@
 """The window of `modulinfo-panel` under a real pointer and real keys."""
 
 import json
+import pathlib
+import sys
 import unittest
 
-from desktop import wait_for
-from panel_on_desktop import (ENGLISH, GREEN, OPEN, PRINT, READ, SAVE, TITLE, TITLE_OF_MODULE,
-                              PanelOnDesktop)
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "system"))
+
+from bench import wait_for  # noqa: E402
+from panel_on_desktop import (  # noqa: E402
+    ENGLISH, GREEN, OPEN, PRINT, READ, SAVE, TITLE, TITLE_OF_MODULE, PanelOnDesktop)
 
 EVENTS = "Events - " + TITLE
 
 # The list of ports on the panel, and its second line when it is open.
 PORTS, SECOND_PORT = (90, 83), (90, 103)
 ADDRESS = (300, 83)
+
+# The light of an access to the module, and the ground of a selected row.
+BUSY, SELECTED = (0x0A, 0x66, 0xC2), (0x30, 0x8C, 0xC6)
 
 
 class PointerTest(PanelOnDesktop):
@@ -91,9 +98,8 @@ class PointerTest(PanelOnDesktop):
                                      self.module(faults=[{"kind": "noReply", "every": 1}]))
         area = window.area()
         light = (area.width - 13, area.height - 12)
-        idle = self.desktop.pixel(window, light)
         self.click_on_panel(window, READ)
-        wait_for(lambda: self.desktop.pixel(window, light) != idle, "the light of an access")
+        wait_for(lambda: self.desktop.pixel(window, light) == BUSY, "the light of an access")
         self.desktop.press("Control+q")
         self.assert_ends_well(program)
 
@@ -114,10 +120,8 @@ class PointerTest(PanelOnDesktop):
         program, _ = self.start_read()
         self.desktop.press("Control+e")
         events = self.desktop.window(EVENTS)
-        row = (60, 40)
-        idle = self.desktop.pixel(events, row)
-        self.desktop.click(events, row)
-        wait_for(lambda: self.desktop.pixel(events, row) != idle, "the selected row")
+        self.desktop.click(events, (60, 40))
+        wait_for(lambda: self.desktop.pixel(events, (300, 40)) == SELECTED, "the selected row")
         area = events.area()
         close = (area.width - 30, area.height - 20)
         for way in (lambda: self.desktop.press("Escape"), lambda: self.desktop.press("Control+e"),

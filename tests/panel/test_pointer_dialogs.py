@@ -1,11 +1,15 @@
 """The dialogs of the panel in `modulinfo-panel` under a real pointer and real keys."""
 
 import configparser
+import pathlib
+import sys
 import unittest
 
-from desktop import wait_for
-from panel_on_desktop import (ABOUT, ENGLISH, LANGUAGE, READ, TITLE, TITLE_OF_MODULE,
-                              PanelOnDesktop)
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "system"))
+
+from bench import wait_for  # noqa: E402
+from panel_on_desktop import (  # noqa: E402
+    ABOUT, ENGLISH, LANGUAGE, READ, TITLE, TITLE_OF_MODULE, PanelOnDesktop)
 
 GERMAN, FRENCH, SPANISH, POLISH = 1, 3, 4, 10
 
