@@ -166,12 +166,12 @@ class Desktop:
         self.point(window, place)
         self.button(X.ButtonPress)
         self.button(X.ButtonRelease)
-        # It holds the pointer at every click and passes on what it has held as if that happened then.
+        # It holds the pointer at every click; what it passes on late happens where that is by then.
         self.wait_for_manager()
 
     def drag(self, window, start, way):
-        """Drags what is at that place of the screen, a part of the window's frame, as far across and
-        down as `way` tells."""
+        """Drags what is at that place of the screen, a part of the window's frame, as far across
+        and down as `way` tells."""
         before = window.area()
         self.move(*start)
         self.button(X.ButtonPress)
@@ -188,7 +188,7 @@ class Desktop:
         self.wait_for_manager()
 
     def press(self, *names):
-        """Presses keys one after the other, each with what is held with it: "Return", "Control+q"."""
+        """Presses keys one after the other, each with what is held with it: "Tab", "Control+q"."""
         for name in names:
             *held, key = name.split("+")
             codes = [self.display.keysym_to_keycode(XK.string_to_keysym(one))

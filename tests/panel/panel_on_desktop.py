@@ -15,7 +15,7 @@ PANEL_HEIGHT = 167
 
 # The middle of what is on the panel, from its upper left corner.
 READ, OPEN, SAVE, PRINT = (28, 30), (140, 30), (174, 30), (208, 30)
-LANGUAGE, ABOUT = (252, 30), (320, 30)
+LANGUAGE, HELP, ABOUT = (252, 30), (286, 30), (320, 30)
 STATE_PICTURE_FOOT = (32, 146)
 
 GREEN = (0x12, 0x80, 0x5C)
@@ -24,6 +24,7 @@ GREEN = (0x12, 0x80, 0x5C)
 class PanelOnDesktop(Bench):
     def setUp(self):
         super().setUp()
+        self.program = BIN / "modulinfo-panel"
         self.folder.chmod(0o700)
         # Nobody's display, and nobody's session either: without an address the library of the bus
         # would look for a session by itself, and leak what it read there.
@@ -36,7 +37,7 @@ class PanelOnDesktop(Bench):
         """Starts the program and gives it and its window, which has the keyboard."""
         # The one before may have a window of the same title.
         wait_for(lambda: not self.desktop.windows(), "the end of the program before")
-        program = subprocess.Popen([BIN / "modulinfo-panel", *map(str, arguments)],
+        program = subprocess.Popen([self.program, *map(str, arguments)],
                                    env=self.environment, stdin=subprocess.DEVNULL)
         self.addCleanup(self.end, program)
         return program, self.desktop.window(title)

@@ -2,18 +2,22 @@
 
 import configparser
 import pathlib
+import shutil
 import sys
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "system"))
 
-from bench import wait_for  # noqa: E402
+from bench import BIN, wait_for  # noqa: E402
 from panel_on_desktop import (  # noqa: E402
-    ABOUT, ENGLISH, LANGUAGE, READ, TITLE, TITLE_OF_MODULE, PanelOnDesktop)
+    ABOUT, ENGLISH, HELP, LANGUAGE, READ, TITLE, TITLE_OF_MODULE, PanelOnDesktop)
 
 GERMAN, FRENCH, SPANISH, POLISH = 1, 3, 4, 10
 
-DIALOG, RESTART, BOX = "Language", "MERIDEX_CONF", "Information"
+DIALOG, RESTART, BOX, NO_HELP = "Language", "MERIDEX_CONF", "Information", "Error Help File"
+
+# Where Tab leads from the read button.
+TABS_TO_LANGUAGE, TABS_FROM_LANGUAGE_TO_ABOUT = 6, 2
 
 # What is in the language dialog: options by their marks, buttons by their middle.
 OPTIONS = {GERMAN: (59, 25), POLISH: (253, 25)}
@@ -96,6 +100,35 @@ class PointerDialogsTest(PanelOnDesktop):
         self.open_language()
         self.desktop.press("Down", "Tab", "space")
         self.assert_chosen(FRENCH)
+
+    def test_the_keyboard_alone_opens_the_dialogs(self):
+        self.start_simulated()
+        self.desktop.press(*["Tab"] * TABS_TO_LANGUAGE, "Return")
+        self.desktop.window(DIALOG)
+        self.desktop.press("Escape")
+        self.desktop.window(TITLE)
+        self.desktop.press(*["Tab"] * TABS_FROM_LANGUAGE_TO_ABOUT, "space")
+        self.desktop.window(BOX)
+        self.desktop.press("Return")
+        self.desktop.window(TITLE)
+        # Back to the button that the keyboard began at.
+        back = TABS_TO_LANGUAGE + TABS_FROM_LANGUAGE_TO_ABOUT
+        self.desktop.press(*["Shift+Tab"] * back, "space")
+        self.desktop.window(TITLE_OF_MODULE)
+
+    def test_help_that_is_not_there_is_told(self):
+        place = self.folder / "installed"
+        place.mkdir()
+        for file in (self.program, *BIN.glob("MERIDEX_CONF.*"), BIN / "TessaraDevices.xml"):
+            shutil.copy2(file, place)
+        self.program = place / self.program.name
+        _, window = self.start_simulated()
+        for ask in (lambda: self.click_on_panel(window, HELP), lambda: self.desktop.press("F1")):
+            ask()
+            self.desktop.window(NO_HELP)
+            self.desktop.press("Return")
+            self.desktop.wait_until_gone(NO_HELP)
+            self.desktop.window(TITLE)
 
     def test_escape_cancels(self):
         _, dialog = self.open_language()
