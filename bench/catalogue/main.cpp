@@ -15,10 +15,13 @@
 #include <pugixml.hpp>
 #include <unistd.h>
 
+#include "../Median.h"
 #include "knowledge/Catalogue.h"
 #include "platform/xml/PugixmlTree.h"
 
 namespace {
+
+using tessara::bench::median;
 
 namespace fs = std::filesystem;
 
@@ -119,12 +122,6 @@ double millisecondsOf(Work work) {
     std::exit(EXIT_FAILURE);
   }
   return static_cast<double>(std::clock() - start) * 1000 / CLOCKS_PER_SEC;
-}
-
-double median(std::vector<double> times) {
-  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-  std::nth_element(times.begin(), middle, times.end());
-  return *middle;
 }
 
 /// The ratio of the medians.

@@ -8,6 +8,7 @@
 #include <exception>
 #include <vector>
 
+#include "../Median.h"
 #include "BareRead.h"
 #include "ControlRead.h"
 #include "HartWireTime.h"
@@ -16,19 +17,13 @@
 
 namespace {
 
+using tessara::bench::median;
 using tessara::bench::Seconds;
 
 constexpr int runs = 21;
 
 /// A HART read takes seconds.
 constexpr int hartRuns = 9;
-
-double median(std::vector<double> values) {
-  const std::size_t middle = values.size() / 2;
-  std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(middle),
-                   values.end());
-  return values[middle];
-}
 
 void measureModbus(const tessara::bench::ModuleOnLine& module, int rate) {
   tessara::bench::ControlRead control(module.file);

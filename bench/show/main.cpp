@@ -2,7 +2,6 @@
 // one enumeration of these ports by libudev alone. Measured in turn.
 
 #include <QCoreApplication>
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -12,6 +11,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "../Median.h"
 #include "../SilentHost.h"
 #include "BareEnumeration.h"
 #include "MockedPorts.h"
@@ -23,6 +23,7 @@
 
 namespace {
 
+using tessara::bench::median;
 using tessara::bench::MockedPorts;
 
 constexpr int runs = 41;
@@ -54,11 +55,6 @@ double timeOf(Action action) {
   const auto begun = std::chrono::steady_clock::now();
   action();
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count();
-}
-
-double median(std::vector<double> values) {
-  std::nth_element(values.begin(), values.begin() + runs / 2, values.end());
-  return values[runs / 2];
 }
 
 /// Brings a control up on a platform of its own, as a program does, and gives what showing it took.
