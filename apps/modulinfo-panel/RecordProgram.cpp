@@ -49,11 +49,8 @@ ExitCode showRecord(const PanelRequest& request) {
     return fail(ExitCode::Failed, error.what());
   }
   QtEventLoop loop;
-  LinuxPlatformOptions options;
-  options.looksForDevices = false;
-  options.keepsSettings = false;
   LinuxPlatform platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr),
-                         std::move(options));
+                         {.looksForDevices = false, .keepsSettings = false});
   loadTexts(platform, request.module.language);
   speakLanguageOf(moduleWide());
   sheet.texts = &moduleWide();

@@ -1,8 +1,8 @@
 #include <QApplication>
 #include <QDir>
-#include <QTimer>
 #include <iostream>
 #include <memory>
+#include <utility>
 
 #include "control/ModuleWide.h"
 #include "localisation/LanguageFile.h"
@@ -27,10 +27,8 @@ class DialogPicture : public FormObserver {
   void formShown(Form& form) override {
     view_ = new FormView(form, nullptr);
     view_->show();
-    QTimer::singleShot(0, view_, [this, &form] {
-      saved_ = view_->grab().save(file_, "PNG");
-      form.cancelButton().press();
-    });
+    saved_ = view_->grab().save(file_, "PNG");
+    form.cancelButton().press();
   }
   void formHidden(Form& /*form*/) override { view_->release(); }
 
@@ -56,11 +54,8 @@ bool drawDialogs(const std::string& languageFile, std::int16_t language, const Q
     return false;
   }
   QtEventLoop loop;
-  LinuxPlatformOptions options;
-  options.looksForDevices = false;
-  options.keepsSettings = false;
   LinuxPlatform platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr),
-                         std::move(options));
+                         {.looksForDevices = false, .keepsSettings = false});
   // The dialogs ask for what a control holds for them.
   moduleWide().RegistryHelper = platform.createRegistryHelper();
   moduleWide().FileSystem = platform.createFileSystem();
