@@ -7,7 +7,6 @@
 namespace tessara {
 namespace {
 
-using ::testing::ElementsAre;
 using testing::linesOf;
 
 /// The text in units of `bytesOfUnit` bytes.

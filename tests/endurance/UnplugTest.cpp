@@ -41,7 +41,7 @@ class Unplugged : public SettingsFolder, public ::testing::WithParamInterface<Pa
   [[nodiscard]] std::filesystem::path sampleUnpluggedIn(int request) const {
     auto file = nlohmann::json::parse(std::ifstream(sample()));
     file["faults"] = {{{"kind", "unplug"}, {"bytes", 3}, {"replugAfter", 50}, {"at", request}}};
-    const auto path = folder() / "module.json";
+    auto path = folder() / "module.json";
     std::ofstream(path) << file;
     return path;
   }

@@ -136,7 +136,7 @@ TEST_P(HelpWords, CoverEveryTextThatThePanelShowsOfItself) {
   for (std::size_t index = 0; index < texts; ++index) {
     expectWords(moduleWide().TextModulInfo[index]);
   }
-  for (const std::size_t index : {5, 16, 21, 22, 23, 24, 25}) {
+  for (const std::size_t index : {5U, 16U, 21U, 22U, 23U, 24U, 25U}) {
     expectWords(moduleWide().TextMainFrame[index]);
   }
   expectWords(moduleWide().TextButtons[0]);

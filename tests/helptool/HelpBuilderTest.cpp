@@ -45,7 +45,7 @@ class HelpBuilder : public ::testing::Test {
     write("language", bytes);
   }
 
-  std::string read(const std::string& name) const {
+  [[nodiscard]] std::string read(const std::string& name) const {
     std::ifstream file(folder_ / name, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }

@@ -31,7 +31,7 @@ namespace {
 
 class Shots {
  public:
-  Shots(QDir folder, std::string module) : folder_(std::move(folder)), module_(std::move(module)) {}
+  Shots(const QDir& folder, std::string module) : folder_(folder), module_(std::move(module)) {}
 
   void take(int language, const QString& theme) {
     name_ = QString("%1-" + theme + "-%2").arg(language);

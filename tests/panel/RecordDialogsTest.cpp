@@ -125,10 +125,10 @@ TEST_F(RecordDialogsTest, TellsWhatIsWrongWithAFileThatIsNoRecord) {
   const std::vector<std::pair<QByteArray, QString>> files{
       {"", "wrong.json is no module record: it is no JSON at line 1"},
       {"hello", "wrong.json is no module record: it is no JSON at line 1"},
-      {"{\"format\": \"other\"}", "wrong.json is no module record: its format is not"},
-      {"{\"format\": \"modulinfo-record\", \"version\": 9}",
+      {R"({"format": "other"})", "wrong.json is no module record: its format is not"},
+      {R"({"format": "modulinfo-record", "version": 9})",
        "wrong.json was written by a newer program: it has version 9"},
-      {"{\"format\": \"modulinfo-record\", \"version\": 1}",
+      {R"({"format": "modulinfo-record", "version": 1})",
        "wrong.json is a damaged module record: the field time is missing."}};
   for (const auto& [bytes, expected] : files) {
     write("wrong.json", bytes);

@@ -61,7 +61,7 @@ TEST_F(RecordFileTest, NamesAFileThatCannotBeRead) {
 }
 
 TEST_F(RecordFileTest, RefusesAFileThatIsTooLarge) {
-  write("film.json", QByteArray(300 * 1024, ' '));
+  write("film.json", QByteArray(qsizetype{300} * 1024, ' '));
   EXPECT_EQ(refusal("film.json"), "film.json is no module record: it is larger than 256 KB.");
 }
 
@@ -81,7 +81,7 @@ TEST(SuggestedFileName, IsMadeOfNameAndSerialNumber) {
 TEST(SuggestedFileName, HasNoSignThatAFileSystemOrAShellStumblesOver) {
   ModuleRecord record = sampleRecord();
   record.module.serialNumber = "";
-  record.module.name = "../Pt100 / \"2-wire\" *?<>|:;&$`\\";
+  record.module.name = R"(../Pt100 / "2-wire" *?<>|:;&$`\)";
   EXPECT_EQ(suggestedFileName(record), "Pt100-2-wire.json");
   record.module.name = "-rf .";
   EXPECT_EQ(suggestedFileName(record), "rf.json");

@@ -83,8 +83,9 @@ TEST(RecordJson, TellsTheNumberThatNoTypeHolds) {
 }
 
 TEST(RecordJson, RefusesJsonOfAnotherFormat) {
-  for (const std::string text : {"{}", "[]", "null", "7", "\"modulinfo-record\"", "{\"format\": 1}",
-                                 "{\"format\": \"modulinfo-settings\", \"version\": 1}"}) {
+  for (const std::string text :
+       {"{}", "[]", "null", "7", R"("modulinfo-record")", R"({"format": 1})",
+        R"({"format": "modulinfo-settings", "version": 1})"}) {
     EXPECT_EQ(complaint(text), "a.json is no module record: its format is not modulinfo-record.")
         << text;
   }
@@ -118,7 +119,9 @@ void forEachField(const std::function<void(Json& json, Json& owner, const std::s
     if (!value.is_object()) continue;
     for (const auto& [inner, unused] : value.items()) {
       Json again = sampleJson();
-      change(again, again[key], inner, key + '.' + inner);
+      std::string path = key;
+      path.append(1, '.').append(inner);
+      change(again, again[key], inner, path);
     }
   }
 }
