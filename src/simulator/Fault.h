@@ -36,7 +36,7 @@ struct CutOff {
 
 /// The port is pulled out once the first `bytes` bytes of the answer have been read by the client:
 /// 0 while the client waits, nothing behind the whole answer. With `replugAfter` the port comes
-/// back after that time, without it never by itself.
+/// back after that time, with 0 before anybody can find it away, without it never by itself.
 struct Unplug {
   std::optional<std::size_t> bytes;
   std::optional<std::chrono::milliseconds> replugAfter;

@@ -182,18 +182,24 @@ void PortLoop::unplugWhenRead(const faults::Unplug& fault, Clock::time_point dea
   at(Clock::now() + kLastReadStep, [this, fault, deadline] {
     if (!port_->isRead() && Clock::now() < deadline) return unplugWhenRead(fault, deadline);
     unplug();
-    if (fault.replugAfter) replugAfter(*fault.replugAfter);
+    if (fault.replugAfter == 0ms) {
+      replug(0ms);  // before anybody can look where the port is
+    } else if (fault.replugAfter) {
+      replugAfter(*fault.replugAfter);
+    }
   });
 }
 
 void PortLoop::replugAfter(std::chrono::milliseconds delay) {
-  at(Clock::now() + delay, [this, delay] {
-    try {
-      plug();
-    } catch (const std::system_error&) {
-      replugAfter(delay);  // the system is short of something that may be there again next time
-    }
-  });
+  at(Clock::now() + delay, [this, delay] { replug(delay); });
+}
+
+void PortLoop::replug(std::chrono::milliseconds delay) {
+  try {
+    plug();
+  } catch (const std::system_error&) {
+    replugAfter(delay);  // the system is short of something that may be there again next time
+  }
 }
 
 void PortLoop::at(Clock::time_point time, std::function<void()> action) {

@@ -65,6 +65,9 @@ class PortLoop {
   void unplugWhenRead(const faults::Unplug& fault, Clock::time_point deadline);
   void replugAfter(std::chrono::milliseconds delay);
 
+  /// Plugs the port in, or tries again after that time if the system cannot give one.
+  void replug(std::chrono::milliseconds delay);
+
   /// Runs the action at that time, unless the port is unplugged or plugged in before.
   void at(Clock::time_point time, std::function<void()> action);
 

@@ -230,6 +230,18 @@ TEST(SimulatedPort, AnswersEachTimeItHasComeBack) {
   }
 }
 
+TEST(SimulatedPort, IsNeverFoundAwayIfItComesBackAtOnce) {
+  SimulatedPort port(sampleModule());
+  for (int round = 0; round < 50; ++round) {
+    port.setFaults({first(faults::Unplug{0, 0ms})});
+    const SerialClient client(port.device());
+    client.send(readRequest(4, 1));
+    EXPECT_TRUE(client.isHungUp());
+    ASSERT_FALSE(port.device().empty());
+    expectHealthy(port);
+  }
+}
+
 TEST(SimulatedPort, CanBePulledOutAndPutBack) {
   SimulatedPort port(sampleModule());
   for (int round = 0; round < 20; ++round) {
