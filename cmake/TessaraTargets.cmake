@@ -4,11 +4,18 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+# Libraries and programs share precompiled headers, so both are compiled alike.
+set(CMAKE_CXX_COMPILE_OPTIONS_PIE "-fPIC")
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(TESSARA_CCACHE ccache)
 if(TESSARA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${TESSARA_CCACHE}")
+  # Sources with precompiled headers are cached only if told so.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros "${TESSARA_CCACHE}")
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options(-fpch-preprocess)
+  endif()
 endif()
 
 # Debian's own Python: the one that finds the packages which the tests use.
@@ -17,13 +24,14 @@ find_program(TESSARA_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH)
 add_library(tessara_rules INTERFACE)
 target_compile_options(tessara_rules INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow
-  # What is delivered is not to fail on the fancies of a compiler that nobody here has met.
+  # Warnings from untested compilers must not stop the build of what is delivered.
   $<$<NOT:$<CONFIG:Release>>:-Werror>
   # Optimising, g++ 12 sees overlapping copies in the concatenation of std::string, uninitialised
   # alternatives in std::variant and copies beyond the end of a std::vector where there are none.
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-restrict -Wno-maybe-uninitialized
     -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread>)
 target_include_directories(tessara_rules INTERFACE "${PROJECT_SOURCE_DIR}/src")
+target_compile_definitions(tessara_rules INTERFACE QT_NO_KEYWORDS)
 
 add_link_options(LINKER:--as-needed)
 
@@ -32,17 +40,38 @@ if(TESSARA_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# tessara_library(<folder name> SOURCES <files> [DEPENDS <targets>])
-# One static library a folder of src/, named modulinfo_<folder name>.
-function(tessara_library folder)
-  cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS" ${ARGN})
-  add_library(modulinfo_${folder} STATIC ${arg_SOURCES})
-  target_link_libraries(modulinfo_${folder} PUBLIC ${arg_DEPENDS} PRIVATE $<BUILD_INTERFACE:tessara_rules>)
-  target_include_directories(modulinfo_${folder} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
+# tessara_precompile(<target> <header of cmake/headers>)
+# Compiles the target with a precompiled header, which all targets that name the same header share.
+function(tessara_precompile target header)
+  get_filename_component(name "${header}" NAME_WE)
+  set(owner tessara_precompiled_${name})
+  if(NOT TARGET ${owner})
+    set(source "${PROJECT_BINARY_DIR}/${owner}.cpp")
+    file(CONFIGURE OUTPUT "${source}" CONTENT "")
+    add_library(${owner} OBJECT "${source}")
+    set_target_properties(${owner} PROPERTIES UNITY_BUILD OFF)
+    target_link_libraries(${owner} PRIVATE tessara_rules ${ARGN})
+    target_precompile_headers(${owner} PRIVATE "${PROJECT_SOURCE_DIR}/cmake/headers/${header}")
+  endif()
+  target_precompile_headers(${target} REUSE_FROM ${owner})
 endfunction()
 
-# tessara_shared_library(<target> <folder names>)
-# A shared library of everything that those folders hold and what that calls, with no symbol left open.
+# tessara_library(<name> SOURCES <files> [DEPENDS <targets>])
+# One static library, named modulinfo_<name>; as a rule that of the folder it stands in.
+function(tessara_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_library(modulinfo_${name} STATIC ${arg_SOURCES})
+  target_link_libraries(modulinfo_${name} PUBLIC ${arg_DEPENDS} PRIVATE $<BUILD_INTERFACE:tessara_rules>)
+  target_include_directories(modulinfo_${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
+  if("${arg_DEPENDS};" MATCHES "(Qt6::Widgets|modulinfo_qt|modulinfo_host);")
+    tessara_precompile(modulinfo_${name} qt.h Qt6::Widgets)
+  else()
+    tessara_precompile(modulinfo_${name} standard.h)
+  endif()
+endfunction()
+
+# tessara_shared_library(<target> <library names>)
+# A shared library of everything that those libraries hold and what that calls, with no symbol left open.
 function(tessara_shared_library target)
   list(TRANSFORM ARGN PREPEND modulinfo_ OUTPUT_VARIABLE libraries)
   list(TRANSFORM libraries REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE objects)
@@ -63,6 +92,7 @@ function(tessara_test subsystem)
     target_compile_options(test_${subsystem} PRIVATE -fno-sanitize=undefined)
   endif()
   target_include_directories(test_${subsystem} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  tessara_precompile(test_${subsystem} test.h GTest::gmock)
   include(GoogleTest)
   gtest_discover_tests(test_${subsystem} TEST_PREFIX "${subsystem}." DISCOVERY_TIMEOUT 60
                        PROPERTIES TIMEOUT 120 ENVIRONMENT "${arg_ENVIRONMENT}")

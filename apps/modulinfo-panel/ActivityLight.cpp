@@ -3,8 +3,8 @@
 #include <QPainter>
 #include <chrono>
 
-#include "platform/qt/Look.h"
-#include "platform/qt/PixelGrid.h"
+#include "qt/Look.h"
+#include "qt/PixelGrid.h"
 
 namespace tessara {
 namespace {

@@ -3,8 +3,8 @@
 #include <QWidget>
 #include <string>
 
-#include "ExitCode.h"
 #include "PanelRequest.h"
+#include "common/ExitCode.h"
 #include "report/RecordReport.h"
 
 namespace tessara {

@@ -2,8 +2,8 @@
 
 #include <QAbstractButton>
 
-#include "platform/qt/PanelStructure.h"
-#include "platform/qt/QtText.h"
+#include "qt/PanelStructure.h"
+#include "qt/QtText.h"
 
 namespace tessara {
 namespace {

@@ -7,20 +7,20 @@
 #include <optional>
 #include <utility>
 
-#include "DeviceLog.h"
 #include "HostSettings.h"
-#include "ModuleReading.h"
 #include "Outputs.h"
 #include "PanelWindow.h"
 #include "QtTexts.h"
 #include "RecordProgram.h"
+#include "common/DeviceLog.h"
+#include "common/HeadlessMessageHelper.h"
+#include "common/ModuleReading.h"
 #include "control/ModuleWide.h"
-#include "platform/headless/HeadlessMessageHelper.h"
-#include "platform/linux/EmbeddedSimulator.h"
-#include "platform/linux/LinuxPlatform.h"
-#include "platform/qt/QtEventLoop.h"
-#include "platform/qt/QtMessageHelper.h"
-#include "platform/qt/QtPictureLoader.h"
+#include "linux/EmbeddedSimulator.h"
+#include "linux/LinuxPlatform.h"
+#include "qt/QtEventLoop.h"
+#include "qt/QtMessageHelper.h"
+#include "qt/QtPictureLoader.h"
 #include "simulator/ModuleFileError.h"
 
 namespace tessara {

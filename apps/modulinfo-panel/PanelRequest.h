@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "ReadRequest.h"
+#include "common/ReadRequest.h"
 
 namespace tessara {
 

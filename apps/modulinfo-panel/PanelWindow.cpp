@@ -14,9 +14,9 @@
 #include "DeferredIcon.h"
 #include "PanelMenu.h"
 #include "RecordWindow.h"
-#include "platform/Text.h"
-#include "platform/qt/Picture.h"
-#include "platform/qt/QtText.h"
+#include "base/Text.h"
+#include "qt/Picture.h"
+#include "qt/QtText.h"
 #include "record/TakeRecord.h"
 
 namespace tessara {

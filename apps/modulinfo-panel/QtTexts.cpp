@@ -5,7 +5,7 @@
 #include <QTranslator>
 #include <array>
 
-#include "platform/qt/Look.h"
+#include "qt/Look.h"
 #include "words/HostTexts.h"
 
 namespace tessara {

@@ -9,11 +9,11 @@
 #include "Outputs.h"
 #include "QtTexts.h"
 #include "RecordWindow.h"
+#include "common/HeadlessMessageHelper.h"
 #include "control/ModuleWide.h"
+#include "linux/LinuxPlatform.h"
 #include "localisation/Settings.h"
-#include "platform/headless/HeadlessMessageHelper.h"
-#include "platform/linux/LinuxPlatform.h"
-#include "platform/qt/QtEventLoop.h"
+#include "qt/QtEventLoop.h"
 #include "record/RecordFile.h"
 
 namespace tessara {

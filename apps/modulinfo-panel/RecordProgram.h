@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ExitCode.h"
 #include "PanelRequest.h"
+#include "common/ExitCode.h"
 
 namespace tessara {
 

@@ -7,7 +7,7 @@
 #include <QScreen>
 #include <algorithm>
 
-#include "platform/qt/Look.h"
+#include "qt/Look.h"
 #include "record/RecordRows.h"
 
 namespace tessara {

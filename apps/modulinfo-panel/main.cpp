@@ -8,8 +8,8 @@
 #include <CLI/CLI.hpp>
 
 #include "HostStyle.h"
-#include "ModuleOptions.h"
 #include "PanelProgram.h"
+#include "common/ModuleOptions.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "cataloguetool/CatalogueCommand.h"
+#include "catalogue/CatalogueCommand.h"
 
 #include <iostream>
 #include <memory>

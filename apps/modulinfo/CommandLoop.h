@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <array>
 
-#include "platform/qt/QtEventLoop.h"
+#include "qt/QtEventLoop.h"
 
 namespace tessara {
 

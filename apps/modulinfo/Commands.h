@@ -4,7 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "ExitCode.h"
+#include "common/ExitCode.h"
 
 namespace tessara {
 

@@ -1,4 +1,4 @@
-#include "languagetool/LanguageCommand.h"
+#include "tools/language/LanguageCommand.h"
 
 #include <iostream>
 #include <memory>

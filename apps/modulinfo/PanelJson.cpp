@@ -4,7 +4,7 @@
 
 #include "DeviceCallJson.h"
 #include "PanelText.h"
-#include "platform/Text.h"
+#include "base/Text.h"
 
 namespace tessara {
 

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/Text.h"
 #include "control/ModuleWide.h"
-#include "platform/Text.h"
 
 namespace tessara {
 

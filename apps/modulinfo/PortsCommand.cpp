@@ -3,10 +3,10 @@
 
 #include "CommandLoop.h"
 #include "Commands.h"
+#include "common/HeadlessMessageHelper.h"
+#include "linux/LinuxPlatform.h"
+#include "linux/ports/PortList.h"
 #include "localisation/Settings.h"
-#include "platform/headless/HeadlessMessageHelper.h"
-#include "platform/linux/LinuxPlatform.h"
-#include "platform/linux/ports/PortList.h"
 #include "ports/RegEnum.h"
 
 namespace tessara {

@@ -4,13 +4,13 @@
 
 #include "CommandLoop.h"
 #include "Commands.h"
-#include "DeviceLog.h"
-#include "ModuleOptions.h"
-#include "ModuleReading.h"
 #include "PanelJson.h"
 #include "PanelText.h"
-#include "platform/headless/HeadlessMessageHelper.h"
-#include "platform/linux/EmbeddedSimulator.h"
+#include "common/DeviceLog.h"
+#include "common/HeadlessMessageHelper.h"
+#include "common/ModuleOptions.h"
+#include "common/ModuleReading.h"
+#include "linux/EmbeddedSimulator.h"
 #include "simulator/ModuleFileError.h"
 
 namespace tessara {

@@ -6,8 +6,8 @@
 #include <limits>
 #include <string_view>
 
-#include "platform/linux/LinuxRegistryHelper.h"
-#include "platform/linux/SettingsPorts.h"
+#include "linux/LinuxRegistryHelper.h"
+#include "linux/SettingsPorts.h"
 
 namespace tessara {
 

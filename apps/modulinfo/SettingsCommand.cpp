@@ -4,9 +4,9 @@
 
 #include "Commands.h"
 #include "SettingNames.h"
-#include "platform/linux/LinuxRegistryHelper.h"
-#include "platform/linux/SettingsPorts.h"
-#include "platform/linux/SettingsStore.h"
+#include "linux/LinuxRegistryHelper.h"
+#include "linux/SettingsPorts.h"
+#include "linux/SettingsStore.h"
 
 namespace tessara {
 

@@ -17,7 +17,7 @@
 
 #include "../Median.h"
 #include "knowledge/Catalogue.h"
-#include "platform/xml/PugixmlTree.h"
+#include "xml/PugixmlTree.h"
 
 namespace {
 

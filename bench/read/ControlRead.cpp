@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "../SilentHost.h"
+#include "common/HeadlessMessageHelper.h"
 #include "control/ModulInfoFLII.h"
-#include "platform/headless/HeadlessMessageHelper.h"
-#include "platform/linux/LinuxPlatform.h"
-#include "platform/linux/SimulatedKnownPort.h"
-#include "platform/qt/QtEventLoop.h"
+#include "linux/LinuxPlatform.h"
+#include "linux/SimulatedKnownPort.h"
+#include "qt/QtEventLoop.h"
 #include "simulator/LinePort.h"
 #include "simulator/PluggableModule.h"
 

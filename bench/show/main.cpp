@@ -15,11 +15,11 @@
 #include "../SilentHost.h"
 #include "BareEnumeration.h"
 #include "MockedPorts.h"
+#include "common/HeadlessMessageHelper.h"
 #include "control/ModulInfoFLII.h"
 #include "control/ModuleWide.h"
-#include "platform/headless/HeadlessMessageHelper.h"
-#include "platform/linux/LinuxPlatform.h"
-#include "platform/qt/QtEventLoop.h"
+#include "linux/LinuxPlatform.h"
+#include "qt/QtEventLoop.h"
 
 namespace {
 

@@ -7,10 +7,10 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include "base/RunTimeError.h"
+#include "base/Text.h"
 #include "knowledge/Catalogue.h"
-#include "platform/RunTimeError.h"
-#include "platform/Text.h"
-#include "platform/xml/PugixmlTree.h"
+#include "xml/PugixmlTree.h"
 
 namespace tessara {
 namespace {

@@ -2,9 +2,9 @@
 #include <cstdint>
 #include <string>
 
+#include "base/RunTimeError.h"
 #include "localisation/Language.h"
 #include "localisation/LanguageFile.h"
-#include "platform/RunTimeError.h"
 
 /// Whatever a language file holds, it loads, is refused, or raises a run-time error.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -1,9 +1,9 @@
 #include "access/RegisterDecoding.h"
+#include "base/Text.h"
 #include "control/ModulInfoFLII.h"
 #include "knowledge/ChannelStatus.h"
 #include "knowledge/Firmware.h"
 #include "knowledge/ModuleStatus.h"
-#include "platform/Text.h"
 
 namespace tessara {
 namespace {

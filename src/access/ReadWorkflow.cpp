@@ -1,9 +1,9 @@
 #include <exception>
 
 #include "access/RegisterDecoding.h"
+#include "base/Text.h"
 #include "control/ModulInfoFLII.h"
 #include "knowledge/Firmware.h"
-#include "platform/Text.h"
 
 namespace tessara {
 namespace {

@@ -2,10 +2,10 @@
 
 #include <limits>
 
+#include "base/RunTimeError.h"
+#include "base/Variant.h"
 #include "knowledge/Conversions.h"
 #include "knowledge/modByteConvert.h"
-#include "platform/RunTimeError.h"
-#include "platform/Variant.h"
 
 namespace tessara {
 

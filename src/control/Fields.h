@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
+#include "base/Variant.h"
 #include "knowledge/DeviceProfile.h"
 #include "platform/CommunicationObject.h"
-#include "platform/Variant.h"
 
 namespace tessara {
 

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/Text.h"
 #include "control/ModulInfoFLII.h"
-#include "platform/Text.h"
 
 namespace tessara {
 namespace {

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "platform/Variant.h"
+#include "base/Variant.h"
 
 namespace tessara {
 

@@ -5,12 +5,12 @@
 #include <string>
 
 #include "control/Fields.h"
-#include "control/Form.h"
 #include "control/HostEvents.h"
 #include "control/ModuleWide.h"
 #include "control/Panel.h"
 #include "knowledge/CatalogResult.h"
 #include "platform/Platform.h"
+#include "widgets/Form.h"
 
 namespace tessara {
 

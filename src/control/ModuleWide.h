@@ -3,13 +3,13 @@
 #include <memory>
 #include <string>
 
+#include "base/RunTimeError.h"
 #include "localisation/Language.h"
 #include "platform/BitFieldHelper.h"
 #include "platform/CommunicationObject.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageHelper.h"
 #include "platform/RegistryHelper.h"
-#include "platform/RunTimeError.h"
 #include "ports/RegEnum.h"
 
 namespace tessara {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "control/Widget.h"
+#include "widgets/Widget.h"
 
 namespace tessara {
 

@@ -1,8 +1,8 @@
 #include <limits>
 #include <utility>
 
+#include "base/Text.h"
 #include "control/ModulInfoFLII.h"
-#include "platform/Text.h"
 
 namespace tessara {
 

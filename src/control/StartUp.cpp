@@ -1,10 +1,10 @@
 #include <array>
 
+#include "base/Text.h"
 #include "control/ModulInfoFLII.h"
 #include "control/Transport.h"
 #include "localisation/Language.h"
 #include "localisation/Settings.h"
-#include "platform/Text.h"
 #include "ports/RegEnum.h"
 
 namespace tessara {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
 #include "control/ModulInfoFLII.h"
-#include "platform/Text.h"
 
 namespace tessara {
 namespace {

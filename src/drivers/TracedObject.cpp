@@ -8,7 +8,7 @@
 #include <exception>
 #include <utility>
 
-#include "platform/Text.h"
+#include "base/Text.h"
 
 namespace tessara {
 

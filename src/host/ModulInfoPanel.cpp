@@ -5,16 +5,16 @@
 #include <optional>
 #include <utility>
 
-#include "localisation/Maker.h"
+#include "dialogs/Maker.h"
+#include "linux/EmbeddedSimulator.h"
+#include "linux/LinuxPlatform.h"
 #include "localisation/Settings.h"
-#include "platform/linux/EmbeddedSimulator.h"
-#include "platform/linux/LinuxPlatform.h"
-#include "platform/qt/PanelView.h"
-#include "platform/qt/QtEventLoop.h"
-#include "platform/qt/QtForms.h"
-#include "platform/qt/QtMessageHelper.h"
-#include "platform/qt/QtPictureLoader.h"
-#include "platform/qt/QtText.h"
+#include "qt/PanelView.h"
+#include "qt/QtEventLoop.h"
+#include "qt/QtForms.h"
+#include "qt/QtMessageHelper.h"
+#include "qt/QtPictureLoader.h"
+#include "qt/QtText.h"
 
 namespace tessara {
 namespace {

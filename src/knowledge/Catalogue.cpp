@@ -3,10 +3,10 @@
 #include <array>
 #include <optional>
 
+#include "base/RunTimeError.h"
+#include "base/Variant.h"
 #include "knowledge/Datasheet.h"
 #include "knowledge/Firmware.h"
-#include "platform/RunTimeError.h"
-#include "platform/Variant.h"
 
 namespace tessara {
 namespace {

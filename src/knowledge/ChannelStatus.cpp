@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "base/Text.h"
 #include "knowledge/StatusBits.h"
-#include "platform/Text.h"
 
 namespace tessara {
 namespace {

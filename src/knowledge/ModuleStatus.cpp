@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "base/Text.h"
 #include "knowledge/StatusBits.h"
-#include "platform/Text.h"
 
 namespace tessara {
 namespace {

@@ -4,11 +4,11 @@
 #include <string>
 #include <utility>
 
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+#include "base/Variant.h"
 #include "localisation/LanguageFile.h"
 #include "localisation/LanguageSections.h"
-#include "platform/RunTimeError.h"
-#include "platform/Text.h"
-#include "platform/Variant.h"
 
 namespace tessara {
 namespace {

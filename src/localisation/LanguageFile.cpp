@@ -3,7 +3,7 @@
 #include <array>
 #include <fstream>
 
-#include "platform/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 namespace tessara {
 

@@ -1,7 +1,7 @@
 #include "localisation/Settings.h"
 
-#include "platform/RunTimeError.h"
-#include "platform/Text.h"
+#include "base/RunTimeError.h"
+#include "base/Text.h"
 
 namespace tessara {
 namespace {

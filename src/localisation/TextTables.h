@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "platform/FixedTable.h"
+#include "base/FixedTable.h"
 
 namespace tessara {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/Variant.h"
+#include "base/Variant.h"
 
 namespace tessara {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/FixedTable.h"
+#include "base/FixedTable.h"
 
 namespace tessara {
 

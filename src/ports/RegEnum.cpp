@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <string_view>
 
-#include "platform/RunTimeError.h"
-#include "platform/Text.h"
+#include "base/RunTimeError.h"
+#include "base/Text.h"
 #include "ports/PortClass.h"
 #include "ports/SerialCommKey.h"
 

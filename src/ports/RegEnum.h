@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/FixedTable.h"
+#include "base/FixedTable.h"
 #include "platform/RegistryApi.h"
 #include "platform/RegistryHelper.h"
 

@@ -1,7 +1,7 @@
+#include "base/Text.h"
 #include "control/ModulInfoFLII.h"
 #include "control/Transport.h"
 #include "localisation/Settings.h"
-#include "platform/Text.h"
 #include "ports/RegEnum.h"
 
 namespace tessara {

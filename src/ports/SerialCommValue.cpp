@@ -1,8 +1,8 @@
 #include <cstddef>
 #include <string_view>
 
-#include "platform/RunTimeError.h"
-#include "platform/Text.h"
+#include "base/RunTimeError.h"
+#include "base/Text.h"
 #include "ports/RegEnum.h"
 #include "ports/SerialCommKey.h"
 

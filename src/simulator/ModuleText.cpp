@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/Text.h"
+#include "base/Text.h"
 #include "simulator/SimulatedModule.h"
 
 namespace tessara {

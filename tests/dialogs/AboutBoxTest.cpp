@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "DialogFixture.h"
-#include "localisation/Maker.h"
+#include "dialogs/Maker.h"
 
 namespace tessara::testing {
 namespace {

@@ -4,9 +4,9 @@
 #include <string>
 
 #include "ControlFixture.h"
-#include "control/Form.h"
-#include "localisation/frmAbout.h"
-#include "localisation/frmLanguage.h"
+#include "dialogs/frmAbout.h"
+#include "dialogs/frmLanguage.h"
+#include "widgets/Form.h"
 
 namespace tessara::testing {
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "ControlFixture.h"
-#include "control/Form.h"
+#include "widgets/Form.h"
 
 namespace tessara::testing {
 namespace {

@@ -1,8 +1,8 @@
 #include <QMainWindow>
 
+#include "base/Text.h"
 #include "host/ModulInfoPanel.h"
 #include "linux/SettingsFolder.h"
-#include "platform/Text.h"
 
 namespace {
 

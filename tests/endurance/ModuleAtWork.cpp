@@ -5,7 +5,7 @@
 #include <iostream>
 #include <memory>
 
-#include "platform/headless/HeadlessMessageHelper.h"
+#include "common/HeadlessMessageHelper.h"
 
 namespace tessara::testing {
 namespace {

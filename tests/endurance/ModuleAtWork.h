@@ -10,7 +10,7 @@
 #include "PluggedModule.h"
 #include "SteppedLoop.h"
 #include "control/ModulInfoFLII.h"
-#include "platform/linux/LinuxPlatform.h"
+#include "linux/LinuxPlatform.h"
 
 namespace tessara::testing {
 

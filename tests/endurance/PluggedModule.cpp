@@ -4,7 +4,7 @@
 
 #include "control/Transport.h"
 #include "drivers/nfc/NoUsbReaders.h"
-#include "platform/linux/SimulatedKnownPort.h"
+#include "linux/SimulatedKnownPort.h"
 #include "simulator/PluggableModule.h"
 
 namespace tessara::testing {

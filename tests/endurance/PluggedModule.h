@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/linux/PortSource.h"
+#include "linux/PortSource.h"
 #include "simulator/LinePort.h"
 #include "simulator/nfc/SimulatedUsbReader.h"
 

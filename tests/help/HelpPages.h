@@ -5,7 +5,7 @@
 #include <iterator>
 #include <string>
 
-#include "helptool/HtmlText.h"
+#include "tools/help/HtmlText.h"
 
 namespace tessara::testing {
 

@@ -7,10 +7,10 @@
 #include "FakeHost.h"
 #include "FakePlatform.h"
 #include "HelpPages.h"
+#include "base/Text.h"
 #include "control/ModulInfoFLII.h"
 #include "knowledge/ChannelStatus.h"
 #include "knowledge/ModuleStatus.h"
-#include "platform/Text.h"
 
 namespace tessara {
 namespace {

@@ -10,10 +10,10 @@
 #include <gmock/gmock.h>
 
 #include "FakePlatform.h"
+#include "base/Text.h"
+#include "dialogs/Maker.h"
 #include "host/ModulInfoPanel.h"
 #include "linux/SettingsFolder.h"
-#include "localisation/Maker.h"
-#include "platform/Text.h"
 
 namespace tessara::testing {
 namespace {

@@ -9,9 +9,9 @@
 
 #include "FakeCatalogue.h"
 #include "FakePlatform.h"
+#include "base/RunTimeError.h"
+#include "base/Text.h"
 #include "knowledge/Catalogue.h"
-#include "platform/RunTimeError.h"
-#include "platform/Text.h"
 
 namespace tessara::testing {
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "knowledge/ChannelStatus.h"
-#include "platform/Text.h"
 
 namespace tessara {
 namespace {

@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "FakePlatform.h"
+#include "base/RunTimeError.h"
 #include "knowledge/Conversions.h"
-#include "platform/RunTimeError.h"
 
 namespace tessara {
 namespace {

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "FakePlatform.h"
+#include "base/RunTimeError.h"
 #include "knowledge/Firmware.h"
-#include "platform/RunTimeError.h"
 
 namespace tessara {
 namespace {

@@ -5,9 +5,9 @@
 #include <gtest/gtest.h>
 
 #include "FakePlatform.h"
+#include "base/Text.h"
 #include "knowledge/Catalogue.h"
-#include "platform/Text.h"
-#include "platform/xml/PugixmlTree.h"
+#include "xml/PugixmlTree.h"
 
 namespace tessara {
 namespace {

@@ -1,7 +1,7 @@
 #include <QStandardPaths>
 
 #include "Programs.h"
-#include "platform/linux/DesktopEntry.h"
+#include "linux/DesktopEntry.h"
 
 namespace tessara::testing {
 namespace {

@@ -1,8 +1,8 @@
 #include <sys/stat.h>
 
 #include "SettingsFolder.h"
-#include "platform/Text.h"
-#include "platform/linux/LinuxFileSystem.h"
+#include "base/Text.h"
+#include "linux/LinuxFileSystem.h"
 
 namespace tessara::testing {
 namespace {

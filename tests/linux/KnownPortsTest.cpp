@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "platform/linux/KnownPorts.h"
+#include "linux/KnownPorts.h"
 
 namespace tessara {
 namespace {

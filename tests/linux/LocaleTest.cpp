@@ -2,7 +2,7 @@
 #include <cstdlib>
 
 #include "SettingsFolder.h"
-#include "platform/linux/LinuxLocale.h"
+#include "linux/LinuxLocale.h"
 
 /// The C library does not give back the parts of LOCPATH, which only these tests set.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's name

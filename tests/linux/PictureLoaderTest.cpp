@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "platform/RunTimeError.h"
-#include "platform/linux/SignaturePictureLoader.h"
+#include "base/RunTimeError.h"
+#include "linux/SignaturePictureLoader.h"
 
 namespace tessara {
 namespace {

@@ -2,10 +2,10 @@
 
 #include "SettingsFolder.h"
 #include "StillLoop.h"
-#include "platform/Text.h"
-#include "platform/linux/EmbeddedSimulator.h"
-#include "platform/linux/LinuxFileSystem.h"
-#include "platform/linux/LinuxPlatform.h"
+#include "base/Text.h"
+#include "linux/EmbeddedSimulator.h"
+#include "linux/LinuxFileSystem.h"
+#include "linux/LinuxPlatform.h"
 #include "simulator/Announcement.h"
 
 namespace tessara::testing {

@@ -1,5 +1,5 @@
 #include "Programs.h"
-#include "platform/linux/RegisteredPrograms.h"
+#include "linux/RegisteredPrograms.h"
 
 namespace tessara::testing {
 namespace {

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
 #include "SettingsFolder.h"
-#include "platform/RunTimeError.h"
-#include "platform/linux/LinuxRegistryHelper.h"
+#include "base/RunTimeError.h"
+#include "linux/LinuxRegistryHelper.h"
 
 namespace tessara::testing {
 namespace {

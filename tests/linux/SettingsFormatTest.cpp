@@ -2,7 +2,7 @@
 #include <map>
 
 #include "SettingsFolder.h"
-#include "platform/linux/SettingsFormat.h"
+#include "linux/SettingsFormat.h"
 
 namespace tessara::testing {
 namespace {

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "SettingsFolder.h"
-#include "platform/linux/SettingsPortNumbers.h"
+#include "linux/SettingsPortNumbers.h"
 
 namespace tessara::testing {
 namespace {

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
 #include "SettingsFolder.h"
-#include "platform/RunTimeError.h"
-#include "platform/linux/SettingsPorts.h"
+#include "base/RunTimeError.h"
+#include "linux/SettingsPorts.h"
 
 namespace tessara::testing {
 namespace {

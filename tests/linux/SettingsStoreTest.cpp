@@ -8,8 +8,8 @@
 #include <unistd.h>
 
 #include "SettingsFolder.h"
-#include "platform/RunTimeError.h"
-#include "platform/linux/SettingsStore.h"
+#include "base/RunTimeError.h"
+#include "linux/SettingsStore.h"
 
 namespace tessara::testing {
 namespace {

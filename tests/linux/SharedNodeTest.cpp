@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "SettingsFolder.h"
-#include "platform/linux/KnownPorts.h"
+#include "linux/KnownPorts.h"
 
 namespace tessara {
 namespace {

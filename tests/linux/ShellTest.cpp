@@ -8,8 +8,8 @@
 #include <unistd.h>
 
 #include "Programs.h"
-#include "platform/Text.h"
-#include "platform/linux/LinuxShell.h"
+#include "base/Text.h"
+#include "linux/LinuxShell.h"
 
 namespace tessara::testing {
 namespace {

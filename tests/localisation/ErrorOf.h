@@ -3,7 +3,7 @@
 #include <functional>
 #include <optional>
 
-#include "platform/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 namespace tessara::testing {
 

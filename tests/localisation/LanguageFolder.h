@@ -7,9 +7,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "base/Text.h"
 #include "localisation/Language.h"
 #include "localisation/ScriptedLocale.h"
-#include "platform/Text.h"
 
 namespace tessara::testing {
 

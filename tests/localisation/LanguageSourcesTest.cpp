@@ -4,10 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include "languagetool/LanguageBuilder.h"
-#include "languagetool/LanguageChecker.h"
 #include "localisation/LanguageFolder.h"
 #include "localisation/LanguageSections.h"
+#include "tools/language/LanguageBuilder.h"
+#include "tools/language/LanguageChecker.h"
 
 namespace tessara {
 namespace {

@@ -4,9 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/RunTimeError.h"
 #include "localisation/ErrorOf.h"
 #include "localisation/Settings.h"
-#include "platform/RunTimeError.h"
 
 namespace tessara {
 namespace {

@@ -8,10 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include "base/RunTimeError.h"
+#include "base/Text.h"
 #include "platform/RegistryApi.h"
 #include "platform/RegistryHelper.h"
-#include "platform/RunTimeError.h"
-#include "platform/Text.h"
 #include "ports/RegEnum.h"
 
 namespace tessara::testing {

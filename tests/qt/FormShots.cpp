@@ -4,11 +4,11 @@
 
 #include "FakeHost.h"
 #include "FakePlatform.h"
+#include "base/Text.h"
 #include "control/ModulInfoFLII.h"
-#include "localisation/Maker.h"
-#include "platform/Text.h"
-#include "platform/qt/QtForms.h"
-#include "platform/qt/QtText.h"
+#include "dialogs/Maker.h"
+#include "qt/QtForms.h"
+#include "qt/QtText.h"
 
 namespace tessara::testing {
 

@@ -2,7 +2,7 @@
 #include <QToolTip>
 
 #include "QtTest.h"
-#include "platform/qt/LabelView.h"
+#include "qt/LabelView.h"
 
 namespace tessara::testing {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "QtTest.h"
 #include "control/ModuleWide.h"
-#include "platform/qt/Look.h"
+#include "qt/Look.h"
 
 namespace tessara::testing {
 namespace {

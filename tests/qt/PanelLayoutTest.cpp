@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "SamplePanel.h"
-#include "platform/Text.h"
-#include "platform/qt/PanelLayout.h"
+#include "base/Text.h"
+#include "qt/PanelLayout.h"
 
 namespace tessara::testing {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "FormShots.h"
 #include "SamplePanel.h"
-#include "platform/qt/PanelView.h"
+#include "qt/PanelView.h"
 
 using namespace tessara;
 using namespace tessara::testing;

@@ -3,8 +3,8 @@
 #include <QLineEdit>
 
 #include "QtTest.h"
-#include "platform/RunTimeError.h"
-#include "platform/qt/DropDownView.h"
+#include "base/RunTimeError.h"
+#include "qt/DropDownView.h"
 
 namespace tessara::testing {
 namespace {

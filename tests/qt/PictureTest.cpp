@@ -4,12 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include "base/RunTimeError.h"
+#include "base/Text.h"
 #include "control/Panel.h"
-#include "platform/RunTimeError.h"
-#include "platform/Text.h"
-#include "platform/qt/Picture.h"
-#include "platform/qt/QtPictureLoader.h"
-#include "platform/qt/QtText.h"
+#include "qt/Picture.h"
+#include "qt/QtPictureLoader.h"
+#include "qt/QtText.h"
 
 namespace tessara::testing {
 namespace {

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/qt/QtEventLoop.h"
+#include "qt/QtEventLoop.h"
 
 namespace tessara::testing {
 namespace {

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "QtTest.h"
-#include "platform/qt/QtMessageHelper.h"
+#include "qt/QtMessageHelper.h"
 
 namespace tessara::testing {
 namespace {

@@ -11,9 +11,9 @@
 #include <gtest/gtest.h>
 
 #include "SamplePanel.h"
-#include "platform/Text.h"
-#include "platform/qt/PanelView.h"
-#include "platform/qt/QtText.h"
+#include "base/Text.h"
+#include "qt/PanelView.h"
+#include "qt/QtText.h"
 
 namespace tessara::testing {
 

@@ -8,9 +8,9 @@
 #include "FakeHost.h"
 #include "FakePlatform.h"
 #include "PanelLog.h"
+#include "base/RunTimeError.h"
+#include "base/Text.h"
 #include "control/ModulInfoFLII.h"
-#include "platform/RunTimeError.h"
-#include "platform/Text.h"
 
 namespace tessara::testing {
 

@@ -5,8 +5,8 @@
 #include <stdexcept>
 
 #include "FakeCatalogue.h"
-#include "platform/RunTimeError.h"
-#include "platform/Text.h"
+#include "base/RunTimeError.h"
+#include "base/Text.h"
 
 namespace tessara::testing {
 namespace {

@@ -1,6 +1,6 @@
 #include "PanelLog.h"
 
-#include "platform/Text.h"
+#include "base/Text.h"
 
 namespace tessara::testing {
 namespace {

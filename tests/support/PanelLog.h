@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CallLog.h"
-#include "control/Widget.h"
+#include "widgets/Widget.h"
 
 namespace tessara::testing {
 

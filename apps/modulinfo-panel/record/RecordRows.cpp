@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/qt/QtText.h"
+#include "qt/QtText.h"
 
 namespace tessara {
 namespace {

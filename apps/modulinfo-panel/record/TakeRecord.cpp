@@ -2,9 +2,9 @@
 
 #include <exception>
 
+#include "base/Text.h"
 #include "knowledge/Catalogue.h"
-#include "platform/Text.h"
-#include "platform/qt/QtText.h"
+#include "qt/QtText.h"
 
 namespace tessara {
 namespace {

@@ -4,7 +4,7 @@
 #include <QTextDocument>
 #include <memory>
 
-#include "platform/qt/Picture.h"
+#include "qt/Picture.h"
 #include "record/RecordError.h"
 #include "report/RecordHtml.h"
 

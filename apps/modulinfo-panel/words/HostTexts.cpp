@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/qt/QtText.h"
+#include "qt/QtText.h"
 
 namespace tessara {
 namespace {

@@ -1,6 +1,6 @@
 #include "serve/Bridge.h"
 
-#include "platform/Text.h"
+#include "base/Text.h"
 
 namespace tessara {
 

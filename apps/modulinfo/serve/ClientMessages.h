@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/Text.h"
 #include "platform/MessageHelper.h"
-#include "platform/Text.h"
 #include "serve/Announcer.h"
 
 namespace tessara {

@@ -3,9 +3,9 @@
 #include <string_view>
 #include <vector>
 
-#include "control/Form.h"
 #include "serve/Announcer.h"
 #include "serve/Turns.h"
+#include "widgets/Form.h"
 
 namespace tessara {
 

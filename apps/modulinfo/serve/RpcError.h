@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 namespace tessara {
 

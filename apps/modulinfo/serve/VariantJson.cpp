@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "platform/Text.h"
+#include "base/Text.h"
 
 namespace tessara {
 

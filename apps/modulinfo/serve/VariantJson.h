@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Variant.h"
+#include "base/Variant.h"
 #include "serve/JsonRpc.h"
 
 namespace tessara {

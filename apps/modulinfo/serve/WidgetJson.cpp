@@ -4,7 +4,7 @@
 #include <array>
 #include <span>
 
-#include "platform/Text.h"
+#include "base/Text.h"
 
 namespace tessara {
 

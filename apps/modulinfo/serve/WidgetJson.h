@@ -1,7 +1,7 @@
 #pragma once
 
-#include "control/Widget.h"
 #include "serve/JsonRpc.h"
+#include "widgets/Widget.h"
 
 namespace tessara {
 

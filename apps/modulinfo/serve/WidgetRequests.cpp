@@ -4,7 +4,7 @@
 #include <initializer_list>
 #include <string>
 
-#include "platform/Text.h"
+#include "base/Text.h"
 #include "serve/WidgetJson.h"
 
 namespace tessara {

@@ -7,8 +7,8 @@
 #include <QTimer>
 #include <iostream>
 
+#include "base/Text.h"
 #include "host/ModulInfoPanel.h"
-#include "platform/Text.h"
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);

@@ -1,0 +1,38 @@
+#include "control/ModulInfoFLII.h"
+#include "dialogs/FormUse.h"
+#include "dialogs/frmLanguage.h"
+#include "localisation/Language.h"
+#include "localisation/Settings.h"
+
+namespace tessara {
+namespace {
+
+constexpr std::u16string_view outcomeOk = u"1";
+constexpr std::int16_t english = 2;
+/// For those who cannot read the sentence of the language in force.
+constexpr std::u16string_view restartInEnglish = u"\n\nPlease restart application!";
+
+}  // namespace
+
+void ModulInfoFLII::cmdSettings_Click() {
+  ModuleWide& wide = moduleWide();
+  const FormUse<frmLanguage> dialog(wide.frmLanguage, platform_);
+  dialog->SetAppPath(AppPathString);
+  dialog->SetLanguage(Language);
+  dialog->UniFormCaptionB1.setCaption(wide.TextModulInfo[16]);
+  if (!showModally(dialog.form())) {
+    return;
+  }
+  const std::int16_t oldLanguage = Language;
+  if (dialog->Tag == outcomeOk) {
+    Language = dialog->GetLanguage();
+    SaveLanguage(live(wide.RegistryHelper, "RegistryHelper"), Language);
+    std::u16string text = wide.TextModulInfo[17];
+    if (oldLanguage != english) {
+      text += restartInEnglish;
+    }
+    showMessage(text, MessageStyle::Warning);
+  }
+}
+
+}  // namespace tessara

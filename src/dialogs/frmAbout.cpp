@@ -1,0 +1,91 @@
+#include "dialogs/frmAbout.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/Text.h"
+#include "base/Variant.h"
+#include "control/ModuleWide.h"
+
+namespace tessara {
+namespace {
+
+/// The captions of the first column of contact data, and the entries of TextMainFrame for them.
+struct ContactCaption {
+  Widget frmAbout::*label;
+  std::size_t entry;
+};
+constexpr std::array<ContactCaption, 4> contactCaptions{{{&frmAbout::LblPhone, 22},
+                                                         {&frmAbout::LblFax, 23},
+                                                         {&frmAbout::LblEmail, 24},
+                                                         {&frmAbout::LblWeb, 25}}};
+constexpr std::array secondColumn{&frmAbout::LblPhoneNr, &frmAbout::LblFaxNr,
+                                  &frmAbout::HyperLinkEmail, &frmAbout::HyperLinkWeb};
+
+/// The first column has room for so many characters; each one more moves the second column.
+constexpr std::size_t roomForCharacters = 10;
+constexpr std::size_t twipsPerCharacter = 100;
+constexpr std::size_t secondColumnLeft = 4600;
+/// Longer texts overflow all the same, and the figure stays within 32 bits.
+constexpr std::size_t longestCounted = 1000;
+
+std::u16string withScheme(std::u16string_view scheme, std::u16string_view address) {
+  const bool hasScheme = address.find(u"://") != std::u16string_view::npos;
+  return hasScheme ? std::u16string(address) : std::u16string(scheme).append(address);
+}
+
+}  // namespace
+
+frmAbout::frmAbout(Platform& platform) : Dialog(u"frmAbout", platform) {
+  Label31.setCaption(u"\u00A9 " + std::u16string(maker.year) + u" " +
+                     std::u16string(maker.company));
+  makeButton(cmdOK, [this] { cmdOK_Click(); });
+  HyperLinkEmail.onClick = [this] { open(u"mailto:" + HyperLinkEmail.caption()); };
+  HyperLinkWeb.onClick = [this] { open(withScheme(u"https://", HyperLinkWeb.caption())); };
+}
+
+void frmAbout::Form_Load() {
+  Dialog::Form_Load();
+  const auto& texts = moduleWide().TextMainFrame;
+  LblInfo.setCaption(texts[16]);
+  LblFrameInformation.setCaption(texts[5]);
+  LblProductContactInfo.setCaption(texts[21]);
+  for (const auto& row : contactCaptions) {
+    (this->*row.label).setCaption(texts[row.entry] + u":");
+  }
+  moveSecondColumn();
+}
+
+void frmAbout::moveSecondColumn() {
+  std::size_t longest = 0;
+  for (const auto& row : contactCaptions) {
+    longest = std::max(longest, moduleWide().TextMainFrame[row.entry].size());
+  }
+  if (longest <= roomForCharacters) {
+    return;
+  }
+  const std::size_t characters = std::min(longest, longestCounted) - roomForCharacters;
+  const std::int16_t left =
+      narrowToInt16(static_cast<std::int32_t>(characters * twipsPerCharacter + secondColumnLeft),
+                    "the left position of the contact data");
+  for (const auto column : secondColumn) {
+    (this->*column).setLeft(left);
+  }
+}
+
+void frmAbout::open(const std::u16string& address) {
+  const std::int32_t result =
+      platform_.shell().ShellExecuteA(0, u"Open", address, {}, {}, Shell::showNormal);
+  if (result <= Shell::lastFailure) {
+    throw RunTimeError(ErrorNumber::InvalidCall,
+                       toUtf8(address) + " cannot be opened: no program does so");
+  }
+}
+
+void frmAbout::cmdOK_Click() {
+  showIdle(cmdOK);
+  hide();
+  Tag = u"1";
+}
+
+}  // namespace tessara

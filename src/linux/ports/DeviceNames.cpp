@@ -1,0 +1,93 @@
+#include "linux/ports/DeviceNames.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <string_view>
+
+#include <fcntl.h>
+#include <linux/serial.h>
+#include <linux/tty_flags.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace tessara {
+namespace {
+
+struct DriverName {
+  std::string_view driver;
+  std::string_view name;
+  /// The least number of digits of the number behind the name.
+  std::size_t digits;
+};
+
+constexpr std::string_view uartName = "Serial";
+
+/// The drivers that have the kernel's UARTs, in the order in which kernels came to use them, and
+/// the adapters. ch341-uart is the serial half of the driver ch341.
+constexpr std::array<DriverName, 7> driverNames{{{"serial8250", uartName, 1},
+                                                 {"serial", uartName, 1},
+                                                 {"port", uartName, 1},
+                                                 {"cp210x", "Silabser", 1},
+                                                 {"cdc_acm", "USBSER", 3},
+                                                 {"ftdi_sio", "VCP", 1},
+                                                 {"ch341-uart", "ch341", 1}}};
+
+DriverName nameFor(const SerialDevice& device) {
+  const auto* row =
+      std::find_if(driverNames.begin(), driverNames.end(),
+                   [&](const DriverName& known) { return known.driver == device.driver; });
+  if (row != driverNames.end()) {
+    return *row;
+  }
+  return {device.driver, device.uartType ? uartName : std::string_view(device.driver), 1};
+}
+
+/// A descriptor that closes itself.
+class Descriptor {
+ public:
+  explicit Descriptor(const std::string& node)
+      : number_(::open(node.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC)) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() {
+    if (number_ >= 0) {
+      ::close(number_);
+    }
+  }
+  [[nodiscard]] int number() const { return number_; }
+
+ private:
+  int number_;
+};
+
+bool terminalDeniesHardware(const std::string& node) {
+  const Descriptor terminal(node);
+  if (terminal.number() < 0) {
+    return errno == ENXIO || errno == ENODEV || errno == EIO;
+  }
+  serial_struct line{};
+  return ::ioctl(terminal.number(), TIOCGSERIAL, &line) == 0 && line.type == PORT_UNKNOWN;
+}
+
+}  // namespace
+
+bool isBuiltInUart(const SerialDevice& device) {
+  return nameFor(device).name == uartName;
+}
+
+bool isPhantomUart(const SerialDevice& device) {
+  if (!isBuiltInUart(device)) {
+    return false;
+  }
+  return device.uartType ? *device.uartType == "0" : terminalDeniesHardware(device.node);
+}
+
+std::string deviceNameOf(const SerialDevice& device) {
+  const DriverName known = nameFor(device);
+  std::string number = device.name.substr(terminalKind(device.name).size());
+  number.insert(0, known.digits - std::min(known.digits, number.size()), '0');
+  return "\\Device\\" + std::string(known.name) + number;
+}
+
+}  // namespace tessara

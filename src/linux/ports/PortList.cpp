@@ -1,0 +1,148 @@
+#include "linux/ports/PortList.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <ostream>
+
+#include <nlohmann/json.hpp>
+
+#include "base/Text.h"
+#include "control/Transport.h"
+
+namespace tessara {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// A row of the table: port or label, state, device node, driver, USB device.
+using Row = std::array<std::string, 5>;
+
+constexpr const char* unlisted =
+    "Not in the list of ports (the setting ShowAllComPorts lists ports of no known kind too):";
+
+std::string hexText(std::uint16_t number) {
+  std::array<char, 8> text{};
+  std::snprintf(text.data(), text.size(), "%04X", number);
+  return text.data();
+}
+
+std::string usbText(const KnownPort& port) {
+  if (!port.usb) {
+    return "";
+  }
+  const std::string serial = port.usb->serial.empty() ? "" : ' ' + port.usb->serial;
+  return hexText(port.usb->vendor) + ':' + hexText(port.usb->product) + serial;
+}
+
+Row rowOf(const PortLine& line) {
+  Row row{line.label.empty() ? line.port : line.label, portStateText(line.state)};
+  if (line.known) {
+    row[2] = line.known->deviceNode;
+    row[3] = line.known->driver;
+    row[4] = usbText(*line.known);
+  }
+  return row;
+}
+
+/// The rows with each column as wide as its longest entry, and no blank at the end of a line.
+void printRows(std::ostream& out, const std::vector<Row>& rows) {
+  std::array<std::size_t, std::tuple_size_v<Row>> widths{};
+  for (const Row& row : rows) {
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      widths.at(i) = std::max(widths.at(i), row.at(i).size());
+    }
+  }
+  for (const Row& row : rows) {
+    std::string text;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      text += row.at(i) + std::string(widths.at(i) - row.at(i).size() + 2, ' ');
+    }
+    text.erase(text.find_last_not_of(' ') + 1);
+    out << text << '\n';
+  }
+}
+
+Json textOrNull(const std::string& text) {
+  return text.empty() ? Json() : Json(text);
+}
+
+Json usbJson(const KnownPort& port) {
+  if (!port.usb) {
+    return {};
+  }
+  return {{"vendor", hexText(port.usb->vendor)},
+          {"product", hexText(port.usb->product)},
+          {"serial", textOrNull(port.usb->serial)},
+          {"interface", port.usb->interfaceNumber}};
+}
+
+Json lineJson(const PortLine& line) {
+  const KnownPort known = line.known.value_or(KnownPort());
+  return {{"label", textOrNull(line.label)},
+          {"port", line.port},
+          {"state", portStateText(line.state)},
+          {"deviceName", textOrNull(known.deviceName)},
+          {"device", textOrNull(known.deviceNode)},
+          {"driver", textOrNull(known.driver)},
+          {"usb", usbJson(known)}};
+}
+
+}  // namespace
+
+std::vector<PortLine> portLines(
+    const RegEnum& list, bool readerAnswers, const std::vector<KnownPort>& ports,
+    const std::function<PortState(const std::string& deviceNode)>& stateOf) {
+  std::vector<PortLine> lines;
+  const auto lineFor = [&](const std::string& label, const KnownPort& port) {
+    lines.push_back({label, "COM" + std::to_string(port.comPort), port, stateOf(port.deviceNode)});
+  };
+  std::vector<KnownPort> others = ports;
+  for (std::int32_t i = 0; i < list.PortCount; ++i) {
+    const std::int32_t number = list.PortNumbers[i];
+    const std::string label = toUtf8(list.PortLabels[i]);
+    const auto isIt = [&](const KnownPort& port) { return port.comPort == number; };
+    const auto port = std::find_if(ports.begin(), ports.end(), isIt);
+    if (port != ports.end()) {
+      lineFor(label, *port);
+      std::erase_if(others, isIt);
+    } else {
+      lines.push_back({label, "COM" + std::to_string(number), std::nullopt, PortState::Absent});
+    }
+  }
+  if (readerAnswers) {
+    lines.push_back({toUtf8(usbReaderLine), "NFC"});
+  }
+  for (const KnownPort& port : others) {
+    lineFor("", port);
+  }
+  return lines;
+}
+
+void printPortTable(std::ostream& out, const std::vector<PortLine>& lines) {
+  std::vector<Row> listed;
+  std::vector<Row> others;
+  for (const PortLine& line : lines) {
+    (line.label.empty() ? others : listed).push_back(rowOf(line));
+  }
+  if (listed.empty()) {
+    out << "There is no port on which a module could be.\n";
+  }
+  printRows(out, listed);
+  if (!others.empty()) {
+    out << '\n' << unlisted << '\n';
+    printRows(out, others);
+  }
+}
+
+void printPortJson(std::ostream& out, const std::vector<PortLine>& lines) {
+  Json ports = Json::array();
+  for (const PortLine& line : lines) {
+    ports.push_back(lineJson(line));
+  }
+  out << Json{{"ports", ports}}.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+}  // namespace tessara

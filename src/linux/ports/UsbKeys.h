@@ -1,0 +1,33 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "base/Variant.h"
+#include "linux/PortSource.h"
+
+namespace tessara {
+
+/// What the registry of the local machine tells of the USB devices behind serial ports:
+/// - SYSTEM\ControlSet001\Enum\USB\VID_2458&PID_0001\<n>\Device Parameters, PortName: the port of
+///   the nth Viator modem, from 1 on;
+/// - SYSTEM\CurrentControlSet\Services\usbser\enum: Count, the number of devices that usbser
+///   serves, and under 0, 1 ... the instance path of each: USB\VID_09D8&PID_0420\<serial number>;
+/// - SYSTEM\CurrentControlSet\Enum\<instance path>\Device Parameters, PortName: the port of a
+///   device.
+class UsbKeys {
+ public:
+  /// Tells of those ports whose USB device is known.
+  explicit UsbKeys(const std::vector<KnownPort>& ports);
+
+  /// The value, or nothing. Letter case of key and name does not matter.
+  [[nodiscard]] Variant value(const std::u16string& key, const std::u16string& name) const;
+
+ private:
+  void add(const std::string& key, const std::string& name, Variant value);
+
+  std::map<std::u16string, Variant> values_;
+};
+
+}  // namespace tessara

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QRadioButton>
+
+#include "qt/WidgetView.h"
+
+namespace tessara {
+
+/// One of several options that exclude each other. The arrow keys go among them.
+class OptionView : public QRadioButton, public WidgetView {
+ public:
+  OptionView(Widget& subject, PersonActs acts, QWidget* parent);
+
+  QWidget& widget() override { return *this; }
+  void sync() override;
+  void setLook(const Look& look) override;
+
+  [[nodiscard]] QSize sizeHint() const override;
+
+ protected:
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  [[nodiscard]] bool hitButton(const QPoint& position) const override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  /// The mark and the text together.
+  [[nodiscard]] QRect content() const;
+  [[nodiscard]] int textLeft() const;
+
+  Look look_;
+};
+
+}  // namespace tessara

@@ -1,0 +1,39 @@
+#include "qt/QtMessageHelper.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include "qt/QtText.h"
+
+namespace tessara {
+namespace {
+
+constexpr std::int32_t answerOk = 1;
+
+QMessageBox::Icon iconOf(MessageStyle style) {
+  switch (style) {
+    case MessageStyle::Error:
+      return QMessageBox::Critical;
+    case MessageStyle::Warning:
+      return QMessageBox::Warning;
+  }
+  return QMessageBox::NoIcon;
+}
+
+}  // namespace
+
+std::int32_t QtMessageHelper::Show(const std::u16string& text, MessageStyle style,
+                                   const std::u16string& title) {
+  // A dialog that is open is in front of the window that the boxes belong to.
+  QWidget* dialog = QApplication::activeModalWidget();
+  QWidget* parent = dialog != nullptr ? dialog : parent_.data();
+  // The parent may go, and the box with it, while the box waits for its answer.
+  const QPointer box =
+      new QMessageBox(iconOf(style), toQt(title), toQt(text), QMessageBox::Ok, parent);
+  box->setTextFormat(Qt::PlainText);
+  box->exec();
+  delete box;
+  return answerOk;
+}
+
+}  // namespace tessara

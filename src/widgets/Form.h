@@ -1,0 +1,76 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/EventLoop.h"
+#include "widgets/Widget.h"
+
+namespace tessara {
+
+class Form;
+
+/// Draws the forms of a control, or watches them.
+class FormObserver {
+ public:
+  FormObserver() = default;
+  FormObserver(const FormObserver&) = delete;
+  FormObserver& operator=(const FormObserver&) = delete;
+  virtual ~FormObserver() = default;
+
+  /// The form is loaded and is to be seen; its widgets may be observed from now on. It waits for a
+  /// person when this has returned.
+  virtual void formShown(Form& form) = 0;
+  /// The form is no longer to be seen. It may be gone as soon as the event is over in which this
+  /// happens, so its observer lets go of it and of its widgets.
+  virtual void formHidden(Form& form) = 0;
+};
+
+/// A window of its own with widgets, as a model: what draws it observes it.
+class Form : public WidgetOwner {
+ public:
+  explicit Form(std::u16string name) : name_(std::move(name)) {}
+  virtual ~Form() = default;
+
+  /// "frmLanguage"
+  [[nodiscard]] const std::u16string& name() const { return name_; }
+  [[nodiscard]] bool visible() const { return visible_; }
+  /// The file of the window's icon; empty for none.
+  [[nodiscard]] const std::u16string& icon() const { return icon_; }
+
+  /// The widget whose caption stands in the window's frame; null before the form is loaded.
+  [[nodiscard]] const Widget* titleBar() const { return titleBar_; }
+  /// The button that the Return key presses.
+  [[nodiscard]] virtual Widget& defaultButton() = 0;
+  /// The button that the Escape key presses, and closing the window by its frame.
+  [[nodiscard]] virtual Widget& cancelButton() = 0;
+  /// The size of the form in twips, without its frame; left and top are 0.
+  [[nodiscard]] virtual Place area() const = 0;
+
+  /// The outcome of the form; empty until there is one.
+  std::u16string Tag;
+
+  /// Loads the form, shows it and handles events until it has hidden itself, or the program is
+  /// about to quit, which hides it without an outcome. The observer has to live until then; without
+  /// one nobody could ever answer the form, which is an invalid call (error 5). A form that is
+  /// shown already is error 400; what loading raises passes to the caller, and nothing is shown.
+  void showModal(EventLoop& loop, FormObserver* observer);
+
+  /// Ends the modal run. A form that is not shown stays so.
+  void hide();
+
+ protected:
+  /// Brings the widgets into the state in which they are shown.
+  virtual void Form_Load() = 0;
+
+  const Widget* titleBar_ = nullptr;
+  std::u16string icon_;
+
+ private:
+  std::u16string name_;
+  bool visible_ = false;
+  FormObserver* formObserver_ = nullptr;
+  std::unique_ptr<ModalRun> run_;
+};
+
+}  // namespace tessara

@@ -1,0 +1,380 @@
+// The driver on lines that misbehave.
+
+#include <cstdlib>
+#include <functional>
+#include <thread>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "drivers/hart/HartBench.h"
+
+namespace tessara::testing {
+namespace {
+
+using ::testing::Each;
+using ::testing::ElementsAre;
+using ::testing::EndsWith;
+using ::testing::Ge;
+using ::testing::SizeIs;
+
+const HartBytes kName = bytesOf("41 42");
+
+Bytes sound(const Bytes& sent) {
+  return answered(sent, {0, 0}, kName);
+}
+
+/// An answer of other contents, in which `change` has changed something more.
+Bytes spoilt(const Bytes& sent, const std::function<void(HartFrame&)>& change) {
+  HartFrame answer = hartAnswer(requestIn(sent), {0, 0}, bytesOf("66 66"));
+  change(answer);
+  return encodeHart(answer, 5);
+}
+
+/// Expects the read to succeed with the sound answer, after the requests `tries`.
+void expectName(ScriptedSlave::Script script, std::size_t tries, const HartTimings& timings) {
+  HartBench bench(std::move(script), timings);
+  EXPECT_THAT(bench.identified().command(20), ElementsAre(0, 0, 0x41, 0x42));
+  EXPECT_THAT(bench.requests(), SizeIs(tries));
+}
+
+/// A sound answer behind these bytes, which are no reason to ask again.
+void expectNameBehind(const std::function<Bytes(const Bytes& sent)>& before) {
+  expectName(
+      [before](const Bytes& sent, std::size_t) -> Reply {
+        return {{0ms, joined({before(sent), sound(sent)})}};
+      },
+      1, patient());
+}
+
+/// Bad answers to the first requests, a sound one to the last that is sent.
+ScriptedSlave::Script badFor(std::size_t requests, std::function<Bytes(const Bytes& sent)> bad) {
+  return [requests, bad = std::move(bad)](const Bytes& sent, std::size_t index) -> Reply {
+    const Bytes bytes = index < requests ? bad(sent) : sound(sent);
+    if (bytes.empty()) return {};
+    return {{0ms, bytes}};
+  };
+}
+
+Bytes wrongCheckByte(const Bytes& sent) {
+  Bytes bytes = sound(sent);
+  bytes.back() = static_cast<std::uint8_t>(~bytes.back());
+  return bytes;
+}
+
+TEST(HartLine, AsksUpToFourTimesIfNobodyAnswers) {
+  expectName(badFor(3, [](const Bytes&) { return Bytes(); }), 4, brisk());
+}
+
+TEST(HartLine, GivesUpAfterFourRequestsWithoutAnAnswer) {
+  HartTimings timings = patient();
+  timings.hostMargin = 20ms;
+  ScriptedSlave silent([](const Bytes&, std::size_t) { return Reply(); }, hartRequestLength);
+  const NamedPorts ports({{3, silent.device()}});
+  HartDriver driver(ports, {.timings = timings});
+  std::int16_t comPort = 3;
+  std::int32_t rate = 1200;
+  std::uint8_t address = 9;
+  ASSERT_TRUE(driver.ConnectWithSerialDevice(comPort, rate));
+  EXPECT_EQ(errorOf([&] { driver.ReadDeviceIdentifier(address); }),
+            "COM3 (" + silent.device() +
+                "), command 0 at polling address 9: no answer within 5 ms, asked 4 times");
+  const auto requests = silent.requests();
+  EXPECT_THAT(requests, SizeIs(4));
+  EXPECT_THAT(requests, Each(requests.at(0)));
+}
+
+TEST(HartLine, AsksAgainAfterAWrongCheckByte) {
+  expectName(badFor(3, wrongCheckByte), 4, brisk());
+}
+
+TEST(HartLine, AsksAgainAfterAnAnswerThatBrokeOff) {
+  expectName(badFor(2,
+                    [](const Bytes& sent) {
+                      const Bytes bytes = sound(sent);
+                      return Bytes(bytes.begin(), bytes.end() - 3);
+                    }),
+             3, brisk());
+}
+
+TEST(HartLine, AsksAgainAfterAnAnswerWithoutAStatus) {
+  expectName(badFor(1,
+                    [](const Bytes& sent) {
+                      return spoilt(sent, [](HartFrame& answer) { answer.data.clear(); });
+                    }),
+             2, brisk());
+}
+
+TEST(HartLine, AsksAgainIfTheModuleHasReceivedTheRequestBadly) {
+  expectName(badFor(3, [](const Bytes& sent) { return answered(sent, {0x88, 0}); }), 4, patient());
+}
+
+TEST(HartLine, AsksAgainIfTheAnswerHasTooFewPreambles) {
+  expectName(badFor(1,
+                    [](const Bytes& sent) {
+                      const Bytes bytes = sound(sent);
+                      return Bytes(bytes.begin() + 4, bytes.end());
+                    }),
+             2, brisk());
+}
+
+/// Expects four requests with that answer to end in an error.
+void expectError(const std::function<Bytes(const Bytes& sent)>& bad, const std::string& cause) {
+  HartBench bench(badFor(100, bad), brisk());
+  bench.identified();
+  EXPECT_THAT(errorOf([&] { bench.command(20); }), EndsWith(": " + cause + ", asked 4 times"));
+  EXPECT_THAT(bench.requests(), SizeIs(4));
+}
+
+TEST(HartLine, SaysWhatIsWrongWithTheAnswers) {
+  expectError(wrongCheckByte, "the answer has a wrong check byte");
+}
+
+TEST(HartLine, SaysThatTheAnswersBreakOff) {
+  expectError(
+      [](const Bytes& sent) {
+        const Bytes bytes = sound(sent);
+        return Bytes(bytes.begin(), bytes.end() - 1);
+      },
+      "the answer broke off");
+}
+
+TEST(HartLine, SaysThatTheAnswersAreTooShort) {
+  expectError(
+      [](const Bytes& sent) {
+        return spoilt(sent, [](HartFrame& answer) { answer.data.resize(1); });
+      },
+      "the answer is too short");
+}
+
+TEST(HartLine, SaysHowTheModuleReceives) {
+  expectError(
+      [](const Bytes& sent) {
+        return answered(sent, {0xC8, 0});
+      },
+      "the module reports communication error C8: parity, check byte");
+}
+
+TEST(HartLine, SaysThatAnotherStationAnswers) {
+  expectError(
+      [](const Bytes& sent) {
+        return spoilt(sent, [](HartFrame& answer) { answer.address = exampleAddress(); });
+      },
+      "no answer, only one from station A1 23 0A 0B 0C");
+}
+
+TEST(HartLine, SaysThatAnotherCommandIsAnswered) {
+  expectError(
+      [](const Bytes& sent) {
+        return spoilt(sent, [](HartFrame& answer) { answer.command = 21; });
+      },
+      "no answer, only one to command 21");
+}
+
+TEST(HartLine, PassesOverAnotherStationsAnswer) {
+  expectNameBehind([](const Bytes& sent) {
+    return spoilt(sent, [](HartFrame& answer) { answer.address = exampleAddress(); });
+  });
+}
+
+TEST(HartLine, PassesOverAnAnswerToAnotherCommand) {
+  expectNameBehind([](const Bytes& sent) {
+    return spoilt(sent, [](HartFrame& answer) { answer.command = 21; });
+  });
+}
+
+TEST(HartLine, PassesOverAnAnswerToTheOtherMaster) {
+  expectNameBehind([](const Bytes& sent) {
+    return spoilt(sent,
+                  [](HartFrame& answer) { answer.address = answer.address.forMaster(false); });
+  });
+}
+
+TEST(HartLine, PassesOverARequestAndAnAnswerOfTheOtherMaster) {
+  expectNameBehind([](const Bytes& sent) {
+    const auto other =
+        hartRequest(requestIn(sent).address.forMaster(false), requestIn(sent).command);
+    return joined({encodeHart(other, 5), encodeHart(hartAnswer(other, {0, 0}, kName), 5)});
+  });
+}
+
+TEST(HartLine, PassesOverBurstFramesToEitherMaster) {
+  for (const bool isPrimary : {true, false}) {
+    expectNameBehind([isPrimary](const Bytes& sent) {
+      return spoilt(sent, [isPrimary](HartFrame& answer) {
+        answer.kind = HartFrameKind::Burst;
+        answer.address = answer.address.withBurst(true).forMaster(isPrimary);
+      });
+    });
+  }
+}
+
+TEST(HartLine, PassesOverItsOwnEcho) {
+  expectNameBehind([](const Bytes& sent) { return sent; });
+}
+
+TEST(HartLine, PassesOverNoise) {
+  expectNameBehind([](const Bytes&) { return bytesOf("00 A5 FF 00"); });
+}
+
+TEST(HartLine, PassesOverADamagedFrameInFrontOfTheAnswer) {
+  expectNameBehind(wrongCheckByte);
+}
+
+TEST(HartLine, PassesOverADamagedPreamble) {
+  expectNameBehind([](const Bytes&) { return bytesOf("FF FF F7"); });
+}
+
+TEST(HartLine, LeavesTrailingBytesAlone) {
+  HartBench bench([](const Bytes& sent, std::size_t) -> Reply {
+    return {{0ms, joined({sound(sent), bytesOf("00 00")})}};
+  });
+  bench.identified();
+  for (int round = 0; round < 3; ++round) {
+    EXPECT_THAT(bench.command(20), ElementsAre(0, 0, 0x41, 0x42));
+  }
+  EXPECT_THAT(bench.requests(), SizeIs(3));
+}
+
+TEST(HartLine, KeepsNobodyWaitingForJunkBehindAnAnswer) {
+  HartTimings timings = patient();
+  timings.linkQuiet = 4s;
+  HartBench bench({{20, kName}}, timings);
+  bench.identified();
+  const auto begun = std::chrono::steady_clock::now();
+  for (int round = 0; round < 3; ++round) {
+    bench.slave.sendUnasked(bytesOf("00"));
+    EXPECT_THAT(bench.command(20), ElementsAre(0, 0, 0x41, 0x42));
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, 4s);
+}
+
+TEST(HartLine, TakesAnAnswerWithTwoPreamblesAndOneWithForty) {
+  for (const std::size_t preambles : {2U, 40U}) {
+    expectName(
+        [preambles](const Bytes& sent, std::size_t) -> Reply {
+          return {{0ms, encodeHart(hartAnswer(requestIn(sent), {0, 0}, kName), preambles)}};
+        },
+        1, patient());
+  }
+}
+
+TEST(HartLine, TakesAnAnswerThatComesByteByByte) {
+  expectName(
+      [](const Bytes& sent, std::size_t) {
+        Reply reply;
+        std::chrono::milliseconds at = 0ms;
+        for (const std::uint8_t byte : sound(sent)) reply.push_back({at += 1ms, {byte}});
+        return reply;
+      },
+      1, patient());
+}
+
+TEST(HartLine, NeverTakesTheLateAnswerOfOneCommandForAnother) {
+  HartBench bench(
+      [](const Bytes& sent, std::size_t index) -> Reply {
+        const bool isLate = index == 0;
+        return {{isLate ? 1000ms : 0ms, stationAnswer(sent, {{20, kName}, {24, bytesOf("56")}})}};
+      },
+      brisk());
+  bench.identified();
+  EXPECT_THAT(bench.command(20), ElementsAre(0, 0, 0x41, 0x42));
+  EXPECT_THAT(bench.command(24), ElementsAre(0, 0, 0x56));
+}
+
+TEST(HartLine, NeverTakesALateAnswerForThatToALaterRequest) {
+  // The answers count the requests. The first comes after it has been asked for again.
+  HartBench bench(
+      [](const Bytes& sent, std::size_t index) -> Reply {
+        return {
+            {index < 2 ? 1000ms : 0ms, answered(sent, {0, 0}, {static_cast<std::uint8_t>(index)})}};
+      },
+      brisk());
+  bench.identified();
+  EXPECT_THAT(bench.command(20), ElementsAre(0, 0, 0));
+  EXPECT_THAT(bench.command(20), ElementsAre(0, 0, 2));
+}
+
+TEST(HartLine, DropsWhatWasOnTheLineBeforeTheRequest) {
+  HartBench bench({{20, kName}});
+  bench.identified();
+  const auto stale = hartRequest(identifiedAddress(), 20);
+  bench.slave.sendUnasked(encodeHart(hartAnswer(stale, {0, 0}, bytesOf("66")), 5));
+  EXPECT_THAT(bench.command(20), ElementsAre(0, 0, 0x41, 0x42));
+}
+
+TEST(HartLine, SaysThatThePortHasGone) {
+  HartBench bench([](const Bytes&, std::size_t) -> Reply { return {{0ms, {}, true}}; });
+  bench.identified();
+  const std::string port = bench.port();
+  EXPECT_EQ(errorOf([&] { bench.command(20); }),
+            port + ", command 20 of station B0 E2 0A 0B 0C: the port has gone");
+  EXPECT_THAT(errorOf([&] { bench.command(20); }), EndsWith(": the port has gone"));
+}
+
+TEST(HartLine, GivesUpALineThatIsNeverQuiet) {
+  HartTimings timings = patient();
+  timings.linkQuiet = 500ms;
+  timings.noise = 1500ms;
+  HartBench bench({{20, kName}}, timings);
+  bench.slave.makeNoise();
+  ASSERT_TRUE(bench.connect());
+  EXPECT_THAT(errorOf([&] { bench.identification(); }), EndsWith(": the line does not fall quiet"));
+}
+
+TEST(HartLine, IsQuietForRt1BeforeTheFirstRequest) {
+  HartTimings timings = patient();
+  timings.linkQuiet = 200ms;
+  HartBench bench({{20, kName}}, timings);
+  ASSERT_TRUE(bench.connect());
+  const auto begun = std::chrono::steady_clock::now();
+  bench.identification();
+  EXPECT_GE(std::chrono::steady_clock::now() - begun, 190ms);
+}
+
+TEST(HartLine, LeavesTheOtherMasterItsTurnBehindEachAnswer) {
+  HartTimings timings = patient();
+  timings.linkGrant = 60ms;
+  HartBench bench({{20, kName}}, timings);
+  bench.identified();
+  bench.command(20);
+  bench.command(20);
+  EXPECT_THAT(bench.slave.silences(), Each(Ge(60ms)));
+}
+
+TEST(HartLine, LeavesABurstingStationRt1BehindEachAnswer) {
+  HartTimings timings = patient();
+  timings.linkQuiet = 80ms;
+  HartBench bench(
+      [](const Bytes& sent, std::size_t) -> Reply {
+        return {{0ms, spoilt(sent, [](HartFrame& answer) {
+                   answer.address = answer.address.withBurst(true);
+                 })}};
+      },
+      timings);
+  bench.identified();
+  bench.command(20);
+  bench.command(20);
+  EXPECT_GE(bench.slave.silences().back(), 80ms);
+}
+
+TEST(HartLine, SendsAtOnceBehindAnAnswerToTheOtherMaster) {
+  HartTimings timings = patient();
+  timings.linkQuiet = 15s;
+  HartBench bench({{20, kName}}, timings);
+  ASSERT_TRUE(bench.connect());
+  std::thread other([&bench] {
+    std::this_thread::sleep_for(300ms);
+    const auto request = hartRequest(exampleAddress().forMaster(false), 3);
+    const Bytes answer = encodeHart(hartAnswer(request, {0, 0}), 5);
+    if (::write(bench.slave.line(), answer.data(), answer.size()) < 0) std::abort();
+  });
+  const auto begun = std::chrono::steady_clock::now();
+  bench.identification();
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, 12s);
+  other.join();
+}
+
+}  // namespace
+}  // namespace tessara::testing

@@ -1,0 +1,193 @@
+#include <algorithm>
+#include <random>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "drivers/hart/HartBytesOf.h"
+
+namespace tessara::testing {
+namespace {
+
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+const HartBytes kRequest = bytesOf("82 A1 23 0A 0B 0C 14 00 19");
+const HartBytes kBusy = bytesOf("86 A1 23 0A 0B 0C 14 02 20 40 7F");
+
+HartBytes damaged(HartBytes frame) {
+  frame.back() = static_cast<std::uint8_t>(frame.back() ^ 0x01U);
+  return frame;
+}
+
+std::vector<HartDamage> damagesIn(const std::vector<HartReception>& found) {
+  std::vector<HartDamage> damages;
+  damages.reserve(found.size());
+  for (const HartReception& one : found) damages.push_back(one.damage);
+  return damages;
+}
+
+TEST(HartParser, FindsAFrameThatComesByteByByte) {
+  HartParser parser;
+  const HartBytes bytes = behindPreambles(kBusy);
+  for (std::size_t place = 0; place + 1 < bytes.size(); ++place) {
+    parser.feed({&bytes[place], 1});
+    EXPECT_THAT(receptions(parser), IsEmpty()) << place;
+  }
+  parser.feed({&bytes.back(), 1});
+  EXPECT_THAT(receptions(parser), SizeIs(1));
+}
+
+TEST(HartParser, NeedsTwoPreambles) {
+  EXPECT_THAT(receptionsOf(behindPreambles(kBusy, 0)), IsEmpty());
+  EXPECT_THAT(receptionsOf(behindPreambles(kBusy, 1)), IsEmpty());
+  EXPECT_THAT(receptionsOf(behindPreambles(kBusy, 2)), SizeIs(1));
+  EXPECT_THAT(receptionsOf(behindPreambles(kBusy, 400)), SizeIs(1));
+}
+
+TEST(HartParser, WantsTheDelimiterRightBehindThePreambles) {
+  EXPECT_THAT(receptionsOf(joined({bytesOf("FF FF 00"), kBusy})), IsEmpty());
+  EXPECT_THAT(receptionsOf(joined({bytesOf("FF FF 00 FF"), kBusy})), IsEmpty());
+}
+
+TEST(HartParser, PassesOverADamagedPreamble) {
+  EXPECT_THAT(receptionsOf(joined({bytesOf("FF F7 FF 00 FF FF"), kBusy})), SizeIs(1));
+}
+
+TEST(HartParser, PassesOverWhatIsNoDelimiter) {
+  for (int byte = 0; byte < 0xFF; ++byte) {
+    const bool isKind = (byte & 7) == 1 || (byte & 7) == 2 || (byte & 7) == 6;
+    const bool isLayer = (byte & 0x18) <= 0x08;
+    HartParser parser;
+    parser.feed(HartBytes{0xFF, 0xFF, static_cast<std::uint8_t>(byte)});
+    EXPECT_EQ(parser.isFrameOpen(), isKind && isLayer) << byte;
+  }
+}
+
+TEST(HartParser, FindsEachOfSeveralFramesInOneDelivery) {
+  const auto found =
+      receptionsOf(joined({bytesOf("00"), behindPreambles(kRequest), bytesOf("00 00"),
+                           behindPreambles(kBusy), bytesOf("00")}));
+  ASSERT_THAT(found, SizeIs(2));
+  EXPECT_EQ(found[0].frame.kind, HartFrameKind::Request);
+  EXPECT_EQ(found[1].frame.kind, HartFrameKind::Answer);
+}
+
+TEST(HartParser, EndsAFrameByItsLengthAndLeavesTrailingBytesAlone) {
+  HartParser parser;
+  parser.feed(joined({behindPreambles(kBusy), bytesOf("00 00")}));
+  EXPECT_THAT(receptions(parser), SizeIs(1));
+  EXPECT_FALSE(parser.isFrameOpen());
+}
+
+TEST(HartParser, TellsAWrongCheckByteWithTheFrameAsItCame) {
+  const auto found = receptionsOf(behindPreambles(damaged(kBusy)));
+  ASSERT_THAT(found, SizeIs(1));
+  EXPECT_EQ(found[0].damage, HartDamage::CheckByte);
+  EXPECT_EQ(found[0].frame.address, exampleAddress());
+  EXPECT_EQ(found[0].frame.command, 20);
+}
+
+TEST(HartParser, TellsAnAnswerThatIsTooShortForItsStatus) {
+  for (const char* frame : {"86 A1 23 0A 0B 0C 14 00 1D", "86 A1 23 0A 0B 0C 14 01 00 1C",
+                            "81 A1 23 0A 0B 0C 14 00 1A"}) {
+    const auto found = receptionsOf(behindPreambles(bytesOf(frame)));
+    ASSERT_THAT(found, SizeIs(1)) << frame;
+    EXPECT_EQ(found[0].damage, HartDamage::ByteCount) << frame;
+  }
+}
+
+TEST(HartParser, WaitsForAnOpenFrameUntilSilence) {
+  HartParser parser;
+  parser.feed(behindPreambles(HartBytes(kBusy.begin(), kBusy.end() - 1)));
+  EXPECT_THAT(receptions(parser), IsEmpty());
+  EXPECT_TRUE(parser.isFrameOpen());
+  parser.silence();
+  EXPECT_THAT(damagesIn(receptions(parser)), ::testing::ElementsAre(HartDamage::BrokenOff));
+  EXPECT_FALSE(parser.isFrameOpen());
+}
+
+TEST(HartParser, TakesSilenceWithoutAnOpenFrameForNothing) {
+  HartParser parser;
+  parser.feed(bytesOf("00 FF FF"));
+  parser.silence();
+  EXPECT_THAT(receptions(parser), IsEmpty());
+  parser.feed(kBusy);
+  EXPECT_THAT(receptions(parser), SizeIs(1));
+}
+
+TEST(HartParser, FindsAFrameBehindNoiseThatLookedLikeOne) {
+  HartParser parser;
+  parser.feed(joined({bytesOf("FF FF 86 A1 23 0A 0B 0C 14 FF"), behindPreambles(kBusy)}));
+  EXPECT_THAT(receptions(parser), IsEmpty());
+  parser.silence();
+  EXPECT_THAT(damagesIn(receptions(parser)),
+              ::testing::ElementsAre(HartDamage::BrokenOff, HartDamage::None));
+}
+
+TEST(HartParser, FindsAFrameInsideADamagedOne) {
+  const HartBytes begun = bytesOf("FF FF 02 80 00 09");
+  const auto found = receptionsOf(joined({begun, behindPreambles(kBusy)}));
+  EXPECT_THAT(damagesIn(found), ::testing::ElementsAre(HartDamage::CheckByte, HartDamage::None));
+}
+
+TEST(HartParser, ForgetsAllOnReset) {
+  HartParser parser;
+  parser.feed(bytesOf("FF FF 86 A1"));
+  parser.reset();
+  EXPECT_FALSE(parser.isFrameOpen());
+  parser.feed(kBusy);
+  EXPECT_THAT(receptions(parser), IsEmpty());
+}
+
+TEST(HartParser, NeverFailsOnRandomBytesAndFindsTheFrameBehindThem) {
+  // One check byte in 256 fits by chance: noise may then swallow the frame.
+  constexpr int kMostSwallowed = 30;
+  int swallowed = 0;
+  std::mt19937 random(1200);
+  for (int round = 0; round < 3000; ++round) {
+    HartParser parser;
+    HartBytes noise(random() % 400);
+    // Half of the bytes are those that frames begin with.
+    for (std::uint8_t& byte : noise) {
+      constexpr std::array<std::uint8_t, 4> kLikely{0xFF, 0xFF, 0x86, 0x02};
+      byte = random() % 2 == 0 ? kLikely.at(random() % kLikely.size())
+                               : static_cast<std::uint8_t>(random());
+    }
+    const HartBytes bytes = joined({noise, bytesOf("00"), behindPreambles(kBusy)});
+    std::vector<HartReception> found;
+    for (std::size_t place = 0; place < bytes.size();) {
+      const std::size_t count = std::min<std::size_t>(1 + random() % 50, bytes.size() - place);
+      parser.feed(std::span(bytes).subspan(place, count));
+      place += count;
+      for (HartReception& one : receptions(parser)) found.push_back(std::move(one));
+    }
+    parser.silence();
+    for (HartReception& one : receptions(parser)) found.push_back(std::move(one));
+    EXPECT_FALSE(parser.isFrameOpen());
+    const auto isTheFrame = [](const HartReception& one) {
+      return one.damage == HartDamage::None && encodeHart(one.frame) == kBusy;
+    };
+    if (std::ranges::count_if(found, isTheFrame) != 1) ++swallowed;
+  }
+  EXPECT_LE(swallowed, kMostSwallowed);
+}
+
+TEST(HartParser, TakesNoFrameWithOneWrongBitForSound) {
+  const HartBytes sound = behindPreambles(kBusy);
+  for (std::size_t place = 5; place < sound.size(); ++place) {
+    for (unsigned int bit = 0; bit < 8; ++bit) {
+      HartBytes bytes = sound;
+      bytes[place] = static_cast<std::uint8_t>(bytes[place] ^ (1U << bit));
+      HartParser parser;
+      parser.feed(bytes);
+      parser.silence();
+      for (const HartReception& one : receptions(parser)) {
+        EXPECT_NE(one.damage, HartDamage::None) << place << "." << bit;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tessara::testing

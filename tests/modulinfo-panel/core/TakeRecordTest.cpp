@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+
+#include "ControlFixture.h"
+#include "FakeCatalogue.h"
+#include "qt/QtText.h"
+#include "record/RecordJson.h"
+#include "record/TakeRecord.h"
+
+namespace tessara::testing {
+namespace {
+
+const QDateTime moment(QDate(2024, 5, 17), QTime(8, 4, 59, 123), Qt::OffsetFromUTC, 7200);
+
+class TakeRecordTest : public ControlFixture {
+ protected:
+  TakeRecordTest() {
+    platform.xmlTree = [] { return std::make_unique<FakeCatalogue>(); };
+    control.Language = 1;
+  }
+
+  std::optional<ModuleRecord> take() { return takeRecord(control, platform, moment); }
+
+  /// The record of the module after a read.
+  ModuleRecord read() {
+    control.AutomaticConnection();
+    return take().value();
+  }
+};
+
+TEST_F(TakeRecordTest, ThereIsNoneBeforeARead) {
+  EXPECT_FALSE(take());
+}
+
+TEST_F(TakeRecordTest, ThereIsNoneAfterAReadThatFailed) {
+  platform.device.connects = false;
+  control.AutomaticConnection();
+  EXPECT_FALSE(take());
+}
+
+TEST_F(TakeRecordTest, ThereIsNoneInOfflineMode) {
+  control.AutomaticConnection();
+  control.panel.CmdOfflineConfigure.press();
+  EXPECT_FALSE(take());
+}
+
+TEST_F(TakeRecordTest, TellsWhatThePanelSays) {
+  const ModuleRecord record = read();
+  EXPECT_EQ(record.module.vendorId, 49);
+  EXPECT_EQ(record.module.groupId, 1);
+  EXPECT_EQ(record.module.familyId, 16);
+  EXPECT_EQ(record.module.deviceId, 161);
+  EXPECT_EQ(record.module.firmware, "1.234");
+  EXPECT_EQ(record.module.name, readable(control.panel.LabelDeviceName.caption()));
+  EXPECT_EQ(record.module.serialNumber, readable(control.panel.LblSerialNumber.caption()));
+  EXPECT_EQ(record.status.module, readable(control.panel.LblModulState.caption()));
+  EXPECT_EQ(record.status.channel, readable(control.panel.LblChnState.caption()));
+  EXPECT_EQ(record.status.word, control.StatusWord);
+  EXPECT_EQ(record.language, 1);
+}
+
+TEST_F(TakeRecordTest, TellsTheConnection) {
+  control.panel.ComboComPort.addItem(u"USB Adapter OKT (COM3)");
+  control.panel.ComboComPort.setText(u"USB Adapter OKT (COM3)");
+  const auto expected = ModuleRecord::Connection{.port = "COM3",
+                                                 .adapter = "USB Adapter OKT (COM3)",
+                                                 .object = "ModbusCommObject",
+                                                 .baudrate = 19200,
+                                                 .address = 192};
+  EXPECT_EQ(read().connection, expected);
+}
+
+TEST_F(TakeRecordTest, TellsTheTimeInWholeSecondsWithItsOffset) {
+  const ModuleRecord record = read();
+  EXPECT_EQ(record.time.toString(Qt::ISODate), "2024-05-17T08:04:59+02:00");
+  EXPECT_EQ(record.time.time().msec(), 0);
+}
+
+TEST_F(TakeRecordTest, HasThePictureOfTheStateAsLongAsItShows) {
+  EXPECT_EQ(read().status.picture, 1);
+  control.panel.ImageDevState.setVisible(false);
+  EXPECT_EQ(take()->status.picture, std::nullopt);
+}
+
+TEST_F(TakeRecordTest, HasNoPaddingInItsTexts) {
+  platform.device.registers[16] = DeviceWords(16, 0);
+  platform.device.registers[16][0] = 0x4142;
+  const QString name = read().module.name;
+  EXPECT_FALSE(name.contains(QChar(0)));
+  EXPECT_EQ(name, name.trimmed());
+}
+
+TEST_F(TakeRecordTest, AsksTheCatalogue) {
+  EXPECT_EQ(read().catalogue.result, CatalogResult::CatalogExact);
+  control.FwVersion = u"9.999";
+  EXPECT_EQ(take()->catalogue.result, CatalogResult::CatalogFwNewer);
+  control.DeviceID = 7;
+  EXPECT_EQ(take()->catalogue.result, CatalogResult::CatalogNoDevice);
+}
+
+TEST_F(TakeRecordTest, HasNoLinksOfAnEarlierModule) {
+  control.AutomaticConnection();
+  control.ProductLink = u"https://example.invalid/another";
+  control.DeviceID = 7;
+  EXPECT_EQ(take()->catalogue.product, "");
+}
+
+TEST_F(TakeRecordTest, SaysThatTheCatalogueCouldNotBeUsed) {
+  control.AutomaticConnection();
+  platform.xmlTree = [] { return FakeCatalogue::broken(); };
+  EXPECT_EQ(take()->catalogue.result, CatalogResult::CatalogFileError);
+  platform.xmlTree = [] {
+    FakeCatalogue::Node root = FakeCatalogue::oneModule();
+    root.children[0].attributes[0] = u"nonsense";
+    return std::make_unique<FakeCatalogue>(root);
+  };
+  EXPECT_EQ(take()->catalogue.result, CatalogResult::CatalogFileError);
+}
+
+TEST_F(TakeRecordTest, DoesNotTouchTheModule) {
+  control.AutomaticConnection();
+  bool touched = false;
+  platform.device.before = [&](const std::string&) { touched = true; };
+  EXPECT_TRUE(take());
+  EXPECT_FALSE(touched);
+}
+
+TEST_F(TakeRecordTest, SurvivesTheFile) {
+  const ModuleRecord record = read();
+  EXPECT_EQ(recordFromJson(recordJson(record), "a.json"), record);
+}
+
+}  // namespace
+}  // namespace tessara::testing

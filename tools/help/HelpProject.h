@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tools/help/HelpPage.h"
+#include "tools/help/HelpPlan.h"
+
+namespace tessara {
+
+/// The style sheet of all pages.
+inline constexpr auto helpStyle = "help.css";
+
+/// A page as a browser shows it, with the ways to its neighbours.
+std::string pageHtml(const HelpPlan& plan, const std::vector<HelpPage>& pages, std::size_t place);
+
+/// The three files from which the compiler of help files works: the project, whose result is
+/// `<stem>.chm` and whose other two files are `<stem>.hhc` and `<stem>.hhk`; the contents, pages
+/// with their sections; and the index, headings and keywords in alphabetical order.
+std::string projectText(const HelpPlan& plan, const std::vector<HelpPage>& pages,
+                        const std::string& stem);
+std::string contentsText(const std::vector<HelpPage>& pages);
+std::string indexText(const std::vector<HelpPage>& pages);
+
+}  // namespace tessara
