@@ -18,9 +18,6 @@ if(TESSARA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   endif()
 endif()
 
-# Debian's own Python: the one that finds the packages which the tests use.
-find_program(TESSARA_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH)
-
 add_library(tessara_rules INTERFACE)
 target_compile_options(tessara_rules INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow
