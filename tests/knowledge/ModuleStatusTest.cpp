@@ -68,12 +68,12 @@ TEST_F(ModuleStatus, KeepsTheConnectorOfAnEmptyEntry) {
   EXPECT_EQ(status(0), "0 -> fine");
 }
 
-struct Bit {
+struct StatusBitCase {
   std::uint16_t bit;
   const char* line;
 };
 
-class StatusBitOfAllFamilies : public ModuleStatus, public ::testing::WithParamInterface<Bit> {};
+class StatusBitOfAllFamilies : public ModuleStatus, public ::testing::WithParamInterface<StatusBitCase> {};
 
 TEST_P(StatusBitOfAllFamilies, HasItsText) {
   for (const std::int16_t family : Words{15, 16, 18, 20, 22, 25, 26}) {
@@ -83,13 +83,13 @@ TEST_P(StatusBitOfAllFamilies, HasItsText) {
 
 INSTANTIATE_TEST_SUITE_P(
     Table, StatusBitOfAllFamilies,
-    ::testing::Values(Bit{0x0004, "4 -> Simulation"}, Bit{0x0008, "8 -> Fehler ADC"},
-                      Bit{0x0010, "10 -> Fehler RAM"}, Bit{0x0020, "20 -> Fehler Register"},
-                      Bit{0x0040, "40 -> Fehler Flash Checksumme"},
-                      Bit{0x0080, "80 -> Fehler Parameter Checksumme"},
-                      Bit{0x0100, "100 -> Fehler Eeprom Checksumme"},
-                      Bit{0x0200, "200 -> Stacküberlauf"}, Bit{0x0800, "800 -> Fehler Watchdog"},
-                      Bit{0x8000, "8000 -> Fehler Ausgangswert"}));
+    ::testing::Values(StatusBitCase{0x0004, "4 -> Simulation"}, StatusBitCase{0x0008, "8 -> Fehler ADC"},
+                      StatusBitCase{0x0010, "10 -> Fehler RAM"}, StatusBitCase{0x0020, "20 -> Fehler Register"},
+                      StatusBitCase{0x0040, "40 -> Fehler Flash Checksumme"},
+                      StatusBitCase{0x0080, "80 -> Fehler Parameter Checksumme"},
+                      StatusBitCase{0x0100, "100 -> Fehler Eeprom Checksumme"},
+                      StatusBitCase{0x0200, "200 -> Stacküberlauf"}, StatusBitCase{0x0800, "800 -> Fehler Watchdog"},
+                      StatusBitCase{0x8000, "8000 -> Fehler Ausgangswert"}));
 
 struct FamilyBit {
   std::uint16_t bit;
@@ -164,7 +164,7 @@ TEST_F(ModuleStatus, ErrorTextsComeFromTheTable) {
   EXPECT_EQ(error(0x0010), "10 ->  front end");
 }
 
-class ErrorBit : public ModuleStatus, public ::testing::WithParamInterface<Bit> {};
+class ErrorBit : public ModuleStatus, public ::testing::WithParamInterface<StatusBitCase> {};
 
 TEST_P(ErrorBit, HasItsText) {
   EXPECT_EQ(error(GetParam().bit), GetParam().line);
@@ -172,20 +172,20 @@ TEST_P(ErrorBit, HasItsText) {
 
 INSTANTIATE_TEST_SUITE_P(
     Table, ErrorBit,
-    ::testing::Values(Bit{0x0001, "1 -> Fehler Versorgungsspg. Mess-System"}, Bit{0x0002, "2"},
-                      Bit{0x0004, "4 -> Simulation Mess-System"}, Bit{0x0008, "8"},
-                      Bit{0x0010, "10 -> Fehler RAM Mess-System"},
-                      Bit{0x0020, "20 -> Fehler Register Mess-System"},
-                      Bit{0x0040, "40 -> Fehler Flash Checksumme Mess-System"},
-                      Bit{0x0080, "80 -> Fehler Parameter Checksumme Mess-System"},
-                      Bit{0x0100, "100 -> Fehler Eeprom Checksumme Mess-System"},
-                      Bit{0x0200, "200 -> Stacküberlauf Mess-System"},
-                      Bit{0x0400, "400 -> Fehler ADC Mess-System"},
-                      Bit{0x0800, "800 -> Fehler Watchdog Mess-System"},
-                      Bit{0x1000, "1000 -> Fehler Konfiguration Mess-System"},
-                      Bit{0x2000, "2000 -> Fehler Werte Check Mess-System"},
-                      Bit{0x4000, "4000 -> Fehler Sensorstrom Mess-System"},
-                      Bit{0x8000, "8000 -> Fehler ADC Mess-System"}));
+    ::testing::Values(StatusBitCase{0x0001, "1 -> Fehler Versorgungsspg. Mess-System"}, StatusBitCase{0x0002, "2"},
+                      StatusBitCase{0x0004, "4 -> Simulation Mess-System"}, StatusBitCase{0x0008, "8"},
+                      StatusBitCase{0x0010, "10 -> Fehler RAM Mess-System"},
+                      StatusBitCase{0x0020, "20 -> Fehler Register Mess-System"},
+                      StatusBitCase{0x0040, "40 -> Fehler Flash Checksumme Mess-System"},
+                      StatusBitCase{0x0080, "80 -> Fehler Parameter Checksumme Mess-System"},
+                      StatusBitCase{0x0100, "100 -> Fehler Eeprom Checksumme Mess-System"},
+                      StatusBitCase{0x0200, "200 -> Stacküberlauf Mess-System"},
+                      StatusBitCase{0x0400, "400 -> Fehler ADC Mess-System"},
+                      StatusBitCase{0x0800, "800 -> Fehler Watchdog Mess-System"},
+                      StatusBitCase{0x1000, "1000 -> Fehler Konfiguration Mess-System"},
+                      StatusBitCase{0x2000, "2000 -> Fehler Werte Check Mess-System"},
+                      StatusBitCase{0x4000, "4000 -> Fehler Sensorstrom Mess-System"},
+                      StatusBitCase{0x8000, "8000 -> Fehler ADC Mess-System"}));
 
 }  // namespace
 }  // namespace tessara
