@@ -122,9 +122,9 @@ class EndedInside : public Reentry {
       log.clear();
     });
   }
-  void endIn(const std::string& callback) {
-    host.onCallback = [this, callback](const std::string& entry) {
-      if (entry == callback) {
+  void endIn(const std::string& raised) {
+    host.onCallback = [this, raised](const std::string& entry) {
+      if (entry == raised) {
         control.UserControl_Terminate();
         log.clear();
       }

@@ -8,7 +8,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-class FixedPorts final : public PortSource {
+class SharedPorts final : public PortSource {
  public:
   [[nodiscard]] std::vector<KnownPort> ports() const override { return list; }
 
@@ -28,8 +28,8 @@ class SharedNode : public testing::SettingsFolder {
   }
 
   const std::string node = (folder() / "ttyUSB0").string();
-  FixedPorts byHand;
-  FixedPorts found;
+  SharedPorts byHand;
+  SharedPorts found;
   KnownPorts ports;
 };
 

@@ -21,6 +21,14 @@ struct Adapter {
   std::string interfaceNumber = "00";
 };
 
+inline const Adapter cp210x{.serial = "0001", .socket = "1"};
+inline const Adapter twn4{.tty = "ttyACM0",
+                          .driver = "cdc_acm",
+                          .vendor = "09d8",
+                          .product = "0420",
+                          .serial = "T1",
+                          .socket = "4"};
+
 /// A machine without any device but its consoles, as the programs under test see it: /sys and /dev
 /// are its own. Adapters are plugged in and pulled out at will.
 class MockedMachine {

@@ -10,8 +10,8 @@ namespace {
 
 using Json = nlohmann::json;
 
-const KnownPort adapter{3, R"(\Device\Silabser0)", "/dev/ttyUSB0", "cp210x",
-                        UsbIdentity{0x10C4, 0xEA60, "0001", 0}};
+const KnownPort listedAdapter{3, R"(\Device\Silabser0)", "/dev/ttyUSB0", "cp210x",
+                              UsbIdentity{0x10C4, 0xEA60, "0001", 0}};
 const KnownPort reader{12, R"(\Device\USBSER000)", "/dev/ttyACM0", "cdc_acm",
                        UsbIdentity{0x09D8, 0x0420, "", 2}};
 const KnownPort uart{1, R"(\Device\Serial0)", "/dev/ttyS0", "port"};
@@ -42,12 +42,12 @@ Json jsonOf(const std::vector<PortLine>& lines) {
 
 std::vector<PortLine> someLines() {
   return portLines(listOf({{u"USB Adapter OKT (COM3)", 3}, {u"TWN4 NFC-Adapter (COM12)", 12}}),
-                   true, {uart, adapter, reader, byHand}, stateOf);
+                   true, {uart, listedAdapter, reader, byHand}, stateOf);
 }
 
 TEST(PortList, HasTheLinesOfTheControlThenTheReaderThenTheOtherPorts) {
   const std::vector<PortLine> expected{
-      {"USB Adapter OKT (COM3)", "COM3", adapter, PortState::InUse},
+      {"USB Adapter OKT (COM3)", "COM3", listedAdapter, PortState::InUse},
       {"TWN4 NFC-Adapter (COM12)", "COM12", reader, PortState::Free},
       {"NFC-USB-ZORVEN-ADAPTER", "NFC", std::nullopt, PortState::Free},
       {"", "COM1", uart, PortState::Denied},
@@ -128,7 +128,7 @@ TEST(PortList, TheJsonOfAMachineWithoutPortsIsAnEmptyArray) {
 }
 
 TEST(PortList, ASerialNumberThatIsNoTextDoesNotBreakTheJson) {
-  KnownPort odd = adapter;
+  KnownPort odd = listedAdapter;
   odd.usb->serial = "A\xFF";
   const Json json =
       jsonOf(portLines(listOf({{u"USB Adapter OKT (COM3)", 3}}), false, {odd}, stateOf));

@@ -8,6 +8,8 @@ namespace tessara {
 namespace {
 
 using testing::Adapter;
+using testing::cp210x;
+using testing::twn4;
 using Lines = std::vector<std::u16string>;
 
 /// Answers nothing but the USB keys.
@@ -51,13 +53,6 @@ class RegistryWalk : public ::testing::Test {
   RegEnum regEnum;
 };
 
-const Adapter cp210x{.serial = "0001", .socket = "1"};
-const Adapter twn4{.tty = "ttyACM0",
-                   .driver = "cdc_acm",
-                   .vendor = "09d8",
-                   .product = "0420",
-                   .serial = "T1",
-                   .socket = "4"};
 const Adapter viator{.tty = "ttyACM1",
                      .driver = "cdc_acm",
                      .vendor = "2458",

@@ -6,6 +6,8 @@ namespace tessara {
 namespace {
 
 using testing::Adapter;
+using testing::cp210x;
+using testing::twn4;
 
 class SerialPortsTest : public ::testing::Test {
  protected:
@@ -27,16 +29,9 @@ class SerialPortsTest : public ::testing::Test {
   testing::FakePorts claimed;
 };
 
-const Adapter cp210x{.serial = "0001", .socket = "1"};
 const Adapter twin{.tty = "ttyUSB1", .serial = "0002", .socket = "2"};
 const Adapter ftdi{
     .tty = "ttyUSB2", .driver = "ftdi_sio", .vendor = "0403", .product = "6001", .socket = "3"};
-const Adapter twn4{.tty = "ttyACM0",
-                   .driver = "cdc_acm",
-                   .vendor = "09d8",
-                   .product = "0420",
-                   .serial = "T1",
-                   .socket = "4"};
 const Adapter ch341{
     .tty = "ttyUSB10", .driver = "ch341-uart", .vendor = "1a86", .product = "7523", .socket = "5"};
 

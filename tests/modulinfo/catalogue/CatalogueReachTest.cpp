@@ -16,7 +16,7 @@ using testing::linesOf;
 using testing::links;
 using testing::version;
 
-std::vector<std::string> problemsOf(const std::string& versions) {
+std::vector<std::string> reachProblemsOf(const std::string& versions) {
   return linesOf(checkCatalogue(catalogueOf(versions)).problems);
 }
 
@@ -26,17 +26,17 @@ CatalogueReport textReport(const std::string& versions) {
 }
 
 TEST(CatalogueReach, AVersionEqualToAnEarlierOneIsNeverReached) {
-  EXPECT_THAT(problemsOf(version("1.000") + version("1.100") + version("1.000")),
+  EXPECT_THAT(reachProblemsOf(version("1.000") + version("1.100") + version("1.000")),
               ElementsAre("7: firmware 1.000 is never reached; line 5 has it already"));
 }
 
 TEST(CatalogueReach, NumbersAreEqualWhateverTheirZerosSeparatorAndFourthDecimal) {
   for (const char* later : {"1.23", "1,230", "1.2301", " 1.23 "}) {
-    EXPECT_THAT(problemsOf(version("1.230") + version(later)),
+    EXPECT_THAT(reachProblemsOf(version("1.230") + version(later)),
                 ElementsAre("6: firmware " + std::string(later) +
                             " is never reached; line 5 has it already"));
   }
-  EXPECT_THAT(problemsOf(version("1.230") + version("1.231")), IsEmpty());
+  EXPECT_THAT(reachProblemsOf(version("1.230") + version("1.231")), IsEmpty());
 }
 
 TEST(CatalogueReach, TheSameFirmwareOfAnotherDeviceIsReached) {
@@ -46,22 +46,22 @@ TEST(CatalogueReach, TheSameFirmwareOfAnotherDeviceIsReached) {
 }
 
 TEST(CatalogueReach, AFirmwareThatNoRegisterHoldsIsNeverReached) {
-  EXPECT_THAT(problemsOf(version("-1")),
+  EXPECT_THAT(reachProblemsOf(version("-1")),
               ElementsAre("5: firmware -1 is never reached; modules have 0 to 16.665"));
-  EXPECT_THAT(problemsOf(version("20.1")),
+  EXPECT_THAT(reachProblemsOf(version("20.1")),
               ElementsAre("5: firmware 20.1 is never reached; modules have 0 to 16.665"));
-  EXPECT_THAT(problemsOf(version("0") + version("16.665")), IsEmpty());
+  EXPECT_THAT(reachProblemsOf(version("0") + version("16.665")), IsEmpty());
 }
 
 TEST(CatalogueReach, ATextThatIsNoVersionFailsReads) {
-  EXPECT_THAT(problemsOf(version("HV1.02")),
+  EXPECT_THAT(reachProblemsOf(version("HV1.02")),
               ElementsAre("5: \"HV1.02\" is no firmware version; reads of this module fail"));
-  EXPECT_THAT(problemsOf(version("")),
+  EXPECT_THAT(reachProblemsOf(version("")),
               ElementsAre("5: \"\" is no firmware version; reads of this module fail"));
 }
 
 TEST(CatalogueReach, AVersionThatOnlySomeSystemsReadFailsReads) {
-  EXPECT_THAT(problemsOf(version("1.2,3")),
+  EXPECT_THAT(reachProblemsOf(version("1.2,3")),
               ElementsAre("5: \"1.2,3\" is no firmware version; reads of this module fail"));
 }
 
