@@ -5,7 +5,7 @@
 #include "Commands.h"
 #include "common/HeadlessMessageHelper.h"
 #include "linux/LinuxPlatform.h"
-#include "linux/ports/PortList.h"
+#include "PortList.h"
 #include "localisation/Settings.h"
 #include "ports/RegEnum.h"
 

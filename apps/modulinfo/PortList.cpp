@@ -1,4 +1,4 @@
-#include "linux/ports/PortList.h"
+#include "PortList.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "linux/ports/PortList.h"
+#include "PortList.h"
 
 namespace tessara {
 namespace {
