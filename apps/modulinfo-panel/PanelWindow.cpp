@@ -116,7 +116,7 @@ void PanelWindow::read() {
 }
 
 std::optional<ModuleRecord> PanelWindow::record() const {
-  return takeRecord(panel_.control(), platform_, QDateTime::currentDateTime());
+  return takeRecord(panel_.control(), QDateTime::currentDateTime());
 }
 
 RecordSheet PanelWindow::sheetOf(ModuleRecord record) const {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "control/Fields.h"
@@ -56,6 +57,11 @@ class ModulInfoFLII : public Fields {
 
   /// The system's decimal separator, by which the values of a host are converted.
   [[nodiscard]] std::u16string decimalSeparator() const;
+
+  /// What the catalogue said about the module that was looked up last; nothing before the first
+  /// lookup. CatalogFileError also stands for a lookup that an invalid number in the catalogue
+  /// ended.
+  [[nodiscard]] std::optional<CatalogResult> catalogVerdict() const { return catalogVerdict_; }
 
   // Properties. A 16-bit field written with a value outside its range raises an overflow (error 6)
   // and keeps what it held.
@@ -271,6 +277,7 @@ class ModulInfoFLII : public Fields {
   /// The dialog that blocks the panel; null for none.
   std::shared_ptr<Form> openDialog_;
   std::unique_ptr<PeriodicTimer> scanTimer_;
+  std::optional<CatalogResult> catalogVerdict_;
   bool initialized_ = false;
 };
 

@@ -4,6 +4,7 @@
 namespace tessara {
 
 CatalogResult ModulInfoFLII::LookupDevice(std::int32_t family, std::int32_t device) {
+  catalogVerdict_ = CatalogResult::CatalogFileError;
   ModuleWide& wide = moduleWide();
   const std::unique_ptr<XmlTree> tree = platform_.createXmlTree();
   const std::u16string path =
@@ -14,7 +15,8 @@ CatalogResult ModulInfoFLII::LookupDevice(std::int32_t family, std::int32_t devi
   }
   const CatalogueQuestion question{VendorID, family, device, FwVersion, Language};
   const SystemFormats formats{live(wide.RegistryHelper, "RegistryHelper"), platform_.locale()};
-  return findInCatalogue(*tree, question, formats, *this);
+  catalogVerdict_ = findInCatalogue(*tree, question, formats, *this);
+  return *catalogVerdict_;
 }
 
 }  // namespace tessara

@@ -102,6 +102,46 @@ TEST_F(LookupDevice, UnknownModuleOrFirmwareIsNoFailureAndNoQuestion) {
   EXPECT_EQ(log.count("Show"), 0U);
 }
 
+TEST_F(LookupDevice, VerdictOnTheLastModuleCanBeAskedFor) {
+  EXPECT_EQ(control.catalogVerdict(), std::nullopt);
+  const std::vector<std::pair<Node, CatalogResult>> cases{
+      {catalogue({}), CatalogResult::CatalogNoDevice},
+      {catalogue({family(u"49", u"16", {device(u"161", {})})}), CatalogResult::CatalogNoVersion},
+      {catalogue({family(u"49", u"16", {device(u"161", {version(u"1.000")})})}),
+       CatalogResult::CatalogFwNewer},
+      {catalogue({family(u"49", u"16", {device(u"161", {version(u"1.234")})})}),
+       CatalogResult::CatalogExact},
+      {catalogue({family(u"49", u"16", {device(u"161", {version(u"9.000")})})}),
+       CatalogResult::CatalogFwOlder}};
+  for (const auto& [root, verdict] : cases) {
+    useCatalogue(root);
+    read();
+    EXPECT_EQ(control.catalogVerdict(), verdict);
+  }
+}
+
+TEST_F(LookupDevice, VerdictOfAFailedLookupIsThatTheCatalogueCannotBeUsed) {
+  const auto verdictAfter = [&](const Node& root, bool bLoads) {
+    useModule({version(u"1.234")});
+    read();
+    EXPECT_EQ(control.catalogVerdict(), CatalogResult::CatalogExact);
+    useCatalogue(root, bLoads);
+    read();
+    return control.catalogVerdict();
+  };
+  EXPECT_EQ(verdictAfter(catalogue({}), false), CatalogResult::CatalogFileError);
+  EXPECT_EQ(verdictAfter(catalogue({family(u"many", u"16", {})}), true),
+            CatalogResult::CatalogFileError);
+}
+
+TEST_F(LookupDevice, VerdictStaysAfterAReadThatReachedNoModule) {
+  useModule({version(u"1.234")});
+  read();
+  platform.device.connects = false;
+  read();
+  EXPECT_EQ(control.catalogVerdict(), CatalogResult::CatalogExact);
+}
+
 TEST_F(LookupDevice, StaleRegistersServeAnUnknownModule) {
   useModule({version(u"1.234", 60)});
   read();

@@ -1,9 +1,6 @@
 #include "record/TakeRecord.h"
 
-#include <exception>
-
 #include "base/Text.h"
-#include "knowledge/Catalogue.h"
 #include "qt/QtText.h"
 
 namespace tessara {
@@ -17,27 +14,20 @@ std::optional<std::int32_t> statePicture(const Widget& image) {
   return number != nullptr && image.visible() ? std::optional(*number) : std::nullopt;
 }
 
-ModuleRecord::Catalogue askCatalogue(const ModulInfoFLII& control, Platform& platform) {
+/// The control keeps the links of an earlier module if the catalogue does not list the present one.
+bool listsDevice(CatalogResult verdict) {
+  return verdict != CatalogResult::CatalogFileError && verdict != CatalogResult::CatalogNoDevice;
+}
+
+ModuleRecord::Catalogue catalogueOf(const ModulInfoFLII& control) {
   ModuleRecord::Catalogue catalogue;
-  const std::unique_ptr<XmlTree> tree = platform.createXmlTree();
-  const auto files = platform.createFileSystem();
-  if (!tree->loadFile(files->BuildPath(platform.appPath(), u"TessaraDevices.xml"))) {
-    return catalogue;
+  catalogue.result = control.catalogVerdict().value_or(CatalogResult::CatalogFileError);
+  if (listsDevice(catalogue.result)) {
+    catalogue.hidesFirmware = control.HideFwVersion == 1;
+    catalogue.product = readable(control.ProductLink);
+    catalogue.datasheet = readable(control.DatasheetLink);
+    catalogue.leaflet = readable(control.PackbLink);
   }
-  const auto registry = platform.createRegistryHelper();
-  DeviceProfile profile;
-  try {
-    catalogue.result = findInCatalogue(
-        *tree,
-        {control.VendorID, control.FamilyID, control.DeviceID, control.FwVersion, control.Language},
-        {*registry, platform.locale()}, profile);
-  } catch (const std::exception&) {
-    return catalogue;
-  }
-  catalogue.hidesFirmware = profile.HideFwVersion == 1;
-  catalogue.product = readable(profile.ProductLink);
-  catalogue.datasheet = readable(profile.DatasheetLink);
-  catalogue.leaflet = readable(profile.PackbLink);
   return catalogue;
 }
 
@@ -49,8 +39,7 @@ QDateTime kept(const QDateTime& time) {
 
 }  // namespace
 
-std::optional<ModuleRecord> takeRecord(const ModulInfoFLII& control, Platform& platform,
-                                       const QDateTime& time) {
+std::optional<ModuleRecord> takeRecord(const ModulInfoFLII& control, const QDateTime& time) {
   if (control.get_DataValid() != dataOfModule) {
     return std::nullopt;
   }
@@ -78,7 +67,7 @@ std::optional<ModuleRecord> takeRecord(const ModulInfoFLII& control, Platform& p
                                  .word = control.StatusWord,
                                  .led = control.LedWord,
                                  .picture = statePicture(panel.ImageDevState)},
-                      .catalogue = askCatalogue(control, platform)};
+                      .catalogue = catalogueOf(control)};
 }
 
 }  // namespace tessara

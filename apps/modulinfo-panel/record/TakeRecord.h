@@ -8,10 +8,8 @@
 
 namespace tessara {
 
-/// What the control knows of the module that it read, as of `time`; nothing if it has read none, or
-/// works without one. The module is not touched; the catalogue is asked once more, since the
-/// control keeps from it only what it needs.
-std::optional<ModuleRecord> takeRecord(const ModulInfoFLII& control, Platform& platform,
-                                       const QDateTime& time);
+/// What the control knows about the module that it read, as of `time`; nothing if it has read none
+/// or works offline. Neither the module nor the catalogue is accessed.
+std::optional<ModuleRecord> takeRecord(const ModulInfoFLII& control, const QDateTime& time);
 
 }  // namespace tessara
