@@ -4,7 +4,7 @@
 
 namespace tessara::bench {
 
-/// A host that does nothing about what it is told.
+/// A host that ignores every callback.
 class SilentHost final : public HostEvents {
  public:
   void ModulActive(std::int32_t& /*lStatus*/) override {}

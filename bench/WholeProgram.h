@@ -5,9 +5,9 @@
 
 namespace tessara::bench {
 
-/// Runs a program with its arguments, what it prints dropped, and gives the milliseconds from its
-/// start to its end. A program that cannot be started, or does not end with 0, is a
-/// std::runtime_error.
+/// Runs a program with its arguments, discards its output and returns the milliseconds from start
+/// to exit. Throws std::runtime_error if the program cannot be started or exits with a status other
+/// than 0.
 double millisecondsOf(const std::vector<std::string>& words);
 
 }  // namespace tessara::bench

@@ -1,6 +1,6 @@
 // One lookup in a large catalogue against a bare load of the same file, for several shapes of file.
-// The two take turns, and what counts is the processor's time: the file is in memory, nothing waits
-// for anything, and other work on the machine is left out.
+// The two alternate. Processor time is measured: the file is in memory, nothing waits, and other
+// work on the machine is excluded.
 
 #include <algorithm>
 #include <cstdio>
@@ -34,7 +34,7 @@ struct Shape {
 constexpr int rounds = 101;
 constexpr double allowedRatio = 1.25;
 
-/// A device as the shipped catalogue has them; every # stands for its number.
+/// A device like those of the shipped catalogue; every # is replaced by its number.
 constexpr auto deviceText = R"(    <Device DeviceID="#" HideFwVersion="0" Name="TESSARA TM #">
       <ProductLink>https://example.invalid/tessara/tm-#</ProductLink>
       <Packb>https://example.invalid/tessara/tm-#/leaflet.pdf</Packb>

@@ -1,11 +1,11 @@
 #!/usr/bin/python3
-"""Processor time of the panel's program while it keeps the status of a healthy module current.
+"""Processor time of modulinfo-panel while it keeps the status of a healthy module current.
 
     bench/idle/idle.py [PROGRAMS [SECONDS]]
 
-PROGRAMS is the folder of the programs, build/bench/bin without an argument; SECONDS how long it is
-measured, 120 without. Prints the share of one core and how often the port was found free for
-others. Ends with 1 if the share is 0.2 % or more, or the port was held for longer than a pass.
+PROGRAMS is the folder of the programs, build/bench/bin by default; SECONDS the time to measure, 120
+by default. Prints the share of one core and how often other programs could have opened the port.
+Exits with 1 if the share is 0.2 % or more, or the port was held for longer than one pass.
 """
 
 import os
@@ -19,7 +19,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 MODULE = ROOT / "data/modules/tessara-um-161.json"
 BOUND = 0.002
 # A healthy module is read within 0.3 s at 19200 bit/s.
-LONGEST_PASS = 1.0
+MAX_PASS = 1.0
 SETTLING = 6
 
 
@@ -30,15 +30,15 @@ def processor_seconds(pid):
 
 
 def is_free(device):
-    """Whether somebody else could take the port at this moment; does not take it meanwhile."""
+    """Returns whether another program could open the port now; does not hold it."""
     node = os.stat(device)
     place = f"{os.major(node.st_dev):02x}:{os.minor(node.st_dev):02x}:{node.st_ino}"
     return place not in pathlib.Path("/proc/locks").read_text(encoding="ascii").split()
 
 
 def watch(device, seconds):
-    """Looks at the port every tenth of a second; gives the looks, those that found it free, and the
-    longest time that it was held."""
+    """Checks the port every tenth of a second. Returns the number of checks, how many found it free,
+    and the longest time that it was held."""
     looks = free = 0
     longest = 0.0
     held_since = None
@@ -76,8 +76,8 @@ def measure(programs, seconds, folder):
                 process.terminate()
                 process.wait()
     print(f"processor time: {share:.4%} of one core (bound {BOUND:.1%})")
-    print(f"port: free at {free} of {looks} looks, never held for longer than {longest:.1f} s")
-    return share < BOUND and longest < LONGEST_PASS and free < looks
+    print(f"port: free at {free} of {looks} checks, held for at most {longest:.1f} s")
+    return share < BOUND and longest < MAX_PASS and free < looks
 
 
 def main():

@@ -1,5 +1,5 @@
-// A Qt window with as many labels as the panel has widgets that show something, in frames as many
-// as the panel has, and nothing behind them.
+// A Qt window with as many labels as the panel has visible widgets, in as many frames as the panel
+// has, and nothing else.
 
 #include <QApplication>
 #include <QFrame>

@@ -1,5 +1,5 @@
-// A generic Qt plugin: ends the program as soon as its first window has painted itself and what was
-// painted has been handed to the window system.
+// A generic Qt plugin that ends the program as soon as its first window has been painted and
+// flushed to the window system.
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -20,7 +20,7 @@ class FirstFrame : public QObject {
     const auto* widget = qobject_cast<QWidget*>(object);
     if (!seen_ && event->type() == QEvent::Paint && widget != nullptr && widget->isVisible()) {
       seen_ = true;
-      // The rest of the window is painted and flushed within the event that runs at this moment.
+      // The rest of the window is painted and flushed within the current event.
       QTimer::singleShot(0, [] { std::_Exit(EXIT_SUCCESS); });
     }
     return false;

@@ -1,6 +1,6 @@
-// The start of `modulinfo-panel` from its process to its first painted frame, against a bare Qt
-// window with as many labels. Both are the whole program with everything that it loads, and both
-// are ended by the same plugin at that frame; measured in turn.
+// The time from starting `modulinfo-panel` to its first painted frame, against a bare Qt window
+// with as many labels. Both are whole programs with everything that they load; the same plugin ends
+// both at that frame. The two alternate.
 
 #include <cstdio>
 #include <cstdlib>
@@ -19,7 +19,7 @@ using tessara::bench::millisecondsOf;
 constexpr int runs = 61;
 constexpr double bound = 1.5;
 
-/// The ratio of the two starts, of which it prints the times.
+/// Prints the times of the two starts and returns their ratio.
 double measure() {
   std::vector<double> bare;
   std::vector<double> panel;
@@ -39,7 +39,7 @@ double measure() {
 }  // namespace
 
 int main() {
-  // Somebody who starts the program for the first time.
+  // A user who starts the program for the first time.
   char folder[] = "/tmp/bench-panel-XXXXXX";
   if (mkdtemp(folder) == nullptr) {
     std::perror(folder);

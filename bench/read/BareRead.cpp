@@ -17,7 +17,7 @@ using Context = std::unique_ptr<modbus_t, decltype(&modbus_free)>;
 constexpr int station = 192;
 
 Context connectTo(const std::string& device, int rate) {
-  // A pseudo-terminal takes even parity once and refuses it ever after.
+  // A pseudo-terminal accepts even parity once and refuses it from then on.
   for (const char parity : {'E', 'N'}) {
     Context context(modbus_new_rtu(device.c_str(), rate, parity, 8, 1), &modbus_free);
     modbus_set_slave(context.get(), station);

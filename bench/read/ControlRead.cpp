@@ -75,7 +75,7 @@ Seconds ControlRead::read(int rate) {
   world_->control.AutomaticConnection();
   const Seconds taken = std::chrono::steady_clock::now() - begun;
   if (world_->control.get_DataValid() != 1 || world_->control.get_Baudrate() != rate) {
-    throw std::runtime_error("the read failed, or went through at the second try only");
+    throw std::runtime_error("the read failed, or succeeded only at the second attempt");
   }
   return taken;
 }

@@ -8,7 +8,7 @@
 
 namespace tessara::bench {
 
-/// A whole control on a paced simulated module, on whatever path the module is reached.
+/// A whole control on a paced simulated module, on any path.
 class ControlRead {
  public:
   /// `moduleFile` is the name of a sample module. Throws ModuleFileError if there is none.

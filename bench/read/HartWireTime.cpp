@@ -10,7 +10,7 @@ constexpr int rate = 1200;
 constexpr double linkQuiet = 33;
 constexpr double linkGrant = 8;
 
-/// One command, in characters of the line.
+/// One command, in characters on the line.
 struct Command {
   double request;
   double answer;

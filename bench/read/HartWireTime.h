@@ -7,10 +7,9 @@ namespace tessara::bench {
 /// A module behind a HART modem, healthy.
 inline constexpr const char* kHartModule = "hart-healthy.json";
 
-/// What a whole read of that module takes on the wire at 1200 bit/s: its characters, the silence of
-/// 33 characters that a master keeps before it may begin, the turn of 8 characters that it leaves
-/// to the other master behind each answer, and the 3.5 characters that the module takes to begin
-/// one.
+/// The time of a whole read of that module on the wire at 1200 bit/s: its characters, the 33
+/// characters of silence that a master keeps before it starts, the 8 characters that it leaves to
+/// the other master after each reply, and the 3.5 characters before the module starts a reply.
 Seconds hartWireTime();
 
 }  // namespace tessara::bench

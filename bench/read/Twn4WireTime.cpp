@@ -14,20 +14,20 @@ constexpr std::int16_t unit = 192;
 /// Counts the lines and their characters.
 class Conversation {
  public:
-  /// A request to the reader, and an answer with so many bytes of results.
+  /// A request to the reader and a reply with that many bytes of results.
   void ask(const Bytes& request, std::size_t results) {
     constexpr std::size_t statusByte = 1;
     characters_ += twn4::lineOf(request).size() + twn4::lineOf(Bytes(statusByte + results)).size();
     ++answers_;
   }
 
-  /// A request to the tag, and an answer with so much data.
+  /// A request to the tag and a reply with that many bytes of data.
   void askTag(const AirRequest& request, std::size_t data) {
     constexpr std::size_t truthAndLength = 2;
     ask(twn4::airRequest(encodeAirRequest(request)), truthAndLength + data);
   }
 
-  /// Look whether the mailbox is free, put the request, look for the answer, fetch it.
+  /// Check that the mailbox is free, put the request, poll for the reply, fetch it.
   void askModule(const ModbusRequest& request, std::size_t answer) {
     askTag(readControlRequest(), 1);
     askTag(writeMessageRequest(frameOf(request)), 0);

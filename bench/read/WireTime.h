@@ -8,19 +8,19 @@ namespace tessara::bench {
 
 using Seconds = std::chrono::duration<double>;
 
-/// One request of a read and what comes back, in characters on the wire.
+/// One request of a read and its reply, in characters on the wire.
 struct Exchange {
   std::uint8_t function = 4;
   std::uint16_t start = 0;
   std::uint16_t count = 1;
-  /// Ordered wait before the request.
+  /// Prescribed delay before the request.
   Seconds delayBefore{0};
 
   [[nodiscard]] std::size_t requestCharacters() const;
   [[nodiscard]] std::size_t answerCharacters() const;
 };
 
-/// A module on the line and the exchanges of one whole read of it.
+/// A module on the line and the exchanges of one whole read.
 struct ModuleOnLine {
   const char* file;
   std::vector<Exchange> exchanges;
@@ -36,9 +36,9 @@ Seconds characterTime(int rate);
 /// 3.5 characters of 11 bits at the rate; 1.75 ms above 19200 bit/s.
 Seconds silence(int rate);
 
-/// What the read takes on the wire at the rate: its characters, the silence or the ordered delay
-/// before each request (the first one too: nobody knows what the line did before the connect), and
-/// the silence that ends each request.
+/// The time of the read on the wire at the rate: its characters, the silence or the prescribed
+/// delay before each request (the first one too: what the line did before the connect is unknown),
+/// and the silence that ends each request.
 Seconds wireTime(const ModuleOnLine& module, int rate);
 
 }  // namespace tessara::bench

@@ -1,6 +1,6 @@
-// How long one whole read takes on each path, against the time that it needs on the wire, and on
-// the Modbus path also against libmodbus alone with the same requests, silences and delays. What is
-// compared is measured in turn.
+// How long one whole read takes on each path, against its time on the wire, and on the Modbus path
+// also against libmodbus alone with the same requests, silences and delays. The measurements
+// alternate.
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -43,7 +43,7 @@ void measureModbus(const tessara::bench::ModuleOnLine& module, int rate) {
       median(bare) * 1e3, median(ratios));
 }
 
-/// `rate` is that of the connection; the line may have one of its own.
+/// `rate` is that of the connection; the line may have its own.
 void measure(const char* moduleFile, int rate, int lineRate, Seconds wire, int count) {
   tessara::bench::ControlRead control(moduleFile);
   std::vector<double> whole(static_cast<std::size_t>(count));

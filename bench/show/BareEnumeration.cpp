@@ -8,7 +8,7 @@
 namespace tessara::bench {
 namespace {
 
-/// Keeps the compiler from leaving out what nobody reads.
+/// Keeps the compiler from removing values that are never read.
 const char* volatile lastText;
 
 void ask(udev_device* device, const char* attribute) {

@@ -13,7 +13,7 @@ constexpr int kConsoles = 64;
 
 constexpr const char* kPreload = "LD_PRELOAD";
 
-const std::string kController = "/devices/pci0000:00/0000:00:14.0/usb1";
+const std::string controller = "/devices/pci0000:00/0000:00:14.0/usb1";
 
 std::string driverOf(const std::string& bus, const std::string& driver) {
   return "E: DRIVER=" + driver + "\nL: driver=../../../../../../../bus/" + bus + "/drivers/" +
@@ -42,7 +42,7 @@ MockedPorts::MockedPorts() : bed_(umockdev_testbed_new(), g_object_unref) {
   for (int i = 0; i < kConsoles; ++i) {
     add(terminal("/devices/virtual", "tty" + std::to_string(i)) + "\n");
   }
-  add("P: " + kController +
+  add("P: " + controller +
       "\nE: SUBSYSTEM=usb\nE: DEVTYPE=usb_device\nA: idVendor=1d6b\\n\nA: idProduct=0002\\n\n\n");
   for (int i = 0; i < 10; ++i) addUsbPort("ttyUSB" + std::to_string(i), "cp210x", "10c4", "ea60");
   for (int i = 10; i < 13; ++i) {
@@ -65,7 +65,7 @@ void MockedPorts::add(const std::string& description) {
 void MockedPorts::addUsbPort(const std::string& tty, const std::string& driver,
                              const std::string& vendor, const std::string& product) {
   const std::string number = std::to_string(++sockets_);
-  const std::string device = kController + "/1-" + number;
+  const std::string device = controller + "/1-" + number;
   const std::string interface = device + "/1-" + number + ":1.0";
   add("P: " + device + "\nE: SUBSYSTEM=usb\nE: DEVTYPE=usb_device\nA: idVendor=" + vendor +
       "\\n\nA: idProduct=" + product + "\\n\nA: serial=S" + number + "\\n\n\n");

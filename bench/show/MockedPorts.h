@@ -6,13 +6,13 @@
 
 namespace tessara::bench {
 
-/// 20 serial ports on a machine of its own, of all kinds that the port list tells apart, beside the
-/// consoles that every machine has; and no NFC reader.
+/// A mocked machine with 20 serial ports of all kinds that the port list distinguishes, beside the
+/// consoles that every machine has, and no NFC reader.
 class MockedPorts {
  public:
   static constexpr int kCount = 20;
 
-  /// Throws std::runtime_error if this process is not one that sees mocked devices.
+  /// Throws std::runtime_error if this process does not see mocked devices.
   MockedPorts();
 
  private:
@@ -25,8 +25,7 @@ class MockedPorts {
   int sockets_ = 0;
 };
 
-/// Starts the program anew as one that sees mocked devices, unless a library has been put before it
-/// already.
+/// Restarts the program so that it sees mocked devices, unless a library is preloaded already.
 void seeMockedDevices(char** arguments);
 
 }  // namespace tessara::bench

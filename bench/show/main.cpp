@@ -1,5 +1,5 @@
-// How long a control takes to come up on a machine with 20 serial ports and no NFC reader, against
-// one enumeration of these ports by libudev alone. Measured in turn.
+// How long a control takes to start up on a machine with 20 serial ports and no NFC reader, against
+// one enumeration of these ports by libudev alone. The two alternate.
 
 #include <QCoreApplication>
 #include <chrono>
@@ -28,12 +28,13 @@ using tessara::bench::MockedPorts;
 
 constexpr int runs = 41;
 
-/// A folder for the settings of this run alone.
+/// A settings folder for this run alone.
 class OwnSettings {
  public:
   OwnSettings() {
     std::string name = std::filesystem::temp_directory_path() / "tessara-bench-XXXXXX";
-    if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for settings");
+    if (::mkdtemp(name.data()) == nullptr)
+      throw std::runtime_error("cannot create a folder for the settings");
     folder_ = name;
     for (const char* place : {"XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_RUNTIME_DIR"}) {
       ::setenv(place, name.c_str(), 1);
@@ -57,7 +58,8 @@ double timeOf(Action action) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count();
 }
 
-/// Brings a control up on a platform of its own, as a program does, and gives what showing it took.
+/// Starts a control on a platform of its own, as a program does, and returns how long showing it
+/// took.
 double show(tessara::QtEventLoop& loop) {
   tessara::LinuxPlatform platform(loop,
                                   std::make_shared<tessara::HeadlessMessageHelper>(std::cerr));

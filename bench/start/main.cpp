@@ -1,5 +1,5 @@
 // A whole `modulinfo read --simulate`, from process start to exit less the silences that the line
-// demands, against a program that only makes a QCoreApplication. Measured in turn.
+// requires, against a program that only creates a QCoreApplication. The two alternate.
 
 #include <cstdio>
 #include <exception>
@@ -16,11 +16,11 @@ using tessara::bench::millisecondsOf;
 constexpr int runs = 41;
 constexpr double bound = 5;
 
-/// The simulated module answers at once, so only the silences before its 9 requests are wire time:
+/// The simulated module replies at once, so only the silences before its 9 requests are wire time:
 /// 3.5 characters of 11 bits at 19200 bit/s each, in milliseconds.
 constexpr double wireTime = 9 * 3.5 * 11 / 19200 * 1e3;
 
-/// The ratio of the two, of which it prints the times.
+/// Prints the times of the two and returns their ratio.
 double measure() {
   std::vector<double> empty;
   std::vector<double> read;
