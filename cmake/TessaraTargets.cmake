@@ -78,10 +78,15 @@ function(tessara_shared_library target)
   target_link_options(${target} PRIVATE LINKER:-z,defs)
 endfunction()
 
-# tessara_test(<subsystem> SOURCES <files> [DEPENDS <targets>] [ENVIRONMENT <NAME=value>...])
+# A test that takes longer than its TIMEOUT hangs: it is generous enough for a machine busy with much else.
+
+# The fonts that tests draw with. Each test gets them by its environment.
+set(TESSARA_TEST_FONTS "${PROJECT_BINARY_DIR}/tests/fonts.conf")
+
+# tessara_test(<subsystem> SOURCES <files> [DEPENDS <targets>] [ENVIRONMENT <NAME=value>])
 # One test program a subsystem, each of its cases a test of its own in CTest.
 function(tessara_test subsystem)
-  cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(arg "" "ENVIRONMENT" "SOURCES;DEPENDS" ${ARGN})
   add_executable(test_${subsystem} ${arg_SOURCES})
   target_link_libraries(test_${subsystem} PRIVATE ${arg_DEPENDS} GTest::gmock_main tessara_rules)
   if(TESSARA_SANITIZE)
@@ -91,8 +96,9 @@ function(tessara_test subsystem)
   target_include_directories(test_${subsystem} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   tessara_precompile(test_${subsystem} test.h GTest::gmock)
   include(GoogleTest)
-  gtest_discover_tests(test_${subsystem} TEST_PREFIX "${subsystem}." DISCOVERY_TIMEOUT 60
-                       PROPERTIES TIMEOUT 120 ENVIRONMENT "${arg_ENVIRONMENT}")
+  gtest_discover_tests(test_${subsystem} TEST_PREFIX "${subsystem}." DISCOVERY_TIMEOUT 600
+                       PROPERTIES TIMEOUT 600 ENVIRONMENT "${arg_ENVIRONMENT}"
+                                  ENVIRONMENT_MODIFICATION "FONTCONFIG_FILE=set:${TESSARA_TEST_FONTS}")
 endfunction()
 
 # tessara_python_test(<name> <script> [ENVIRONMENT <NAME=value>...])
@@ -101,5 +107,7 @@ function(tessara_python_test name script)
   cmake_parse_arguments(arg "" "" "ENVIRONMENT" ${ARGN})
   add_test(NAME ${name} COMMAND "${TESSARA_PYTHON}" -B -m unittest -v "${script}"
            WORKING_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}")
-  set_tests_properties(${name} PROPERTIES TIMEOUT 120 SKIP_REGULAR_EXPRESSION "skipped=" ENVIRONMENT "${arg_ENVIRONMENT}")
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600 SKIP_REGULAR_EXPRESSION "skipped="
+                       ENVIRONMENT "${arg_ENVIRONMENT}"
+                       ENVIRONMENT_MODIFICATION "FONTCONFIG_FILE=set:${TESSARA_TEST_FONTS}")
 endfunction()

@@ -1,22 +1,22 @@
 #!/usr/bin/env bash
-# Tries the README on a machine that has nothing: makes a bare Debian 12 with debootstrap, puts a clean
-# clone of the last commit into it and runs ./run.sh, once more ./run.sh, and ./test.sh there. Tells
-# how long each took, and ends with the first that failed.
+# Tries the commands of the README on a bare machine: creates a minimal Debian 12 with debootstrap, clones
+# the last commit into it and runs ./run.sh twice and ./test.sh once. Prints how long each took, and stops
+# at the first that fails.
 #
-#   scripts/fresh-machine.sh [FOLDER]   FOLDER: where to put the machine, with 10 GB to spare; it is
-#                                       removed afterwards. /tmp without the argument.
+#   scripts/fresh-machine.sh [FOLDER]   FOLDER: where to create the machine, with 10 GB free; it is
+#                                       removed afterwards. /tmp by default.
 #
-# Needs root and the package debootstrap. Packages come from where this computer has its own.
+# Needs root and the package debootstrap. Packages come from the mirror that this computer uses.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/steps.sh
 
 if ((EUID != 0)); then
-  echo "Only root can make a machine: run this with sudo" >&2
+  echo "Creating a machine needs root: run this script with sudo" >&2
   exit 1
 fi
 if ! command -v debootstrap >/dev/null; then
-  echo "debootstrap is missing: apt-get install debootstrap" >&2
+  echo "debootstrap was not found. Install the package debootstrap." >&2
   exit 1
 fi
 
@@ -25,15 +25,15 @@ readonly machine
 chmod 755 "$machine"
 trap 'rm -rf --one-file-system "$machine"' EXIT
 
-# mirror: where apt on this computer gets the packages of Debian from.
+# mirror: prints the address from which apt on this computer downloads Debian packages.
 mirror() {
   # shellcheck disable=SC2016 # SITE is apt's
   apt-get indextargets --format '$(SITE)' 'Created-By: Packages' | sort | uniq -c | sort -rn |
     sed -n '1s/^ *[0-9]* *//p'
 }
 
-# inside COMMAND...: runs a command in the clone on the machine, which has devices and processes of
-# its own, and tells how long it took.
+# inside COMMAND...: runs a command in the clone on the machine, which has its own devices and
+# processes, and prints how long it took.
 inside() {
   step "On the bare machine: $*"
   local begun=$SECONDS
@@ -49,10 +49,10 @@ mount -t tmpfs shm "$1/dev/shm"
 exec env -i HOME=/root TERM="${TERM:-dumb}" PATH=/usr/sbin:/usr/bin:/sbin:/bin \
   chroot "$1" bash -c "cd /root/clone && $2" </dev/null
 MACHINE
-  echo "That took $((SECONDS - begun)) s: $*"
+  echo "$* took $((SECONDS - begun)) s"
 }
 
-step "Making a bare Debian 12 in $machine"
+step "Creating a bare Debian 12 in $machine"
 debootstrap --variant=minbase --include=ca-certificates bookworm "$machine" "$(mirror)"
 cp /etc/resolv.conf "$machine/etc/resolv.conf"
 cp -r /etc/apt/apt.conf.d "$machine/etc/apt/"

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# fuzz.sh [SECONDS]: builds the fuzz targets and runs each of them for so long, 600 s unless told.
-# What they learn is kept under build/fuzz/corpus and used by the next run; an input that brings
-# one down lies in build/fuzz/finds.
+# fuzz.sh [SECONDS]: builds the fuzz targets and runs each of them for that time, 600 s by default.
+# The corpus is kept in build/fuzz/corpus for the next run; inputs that crash a target are saved in
+# build/fuzz/finds.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/steps.sh
@@ -10,7 +10,7 @@ source scripts/packages.sh
 readonly seconds=${1:-600} build=build/fuzz
 
 if [[ ! $seconds =~ ^[1-9][0-9]*$ ]]; then
-  echo "fuzz.sh [SECONDS]: \"$seconds\" is no number of seconds" >&2
+  echo "fuzz.sh [SECONDS]: \"$seconds\" is not a number of seconds" >&2
   exit 2
 fi
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Runs clang-tidy over the project's own sources, after building what they include; only what has
-# changed since it was last found clean is looked at. From nothing it takes longer than all the
-# tests, so it is a step of its own before a commit.
+# Runs clang-tidy on the project's own sources, after building the files that they include. Sources
+# that have not changed since they were last found clean are skipped. The first run takes longer than
+# all the tests, so this is a step of its own before a commit.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/steps.sh
@@ -14,6 +14,6 @@ configurePreset sanitize
 step "Building $build"
 cmake --build "$build"
 
-mapfile -t sources < <(find src apps bench tests -name '*.cpp' -o -name '*.h')
+mapfile -t sources < <(find src apps bench tests tools -name '*.cpp' -o -name '*.h')
 step "Checking: clang-tidy"
 /usr/bin/python3 scripts/tidy.py "$build" "${sources[@]}"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds what is delivered, makes the Debian packages of it and checks them. They lie in build/packages
-# afterwards. What the about box and the packages say of the maker is given as for the build:
+# Builds the product, makes Debian packages of it in build/packages and checks them. Arguments are passed
+# on to cmake, for example the manufacturer's data for the about box and the packages:
 #
 #   scripts/package.sh [-DTESSARA_MAKER_COMPANY="..." ...]
 set -euo pipefail

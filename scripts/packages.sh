@@ -1,7 +1,8 @@
 # shellcheck shell=bash
-# The Debian 12 packages that this project needs, and the one function that installs them.
-# Sourced by run.sh, test.sh and fuzz.sh, after steps.sh.
+# The Debian 12 packages that this project needs, and the function that installs them. Sourced by the
+# other scripts, after steps.sh.
 
+# To build the programs and run them.
 # shellcheck disable=SC2034 # used by the scripts that source this file
 RUN_PACKAGES=(
   g++ cmake ninja-build pkg-config
@@ -11,13 +12,14 @@ RUN_PACKAGES=(
   fp-utils
 )
 
-# What Debian packages are made and checked with.
+# To build and check the Debian packages.
 # shellcheck disable=SC2034
 PACKAGE_PACKAGES=(
   "${RUN_PACKAGES[@]}"
   dpkg-dev file lintian desktop-file-utils appstream
 )
 
+# To run every check.
 # shellcheck disable=SC2034
 TEST_PACKAGES=(
   "${PACKAGE_PACKAGES[@]}"
@@ -29,7 +31,7 @@ TEST_PACKAGES=(
   xvfb openbox python3-xlib
 )
 
-# missingPackages NAME...: those of the packages that are not installed, one a line.
+# missingPackages NAME...: prints those of the packages that are not installed, one per line.
 missingPackages() {
   comm -13 \
     <(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null |
@@ -40,7 +42,7 @@ missingPackages() {
 # installPackages NAME...: installs those of the packages that are missing, as root or through sudo.
 installPackages() {
   if ! command -v dpkg-query >/dev/null; then
-    echo "This script installs Debian packages and found no dpkg-query. It needs: $*" >&2
+    echo "dpkg-query was not found, so no packages can be installed. These are needed: $*" >&2
     return 1
   fi
   local missing
@@ -54,7 +56,7 @@ installPackages() {
   if ((EUID != 0)); then
     if ! command -v sudo >/dev/null; then
       echo "Missing packages: ${missing[*]}" >&2
-      echo "Neither root nor sudo: install them by hand, then start this script again." >&2
+      echo "Installing them needs root or sudo. Install them, then run this script again." >&2
       return 1
     fi
     asRoot=(sudo "${asRoot[@]}")

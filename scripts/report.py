@@ -1,6 +1,6 @@
-"""Counts the outcome of a test run: report.py JUNIT.xml [CHECK=passed|failed ...]
+"""Counts the results of a test run: report.py JUNIT.xml [CHECK=passed|failed ...]
 
-JUNIT.xml is what ctest writes. Each test and each check named on the command line counts once; a
+JUNIT.xml is written by ctest. Each test and each check named on the command line counts once; a
 test that was skipped, disabled or not run counts as failed, and so does a run without tests. The
 last line printed is "N passed, N failed"; the exit code is 0 if nothing failed.
 """
@@ -10,7 +10,7 @@ import xml.etree.ElementTree as ElementTree
 
 
 def failed_tests(report):
-    """Yields the name of each test that did not pass, with how it ended."""
+    """Yields the name and status of each test that did not pass."""
     for case in report.iter("testcase"):
         if case.get("status") != "run" or case.find("skipped") is not None:
             yield case.get("name"), case.get("status")
@@ -23,7 +23,7 @@ def main(report_path, *checks):
     failed += [tuple(check.split("=")) for check in checks if not check.endswith("=passed")]
     passed = tests + len(checks) - len(failed)
     if not tests:
-        failed.append(("tests", "none was run"))
+        failed.append(("tests", "none were run"))
     for name, outcome in failed:
         print(f"{name}: {outcome}")
     print(f"{passed} passed, {len(failed)} failed")

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Draws the panel in its states, and the dialogs, the windows, menus and the report of modulinfo-panel in
-# every language, light and dark, at 100 %, 150 % and 200 %, for looking at. The pictures go into
-# build/screenshots and are named <state>-<theme>-<percent>.png and
+# Draws the panel in its states, and the dialogs and the windows, menus and report of modulinfo-panel in
+# every language, in light and dark, at 100 %, 150 % and 200 %, for review. The pictures are written to
+# build/screenshots and named <state>-<theme>-<percent>.png and
 # <dialog or window>-<language number>-<theme>-<percent>.png. Needs no display.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -25,4 +25,4 @@ done
 for page in "$pictures"/*.pdf; do
   pdftoppm -singlefile -r 100 -png "$page" "${page%.pdf}"
 done
-echo "$(find "$pictures" -name '*.png' | wc -l) pictures lie in $pictures"
+echo "$(find "$pictures" -name '*.png' | wc -l) pictures are in $pictures"

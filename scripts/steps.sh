@@ -1,11 +1,11 @@
 # shellcheck shell=bash
-# What run.sh and test.sh share: how a step is shown, and how a preset is configured.
+# Sourced by the other scripts: how a step is announced, and how a preset is configured.
 
-# step TEXT: says what comes next.
+# step TEXT: announces the next step.
 step() { printf '\n==> %s\n' "$1"; }
 
-# configurePreset NAME: configures build/NAME unless that has happened since the presets changed.
-# What changes in a CMakeLists.txt, ninja notices by itself.
+# configurePreset NAME: configures build/NAME unless this was done after the last change of the presets.
+# Ninja itself detects changes in a CMakeLists.txt.
 configurePreset() {
   if [[ build/$1/build.ninja -nt CMakePresets.json ]]; then
     step "Configuration: build/$1 is up to date"

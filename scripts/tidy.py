@@ -1,8 +1,8 @@
-"""Runs clang-tidy over sources, and only over those that changed: tidy.py BUILD_DIR SOURCE...
+"""Runs clang-tidy on those sources that have changed: tidy.py BUILD_DIR SOURCE...
 
-Sources that BUILD_DIR does not compile are left out. A source that was found clean is not looked at
+Sources that BUILD_DIR does not compile are skipped. A source that was found clean is not checked
 again until the compile command, the rules, the source itself or a header of the project that it
-includes has changed. The exit code is 1 if clang-tidy has anything to say.
+includes changes. The exit code is 1 if clang-tidy reports anything.
 """
 
 import concurrent.futures
@@ -16,38 +16,39 @@ import subprocess
 import sys
 
 INCLUDE = re.compile(rb'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
-ROOTS = [pathlib.Path(name).resolve() for name in ("src", "tests")]
+INCLUDE_FOLDER = re.compile(r"(?:^|\s)-I\s*(\S+)")
 
 
 @functools.cache
-def included(source):
-    """The headers of the project that `source` includes itself."""
+def included(source, folders):
+    """The headers of the project that `source` includes directly, found in its own or these folders."""
     names = [name.decode() for name in INCLUDE.findall(source.read_bytes())]
-    places = [root / name for name in names for root in [source.parent, *ROOTS]]
+    places = [folder / name for name in names for folder in (source.parent, *folders)]
     return [place.resolve() for place in places if place.is_file()]
 
 
-def with_headers(source):
-    """`source` and all headers of the project that it reaches, in a stable order."""
+def with_headers(source, folders):
+    """`source` and all headers of the project that it includes, in a stable order."""
     reached, waiting = set(), [source]
     while waiting:
         file = waiting.pop()
         if file not in reached:
             reached.add(file)
-            waiting += included(file)
+            waiting += included(file, folders)
     return sorted(reached)
 
 
 def key(source, command, rules):
-    """Names everything that clang-tidy's judgement of `source` hangs on."""
+    """A digest of everything on which clang-tidy's findings for `source` depend."""
     digest = hashlib.sha256(rules + command.encode())
-    for file in with_headers(source):
+    folders = tuple(pathlib.Path(folder) for folder in INCLUDE_FOLDER.findall(command))
+    for file in with_headers(source, folders):
         digest.update(hashlib.sha256(file.read_bytes()).digest())
     return digest.hexdigest()
 
 
-def judge(source, build, mark):
-    """Runs clang-tidy; leaves `mark` if it is content. Gives what it said, or nothing."""
+def check(source, build, mark):
+    """Runs clang-tidy; creates `mark` if the source is clean. Returns the findings, if any."""
     command = ["clang-tidy", "--quiet", "-p", build, str(source)]
     run = subprocess.run(command, capture_output=True, text=True, check=False)
     if run.returncode == 0:
@@ -72,14 +73,14 @@ def main(build, *sources):
         stale.unlink()
 
     changed = {source: mark for source, mark in keys.items() if not mark.exists()}
-    print(f"{len(keys)} sources, {len(changed)} to look at", flush=True)
-    complaints = 0
+    print(f"{len(keys)} sources, {len(changed)} to check", flush=True)
+    findings = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for said in pool.map(lambda item: judge(item[0], build, item[1]), changed.items()):
-            if said:
-                complaints += 1
-                print(said, flush=True)
-    return 1 if complaints else 0
+        for found in pool.map(lambda item: check(item[0], build, item[1]), changed.items()):
+            if found:
+                findings += 1
+                print(found, flush=True)
+    return 1 if findings else 0
 
 
 if __name__ == "__main__":

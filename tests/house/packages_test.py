@@ -1,4 +1,4 @@
-"""Only what is missing is installed."""
+"""The scripts install only packages that are missing."""
 
 import subprocess
 import unittest
@@ -7,7 +7,7 @@ from house import ROOT
 
 
 def missing(*packages):
-    """What the scripts would install of these packages."""
+    """Those of the packages that the scripts would install."""
     command = ["bash", "-c", 'source scripts/packages.sh; missingPackages "$@"', "bash", *packages]
     return subprocess.run(command, cwd=ROOT, capture_output=True, text=True,
                           check=True).stdout.split()

@@ -1,4 +1,4 @@
-"""The count at the end of a test run tells the truth."""
+"""The count at the end of a test run is correct."""
 
 import pathlib
 import subprocess
@@ -15,7 +15,7 @@ DISABLED = '<testcase name="switched off" status="disabled"/>'
 
 
 def report(cases, *checks):
-    """Exit code and printed lines for a run of these cases and checks."""
+    """The exit code and printed lines for a run of these cases and checks."""
     with tempfile.TemporaryDirectory() as folder:
         junit = pathlib.Path(folder, "ctest.xml")
         junit.write_text(f"<testsuite>{cases}</testsuite>", "utf-8")
@@ -31,19 +31,19 @@ class Report(unittest.TestCase):
     def test_a_failed_test_is_named_and_counted(self):
         self.assertEqual(report(PASSED + FAILED), (1, ["broken: fail", "1 passed, 1 failed"]))
 
-    def test_a_skipped_test_has_failed(self):
+    def test_a_skipped_test_counts_as_failed(self):
         self.assertEqual(report(PASSED + SKIPPED), (1, ["left out: notrun", "1 passed, 1 failed"]))
 
-    def test_a_disabled_test_has_failed(self):
+    def test_a_disabled_test_counts_as_failed(self):
         self.assertEqual(report(DISABLED), (1, ["switched off: disabled", "0 passed, 1 failed"]))
 
     def test_a_failed_check_counts_as_a_test(self):
         self.assertEqual(report(PASSED, "format=failed"),
                          (1, ["format: failed", "1 passed, 1 failed"]))
 
-    def test_a_run_without_tests_has_failed(self):
-        self.assertEqual(report("", "format=passed"), 
-                         (1, ["tests: none was run", "1 passed, 1 failed"]))
+    def test_a_run_without_tests_counts_as_failed(self):
+        self.assertEqual(report("", "format=passed"),
+                         (1, ["tests: none were run", "1 passed, 1 failed"]))
 
 
 if __name__ == "__main__":

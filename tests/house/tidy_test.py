@@ -1,4 +1,4 @@
-"""clang-tidy looks at what has changed, and at nothing else."""
+"""clang-tidy checks the sources that have changed, and no others."""
 
 import json
 import pathlib
@@ -22,9 +22,10 @@ class Tidy(unittest.TestCase):
         (self.root / "src").mkdir()
         (self.root / "build").mkdir()
         self.write(".clang-tidy", "Checks: '-*,modernize-use-nullptr'\nWarningsAsErrors: '*'\n")
-        self.write("src/number.h", "int* number();\n")
+        (self.root / "shared").mkdir()
+        self.write("shared/number.h", "int* number();\n")
         self.write("src/number.cpp", CLEAN)
-        self.compile_with("c++ -c src/number.cpp")
+        self.compile_with(f"c++ -I{self.root}/shared -c src/number.cpp")
 
     def write(self, name, text):
         (self.root / name).write_text(text, "utf-8")
@@ -35,31 +36,31 @@ class Tidy(unittest.TestCase):
         self.write("build/compile_commands.json", json.dumps([entry]))
 
     def tidy(self):
-        """Exit code and first line of a run."""
+        """The exit code and first line of a run."""
         run = subprocess.run([sys.executable, ROOT / "scripts/tidy.py", "build", "src/number.cpp"],
                              cwd=self.root, capture_output=True, text=True, check=False)
         return run.returncode, run.stdout.splitlines()[0]
 
-    def test_a_clean_source_is_looked_at_once(self):
-        self.assertEqual(self.tidy(), (0, "1 sources, 1 to look at"))
-        self.assertEqual(self.tidy(), (0, "1 sources, 0 to look at"))
+    def test_a_clean_source_is_checked_once(self):
+        self.assertEqual(self.tidy(), (0, "1 sources, 1 to check"))
+        self.assertEqual(self.tidy(), (0, "1 sources, 0 to check"))
 
-    def test_a_complaint_fails_until_it_is_mended(self):
+    def test_a_finding_fails_until_it_is_fixed(self):
         self.write("src/number.cpp", UNTIDY)
-        self.assertEqual(self.tidy(), (1, "1 sources, 1 to look at"))
-        self.assertEqual(self.tidy(), (1, "1 sources, 1 to look at"))
+        self.assertEqual(self.tidy(), (1, "1 sources, 1 to check"))
+        self.assertEqual(self.tidy(), (1, "1 sources, 1 to check"))
         self.write("src/number.cpp", CLEAN)
-        self.assertEqual(self.tidy(), (0, "1 sources, 1 to look at"))
+        self.assertEqual(self.tidy(), (0, "1 sources, 1 to check"))
 
-    def test_a_changed_header_has_its_sources_looked_at_again(self):
+    def test_sources_are_checked_again_after_a_change_of_a_header(self):
         self.tidy()
-        self.write("src/number.h", "int* number();\nint other();\n")
-        self.assertEqual(self.tidy(), (0, "1 sources, 1 to look at"))
+        self.write("shared/number.h", "int* number();\nint other();\n")
+        self.assertEqual(self.tidy(), (0, "1 sources, 1 to check"))
 
-    def test_a_changed_compile_command_has_the_source_looked_at_again(self):
+    def test_a_source_is_checked_again_after_a_change_of_its_compile_command(self):
         self.tidy()
-        self.compile_with("c++ -O1 -c src/number.cpp")
-        self.assertEqual(self.tidy(), (0, "1 sources, 1 to look at"))
+        self.compile_with(f"c++ -O1 -I{self.root}/shared -c src/number.cpp")
+        self.assertEqual(self.tidy(), (0, "1 sources, 1 to check"))
 
 
 if __name__ == "__main__":

@@ -12,7 +12,7 @@ COMPILER = os.environ["PACKAGING_COMPILER"]
 FLAGS = os.environ["PACKAGING_FLAGS"]
 
 # A generous deadline: the machine may be busy with other tests.
-PATIENCE = 120
+PATIENCE = 300
 
 
 def run(*command, **options):

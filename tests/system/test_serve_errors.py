@@ -3,6 +3,7 @@
 import json
 import unittest
 
+from bench import PATIENCE
 from serve_bench import ServeBench
 
 NO_JSON = -32700
@@ -163,7 +164,7 @@ class Errors(ServeBench):
         client = self.serve()
         client.set("DeviceName", "a\nb\r\u2028\u0000ä")
         identity = client.send("get", name="DeviceName")
-        line = client.lines.get(timeout=60)
+        line = client.lines.get(timeout=PATIENCE)
         self.assertEqual(json.loads(line.decode("utf-8")),
                          {"jsonrpc": "2.0", "id": identity, "result": "a\nb\r\u2028\u0000ä"})
 

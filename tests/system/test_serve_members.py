@@ -2,7 +2,7 @@
 
 import unittest
 
-from bench import BIN, HEALTHY
+from bench import BIN, HEALTHY, PATIENCE
 from serve_bench import ServeBench
 
 RUN_TIME = -32000
@@ -281,7 +281,7 @@ class Members(ServeBench):
     def test_the_serial_number_keeps_all_its_digits(self):
         client = self.reading(self.module(serialNumber="18446744073709551615"))
         identity = client.send("get", name="SerialNumber")
-        line = client.lines.get(timeout=60).decode()
+        line = client.lines.get(timeout=PATIENCE).decode()
         self.assertEqual(
             line, f'{{"jsonrpc":"2.0","id":{identity},"result":18446744073709551615}}\n')
 
