@@ -1,12 +1,12 @@
-# Where everything lies once it is installed.
+# Where everything is installed.
 #
-# The control looks for the catalogue, the language files and the help beside the file that it was built
-# into: the shared library, or a program. The library and the programs therefore have a folder of their
-# own each, in which links lead to the data, which is there once; and the system finds library and
-# programs by links in the usual places.
+# The control looks for the catalogue, the language files and the help in the folder of the file that
+# contains it: the shared library, or a program. The library and the programs are therefore each in a
+# folder of their own with links to the one copy of the data, and the system finds them through links in
+# the usual places.
 
 set(data_folder "${CMAKE_INSTALL_DATADIR}/tessara-modulinfo")
-# Libraries of two numbers can be installed side by side.
+# Libraries with different ABI numbers can be installed side by side.
 set(library_folder "${CMAKE_INSTALL_LIBDIR}/tessara-modulinfo-${TESSARA_ABI}")
 set(program_folder "${CMAKE_INSTALL_LIBEXECDIR}/tessara-modulinfo")
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/TessaraModulInfo")
@@ -18,7 +18,7 @@ endforeach()
 # Each help as one file, and as a folder of pages for browsers.
 set(help Help_001 Help_049)
 
-# install_link(<path> <target> <component>): a link from one place below the prefix to another.
+# install_link(<path> <target> <component>): installs a link; both paths are below the prefix.
 function(install_link path target component)
   get_filename_component(folder "${path}" DIRECTORY)
   file(RELATIVE_PATH target "/${folder}" "/${target}")
@@ -29,7 +29,7 @@ function(install_link path target component)
   install(FILES "${link}" DESTINATION "${folder}" COMPONENT ${component})
 endfunction()
 
-# install_data_links(<folder> <component>): the data seen from a folder of programs.
+# install_data_links(<folder> <component>): installs links to the data in a folder.
 function(install_data_links folder component)
   foreach(name IN LISTS data_files help)
     install_link("${folder}/${name}" "${data_folder}/${name}" ${component})
@@ -64,7 +64,7 @@ install_data_links("${library_folder}" library)
 set(soname "libTESSARAModulInfo.so.${TESSARA_ABI}")
 install_link("${CMAKE_INSTALL_LIBDIR}/${soname}" "${library_folder}/${soname}" library)
 
-# What a host is built with
+# Development
 install_link("${CMAKE_INSTALL_LIBDIR}/libTESSARAModulInfo.so" "${CMAKE_INSTALL_LIBDIR}/${soname}" development)
 install(EXPORT TessaraModulInfo NAMESPACE TessaraModulInfo:: FILE TessaraModulInfoTargets.cmake
         DESTINATION "${package_folder}" COMPONENT development)
@@ -72,14 +72,14 @@ include(CMakePackageConfigHelpers)
 configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/TessaraModulInfoConfig.cmake.in"
   "${PROJECT_BINARY_DIR}/package/TessaraModulInfoConfig.cmake" INSTALL_DESTINATION "${package_folder}"
   NO_SET_AND_CHECK_MACRO)
-# Before 1.0 each minor version may change what hosts see.
+# Before 1.0 each minor version may change the interface to hosts.
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/package/TessaraModulInfoConfigVersion.cmake"
   COMPATIBILITY SameMinorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/package/TessaraModulInfoConfig.cmake"
               "${PROJECT_BINARY_DIR}/package/TessaraModulInfoConfigVersion.cmake"
         DESTINATION "${package_folder}" COMPONENT development)
 
-# The paths in the pkg-config file start from its own folder, so that the prefix may be moved.
+# The paths in the pkg-config file are relative to its own folder, so that the prefix may be moved.
 file(RELATIVE_PATH to_prefix "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
 configure_file("${PROJECT_SOURCE_DIR}/cmake/tessara-modulinfo.pc.in"
                "${PROJECT_BINARY_DIR}/package/tessara-modulinfo.pc" @ONLY)

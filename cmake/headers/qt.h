@@ -1,4 +1,4 @@
-// Qt as the views and the windows use it, precompiled once.
+// Precompiled for the sources that use Qt.
 #include "standard.h"
 
 #include <QtGui/QtGui>

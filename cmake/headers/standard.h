@@ -1,4 +1,4 @@
-// The standard library as nearly every source of this project uses it, precompiled once.
+// Precompiled for every source: the headers of the standard library that most of them include.
 #include <algorithm>
 #include <array>
 #include <charconv>

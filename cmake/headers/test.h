@@ -1,4 +1,4 @@
-// What every test program starts with, precompiled once.
+// Precompiled for the test programs.
 #include "standard.h"
 
 #include <gmock/gmock.h>

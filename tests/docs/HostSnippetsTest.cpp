@@ -6,11 +6,11 @@
 
 namespace {
 
-/// A station of which nothing answers.
-constexpr std::uint8_t nobody = 7;
+/// An address at which no module answers.
+constexpr std::uint8_t unusedAddress = 7;
 std::uint8_t address = 192;
 
-/// What the page leaves to the host: here it asks the module who it is.
+/// Left to the host by the page. Here it reads the identification of the module.
 bool writeParametersTo(tessara::CommunicationObject& module) {
   return !module.ReadDeviceIdentifier(address).empty();
 }
@@ -26,24 +26,24 @@ class HostSnippets : public SettingsFolder {
  protected:
   HostSnippets() { ::setenv("XDG_RUNTIME_DIR", folder().c_str(), 1); }
 
-  /// Transfers as the page does, to a module that was read, and keeps the activities.
+  /// Reads a module, then transfers parameters as the page does, and records the activities.
   void transferToModule() {
     panel_.bringUp();
     panel_.read();
     QObject::connect(&panel_, &ModulInfoPanel::ModulActive,
-                     [this](int status) { heard.push_back(status); });
+                     [this](int status) { statuses.push_back(status); });
     transfer(panel_.control());
-    told = toUtf8(panel_.control().StatusString);
+    statusText = toUtf8(panel_.control().StatusString);
   }
 
-  std::vector<int> heard;
-  std::string told;
+  std::vector<int> statuses;
+  std::string statusText;
 
  private:
   ModulInfoPanel panel_{nullptr, std::filesystem::path(TESSARA_MODULES) / "tessara-tm-151.json"};
 };
 
-TEST_F(HostSnippets, TheShortestHostComesUp) {
+TEST_F(HostSnippets, TheShortestHostShowsThePanel) {
   QMainWindow window;
 #include "hosts_1.inc"
   window.setCentralWidget(panel);
@@ -51,16 +51,16 @@ TEST_F(HostSnippets, TheShortestHostComesUp) {
   EXPECT_TRUE(panel->isVisible());
 }
 
-TEST_F(HostSnippets, ATransferIsDeclaredAndItsEndToo) {
+TEST_F(HostSnippets, TheBeginningAndEndOfATransferAreReported) {
   transferToModule();
-  EXPECT_EQ(heard, (std::vector<int>{1, 0}));
+  EXPECT_EQ(statuses, (std::vector<int>{1, 0}));
 }
 
-TEST_F(HostSnippets, ATransferThatFailsSaysWhy) {
-  address = nobody;
+TEST_F(HostSnippets, AFailedTransferReportsTheCause) {
+  address = unusedAddress;
   transferToModule();
-  EXPECT_EQ(heard, (std::vector<int>{1, 3}));
-  EXPECT_NE(told.find("no answer"), std::string::npos) << told;
+  EXPECT_EQ(statuses, (std::vector<int>{1, 3}));
+  EXPECT_NE(statusText.find("no answer"), std::string::npos) << statusText;
 }
 
 }  // namespace

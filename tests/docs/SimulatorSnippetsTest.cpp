@@ -9,12 +9,12 @@
 
 namespace {
 
-/// Where the page leaves off: whatever opens the port.
+/// Stands for the code that opens the port, which the page leaves to the reader.
 void connectTo(const std::string& device) {
   EXPECT_TRUE(std::filesystem::exists(device));
 }
 
-TEST(SimulatorSnippets, APortInAProgramOfOnesOwn) {
+TEST(SimulatorSnippets, TheExampleServesAPort) {
   std::filesystem::current_path(TESSARA_MODULES);
 #include "simulator_1.inc"
   EXPECT_FALSE(std::filesystem::exists(port.device()));

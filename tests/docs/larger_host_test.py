@@ -1,4 +1,4 @@
-"""What the page for hosts says of the larger example holds: which of its pieces need no more than is installed."""
+"""The page for hosts is right about the larger example: which of its files need only installed headers."""
 
 import pathlib
 import re
@@ -10,7 +10,7 @@ ROW = re.compile(r"^\|[^|]*\| (`[^|]*`) \| ([^|]*) \|$", re.M)
 
 
 def rows():
-    """Each row of the table, as the files that it names and what they need."""
+    """Each row of the table: the files that it names, and what they need."""
     page = (ROOT / "docs/hosts.md").read_text("utf-8")
     section = page.split("\n## A larger host\n")[1].split("\n## ")[0]
     for names, needs in ROW.findall(section):
@@ -30,18 +30,18 @@ class LargerHost(unittest.TestCase):
         cls.free = {file.relative_to(HOST).as_posix() for patterns, needs in cls.rows
                     if needs == "nothing" for pattern in patterns for file in HOST.glob(pattern)}
 
-    def test_every_piece_that_it_names_is_there(self):
+    def test_every_file_that_it_names_exists(self):
         self.assertGreater(len(self.rows), 5)
         for patterns, _ in self.rows:
             for pattern in patterns:
                 self.assertTrue(list(HOST.glob(pattern)), pattern)
 
-    def test_pieces_that_need_nothing_include_what_is_installed_and_each_other(self):
+    def test_files_that_need_nothing_include_installed_headers_and_each_other(self):
         self.assertGreater(len(self.free), 10)
         for name in self.free:
             self.assertEqual(includes(HOST / name) - self.installed - self.free, set(), name)
 
-    def test_pieces_that_need_more_include_it(self):
+    def test_files_that_need_more_include_more(self):
         for patterns, needs in self.rows:
             if needs != "nothing":
                 used = set().union(*(includes(file) for pattern in patterns

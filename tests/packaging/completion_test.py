@@ -1,4 +1,4 @@
-"""The completion of the shells offers what the programs can do."""
+"""Shell completion offers the commands and options of the programs."""
 
 import os
 import pty
@@ -9,7 +9,7 @@ import unittest
 from programs import PROGRAMS, Programs
 from staging import PATIENCE, run
 
-# Asks the completion of bash for what may follow: complete.sh SCRIPT WORD... (the last one is begun).
+# Prints the completions that bash offers: complete.sh SCRIPT WORD... (the last word is incomplete).
 COMPLETE = """
 source "$1"
 shift
@@ -18,7 +18,7 @@ COMP_WORDS=("$@") COMP_CWORD=$(($# - 1))
 printf '%s\\n' "${COMPREPLY[@]}"
 """
 
-# Has zsh write down what it offers, whenever it completes.
+# Makes zsh write its completions to a pipe whenever it completes.
 ZSHRC = """
 PROMPT= fpath=("$COMPLETIONS" $fpath)
 autoload -U compinit && compinit -D -u
@@ -41,14 +41,14 @@ CLEAR_LINE = b"\x15"
 
 
 class Completion:
-    """What holds in every shell that completes; each has its own way to be asked."""
+    """Tests for every shell; each shell is asked in its own way."""
 
     def test_offers_the_commands(self):
         for command in self.everything("modulinfo"):
             if self.commands_of(*command):
                 self.assertEqual(self.complete(*command, ""), set(self.commands_of(*command)))
 
-    def test_offers_files_where_no_command_may_follow(self):
+    def test_offers_files_where_no_command_can_follow(self):
         (self.home / "module.json").touch()
         for command in (("modulinfo", "simulate"), ("modulinfo", "read", "--simulate"),
                         ("modulinfo-panel", "--record")):
@@ -59,7 +59,7 @@ class Completion:
             for command in self.everything(program):
                 self.assertEqual(self.complete(*command, "-"), self.options_of(*command), command)
 
-    def test_goes_on_from_what_is_typed(self):
+    def test_completes_what_has_been_typed(self):
         self.assertEqual(self.complete("modulinfo", "cat"), {"catalogue"})
         self.assertEqual(self.complete("modulinfo", "read", "--js"), {"--json"})
         self.assertEqual(self.complete("modulinfo", "read", "--json", "--tr"), {"--trace"})
@@ -82,7 +82,7 @@ class Bash(Completion, Programs):
 
     @staticmethod
     def files(_name):
-        """Files are found by bash itself, when a completion offers nothing."""
+        """Bash itself offers files when a completion offers nothing."""
         return [set()]
 
 
@@ -109,7 +109,7 @@ class Zsh(Completion, Programs):
 
     @classmethod
     def watch(cls):
-        """Takes what the shell draws, so that it never has to wait for somebody who looks."""
+        """Reads what the shell draws, so that its terminal never fills up."""
         try:
             while os.read(cls.keyboard, 4096):
                 pass
@@ -121,7 +121,7 @@ class Zsh(Completion, Programs):
         return set(self.answer().split())
 
     def answer(self):
-        # Whoever waits for an answer that does not come is let go by the end of the shell.
+        # Stops waiting if the shell does not answer.
         patience = threading.Timer(PATIENCE, self.give_up)
         patience.start()
         try:

@@ -1,4 +1,4 @@
-"""The Debian packages of this build: what is in them, what lintian says, installing and removing."""
+"""The Debian packages of this build: contents, lintian, installation and removal."""
 
 import json
 import pathlib
@@ -9,18 +9,18 @@ import unittest
 from other_system import OtherSystem
 from staging import BUILD, Staged, run
 
-# Papers that packages have and a plain installation has not.
-PAPERS = re.compile(r"usr/share/(doc|lintian)/")
+# Documents that only packages contain.
+DOCUMENTS = re.compile(r"usr/share/(doc|lintian)/")
 
 
 def fields(package):
-    """The control fields of a package, with the lines of long ones joined."""
+    """The control fields of a package, with continuation lines joined."""
     text = re.sub(r"\n +", "\n ", run("dpkg-deb", "--field", package))
     return dict(re.findall(r"^([\w-]+): (.*(?:\n .*)*)$", text, re.M))
 
 
 def contents(package):
-    """The files and links of a package, by their paths from the root."""
+    """The files and links of a package, as paths from the root."""
     listing = run("dpkg-deb", "--contents", package)
     paths = (line.split(None, 5)[5].split(" -> ")[0] for line in listing.splitlines())
     return {path.removeprefix("./") for path in paths if not path.endswith("/")}
@@ -30,7 +30,7 @@ class Debian(Staged):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        # gzip is quicker than what is delivered.
+        # gzip is faster than the compression that is delivered.
         run("cpack", "--config", BUILD / "CPackConfig.cmake", "-B", cls.folder / "packages",
             "-D", "CPACK_DEBIAN_COMPRESSION_TYPE=gzip")
         cls.packages = {fields(path)["Package"]: path
@@ -41,20 +41,20 @@ class Debian(Staged):
 
     @classmethod
     def abi(cls):
-        """The number in the name by which hosts look for the library."""
+        """The ABI number: the one in the file name by which hosts load the library."""
         return next(cls.libraries.glob("libTESSARAModulInfo.so.?")).suffix[1:]
 
-    def test_there_is_one_for_each_purpose(self):
+    def test_there_is_one_package_for_each_purpose(self):
         self.assertEqual(set(self.packages), {"tessara-modulinfo", "tessara-modulinfo-common",
                                               self.library_package, "libtessaramodulinfo-dev"})
         self.assertEqual(self.fields["tessara-modulinfo-common"]["Architecture"], "all")
 
-    def test_together_they_hold_what_an_installation_holds(self):
+    def test_together_they_contain_what_an_installation_contains(self):
         installed = {f"usr/{path.relative_to(self.prefix)}" for path in self.prefix.rglob("*")
                      if path.is_symlink() or not path.is_dir()}
         packed = [path for paths in self.contents.values() for path in paths
-                  if not PAPERS.match(path)]
-        self.assertEqual(len(packed), len(set(packed)), "two packages hold the same file")
+                  if not DOCUMENTS.match(path)]
+        self.assertEqual(len(packed), len(set(packed)), "two packages contain the same file")
         self.assertEqual(set(packed), installed)
 
     def test_each_file_is_in_the_package_of_its_purpose(self):
@@ -74,7 +74,7 @@ class Debian(Staged):
         self.assertIn("libTESSARAModulInfo.so", development)
         self.assertIn("TessaraModulInfoConfig.cmake", development)
 
-    def test_they_ask_for_what_they_need(self):
+    def test_they_depend_on_what_they_need(self):
         version = self.fields["tessara-modulinfo"]["Version"]
         common = f"tessara-modulinfo-common (= {version})"
         programs = self.fields["tessara-modulinfo"]["Depends"]
@@ -86,26 +86,26 @@ class Debian(Staged):
         self.assertIn(f"{self.library_package} (= {version})",
                       self.fields["libtessaramodulinfo-dev"]["Depends"])
 
-    def test_the_library_tells_packagers_of_hosts_what_they_need(self):
+    def test_the_library_names_the_package_that_hosts_need(self):
         shlibs = run("dpkg-deb", "--info", self.packages[self.library_package], "shlibs")
         version = self.fields["tessara-modulinfo"]["Version"]
         self.assertEqual(shlibs.strip(), f"libTESSARAModulInfo {self.abi()} {self.library_package} "
                                          f"(>= {version})")
 
-    def test_the_system_is_told_of_rules_and_library(self):
+    def test_the_system_reloads_rules_and_libraries(self):
         triggers = run("dpkg-deb", "--info", self.packages[self.library_package], "triggers")
         self.assertEqual(triggers.split(), ["activate-noawait", "ldconfig"])
         script = run("dpkg-deb", "--info", self.packages["tessara-modulinfo-common"], "postinst")
         self.assertIn("udevadm control --reload", script)
         run("sh", "-n", "-c", script)
 
-    def test_the_description_begins_with_a_line_of_its_own(self):
+    def test_each_package_has_its_own_summary(self):
         summaries = {self.fields[name]["Description"].splitlines()[0] for name in self.packages}
         self.assertEqual(len(summaries), len(self.packages))
         for name in self.packages:
             self.assertIn("\n Analog interface modules are", self.fields[name]["Description"])
 
-    def test_lintian_has_nothing_to_say(self):
+    def test_lintian_reports_nothing(self):
         checked = subprocess.run(["lintian", "--allow-root", "--fail-on", "error,warning",
                                   *self.packages.values()], capture_output=True, text=True,
                                  check=False, env=self.environment)
@@ -115,7 +115,7 @@ class Debian(Staged):
         return OtherSystem(self.folder / self.id(), self.packages)
 
     def install(self):
-        """Gives the packages to a system, a second time too."""
+        """Installs the packages in a system twice: anew and over themselves."""
         system = self.system()
         for _ in range(2):
             system.dpkg("--install", *self.packages.values())
@@ -133,7 +133,7 @@ class Debian(Staged):
             env=self.environment, cwd=self.home)
         self.assertTrue(picture.is_file())
 
-    def test_they_are_removed_whole_and_in_order(self):
+    def test_they_are_removed_completely_and_in_order(self):
         system = self.install()
         with self.assertRaisesRegex(AssertionError, "dependency problems"):
             system.dpkg("--remove", "tessara-modulinfo-common")
@@ -150,7 +150,7 @@ class Debian(Staged):
         system.apt("purge", *needed)
         self.assertEqual(system.files(), set())
 
-    def test_apt_removes_with_the_library_what_is_built_on_it(self):
+    def test_apt_removes_the_development_package_with_the_library(self):
         system = self.system()
         system.apt("install", *self.packages.values())
         system.apt("remove", self.library_package)

@@ -1,11 +1,11 @@
-"""The shared library gives hosts what its headers offer, and keeps the rest to itself."""
+"""The shared library exports what its headers declare, and nothing else."""
 
 import re
 import unittest
 
 from staging import Staged, run
 
-# How a symbol begins that belongs to a host's own build, not to what it calls.
+# Symbols that a host needs when it is built, not to call something.
 DATA_OF_CLASS = re.compile(r"(vtable|typeinfo|typeinfo name) for tessara::(?P<name>\w+)$"
                            r"|non-virtual thunk to tessara::(?P<thunk>\w+)::")
 FUNCTION = re.compile(r"tessara::(?:(?P<owner>\w+)::)?~?(?P<name>\w+)(\[abi:cxx11\])?(\(|$)")
@@ -22,14 +22,14 @@ class Exports(Staged):
                        for path in headers.rglob("*.h")}
 
     def public_part(self, name):
-        """What the headers say of a class before its private part, or of nothing but functions."""
+        """The public and protected part of a class in the headers; None if it is not there."""
         for text in self.headers.values():
             found = re.search(rf"^(class|struct) {name}\b[^;]*?{{(.*?)^}};", text, re.M | re.S)
             if found:
                 return found[2].split("\n private:")[0]
         return None
 
-    def test_nothing_but_what_the_headers_offer(self):
+    def test_exports_nothing_but_what_the_headers_declare(self):
         self.assertGreater(len(self.symbols), 100)
         for symbol in self.symbols:
             data = DATA_OF_CLASS.match(symbol)
@@ -45,20 +45,20 @@ class Exports(Staged):
                                               "qt_metacall") and "Q_OBJECT" in offer
             self.assertTrue(made_by_qt or re.search(rf"\b{function['name']}\b", offer), symbol)
 
-    def test_every_property_and_method_of_the_control(self):
+    def test_exports_every_property_and_method_of_the_control(self):
         offered = set(re.findall(r"\b(get_\w+|put_\w+|UserControl_\w+)\(",
                                  self.public_part("ModulInfoFLII")))
         self.assertGreater(len(offered), 60)
         exported = {match["name"] for match in map(FUNCTION.match, self.symbols) if match}
         self.assertEqual(offered - exported, set())
 
-    def test_hosts_look_for_it_by_its_number(self):
+    def test_hosts_load_it_by_its_abi_number(self):
         dynamic = run("readelf", "--dynamic", self.library)
         soname = re.search(r"\(SONAME\).*\[(.+)\]", dynamic)[1]
         self.assertRegex(soname, r"^libTESSARAModulInfo\.so\.\d+$")
         self.assertEqual((self.libraries / soname).resolve(), self.library)
 
-    def test_headers_include_only_what_comes_with_them(self):
+    def test_headers_include_only_installed_headers(self):
         own = set(self.headers)
         for name, text in self.headers.items():
             for included in re.findall(r'#include "([^"]+)"', text):

@@ -1,4 +1,4 @@
-"""A host that is built against what was installed, by CMake and by pkg-config."""
+"""A host is built against the installation, with CMake and with pkg-config."""
 
 import os
 import subprocess
@@ -49,7 +49,7 @@ class Host(Staged):
         with self.assertRaisesRegex(AssertionError, "compatible with requested"):
             self.configure(source, "other-build")
 
-    def test_pkg_config_tells_how_to_build(self):
+    def test_pkg_config_provides_the_flags(self):
         source, program = self.folder / "count.cpp", self.folder / "count"
         source.write_text(COUNT_MEMBERS, "utf-8")
         environment = os.environ | {"PKG_CONFIG_PATH": str(self.libraries / "pkgconfig")}

@@ -1,4 +1,4 @@
-"""What was installed works where it lies."""
+"""The installation works where it is."""
 
 import json
 import unittest
@@ -16,17 +16,17 @@ class Install(Staged):
         self.assertEqual(panel["links"]["product"], "https://example.invalid/tessara/um-161")
         self.assertIn("No error", panel["moduleStatus"])
 
-    def test_the_panel_draws_itself(self):
+    def test_the_panel_is_drawn(self):
         picture = self.folder / "panel.png"
         self.run_program("modulinfo-panel", "--simulate", self.module, "--screenshot", picture)
         self.assertTrue(picture.read_bytes().startswith(b"\x89PNG"))
 
-    def test_library_and_programs_lie_beside_the_data(self):
+    def test_the_data_is_in_the_folders_of_library_and_programs(self):
         for folder in (self.library.parent, (self.prefix / "bin/modulinfo").resolve().parent,
                        (self.prefix / "bin/modulinfo-panel").resolve().parent):
             self.assertEqual(DATA - {entry.name for entry in folder.iterdir()}, set(), folder)
 
-    def test_every_link_leads_somewhere_inside(self):
+    def test_every_link_points_into_the_installation(self):
         links = [path for path in self.prefix.rglob("*") if path.is_symlink()]
         self.assertGreater(len(links), 2 * len(DATA))
         for link in links:
@@ -38,15 +38,15 @@ class Install(Staged):
             suffixes = {path.suffix for path in (self.data / help_folder).iterdir()}
             self.assertEqual(suffixes, {".html", ".css", ".png"})
 
-    def test_papers_of_packages_are_left_to_packages(self):
+    def test_documents_of_packages_are_not_installed(self):
         self.assertFalse((self.prefix / "share/doc").exists())
 
-    def test_the_entry_in_the_menu_is_valid(self):
+    def test_the_menu_entry_is_valid(self):
         entry = self.prefix / "share/applications/modulinfo-panel.desktop"
         self.assertEqual(run("desktop-file-validate", entry), "")
         self.assertIn("Icon=modulinfo-panel\n", entry.read_text("utf-8"))
 
-    def test_the_entry_in_software_catalogues_is_valid(self):
+    def test_the_entry_for_software_catalogues_is_valid(self):
         entry = next((self.prefix / "share/metainfo").iterdir())
         self.assertIn("successful", run("appstreamcli", "validate", "--no-net", entry))
 

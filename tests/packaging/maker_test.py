@@ -1,4 +1,4 @@
-"""What the maker of the product sets when configuring arrives everywhere, whatever signs are in it."""
+"""The manufacturer's data set when configuring appears everywhere, whatever characters it contains."""
 
 import pathlib
 import re
@@ -17,8 +17,8 @@ VALUES = {
 }
 TERMS = "First line.\n\n  Third line.\n"
 
-# Prints values as somebody sees them who includes the file.
-TELL = """
+# Prints the values of variables after including a file.
+PRINT = """
 include("{file}")
 foreach(name {names})
   message(STATUS "${{name}}=${{${{name}}}}")
@@ -44,17 +44,17 @@ class Maker(unittest.TestCase):
     def text(self, name):
         return (self.build / name).read_text("utf-8")
 
-    def tell(self, file, *names):
-        script = self.folder / "tell.cmake"
-        script.write_text(TELL.format(file=file, names=" ".join(names)), "utf-8")
+    def values(self, file, *names):
+        script = self.folder / "print.cmake"
+        script.write_text(PRINT.format(file=file, names=" ".join(names)), "utf-8")
         return dict(re.findall(r"^-- (\w+)=(.*)$", run("cmake", "-P", script), re.M))
 
-    def test_the_about_box_shows_it(self):
-        source = self.text("src/localisation/Maker.cpp")
+    def test_the_about_box_shows_the_data(self):
+        source = self.text("src/Maker.cpp")
         for name in ("COMPANY", "ADDRESS1", "MAIL", "WEB", "YEAR", "VERSION"):
             self.assertIn(f'uR"maker({VALUES[f"TESSARA_MAKER_{name}"]})maker"', source)
 
-    def test_software_catalogues_say_it(self):
+    def test_software_catalogues_show_the_data(self):
         page = self.build / "packaging/example.mess.modulinfo_panel.metainfo.xml"
         self.assertIn("successful", run("appstreamcli", "validate", "--no-net", page))
         component = xml.etree.ElementTree.parse(page)
@@ -63,25 +63,25 @@ class Maker(unittest.TestCase):
         self.assertEqual(component.findtext("project_license"), "MIT")
         self.assertEqual(component.findtext("id"), "example.mess.modulinfo_panel")
 
-    def test_the_packages_say_it(self):
-        told = self.tell(self.build / "CPackConfig.cmake", "CPACK_PACKAGE_VENDOR",
+    def test_the_packages_show_the_data(self):
+        values = self.values(self.build / "CPackConfig.cmake", "CPACK_PACKAGE_VENDOR",
                          "CPACK_PACKAGE_CONTACT", "CPACK_DEBIAN_PACKAGE_HOMEPAGE")
-        self.assertEqual(told, {"CPACK_PACKAGE_VENDOR": COMPANY,
-                                "CPACK_PACKAGE_CONTACT": f"{COMPANY} <hello@mess.example>",
-                                "CPACK_DEBIAN_PACKAGE_HOMEPAGE": "http://mess.example/a?b&c"})
+        self.assertEqual(values, {"CPACK_PACKAGE_VENDOR": COMPANY,
+                                  "CPACK_PACKAGE_CONTACT": f"{COMPANY} <hello@mess.example>",
+                                  "CPACK_DEBIAN_PACKAGE_HOMEPAGE": "http://mess.example/a?b&c"})
 
-    def test_the_terms_are_his(self):
-        paper = self.text("packaging/debian/copyright")
-        self.assertIn(f"Copyright: 2031 {COMPANY}\n", paper)
-        self.assertTrue(paper.endswith("\nLicense: MIT\n First line.\n .\n   Third line.\n"), paper)
+    def test_the_packages_contain_the_terms(self):
+        text = self.text("packaging/debian/copyright")
+        self.assertIn(f"Copyright: 2031 {COMPANY}\n", text)
+        self.assertTrue(text.endswith("\nLicense: MIT\n First line.\n .\n   Third line.\n"), text)
 
-    def test_what_he_does_not_set_is_clearly_a_sample(self):
+    def test_default_values_are_recognisable_as_samples(self):
         names = [f"TESSARA_MAKER_{name}" for name in ("COMPANY", "ADDRESS1", "ADDRESS2", "VERSION",
                                                       "LICENSE", "LICENSE_FILE")]
-        for name, value in self.tell(ROOT / "cmake/Maker.cmake", *names).items():
+        for name, value in self.values(ROOT / "cmake/Maker.cmake", *names).items():
             self.assertRegex(value, "(?i)sample", name)
         names = ["TESSARA_MAKER_MAIL", "TESSARA_MAKER_WEB", "TESSARA_MAKER_HOMEPAGE"]
-        for name, value in self.tell(ROOT / "cmake/Maker.cmake", *names).items():
+        for name, value in self.values(ROOT / "cmake/Maker.cmake", *names).items():
             self.assertTrue(value.endswith(".example"), name)
 
 

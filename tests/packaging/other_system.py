@@ -1,4 +1,4 @@
-"""A system of its own to install packages in, which has the packages of this computer."""
+"""A separate system in which packages are installed. It has the packages of this computer."""
 
 import os
 import pathlib
@@ -8,12 +8,12 @@ from staging import run
 
 DPKG_STATUS = pathlib.Path("/var/lib/dpkg/status")
 
-# To whom the files are given is seen by root alone; fakeroot lets anybody play root. The scripts of
-# the packages run outside of the other system, which has no shell, and know it. Nothing in it has to
-# survive a power failure.
+# Only root may set the owners of files; with fakeroot, any user appears to be root. The scripts of the
+# packages run outside the other system, which has no shell, and can tell. Nothing in it has to survive
+# a power failure.
 DPKG_OPTIONS = ("--force-script-chrootless", "--force-unsafe-io", "--log=")
 
-# apt in the other system: it knows of no archive and asks nobody.
+# For apt in the other system: no archive, no questions.
 APT_CONFIGURATION = """
 Dir::State "{root}/var/lib/apt";
 Dir::State::status "{root}/var/lib/dpkg/status";

@@ -1,4 +1,4 @@
-"""What the installed programs tell of their commands and options."""
+"""The commands and options of the installed programs, from their help."""
 
 import functools
 import re
@@ -19,7 +19,7 @@ class Programs(Staged):
         return re.findall(r"^  (\w+)", found[1], re.M) if found else []
 
     def everything(self, *command):
-        """The command and all that stand below it."""
+        """The command and all its subcommands."""
         yield command
         for below in self.commands_of(*command):
             yield from self.everything(*command, below)

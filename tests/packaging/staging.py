@@ -1,4 +1,4 @@
-"""What this build installs, in a place of its own, for a user of its own."""
+"""Installs this build into a temporary folder, with a home folder of its own."""
 
 import os
 import pathlib
@@ -16,7 +16,7 @@ PATIENCE = 300
 
 
 def run(*command, **options):
-    """What the command prints; its messages are part of the failure if it fails."""
+    """Runs a command and returns its output; if it fails, its messages are part of the failure."""
     done = subprocess.run([str(word) for word in command], capture_output=True, text=True,
                           check=False, **options)
     if done.returncode != 0:
@@ -50,5 +50,5 @@ class Staged(unittest.TestCase):
 
     @classmethod
     def run_program(cls, name, *arguments):
-        """Runs an installed program as somebody does who has it in his path."""
+        """Runs an installed program found through PATH."""
         return run("env", name, *arguments, env=cls.in_path, cwd=cls.home)

@@ -1,4 +1,4 @@
-"""The udev rules: their grammar, and what they do to each device that they are about."""
+"""The udev rules: their grammar, and their effect on each device they name."""
 
 import pathlib
 import re
@@ -20,12 +20,12 @@ def rules():
         if line and not line.startswith("#"):
             parts = [PART.fullmatch(part) for part in line.split(", ")]
             if None in parts:
-                raise ValueError(f"no rule: {line}")
+                raise ValueError(f"not a rule: {line}")
             yield [part.group("key", "name", "operator", "value") for part in parts]
 
 
 class Device:
-    """A device with its parents, which changes as the rules say."""
+    """A device with its parents, to which rules are applied."""
 
     def __init__(self, subsystem, *ancestors, action="add", **environment):
         self.facts = {"ACTION": action, "SUBSYSTEM": subsystem}
@@ -33,8 +33,8 @@ class Device:
         self.environment = environment
         self.tags = set()
 
-    def fulfils(self, rule):
-        """All attributes of one rule have to be found on one and the same ancestor."""
+    def matches(self, rule):
+        """Whether the rule matches; all its attributes must be those of one ancestor."""
         attributes = {name: value for key, name, _, value in rule if key == "ATTRS"}
         found = not attributes or any(attributes.items() <= one.items() for one in self.ancestors)
         return found and all(
@@ -43,7 +43,7 @@ class Device:
             if operator == "==" and key != "ATTRS"
         )
 
-    def take(self, rule):
+    def apply(self, rule):
         for key, name, operator, value in rule:
             if key == "TAG":
                 self.tags.add(value)
@@ -57,8 +57,8 @@ class Device:
             if target is not None and words.get("LABEL") != target:
                 continue
             target = None
-            if self.fulfils(rule):
-                self.take(rule)
+            if self.matches(rule):
+                self.apply(rule)
                 target = words.get("GOTO")
         return self
 
@@ -73,7 +73,7 @@ READER = usb("0483", "d0d0")
 
 
 class GrammarTest(unittest.TestCase):
-    def test_keys_and_operators_belong_together(self):
+    def test_every_key_has_a_permitted_operator(self):
         for rule in rules():
             for key, name, operator, _ in rule:
                 if operator == "==":
@@ -107,16 +107,16 @@ class GrammarTest(unittest.TestCase):
 
 
 class EffectTest(unittest.TestCase):
-    def test_the_terminal_of_an_adapter_is_open_to_the_person_at_the_machine(self):
+    def test_the_user_at_the_machine_may_open_the_terminal_of_an_adapter(self):
         for identity in PORTS:
             self.assertEqual(Device("tty", identity, HUB).run().tags, {"uaccess"}, identity)
 
-    def test_modem_probing_leaves_every_device_alone(self):
+    def test_modem_probing_ignores_every_device(self):
         for identity in [*PORTS, READER]:
             device = Device("usb", identity, HUB, DEVTYPE="usb_device").run()
             self.assertEqual(device.environment.get("ID_MM_DEVICE_IGNORE"), "1", identity)
 
-    def test_the_reader_without_a_port_is_opened_by_either_way_of_access(self):
+    def test_the_reader_without_a_port_is_open_through_hidraw_and_usb(self):
         self.assertEqual(Device("hidraw", READER, HUB).run().tags, {"uaccess"})
         self.assertEqual(Device("usb", READER, DEVTYPE="usb_device").run().tags, {"uaccess"})
 
@@ -127,11 +127,11 @@ class EffectTest(unittest.TestCase):
                 self.assertEqual(device.tags, set())
                 self.assertNotIn("ID_MM_DEVICE_IGNORE", device.environment)
 
-    def test_vendor_and_product_of_two_devices_make_no_identity(self):
+    def test_vendor_and_product_of_different_devices_do_not_match(self):
         device = Device("tty", usb("10c4", "0001"), usb("0000", "ea60")).run()
         self.assertEqual(device.tags, set())
 
-    def test_a_device_that_goes_is_not_touched(self):
+    def test_a_device_being_removed_is_not_touched(self):
         self.assertEqual(Device("tty", PORTS[0], action="remove").run().tags, set())
 
 

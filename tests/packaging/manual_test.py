@@ -1,4 +1,4 @@
-"""The pages of the manual know what the programs can do."""
+"""The manual pages describe every command and option of the programs."""
 
 import gzip
 import subprocess
@@ -7,12 +7,12 @@ import unittest
 from programs import PROGRAMS, Programs
 
 
-class Papers(Programs):
+class Manual(Programs):
     def manual(self, program):
         page = gzip.decompress((self.prefix / f"share/man/man1/{program}.1.gz").read_bytes())
         return page.decode("utf-8").replace("\\-", "-")
 
-    def test_the_manual_knows_every_command_and_option(self):
+    def test_the_manual_describes_every_command_and_option(self):
         for program in PROGRAMS:
             page = self.manual(program)
             for command in self.everything(program):
