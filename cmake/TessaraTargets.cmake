@@ -1,16 +1,16 @@
-# The rules that every target of this project follows, in one place.
+# The rules that every target of this project follows.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-# Libraries and programs share precompiled headers, so both are compiled alike.
+# Libraries and programs share precompiled headers, so both are compiled with the same options.
 set(CMAKE_CXX_COMPILE_OPTIONS_PIE "-fPIC")
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(TESSARA_CCACHE ccache)
 if(TESSARA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  # Sources with precompiled headers are cached only if told so.
+  # By default, ccache does not cache sources with precompiled headers.
   set(CMAKE_CXX_COMPILER_LAUNCHER
       ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros "${TESSARA_CCACHE}")
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
@@ -23,8 +23,8 @@ target_compile_options(tessara_rules INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow
   # Warnings from untested compilers must not stop the build of what is delivered.
   $<$<NOT:$<CONFIG:Release>>:-Werror>
-  # Optimising, g++ 12 sees overlapping copies in the concatenation of std::string, uninitialised
-  # alternatives in std::variant and copies beyond the end of a std::vector where there are none.
+  # When optimising, g++ 12 falsely reports overlapping copies in the concatenation of std::string,
+  # uninitialised alternatives in std::variant and copies beyond the end of a std::vector.
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-restrict -Wno-maybe-uninitialized
     -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread>)
 target_include_directories(tessara_rules INTERFACE "${PROJECT_SOURCE_DIR}/src")
@@ -54,7 +54,7 @@ function(tessara_precompile target header)
 endfunction()
 
 # tessara_library(<name> SOURCES <files> [DEPENDS <targets>])
-# One static library, named modulinfo_<name>; as a rule that of the folder it stands in.
+# Adds a static library named modulinfo_<name>, usually one per folder.
 function(tessara_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS" ${ARGN})
   add_library(modulinfo_${name} STATIC ${arg_SOURCES})
@@ -68,29 +68,29 @@ function(tessara_library name)
 endfunction()
 
 # tessara_shared_library(<target> <library names>)
-# A shared library of everything that those libraries hold and what that calls, with no symbol left open.
+# Adds a shared library of everything in those libraries and what that calls, with no undefined symbol.
 function(tessara_shared_library target)
   list(TRANSFORM ARGN PREPEND modulinfo_ OUTPUT_VARIABLE libraries)
   list(TRANSFORM libraries REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE objects)
   add_library(${target} SHARED ${objects})
-  # Their objects are there already; the libraries are named for what they depend on.
+  # Their objects are included already; linking the libraries adds what they depend on.
   target_link_libraries(${target} PRIVATE ${libraries})
   target_link_options(${target} PRIVATE LINKER:-z,defs)
 endfunction()
 
-# A test that takes longer than its TIMEOUT hangs: it is generous enough for a machine busy with much else.
+# The time limits of tests only end tests that hang; they are long enough for a busy machine.
 
-# The fonts that tests draw with. Each test gets them by its environment.
+# The fonts that tests draw with, passed to each test in its environment.
 set(TESSARA_TEST_FONTS "${PROJECT_BINARY_DIR}/tests/fonts.conf")
 
 # tessara_test(<subsystem> SOURCES <files> [DEPENDS <targets>] [ENVIRONMENT <NAME=value>])
-# One test program a subsystem, each of its cases a test of its own in CTest.
+# Adds one test program per subsystem; each of its cases is a test of its own in CTest.
 function(tessara_test subsystem)
   cmake_parse_arguments(arg "" "ENVIRONMENT" "SOURCES;DEPENDS" ${ARGN})
   add_executable(test_${subsystem} ${arg_SOURCES})
   target_link_libraries(test_${subsystem} PRIVATE ${arg_DEPENDS} GTest::gmock_main tessara_rules)
   if(TESSARA_SANITIZE)
-    # What is tested has it all; in the tests themselves it is a quarter of the time to compile them.
+    # The code under test keeps it; in the tests themselves it would take a quarter of the compile time.
     target_compile_options(test_${subsystem} PRIVATE -fno-sanitize=undefined)
   endif()
   target_include_directories(test_${subsystem} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
@@ -102,7 +102,7 @@ function(tessara_test subsystem)
 endfunction()
 
 # tessara_python_test(<name> <script> [ENVIRONMENT <NAME=value>...])
-# A Python unittest file as one test in CTest.
+# Adds a Python unittest file as one test in CTest.
 function(tessara_python_test name script)
   cmake_parse_arguments(arg "" "" "ENVIRONMENT" ${ARGN})
   add_test(NAME ${name} COMMAND "${TESSARA_PYTHON}" -B -m unittest -v "${script}"

@@ -1,4 +1,4 @@
-"""What the built programs drag in."""
+"""The libraries that the built programs load."""
 
 import os
 import subprocess
@@ -6,8 +6,9 @@ import unittest
 
 
 def loaded_libraries(program):
-    """Every library that the loader would load for `program`, one a line."""
-    return subprocess.run(["ldd", program], capture_output=True, text=True, check=True).stdout
+    """The libraries that the loader would load for `program`, one per line."""
+    return subprocess.run(["ldd", program], capture_output=True, text=True, check=True,
+                          env=os.environ | {"LC_ALL": "C"}).stdout
 
 
 class Programs(unittest.TestCase):

@@ -17,6 +17,7 @@ PATIENCE = 300
 
 def run(*command, **options):
     """Runs a command and returns its output; if it fails, its messages are part of the failure."""
+    options = {"env": os.environ | {"LC_ALL": "C.UTF-8"}} | options
     done = subprocess.run([str(word) for word in command], capture_output=True, text=True,
                           check=False, **options)
     if done.returncode != 0:
@@ -37,8 +38,9 @@ class Staged(unittest.TestCase):
         cls.home = cls.folder / "home"
         cls.home.mkdir(mode=0o700)
         cls.environment = os.environ | {
-            "HOME": str(cls.home), "XDG_CONFIG_HOME": str(cls.home), "XDG_CONFIG_DIRS": str(cls.home),
-            "XDG_RUNTIME_DIR": str(cls.home), "QT_QPA_PLATFORM": "offscreen"}
+            "LC_ALL": "C.UTF-8", "HOME": str(cls.home), "XDG_CONFIG_HOME": str(cls.home),
+            "XDG_CONFIG_DIRS": str(cls.home), "XDG_RUNTIME_DIR": str(cls.home),
+            "QT_QPA_PLATFORM": "offscreen"}
         run("cmake", "--install", BUILD, "--prefix", cls.prefix)
         cls.data = cls.prefix / "share/tessara-modulinfo"
         cls.module = cls.data / "modules/tessara-um-161.json"
