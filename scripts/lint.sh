@@ -7,10 +7,10 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/steps.sh
 source scripts/packages.sh
 
-readonly build=build/sanitize
+readonly build=build/dev
 
 installPackages "${TEST_PACKAGES[@]}"
-configurePreset sanitize
+configurePreset dev
 step "Building $build"
 cmake --build "$build"
 
