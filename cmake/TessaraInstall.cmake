@@ -49,12 +49,12 @@ foreach(name IN LISTS help)
 endforeach()
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/data/modules" DESTINATION "${data_folder}" COMPONENT data)
 
-# Programs
-install(TARGETS modulinfo modulinfo-panel RUNTIME DESTINATION "${program_folder}" COMPONENT programs)
-install_data_links("${program_folder}" programs)
-foreach(program modulinfo modulinfo-panel)
-  install_link("${CMAKE_INSTALL_BINDIR}/${program}" "${program_folder}/${program}" programs)
-endforeach()
+# Programs. The panel uses the data links of the command line.
+install(TARGETS modulinfo RUNTIME DESTINATION "${program_folder}" COMPONENT commandline)
+install(TARGETS modulinfo-panel RUNTIME DESTINATION "${program_folder}" COMPONENT panel)
+install_data_links("${program_folder}" commandline)
+install_link("${CMAKE_INSTALL_BINDIR}/modulinfo" "${program_folder}/modulinfo" commandline)
+install_link("${CMAKE_INSTALL_BINDIR}/modulinfo-panel" "${program_folder}/modulinfo-panel" panel)
 
 # Library
 install(TARGETS TESSARAModulInfo EXPORT TessaraModulInfo

@@ -45,8 +45,9 @@ class Debian(Staged):
         return next(cls.libraries.glob("libTESSARAModulInfo.so.?")).suffix[1:]
 
     def test_there_is_one_package_for_each_purpose(self):
-        self.assertEqual(set(self.packages), {"tessara-modulinfo", "tessara-modulinfo-common",
-                                              self.library_package, "libtessaramodulinfo-dev"})
+        self.assertEqual(set(self.packages), {
+            "tessara-modulinfo", "tessara-modulinfo-cli", "tessara-modulinfo-common",
+            self.library_package, "libtessaramodulinfo-dev"})
         self.assertEqual(self.fields["tessara-modulinfo-common"]["Architecture"], "all")
 
     def test_together_they_contain_what_an_installation_contains(self):
@@ -59,7 +60,9 @@ class Debian(Staged):
 
     def test_each_file_is_in_the_package_of_its_purpose(self):
         for name, path in (
-                ("tessara-modulinfo", "usr/bin/modulinfo"),
+                ("tessara-modulinfo-cli", "usr/bin/modulinfo"),
+                ("tessara-modulinfo-cli", "usr/share/man/man1/modulinfo.1.gz"),
+                ("tessara-modulinfo", "usr/bin/modulinfo-panel"),
                 ("tessara-modulinfo", "usr/share/man/man1/modulinfo-panel.1.gz"),
                 ("tessara-modulinfo", "usr/share/applications/modulinfo-panel.desktop"),
                 ("tessara-modulinfo-common", "usr/lib/udev/rules.d/60-tessara-modulinfo.rules"),
@@ -77,9 +80,13 @@ class Debian(Staged):
     def test_they_depend_on_what_they_need(self):
         version = self.fields["tessara-modulinfo"]["Version"]
         common = f"tessara-modulinfo-common (= {version})"
-        programs = self.fields["tessara-modulinfo"]["Depends"]
+        panel = self.fields["tessara-modulinfo"]["Depends"]
+        command_line = self.fields["tessara-modulinfo-cli"]["Depends"]
         library = self.fields[self.library_package]["Depends"]
-        for depends in (programs, library):
+        self.assertIn(f"tessara-modulinfo-cli (= {version})", panel)
+        self.assertIn(common, command_line)
+        self.assertNotIn("qt6", command_line)
+        for depends in (panel, library):
             self.assertIn(common, depends)
             for needed in ("libc6", "libqt6widgets6", "libmodbus5", "libpugixml1v5"):
                 self.assertRegex(depends, rf"\b{needed} \(>= ")
@@ -142,13 +149,22 @@ class Debian(Staged):
 
     def test_apt_installs_and_removes_what_technicians_need(self):
         system = self.system()
-        needed = ("tessara-modulinfo", "tessara-modulinfo-common")
+        needed = ("tessara-modulinfo", "tessara-modulinfo-cli", "tessara-modulinfo-common")
         with self.assertRaisesRegex(AssertionError, "Depends: tessara-modulinfo-common"):
             system.apt("install", self.packages["tessara-modulinfo"])
         system.apt("install", *(self.packages[name] for name in needed))
         self.assertEqual(system.files(), set().union(*(self.contents[name] for name in needed)))
         system.apt("purge", *needed)
         self.assertEqual(system.files(), set())
+
+    def test_apt_installs_the_command_line_without_the_panel(self):
+        system = self.system()
+        needed = ("tessara-modulinfo-cli", "tessara-modulinfo-common")
+        system.apt("install", *(self.packages[name] for name in needed))
+        module = system.root / "usr/share/tessara-modulinfo/modules/tessara-um-161.json"
+        read = run(system.root / "usr/bin/modulinfo", "read", "--simulate", module, "--language", "2",
+                   "--json", env=self.environment, cwd=self.home)
+        self.assertIn("No error", json.loads(read)["moduleStatus"])
 
     def test_apt_removes_the_development_package_with_the_library(self):
         system = self.system()
