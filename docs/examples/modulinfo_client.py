@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Reads a module through `modulinfo serve` and prints what it is.
+"""Reads a module through `modulinfo serve` and prints its data.
 
     modulinfo_client.py --simulate data/modules/tessara-tm-151.json
     modulinfo_client.py --port 3
 
-Needs nothing but Python 3.8. docs/bridge.md tells what the program understands.
+Needs only Python 3.8. docs/bridge.md describes the protocol.
 """
 
 import argparse
@@ -16,7 +16,7 @@ import sys
 
 
 class ControlError(Exception):
-    """A request failed. `number` is that of the control's run-time error, or None."""
+    """A request failed. `number` is the number of the control's run-time error, or None."""
 
     def __init__(self, error):
         super().__init__(error["message"])
@@ -37,13 +37,13 @@ class Control:
         return self
 
     def __exit__(self, *_):
-        # The end of its input ends the program in order.
+        # The program ends in order when its input ends.
         self.process.stdin.close()
         self.process.wait()
         self.process.stdout.close()
 
     def request(self, method, **params):
-        """Sends a request and gives its result; hands on what the control tells before it."""
+        """Sends a request and returns its result; passes on the notifications that arrive before it."""
         self.last_id += 1
         message = {"jsonrpc": "2.0", "id": self.last_id, "method": method, "params": params}
         self.process.stdin.write(json.dumps(message) + "\n")
@@ -71,14 +71,14 @@ class Control:
         return self.request("widget", widget=widget)["caption"]
 
 
-def tell(method, params):
-    """What happens meanwhile goes to standard error."""
+def print_notification(method, params):
+    """Prints a notification to standard error."""
     what = [params["name"], *params["args"]] if method == "event" else [method, params]
     print("  ...", *what, file=sys.stderr)
 
 
 def read_module(control, options):
-    """Brings the control up and reads the module once."""
+    """Starts the control and reads the module once."""
     control.set("AppPathString", str(options.folder))
     control.set("Language", options.language)
     control.set("Baudrate", options.baudrate)
@@ -106,23 +106,23 @@ def print_module(control):
 def main():
     program = shutil.which("modulinfo")
     parser = argparse.ArgumentParser(description="Read a module through modulinfo serve")
-    parser.add_argument("--program", default=program, help="modulinfo, if not in the path")
+    parser.add_argument("--program", default=program, help="the path of modulinfo, if it is not in PATH")
     parser.add_argument("--folder", type=pathlib.Path,
-                        help="the folder of the language files; that of the program otherwise")
-    parser.add_argument("--simulate", metavar="MODULE", help="simulate the module of this file")
-    parser.add_argument("--port", type=int, help="the number of the port: 3 for COM3")
+                        help="the folder of the language files; by default that of the program")
+    parser.add_argument("--simulate", metavar="MODULE", help="read the simulated module in this file")
+    parser.add_argument("--port", type=int, help="the port number: 3 for COM3")
     parser.add_argument("--baudrate", type=int, default=19200)
     parser.add_argument("--language", type=int, default=2, help="1 German, 2 English, ...")
     options = parser.parse_args()
     if options.program is None:
-        parser.error("modulinfo is not in the path: use --program")
+        parser.error("modulinfo is not in PATH: use --program")
     if options.folder is None:
         options.folder = pathlib.Path(options.program).resolve().parent
 
     command = [options.program, "serve"]
     if options.simulate:
         command += ["--simulate", options.simulate]
-    with Control(command, tell) as control:
+    with Control(command, print_notification) as control:
         read_module(control, options)
         print_module(control)
 
