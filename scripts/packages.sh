@@ -27,7 +27,7 @@ TEST_PACKAGES=(
   libgtest-dev libgmock-dev libumockdev-dev umockdev
   clang libclang-rt-14-dev clang-format clang-tidy
   libchm-bin fakeroot man-db zsh
-  poppler-utils locales socat mbpoll python3-pymodbus python3-serial python3-serial-asyncio
+  poppler-utils locales socat mbpoll python3-pymodbus python3-serial-asyncio
   xvfb openbox python3-xlib
 )
 
