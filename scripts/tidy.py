@@ -12,11 +12,11 @@ import json
 import os
 import pathlib
 import re
+import shlex
 import subprocess
 import sys
 
 INCLUDE = re.compile(rb'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
-INCLUDE_FOLDER = re.compile(r"(?:^|\s)-I\s*(\S+)")
 
 
 @functools.cache
@@ -41,7 +41,8 @@ def with_headers(source, folders):
 def key(source, command, rules):
     """A digest of everything on which clang-tidy's findings for `source` depend."""
     digest = hashlib.sha256(rules + command.encode())
-    folders = tuple(pathlib.Path(folder) for folder in INCLUDE_FOLDER.findall(command))
+    folders = tuple(pathlib.Path(word.removeprefix("-I")) for word in shlex.split(command)
+                    if word.startswith("-I"))
     for file in with_headers(source, folders):
         digest.update(hashlib.sha256(file.read_bytes()).digest())
     return digest.hexdigest()

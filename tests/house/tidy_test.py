@@ -22,10 +22,10 @@ class Tidy(unittest.TestCase):
         (self.root / "src").mkdir()
         (self.root / "build").mkdir()
         self.write(".clang-tidy", "Checks: '-*,modernize-use-nullptr'\nWarningsAsErrors: '*'\n")
-        (self.root / "shared").mkdir()
-        self.write("shared/number.h", "int* number();\n")
+        (self.root / "shared files").mkdir()
+        self.write("shared files/number.h", "int* number();\n")
         self.write("src/number.cpp", CLEAN)
-        self.compile_with(f"c++ -I{self.root}/shared -c src/number.cpp")
+        self.compile_with(f"c++ '-I{self.root}/shared files' -c src/number.cpp")
 
     def write(self, name, text):
         (self.root / name).write_text(text, "utf-8")
@@ -54,12 +54,12 @@ class Tidy(unittest.TestCase):
 
     def test_sources_are_checked_again_after_a_change_of_a_header(self):
         self.tidy()
-        self.write("shared/number.h", "int* number();\nint other();\n")
+        self.write("shared files/number.h", "int* number();\nint other();\n")
         self.assertEqual(self.tidy(), (0, "1 sources, 1 to check"))
 
     def test_a_source_is_checked_again_after_a_change_of_its_compile_command(self):
         self.tidy()
-        self.compile_with(f"c++ -O1 -I{self.root}/shared -c src/number.cpp")
+        self.compile_with(f"c++ -O1 '-I{self.root}/shared files' -c src/number.cpp")
         self.assertEqual(self.tidy(), (0, "1 sources, 1 to check"))
 
 
