@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "control/Transport.h"
 #include "linux/SettingsPorts.h"
+#include "ports/AdapterWords.h"
 
 namespace tessara {
 

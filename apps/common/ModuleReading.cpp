@@ -5,9 +5,8 @@
 #include <vector>
 
 #include "base/Text.h"
-#include "control/ModuleWide.h"
-#include "control/Transport.h"
 #include "localisation/Settings.h"
+#include "ports/AdapterWords.h"
 
 namespace tessara {
 
@@ -54,9 +53,8 @@ void selectPort(Widget& list, std::int16_t comPort) {
   list.select(static_cast<std::int32_t>(line - lines.begin()));
 }
 
-std::int16_t setting(const ModulInfoFLII& control, std::u16string_view name) {
-  return ReadNumber(live(moduleWide().RegistryHelper, "RegistryHelper"), name,
-                    control.decimalSeparator());
+std::int16_t setting(LinuxPlatform& platform, std::u16string_view name) {
+  return ReadNumber(*platform.createRegistryHelper(), name, platform.locale().decimalSeparator());
 }
 
 /// Brings the control up; without a port it takes the one that the settings name.
@@ -64,11 +62,11 @@ void showControl(ModulInfoFLII& control, LinuxPlatform& platform, const ReadRequ
                  std::optional<std::int16_t> comPort) {
   control.put_AppPathString(platform.appPath());
   control.put_Language(request.language ? static_cast<std::int16_t>(*request.language)
-                                        : setting(control, u"Language"));
-  control.put_ComPort(comPort ? *comPort : setting(control, u"COM Port"));
+                                        : setting(platform, u"Language"));
+  control.put_ComPort(comPort ? *comPort : setting(platform, u"COM Port"));
   control.put_Baudrate(request.baudrate);
   control.UserControl_Show();
-  if (request.address) control.panel.txtDevAddr.setText(decimalText(*request.address));
+  if (request.address) control.panel().widget(u"txtDevAddr").setText(decimalText(*request.address));
 }
 
 /// Why a connected module could not be read to the end.
@@ -86,7 +84,7 @@ void bringUp(ModulInfoFLII& control, LinuxPlatform& platform, const ReadRequest&
         request.comPort == usbReaderPort || platform.ports().deviceOf(request.comPort);
     if (!isKnown) failUnknownPort(request.comPort, platform.ports().ports());
     showControl(control, platform, request, request.comPort);
-    selectPort(control.panel.ComboComPort, request.comPort);
+    selectPort(control.panel().widget(u"ComboComPort"), request.comPort);
   } catch (const RunTimeError& error) {
     throw ReadFailure(ExitCode::NoConnection, error.what());
   }
@@ -99,7 +97,7 @@ void bringUpAtLastPort(ModulInfoFLII& control, LinuxPlatform& platform,
 
 void readOnce(ModulInfoFLII& control, LinuxPlatform& platform, const DeviceLog& log) {
   control.AutomaticConnection();
-  if (control.bDataValid) return;
+  if (control.get_DataValid() != 0) return;
   if (!log.hasConnected()) {
     throw ReadFailure(ExitCode::NoConnection,
                       "no connection: " + control.get_CommunicationObject()->connectFailure());

@@ -62,30 +62,32 @@ class MenuMaker {
 
 void makeMenus(QMenuBar& bar, const ModulInfoPanel& host, const HostTexts& words,
                const HostCommands& commands) {
-  const Panel& panel = host.control().panel;
+  const auto button = [&panel = host.control().panel()](std::u16string_view name) -> const Widget& {
+    return panel.widget(name);
+  };
   bar.clear();
   MenuMaker make(bar, host, words);
   make.begin(Word::MenuFile);
-  make.addButton(panel.CmdOpenDiskParameter, Word::OpenRecord);
-  make.addButton(panel.CmdSave2DiskParameter, Word::SaveRecord);
+  make.addButton(button(u"CmdOpenDiskParameter"), Word::OpenRecord);
+  make.addButton(button(u"CmdSave2DiskParameter"), Word::SaveRecord);
   make.addCommand(Word::SavePdf, {}, commands.savePdf);
-  make.addButton(panel.CmdPrintConfiguration, Word::PrintRecord);
+  make.addButton(button(u"CmdPrintConfiguration"), Word::PrintRecord);
   make.addCommandWithToldKeys(Word::CopyText, QKeySequence::Copy, commands.copyText);
   make.separate();
   make.addCommand(Word::Quit, QKeySequence(Qt::CTRL | Qt::Key_Q), commands.quit);
 
   make.begin(Word::MenuModule);
-  make.addButton(panel.CmdDeviceInfo);
-  make.addButton(panel.CmdStoreParameter);
-  make.addButton(panel.CmdOfflineConfigure);
+  make.addButton(button(u"CmdDeviceInfo"));
+  make.addButton(button(u"CmdStoreParameter"));
+  make.addButton(button(u"CmdOfflineConfigure"));
 
   make.begin(Word::MenuView);
   make.addCommand(Word::ShowEvents, QKeySequence(Qt::CTRL | Qt::Key_E), commands.showEvents);
 
   make.begin(Word::MenuHelp);
-  make.addButton(panel.CmdHelp);
-  make.addButton(panel.cmdSettings);
-  make.addButton(panel.CmdAbout);
+  make.addButton(button(u"CmdHelp"));
+  make.addButton(button(u"cmdSettings"));
+  make.addButton(button(u"CmdAbout"));
 }
 
 }  // namespace tessara

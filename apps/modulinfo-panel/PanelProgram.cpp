@@ -15,7 +15,6 @@
 #include "common/DeviceLog.h"
 #include "common/HeadlessMessageHelper.h"
 #include "common/ModuleReading.h"
-#include "control/ModuleWide.h"
 #include "linux/EmbeddedSimulator.h"
 #include "linux/LinuxPlatform.h"
 #include "qt/QtEventLoop.h"
@@ -46,7 +45,7 @@ void bringUpPanel(PanelWindow& window, LinuxPlatform& platform, const PanelReque
 /// Reads the module and writes what was asked for, also the picture of a read that failed.
 ExitCode readUnattended(PanelWindow& window, LinuxPlatform& platform, const DeviceLog& log,
                         const PanelRequest& request) {
-  if (window.control().ReaderMissing) {
+  if (window.control().panel().widget(u"ComboComPort").state().items.empty()) {
     return fail(ExitCode::NoConnection, "no port and no reader was found");
   }
   ExitCode code = ExitCode::Done;
@@ -100,7 +99,7 @@ ExitCode showModule(PanelRequest request, const EmbeddedSimulator* simulator) {
   loop.tickFailed = [&window](const std::exception& error) { window.tell(error.what()); };
 
   bringUpPanel(window, platform, request);
-  speakLanguageOf(moduleWide());
+  speakLanguageOf(window.control().texts());
   window.controlIsUp();
   if (request.isUnattended()) {
     return readUnattended(window, platform, log, request);

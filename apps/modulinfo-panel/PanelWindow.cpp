@@ -81,7 +81,7 @@ void PanelWindow::listen() {
 }
 
 void PanelWindow::controlIsUp() {
-  words_ = HostTexts::beside(moduleWide());
+  words_ = HostTexts::beside(control().texts());
   light_.setWords(words_);
   desk_.setWords(words_);
   nameWindow();
@@ -120,8 +120,8 @@ std::optional<ModuleRecord> PanelWindow::record() const {
 }
 
 RecordSheet PanelWindow::sheetOf(ModuleRecord record) const {
-  RecordSheet sheet{std::move(record), &moduleWide(), words_, {}};
-  sheet.logo = Picture::of(panel_.control().panel.PictureLogo.state().picture, {});
+  RecordSheet sheet{std::move(record), &ModulInfoFLII::texts(), words_, {}};
+  sheet.logo = Picture::of(panel_.control().panel().widget(u"PictureLogo").state().picture, {});
   return sheet;
 }
 
@@ -223,19 +223,19 @@ void PanelWindow::showEvents() {
 }
 
 void PanelWindow::nameWindow() {
-  const QString module = readable(control().panel.LabelDeviceName.caption());
+  const QString module = readable(control().panel().widget(u"LabelDeviceName").caption());
   const QString title = words_(Word::Title);
   setWindowTitle(module.isEmpty() ? title : module + " - " + title);
 }
 
 void PanelWindow::moduleWasRead() {
-  const Panel& panel = control().panel;
   // The module may be given parameters; the control leaves that to its host to say.
   control().UnLockCmdStore();
   // The rate that the person chose: a second attempt of the control goes past the list.
   bool isNumber = false;
-  const int baudrate = toQt(panel.ComboBaudrate.text()).toInt(&isNumber);
-  if (isNumber && !control().bNFCReader && !control().HartMode) {
+  const int baudrate = toQt(control().panel().widget(u"ComboBaudrate").text()).toInt(&isNumber);
+  const CommunicationObject* object = control().get_CommunicationObject();
+  if (isNumber && object != nullptr && object->name() == u"ModbusCommObject") {
     settings_.keepBaudrate(baudrate);
   }
 }

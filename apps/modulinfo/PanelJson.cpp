@@ -5,6 +5,8 @@
 #include "DeviceCallJson.h"
 #include "PanelText.h"
 #include "base/Text.h"
+#include "base/Variant.h"
+#include "knowledge/Firmware.h"
 
 namespace tessara {
 
@@ -12,22 +14,28 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-/// The number as far as the module gives one: HART transmitters tell their serial number as text.
+/// HART transmitters give their serial number as text, which only the panel keeps.
 Json serialNumber(const ModulInfoFLII& control) {
-  if (const auto* number = std::get_if<std::uint64_t>(&control.SerialNumber)) return *number;
-  return withoutPadding(control.panel.LblSerialNumber.caption());
+  if (control.vendorId() == hartVendor) {
+    return withoutPadding(control.panel().widget(u"LblSerialNumber").caption());
+  }
+  return std::get<std::uint64_t>(control.get_SerialNumber());
 }
 
 /// The number of the picture that shows the module's state: 1 without a fault, 2 with any other.
-Json statePicture(const Panel& panel) {
-  const auto* number = std::get_if<std::int32_t>(&panel.ImageDevState.state().picture);
-  return number != nullptr && panel.ImageDevState.visible() ? Json(*number) : Json();
+Json statePicture(const Widget& image) {
+  const auto* number = std::get_if<std::int32_t>(&image.state().picture);
+  return number != nullptr && image.visible() ? Json(*number) : Json();
+}
+
+std::string utf8(const Variant& value) {
+  return toUtf8(toText(value, {}));
 }
 
 Json linksOf(const ModulInfoFLII& control) {
-  return {{"product", toUtf8(control.ProductLink)},
-          {"datasheet", toUtf8(control.DatasheetLink)},
-          {"packb", toUtf8(control.PackbLink)}};
+  return {{"product", utf8(control.get_ProductLink())},
+          {"datasheet", utf8(control.get_DatasheetLink())},
+          {"packb", utf8(control.get_PackbLink())}};
 }
 
 Json traceOf(const std::vector<DeviceCall>& calls) {
@@ -39,24 +47,25 @@ Json traceOf(const std::vector<DeviceCall>& calls) {
 }  // namespace
 
 std::string panelJson(const ModulInfoFLII& control, const std::vector<DeviceCall>* trace) {
-  const Panel& panel = control.panel;
-  Json json{{"port", "COM" + std::to_string(control.ComPort)},
-            {"adapter", toUtf8(panel.ComboComPort.text())},
-            {"baudrate", control.Baudrate},
-            {"address", control.DevAddr},
-            {"vendorId", control.VendorID},
-            {"groupId", control.GroupID},
-            {"familyId", control.FamilyID},
-            {"deviceId", control.DeviceID},
-            {"deviceName", withoutPadding(control.DeviceName)},
-            {"description", withoutPadding(panel.LabelDeviceDescription.caption())},
-            {"firmwareVersion", withoutPadding(control.FwVersion)},
+  const WidgetOwner& panel = control.panel();
+  const auto caption = [&](std::u16string_view label) { return panel.widget(label).caption(); };
+  Json json{{"port", "COM" + std::to_string(control.get_ComPort())},
+            {"adapter", toUtf8(panel.widget(u"ComboComPort").text())},
+            {"baudrate", control.get_Baudrate()},
+            {"address", control.get_DevAddr()},
+            {"vendorId", control.vendorId()},
+            {"groupId", control.groupId()},
+            {"familyId", control.get_FamilyID()},
+            {"deviceId", control.get_DeviceID()},
+            {"deviceName", withoutPadding(toText(control.get_DeviceName(), {}))},
+            {"description", withoutPadding(caption(u"LabelDeviceDescription"))},
+            {"firmwareVersion", withoutPadding(toText(control.get_FwVersion(), {}))},
             {"serialNumber", serialNumber(control)},
-            {"moduleStatus", toUtf8(panel.LblModulState.caption())},
-            {"channelStatus", toUtf8(panel.LblChnState.caption())},
-            {"statePicture", statePicture(panel)},
+            {"moduleStatus", toUtf8(caption(u"LblModulState"))},
+            {"channelStatus", toUtf8(caption(u"LblChnState"))},
+            {"statePicture", statePicture(panel.widget(u"ImageDevState"))},
             {"links", linksOf(control)},
-            {"statusString", toUtf8(control.StatusString)},
+            {"statusString", utf8(control.get_StatusString())},
             {"dataValid", control.get_DataValid()}};
   if (trace != nullptr) json["trace"] = traceOf(*trace);
   return json.dump(2) + '\n';

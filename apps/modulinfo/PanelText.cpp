@@ -1,11 +1,12 @@
 #include "PanelText.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 #include <vector>
 
 #include "base/Text.h"
-#include "control/ModuleWide.h"
+#include "base/Variant.h"
 
 namespace tessara {
 
@@ -14,21 +15,20 @@ namespace {
 using Row = std::pair<std::string, std::string>;
 
 /// A row of the panel: the caption and what stands beside it.
-std::vector<std::pair<const Widget*, const Widget*>> panelRows(const Panel& panel) {
-  return {{&panel.LngLabel[1], &panel.ComboComPort},
-          {&panel.LngLabel[2], &panel.ComboBaudrate},
-          {&panel.LngLabel[0], &panel.txtDevAddr},
-          {&panel.LngLabel[3], &panel.LabelDeviceName},
-          {&panel.LngLabel[5], &panel.LabelDeviceDescription},
-          {&panel.LngLabel[4], &panel.LblFwVersion},
-          {&panel.LngLabel[6], &panel.LblSerialNumber},
-          {&panel.Label1, &panel.LblVendorID},
-          {&panel.UniLabel3, &panel.LblGroupID},
-          {&panel.UniLabel1, &panel.LblFamilyID},
-          {&panel.UniLabel2, &panel.LblDeviceID},
-          {&panel.LngLabel[7], &panel.LblModulState},
-          {&panel.LngLabel[8], &panel.LblChnState}};
-}
+constexpr std::array<std::pair<std::u16string_view, std::u16string_view>, 13> panelRows{
+    {{u"LngLabel[1]", u"ComboComPort"},
+     {u"LngLabel[2]", u"ComboBaudrate"},
+     {u"LngLabel[0]", u"txtDevAddr"},
+     {u"LngLabel[3]", u"LabelDeviceName"},
+     {u"LngLabel[5]", u"LabelDeviceDescription"},
+     {u"LngLabel[4]", u"LblFwVersion"},
+     {u"LngLabel[6]", u"LblSerialNumber"},
+     {u"Label1", u"LblVendorID"},
+     {u"UniLabel3", u"LblGroupID"},
+     {u"UniLabel1", u"LblFamilyID"},
+     {u"UniLabel2", u"LblDeviceID"},
+     {u"LngLabel[7]", u"LblModulState"},
+     {u"LngLabel[8]", u"LblChnState"}}};
 
 std::string valueOf(const Widget& widget) {
   return withoutPadding(widget.kind() == WidgetKind::Label ? widget.caption() : widget.text());
@@ -36,16 +36,20 @@ std::string valueOf(const Widget& widget) {
 
 std::vector<Row> rowsOf(const ModulInfoFLII& control) {
   std::vector<Row> rows;
-  for (const auto& [caption, value] : panelRows(control.panel)) {
-    if (value->visible()) rows.emplace_back(withoutPadding(caption->caption()), valueOf(*value));
+  for (const auto& [caption, value] : panelRows) {
+    const Widget& widget = control.panel().widget(value);
+    if (widget.visible()) {
+      rows.emplace_back(withoutPadding(control.panel().widget(caption).caption()), valueOf(widget));
+    }
   }
-  const auto addUnlessEmpty = [&](const std::string& caption, const std::u16string& value) {
-    if (!value.empty()) rows.emplace_back(caption, withoutPadding(value));
+  const auto addUnlessEmpty = [&](const std::string& caption, const Variant& value) {
+    const std::u16string text = toText(value, {});
+    if (!text.empty()) rows.emplace_back(caption, withoutPadding(text));
   };
-  addUnlessEmpty("ProductLink:", control.ProductLink);
-  addUnlessEmpty("DatasheetLink:", control.DatasheetLink);
-  addUnlessEmpty("PackbLink:", control.PackbLink);
-  addUnlessEmpty(toUtf8(moduleWide().TextModulInfo[7]) + ":", control.StatusString);
+  addUnlessEmpty("ProductLink:", control.get_ProductLink());
+  addUnlessEmpty("DatasheetLink:", control.get_DatasheetLink());
+  addUnlessEmpty("PackbLink:", control.get_PackbLink());
+  addUnlessEmpty(toUtf8(control.texts().TextModulInfo[7]) + ":", control.get_StatusString());
   return rows;
 }
 

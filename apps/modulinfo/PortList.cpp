@@ -10,7 +10,7 @@
 #include <nlohmann/json.hpp>
 
 #include "base/Text.h"
-#include "control/Transport.h"
+#include "ports/AdapterWords.h"
 
 namespace tessara {
 namespace {

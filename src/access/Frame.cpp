@@ -2,54 +2,52 @@
 #include <utility>
 
 #include "access/RegisterDecoding.h"
-#include "control/ModulInfoFLII.h"
+#include "control/Control.h"
 
 namespace tessara {
+namespace {
 
-CommunicationObject& ModulInfoFLII::comm() const {
+/// The fourth argument of every read on the register path.
+constexpr std::int32_t registerAccess = 2;
+
+}  // namespace
+
+CommunicationObject& Control::comm() const {
   return live(CommObject, "CommObject");
 }
 
-bool ModulInfoFLII::connect() {
+bool Control::connect() {
   DeviceConnected = CommObject && CommObject->ConnectWithSerialDevice(ComPort, Baudrate);
   return DeviceConnected;
 }
 
-void ModulInfoFLII::closeConnection() {
+void Control::closeConnection() {
   if (CommObject) {
     CommObject->CloseSerialConnection();
   }
   DeviceConnected = false;
 }
 
-void ModulInfoFLII::closeAfterFailure() {
+void Control::closeAfterFailure() {
   try {
     closeConnection();
   } catch (const std::exception&) {
-    // The access has failed already, and the host is told so; a port that cannot even be closed is
-    // as closed as it will be.
+    // The access has failed already, and the host is told so. A port that cannot even be closed
+    // counts as closed.
     DeviceConnected = false;
   }
 }
 
-void ModulInfoFLII::stopScan() {
+DeviceWords Control::readWords(std::int32_t address, std::int16_t count) {
+  return comm().ReadInputRegisters(DevAddr, address, count, registerAccess);
+}
+
+void Control::stopScan() {
   setScanTimer(false);
   ScanEnabled = false;
 }
 
-void ModulInfoFLII::showModulState(std::u16string text) {
-  panel.LblModulState.setCaption(std::move(text));
-  panel.LblModulState.setToolTipTitle(moduleWide().TextModulInfo[21]);
-  panel.LblModulState.setToolTipText(panel.LblModulState.caption());
-}
-
-void ModulInfoFLII::showChnState(std::u16string text) {
-  panel.LblChnState.setCaption(std::move(text));
-  panel.LblChnState.setToolTipTitle(moduleWide().TextModulInfo[22]);
-  panel.LblChnState.setToolTipText(panel.LblChnState.caption());
-}
-
-void ModulInfoFLII::storeIdentification(const DeviceWords& words) {
+void Control::storeIdentification(const DeviceWords& words) {
   VendorID = wordOf(words, 0);
   GroupID = wordOf(words, 1);
   FamilyID = wordOf(words, 2);

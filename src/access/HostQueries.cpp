@@ -1,116 +1,108 @@
 #include <exception>
+#include <functional>
 
 #include "access/RegisterDecoding.h"
+#include "access/StatusAccess.h"
+#include "control/Control.h"
 #include "control/ModulInfoFLII.h"
-#include "knowledge/ChannelStatus.h"
 #include "knowledge/Conversions.h"
-#include "knowledge/ModuleStatus.h"
 
 namespace tessara {
 namespace {
 
-/// What CheckDeviceType gives.
+/// Results of CheckDeviceType.
 constexpr std::int32_t deviceDiffers = 0;
 constexpr std::int32_t deviceFits = 1;
 constexpr std::int32_t queryFailed = 3;
 
 }  // namespace
 
-std::int32_t ModulInfoFLII::get_CheckDeviceType() {
+bool Control::connectAndRead(const std::function<void()>& read) {
+  connect();
+  setStatus(moduleWide().TextModulInfo[13]);
+  if (!DeviceConnected) {
+    setStatus(moduleWide().TextModulInfo[14]);
+    closeConnection();
+    raiseModulActive(Activity::ConnectionFailed);
+    return false;
+  }
+  read();
+  closeConnection();
+  raiseModulActive(Activity::AccessOver);
+  return true;
+}
+
+std::int32_t Control::checkDeviceType() {
   ScanEnabled = panel.TimerScanDevice.enabled();
   setScanTimer(false);
   try {
     raiseModulActive(Activity::Busy);
-    connect();
-    setStatus(moduleWide().TextModulInfo[13]);
-    if (!DeviceConnected) {
-      failedToConnect();
+    std::int16_t family = 0;
+    std::int16_t device = 0;
+    double version = 0;
+    const bool bRead = connectAndRead([&] {
+      const DeviceWords record = comm().ReadDeviceIdentifier(DevAddr);
+      (void)elementOf(record, 0);
+      (void)elementOf(record, 1);
+      family = wordOf(record, 2);
+      device = wordOf(record, 3);
+      version = RoundToThreeDecimals(readVersion(registers::firmwareVersion));
+    });
+    if (!bRead) {
       return deviceDiffers;
     }
-    const DeviceWords record = comm().ReadDeviceIdentifier(DevAddr);
-    (void)elementOf(record, 0);
-    (void)elementOf(record, 1);
-    const std::int16_t family = wordOf(record, 2);
-    const std::int16_t device = wordOf(record, 3);
-    const double version = RoundToThreeDecimals(readFirmwareVersion());
-    closeConnection();
-    raiseModulActive(Activity::AccessOver);
-    const bool fits =
+    const bool bFits =
         family == FamilyID && device == DeviceID &&
         static_cast<float>(RoundToThreeDecimals(FirmwareVers)) == static_cast<float>(version);
     setScanTimer(ScanEnabled);
-    return fits ? deviceFits : deviceDiffers;
+    return bFits ? deviceFits : deviceDiffers;
   } catch (const std::exception&) {
-    failedQuery(Activity::ConnectionFailed);
+    failedQuery(Activity::ConnectionFailed, true);
     return queryFailed;
   }
 }
 
-void ModulInfoFLII::GetFWVersion() {
+void Control::waitAndRead(const std::function<void()>& read) {
   try {
     raiseModulActive(Activity::Busy);
-    waitForConnectionToFall();
-    connect();
-    setStatus(moduleWide().TextModulInfo[13]);
-    if (!DeviceConnected) {
-      failedToConnect();
-      return;
+    while (DeviceConnected && initialized_) {
+      yield();
     }
-    takeFirmwareVersion();
-    closeConnection();
-    raiseModulActive(Activity::AccessOver);
+    connectAndRead(read);
   } catch (const std::exception&) {
-    failedQuery(Activity::AccessOver);
+    failedQuery(Activity::AccessOver, true);
   }
+}
+
+std::int32_t ModulInfoFLII::get_CheckDeviceType() {
+  return control_->checkDeviceType();
+}
+
+void ModulInfoFLII::GetFWVersion() {
+  control_->waitAndRead([this] { control_->takeFirmwareVersion(); });
 }
 
 void ModulInfoFLII::GetDeviceInformation() {
-  try {
-    raiseModulActive(Activity::Busy);
-    waitForConnectionToFall();
-    connect();
-    setStatus(moduleWide().TextModulInfo[13]);
-    if (!DeviceConnected) {
-      failedToConnect();
-      return;
-    }
-    storeIdentification(comm().ReadDeviceIdentifier(DevAddr));
-    closeConnection();
-    raiseModulActive(Activity::AccessOver);
-  } catch (const std::exception&) {
-    failedQuery(Activity::AccessOver);
-  }
+  control_->waitAndRead([this] {
+    control_->storeIdentification(control_->comm().ReadDeviceIdentifier(control_->DevAddr));
+  });
 }
 
 void ModulInfoFLII::GetDeviceStatus() {
-  raiseModulActive(Activity::Busy);
-  yield();
+  control_->raiseModulActive(Activity::Busy);
+  control_->yield();
   try {
-    connect();
-    setStatus(moduleWide().TextModulInfo[13]);
-    if (!DeviceConnected) {
-      failedToConnect();
-      return;
-    }
-    readModuleWords();
-    setStatus({});
-    panel.ImageDevState.setPicture(pictureOther);
-    showModuleWords();
-    StatusWord = wordOf(readWords(RegChnIn, 1), 0);
-    const std::int16_t output = wordOf(readWords(RegChnOut, 1), 0);
-    showChnState(DecodeChannelStatus(StatusWord, output, bNFCReader, FamilyID, moduleWide()));
-    panel.ImageDevState.setVisible(true);
-    closeConnection();
-    raiseModulActive(Activity::AccessOver);
+    control_->connectAndRead([this] {
+      control_->readRegisterStatus(statusOfQuery);
+      control_->panel.ImageDevState.setVisible(true);
+    });
   } catch (const std::exception&) {
-    setStatus(moduleWide().TextModulInfo[14]);
-    closeAfterFailure();
-    raiseModulActive(Activity::ConnectionFailed);
+    control_->failedQuery(Activity::ConnectionFailed, false);
   }
 }
 
-void ModulInfoFLII::CmdStoreParameter_Click() {
-  const std::int32_t result = get_CheckDeviceType();
+void Control::CmdStoreParameter_Click() {
+  const std::int32_t result = checkDeviceType();
   if (result == deviceFits) {
     raise(&HostEvents::SetConfiguration);
   } else if (result == deviceDiffers) {
@@ -118,22 +110,12 @@ void ModulInfoFLII::CmdStoreParameter_Click() {
   }
 }
 
-void ModulInfoFLII::waitForConnectionToFall() {
-  while (DeviceConnected && initialized_) {
-    yield();
-  }
-}
-
-void ModulInfoFLII::failedToConnect() {
-  setStatus(moduleWide().TextModulInfo[14]);
-  closeConnection();
-  raiseModulActive(Activity::ConnectionFailed);
-}
-
-void ModulInfoFLII::failedQuery(Activity activity) {
+void Control::failedQuery(Activity activity, bool bStopsScan) {
   setStatus(moduleWide().TextModulInfo[14]);
   closeAfterFailure();
-  stopScan();
+  if (bStopsScan) {
+    stopScan();
+  }
   raiseModulActive(activity);
 }
 

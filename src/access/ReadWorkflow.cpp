@@ -1,7 +1,9 @@
 #include <exception>
 
 #include "access/RegisterDecoding.h"
+#include "access/StatusAccess.h"
 #include "base/Text.h"
+#include "control/Control.h"
 #include "control/ModulInfoFLII.h"
 #include "knowledge/Firmware.h"
 
@@ -10,29 +12,28 @@ namespace {
 
 /// The rate of the one retry.
 constexpr std::int32_t retryBaudrate = 115200;
-/// More attempts than this and the read is given up.
-constexpr std::int16_t attemptsWithRetry = 1;
-/// What the read and the write sides of HART take for the register path's 2.
-constexpr std::int32_t registerAccess = 2;
+/// A read that fails after more attempts than this is given up.
+constexpr std::int16_t maxAttemptsBeforeRetry = 1;
+/// The fourth argument of every read on the HART path.
 constexpr std::int32_t hartAccess = 12;
 
 }  // namespace
 
 void ModulInfoFLII::AutomaticConnection() {
-  if (ReaderMissing) {
-    raiseModulActive(Activity::NoInterface);
+  if (control_->ReaderMissing) {
+    control_->raiseModulActive(Activity::NoInterface);
     return;
   }
-  CmdDeviceInfo_Click();
+  control_->CmdDeviceInfo_Click();
 }
 
-void ModulInfoFLII::CmdDeviceInfo_Click() {
+void Control::CmdDeviceInfo_Click() {
   do {
     prepareRead();
   } while (!readModule() && mayRetryRead());
 }
 
-void ModulInfoFLII::prepareRead() {
+void Control::prepareRead() {
   setScanTimer(false);
   SetReadButton(false);
   SetStoreButton(false);
@@ -44,11 +45,11 @@ void ModulInfoFLII::prepareRead() {
   setStatus(moduleWide().TextModulInfo[15]);
 }
 
-bool ModulInfoFLII::readModule() {
+bool Control::readModule() {
   bool bConnectFailed = false;
   try {
     raiseModulActive(Activity::Busy);
-    // Store and Offline are off already, so that they are remembered as off.
+    // Store and Offline are already off, and are remembered as off.
     saveButtons();
     yield();
     bConnectFailed = !connect();
@@ -64,12 +65,12 @@ bool ModulInfoFLII::readModule() {
       }
     }
   } catch (const std::exception&) {
-    // A module that does not answer, a wrong address and an unreadable catalogue all end alike.
+    // A silent module, a wrong address and an unreadable catalogue all end the same way.
   }
-  // A read that went through may still have failed to close.
+  // A complete read may still have failed to close.
   bDataValid = false;
   if (bConnectFailed) {
-    ConnectAttempts = attemptsWithRetry + 1;
+    ConnectAttempts = maxAttemptsBeforeRetry + 1;
     DeviceConnected = false;
   } else {
     closeAfterFailure();
@@ -77,7 +78,7 @@ bool ModulInfoFLII::readModule() {
   return false;
 }
 
-void ModulInfoFLII::readIdentification() {
+void Control::readIdentification() {
   storeIdentification(comm().ReadDeviceIdentifier(DevAddr));
   panel.LblVendorID.setCaption(decimalText(std::int32_t{VendorID}));
   panel.LblGroupID.setCaption(decimalText(std::int32_t{GroupID}));
@@ -85,11 +86,11 @@ void ModulInfoFLII::readIdentification() {
   panel.LblDeviceID.setCaption(decimalText(std::int32_t{DeviceID}));
 }
 
-CatalogResult ModulInfoFLII::readByVendor() {
+CatalogResult Control::readByVendor() {
   return VendorID == hartVendor ? readHartTexts() : readRegisters();
 }
 
-CatalogResult ModulInfoFLII::readHartTexts() {
+CatalogResult Control::readHartTexts() {
   const auto readText = [this](std::int32_t address) {
     constexpr std::int16_t hartSlave = 0;
     yield();
@@ -103,7 +104,7 @@ CatalogResult ModulInfoFLII::readHartTexts() {
   return LookupDevice(FamilyID, DeviceID);
 }
 
-CatalogResult ModulInfoFLII::readRegisters() {
+CatalogResult Control::readRegisters() {
   takeFirmwareVersion();
   SecondVersion = static_cast<float>(readVersion(registers::secondVersion));
 
@@ -123,26 +124,29 @@ CatalogResult ModulInfoFLII::readRegisters() {
   return found;
 }
 
-double ModulInfoFLII::readVersion(std::int32_t address) {
+double Control::readVersion(std::int32_t address) {
   return DecodeVersionWord(elementOf(readWords(address, 1), 0),
                            live(moduleWide().BitFieldHelper, "BitFieldHelper"));
 }
 
-double ModulInfoFLII::readFirmwareVersion() {
-  return readVersion(registers::firmwareVersion);
-}
-
-void ModulInfoFLII::takeFirmwareVersion() {
-  FirmwareVers = static_cast<float>(readFirmwareVersion());
+void Control::takeFirmwareVersion() {
+  FirmwareVers = static_cast<float>(readVersion(registers::firmwareVersion));
   panel.LblFwVersion.setCaption(VersionText(FirmwareVers, decimalSeparator()));
   FwVersion = panel.LblFwVersion.caption();
 }
 
-DeviceWords ModulInfoFLII::readWords(std::int32_t address, std::int16_t count) {
-  return comm().ReadInputRegisters(DevAddr, address, count, registerAccess);
+void Control::readStatusByVendor() {
+  if (VendorID == hartVendor) {
+    readHartStatus(statusOfRead);
+  } else if (DevAddr == statusAddress) {
+    readRegisterStatus(statusOfRead);
+  } else {
+    panel.LblModulState.setCaption({});
+    panel.LblChnState.setCaption({});
+  }
 }
 
-void ModulInfoFLII::finishRead() {
+void Control::finishRead() {
   panel.ImageDevState.setVisible(true);
   bDataValid = true;
   closeConnection();
@@ -157,9 +161,9 @@ void ModulInfoFLII::finishRead() {
   ConnectAttempts = 0;
 }
 
-bool ModulInfoFLII::mayRetryRead() {
-  if (ConnectAttempts <= attemptsWithRetry) {
-    // Written past the property: the list goes on showing the rate that the user chose.
+bool Control::mayRetryRead() {
+  if (ConnectAttempts <= maxAttemptsBeforeRetry) {
+    // Not through the property: the list keeps showing the rate that the user chose.
     Baudrate = retryBaudrate;
     return true;
   }

@@ -1,30 +1,27 @@
 #include <exception>
 #include <limits>
 
-#include "access/RegisterDecoding.h"
-#include "base/Text.h"
-#include "control/ModulInfoFLII.h"
-#include "knowledge/ChannelStatus.h"
+#include "access/StatusAccess.h"
+#include "control/Control.h"
 #include "knowledge/Firmware.h"
-#include "knowledge/ModuleStatus.h"
 
 namespace tessara {
 namespace {
 
-/// So many failed passes are borne in a control's life; the next one ends the scan.
-constexpr std::int16_t bearableFailures = 10;
-/// The same in every language: it stands in no text table.
+/// Maximum failed scans per control; the next one ends the scan.
+constexpr std::int16_t maxScanFailures = 10;
+/// The same in every language, so it is not in the text tables.
 constexpr std::u16string_view offlineText = u"Offline";
 
 }  // namespace
 
-void ModulInfoFLII::ScanTick() {
+void Control::ScanTick() {
   if (!HostActive && !DeviceConnected) {
     ScanDevice();
   }
 }
 
-void ModulInfoFLII::ScanDevice() {
+void Control::ScanDevice() {
   try {
     raiseModulActive(Activity::Scanning);
     yield();
@@ -36,62 +33,25 @@ void ModulInfoFLII::ScanDevice() {
       return;
     }
     if (VendorID == hartVendor) {
-      scanHart();
+      readHartStatus(statusOfScan);
     } else {
-      scanRegisters();
+      readRegisterStatus(statusOfScan);
     }
+    panel.ImageDevState.setVisible(true);
     closeConnection();
   } catch (const std::exception&) {
     failedScan();
   }
 }
 
-void ModulInfoFLII::scanHart() {
-  yield();
-  Cmd48Reply reply{};
-  const std::int16_t count = comm().CMD48(reply);
-  setStatus({});
-  yield();
-  panel.ImageDevState.setPicture(pictureOther);
-  std::u16string module;
-  std::u16string channel;
-  if (count >= 1) {
-    module = decimalText(std::int32_t{reply[1]});
-    channel = decimalText(std::int32_t{reply[0]});
-  }
-  // Tested whatever the count: without a reply the byte is still zero, and the module counts as
-  // good.
-  if (reply[1] == 0) {
-    module += u" -> " + moduleWide().TextStatus[0];
-    panel.ImageDevState.setPicture(pictureGood);
-  }
-  showModulState(std::move(module));
-  showChnState(std::move(channel));
-  panel.ImageDevState.setVisible(true);
-}
-
-void ModulInfoFLII::scanRegisters() {
-  readModuleWords();
-  setStatus({});
-  yield();
-  panel.ImageDevState.setPicture(pictureOther);
-  showModuleWords();
-  StatusWord = wordOf(readWords(RegChnIn, 1), 0);
-  yield();
-  const std::int16_t output = wordOf(readWords(RegChnOut, 1), 0);
-  yield();
-  showChnState(DecodeChannelStatus(StatusWord, output, bNFCReader, FamilyID, moduleWide()));
-  panel.ImageDevState.setVisible(true);
-}
-
-void ModulInfoFLII::failedScan() {
+void Control::failedScan() {
   yield();
   closeAfterFailure();
   raiseModulActive(Activity::AccessOver);
   if (ScanErrorCount < std::numeric_limits<std::int16_t>::max()) {
     ++ScanErrorCount;
   }
-  if (ScanErrorCount > bearableFailures) {
+  if (ScanErrorCount > maxScanFailures) {
     stopScan();
     setStatus(std::u16string(offlineText));
   }

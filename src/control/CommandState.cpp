@@ -1,5 +1,6 @@
 #include <array>
 
+#include "control/Control.h"
 #include "control/ModulInfoFLII.h"
 
 namespace tessara {
@@ -35,37 +36,37 @@ void setButton(Panel& panel, Widget Panel::*button, bool bEnabled) {
 
 }  // namespace
 
-void ModulInfoFLII::ApplyButtonImages() {
+void Control::ApplyButtonImages() {
   for (const auto& image : buttonImages) {
     (panel.*image.button).setPicture(std::u16string(image.key));
   }
 }
 
-void ModulInfoFLII::SetStoreButton(const bool& bEnabled) {
+void Control::SetStoreButton(const bool& bEnabled) {
   setButton(panel, &Panel::CmdStoreParameter, bEnabled);
 }
 
-void ModulInfoFLII::SetReadButton(const bool& bEnabled) {
+void Control::SetReadButton(const bool& bEnabled) {
   setButton(panel, &Panel::CmdDeviceInfo, bEnabled);
 }
 
-void ModulInfoFLII::SetOfflineButton(const bool& bEnabled) {
+void Control::SetOfflineButton(const bool& bEnabled) {
   setButton(panel, &Panel::CmdOfflineConfigure, bEnabled);
 }
 
-void ModulInfoFLII::SetOpenButton(const bool& bEnabled) {
+void Control::SetOpenButton(const bool& bEnabled) {
   setButton(panel, &Panel::CmdOpenDiskParameter, bEnabled);
 }
 
-void ModulInfoFLII::SetSaveButton(const bool& bEnabled) {
+void Control::SetSaveButton(const bool& bEnabled) {
   setButton(panel, &Panel::CmdSave2DiskParameter, bEnabled);
 }
 
-void ModulInfoFLII::SetPrintButton(const bool& bEnabled) {
+void Control::SetPrintButton(const bool& bEnabled) {
   setButton(panel, &Panel::CmdPrintConfiguration, bEnabled);
 }
 
-void ModulInfoFLII::ClearPanel() {
+void Control::ClearPanel() {
   constexpr std::array labels{&Panel::LabelDeviceName,
                               &Panel::LblVendorID,
                               &Panel::LblGroupID,
@@ -83,33 +84,33 @@ void ModulInfoFLII::ClearPanel() {
 }
 
 Variant ModulInfoFLII::LockCmdStore() {
-  bCmdStoreLocked = true;
-  SetStoreButton(false);
+  control_->bCmdStoreLocked = true;
+  control_->SetStoreButton(false);
   return {};
 }
 
 Variant ModulInfoFLII::UnLockCmdStore() {
-  bCmdStoreLocked = false;
-  SetStoreButton(true);
+  control_->bCmdStoreLocked = false;
+  control_->SetStoreButton(true);
   return {};
 }
 
 Variant ModulInfoFLII::EnableCmdStore() {
-  if (!bCmdStoreLocked) {
-    SetStoreButton(true);
+  if (!control_->bCmdStoreLocked) {
+    control_->SetStoreButton(true);
   }
   return {};
 }
 
 Variant ModulInfoFLII::DisableCmdStore() {
-  SetStoreButton(false);
-  SetOpenButton(false);
-  SetSaveButton(false);
-  SetPrintButton(false);
+  control_->SetStoreButton(false);
+  control_->SetOpenButton(false);
+  control_->SetSaveButton(false);
+  control_->SetPrintButton(false);
   return {};
 }
 
-void ModulInfoFLII::CmdOfflineConfigure_Click() {
+void Control::CmdOfflineConfigure_Click() {
   OfflineMode = true;
   SetReadButton(true);
   SetStoreButton(true);
@@ -127,13 +128,13 @@ void ModulInfoFLII::CmdOfflineConfigure_Click() {
   stopScan();
 }
 
-void ModulInfoFLII::CmdOpenDiskParameter_Click() {
+void Control::CmdOpenDiskParameter_Click() {
   raise(&HostEvents::LoadConfiguration);
 }
-void ModulInfoFLII::CmdSave2DiskParameter_Click() {
+void Control::CmdSave2DiskParameter_Click() {
   raise(&HostEvents::SaveConfiguration);
 }
-void ModulInfoFLII::CmdPrintConfiguration_Click() {
+void Control::CmdPrintConfiguration_Click() {
   raise(&HostEvents::PrintConfiguration);
 }
 

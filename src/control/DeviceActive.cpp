@@ -2,6 +2,7 @@
 #include <array>
 #include <optional>
 
+#include "control/Control.h"
 #include "control/ModulInfoFLII.h"
 
 namespace tessara {
@@ -31,7 +32,7 @@ constexpr std::array<Declaration, 7> declarations{{
 
 }  // namespace
 
-void ModulInfoFLII::saveAndDisableButtons() {
+void Control::saveAndDisableButtons() {
   saveButtons();
   SetStoreButton(false);
   SetOfflineButton(false);
@@ -41,14 +42,14 @@ void ModulInfoFLII::saveAndDisableButtons() {
   SetReadButton(false);
 }
 
-void ModulInfoFLII::saveButtons() {
+void Control::saveButtons() {
   SavedCmdEnabled[0] = panel.CmdStoreParameter.enabled();
   SavedCmdEnabled[1] = panel.CmdOfflineConfigure.enabled();
   SavedCmdEnabled[2] = panel.CmdOpenDiskParameter.enabled();
   SavedCmdEnabled[3] = panel.CmdSave2DiskParameter.enabled();
 }
 
-void ModulInfoFLII::restoreButtons(bool bOfflineEnabled) {
+void Control::restoreButtons(bool bOfflineEnabled) {
   SetReadButton(true);
   SetStoreButton(SavedCmdEnabled[0]);
   SetOfflineButton(bOfflineEnabled);
@@ -67,25 +68,25 @@ void ModulInfoFLII::put_DeviceActive(std::int32_t lActive) {
     case Buttons::Stay:
       break;
     case Buttons::SaveAndOff:
-      saveAndDisableButtons();
+      control_->saveAndDisableButtons();
       break;
     case Buttons::BackOn:
-      restoreButtons(true);
+      control_->restoreButtons(true);
       break;
     case Buttons::BackOnPrintOff:
-      restoreButtons(true);
-      SetPrintButton(false);
+      control_->restoreButtons(true);
+      control_->SetPrintButton(false);
       break;
     case Buttons::BackOnAll:
-      restoreButtons(SavedCmdEnabled[1]);
-      SetPrintButton(true);
+      control_->restoreButtons(control_->SavedCmdEnabled[1]);
+      control_->SetPrintButton(true);
       break;
   }
-  HostActive = declared->hostActive.value_or(HostActive);
+  control_->HostActive = declared->hostActive.value_or(control_->HostActive);
   if (declared->stopsTimer) {
-    stopScan();
+    control_->stopScan();
   }
-  raiseModulActive(declared->activity);
+  control_->raiseModulActive(declared->activity);
 }
 
 }  // namespace tessara

@@ -3,9 +3,11 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/Variant.h"
+#include "knowledge/CatalogResult.h"
 #include "knowledge/DeviceProfile.h"
 #include "platform/CommunicationObject.h"
 
@@ -76,6 +78,8 @@ struct Fields : DeviceProfile {
   std::u16string sNFCMCURevision;
   /// The last LED status word.
   std::int32_t LedWord = 0;
+  /// The result of the last catalogue lookup; nothing before the first.
+  std::optional<CatalogResult> catalogVerdict;
   /// Version text of the host, for the about box.
   std::u16string VersionString;
   /// A text that the host keeps here.

@@ -1,4 +1,5 @@
 #include "access/RegisterDecoding.h"
+#include "control/Control.h"
 #include "control/ModulInfoFLII.h"
 #include "knowledge/Conversions.h"
 #include "localisation/Settings.h"
@@ -6,24 +7,18 @@
 namespace tessara {
 
 void ModulInfoFLII::put_FwVersion(const Variant& value) {
-  FwVersion = PadVersionText(CommaToPoint(asText(value)));
+  control_->FwVersion = PadVersionText(CommaToPoint(control_->asText(value)));
 }
 
 void ModulInfoFLII::put_DescriptionString(const Variant& value) {
-  panel.LabelDeviceDescription.setCaption(asText(value));
-  panel.LabelDeviceDescription.setToolTipText(panel.LabelDeviceDescription.caption());
+  control_->panel.LabelDeviceDescription.setCaption(control_->asText(value));
+  control_->panel.LabelDeviceDescription.setToolTipText(
+      control_->panel.LabelDeviceDescription.caption());
 }
 
-bool ModulInfoFLII::FindLogoFile(const std::u16string& appPath, const std::u16string& name,
-                                 LogoSource source) {
-  const ModuleWide& wide = moduleWide();
-  const std::u16string file =
-      source == LogoSource::Setting
-          ? ReadText(live(wide.RegistryHelper, "RegistryHelper"), u"Logo", decimalSeparator())
-          : name;
-  const FileSystem& files = live(wide.FileSystem, "FileSystem");
-  const std::u16string candidate = files.BuildPath(appPath, file);
-  const bool bFound = files.FileExists(candidate);
+bool Control::FindLogoFile(const std::u16string& appPath, const std::u16string& name) {
+  const std::u16string candidate = appPath + u"\\" + name;
+  const bool bFound = live(moduleWide().FileSystem, "FileSystem").FileExists(candidate);
   if (bFound) {
     moduleWide().ManufactureLogoPath = candidate;
   }
@@ -31,32 +26,37 @@ bool ModulInfoFLII::FindLogoFile(const std::u16string& appPath, const std::u16st
 }
 
 void ModulInfoFLII::put_ManufactureLogoString(const Variant& value) {
-  if (FindLogoFile(AppPathString, asText(value), LogoSource::Name) ||
-      FindLogoFile(AppPathString, {}, LogoSource::Setting)) {
-    loadPicture(panel.PictureLogo, moduleWide().ManufactureLogoPath);
+  const std::u16string& appPath = control_->AppPathString;
+  const auto logoSetting = [this] {
+    return ReadText(live(moduleWide().RegistryHelper, "RegistryHelper"), u"Logo",
+                    control_->decimalSeparator());
+  };
+  if (control_->FindLogoFile(appPath, control_->asText(value)) ||
+      control_->FindLogoFile(appPath, logoSetting())) {
+    control_->loadPicture(control_->panel.PictureLogo, moduleWide().ManufactureLogoPath);
   } else {
-    panel.PictureLogo.setPicture({});
+    control_->panel.PictureLogo.setPicture({});
   }
 }
 
 void ModulInfoFLII::put_DeviceLogoString(const Variant& value) {
   // The caller brings its own separator.
-  const std::u16string candidate = AppPathString + asText(value);
+  const std::u16string candidate = control_->AppPathString + control_->asText(value);
   if (live(moduleWide().FileSystem, "FileSystem").FileExists(candidate)) {
     moduleWide().DeviceLogoPath = candidate;
-    loadPicture(panel.PictureDevice, candidate);
+    control_->loadPicture(control_->panel.PictureDevice, candidate);
   } else {
-    panel.PictureDevice.setPicture({});
+    control_->panel.PictureDevice.setPicture({});
   }
 }
 
 void ModulInfoFLII::put_DevicePictureString(const Variant& value) {
-  const std::u16string candidate = AppPathString + asText(value);
+  const std::u16string candidate = control_->AppPathString + control_->asText(value);
   const bool bFound = live(moduleWide().FileSystem, "FileSystem").FileExists(candidate);
   moduleWide().DevicePicturePath = bFound ? candidate : std::u16string();
 }
 
-void ModulInfoFLII::loadPicture(Widget& widget, const std::u16string& path) {
+void Control::loadPicture(Widget& widget, const std::u16string& path) {
   platform_.pictureLoader().load(path);
   widget.setPicture(path);
 }

@@ -12,8 +12,6 @@
 namespace tessara {
 namespace {
 
-using Control = ModulInfoFLII;
-
 /// How a C++ type of a member crosses the interface: its host type and the conversions both ways.
 template <typename Type>
 struct Crossing;
@@ -80,29 +78,29 @@ template <typename>
 struct Signature;
 
 template <typename Result, typename... Arguments>
-struct Signature<Result (Control::*)(Arguments...)> {
+struct Signature<Result (ModulInfoFLII::*)(Arguments...)> {
   using Returned = Result;
   using Taken = std::tuple<std::decay_t<Arguments>...>;
 };
 
 template <typename Result, typename... Arguments>
-struct Signature<Result (Control::*)(Arguments...) const>
-    : Signature<Result (Control::*)(Arguments...)> {};
+struct Signature<Result (ModulInfoFLII::*)(Arguments...) const>
+    : Signature<Result (ModulInfoFLII::*)(Arguments...)> {};
 
 template <auto get>
-Variant callGetter(Control& control) {
+Variant callGetter(ModulInfoFLII& control) {
   using Returned = typename Signature<decltype(get)>::Returned;
   return Crossing<Returned>::out((control.*get)());
 }
 
 template <auto set>
-void callSetter(Control& control, const Variant& value) {
+void callSetter(ModulInfoFLII& control, const Variant& value) {
   using Taken = std::tuple_element_t<0, typename Signature<decltype(set)>::Taken>;
   (control.*set)(Crossing<Taken>::in(value, control.decimalSeparator()));
 }
 
 template <auto method, std::size_t... Index>
-Variant callWith(Control& control, [[maybe_unused]] std::span<const Variant> values,
+Variant callWith(ModulInfoFLII& control, [[maybe_unused]] std::span<const Variant> values,
                  std::index_sequence<Index...> /*places*/) {
   using Of = Signature<decltype(method)>;
   [[maybe_unused]] const std::u16string sep = control.decimalSeparator();
@@ -117,7 +115,7 @@ Variant callWith(Control& control, [[maybe_unused]] std::span<const Variant> val
 }
 
 template <auto method>
-Variant callMethod(Control& control, std::span<const Variant> values) {
+Variant callMethod(ModulInfoFLII& control, std::span<const Variant> values) {
   constexpr auto count = std::tuple_size_v<typename Signature<decltype(method)>::Taken>;
   if (values.size() != count) {
     throw RunTimeError(ErrorNumber::InvalidCall, "the method takes " + std::to_string(count) +
@@ -177,56 +175,63 @@ constexpr std::array activity{Argument{"lStatus", ValueType::Long, true}};
 constexpr std::array reader{Argument{"bNFCReader", ValueType::Boolean, true}};
 
 constexpr std::array table{
-    readWrite<&Control::get_DeviceID, &Control::put_DeviceID>("DeviceID", 1),
-    readWrite<&Control::get_FamilyID, &Control::put_FamilyID>("FamilyID", 2),
-    readWrite<&Control::get_FirmwareVers, &Control::put_FirmwareVers>("FirmwareVers", 3),
-    readWrite<&Control::get_DeviceName, &Control::put_DeviceName>("DeviceName", 4),
-    readWrite<&Control::get_CmdLineString, &Control::put_CmdLineString>("CmdLineString", 5),
-    readWrite<&Control::get_FwVersion, &Control::put_FwVersion>("FwVersion", 6),
-    readOnly<&Control::get_SerialNumber>("SerialNumber", 7),
-    readWrite<&Control::get_PackbLink, &Control::put_PackbLink>("PackbLink", 8),
-    readWrite<&Control::get_ProductLink, &Control::put_ProductLink>("ProductLink", 9),
-    readWrite<&Control::get_DatasheetLink, &Control::put_DatasheetLink>("DatasheetLink", 10),
-    readWrite<&Control::get_VersionString, &Control::put_VersionString>("VersionString", 11),
-    readOnly<&Control::get_DevAddr>("DevAddr", 12),
-    readOnly<&Control::get_CommunicationObject>("CommunicationObject", 13),
-    readWrite<&Control::get_DataValid, &Control::put_DataValid>("DataValid", 14),
-    readWrite<&Control::get_DeviceConnected, &Control::put_DeviceConnected>("DeviceConnected", 15),
-    readWrite<&Control::get_ComPort, &Control::put_ComPort>("ComPort", 16),
-    readOnly<&Control::get_DataBits>("DataBits", 17),
-    readOnly<&Control::get_StopBits>("StopBits", 18),
-    readOnly<&Control::get_Parity>("Parity", 19),
-    readWrite<&Control::get_Baudrate, &Control::put_Baudrate>("Baudrate", 20),
-    readOnly<&Control::get_MaxBaudrate>("MaxBaudrate", 21),
-    readWrite<&Control::get_AppPathString, &Control::put_AppPathString>("AppPathString", 22),
-    readWrite<&Control::get_Language, &Control::put_Language>("Language", 23),
-    readWrite<&Control::get_StatusString, &Control::put_StatusString>("StatusString", 24),
-    method<&Control::SetChnStatus>("SetChnStatus", 25, channelWords),
-    readOnly<&Control::get_ChnStatusString>("ChnStatusString", 26),
-    method<&Control::SetModuleStatus>("SetModuleStatus", 27, moduleWords),
-    readOnly<&Control::get_ModulStatusString>("ModulStatusString", 28),
-    writeOnly<&Control::put_DescriptionString>("DescriptionString", 29),
-    readWrite<&Control::get_ManufactureLogoString, &Control::put_ManufactureLogoString>(
+    readWrite<&ModulInfoFLII::get_DeviceID, &ModulInfoFLII::put_DeviceID>("DeviceID", 1),
+    readWrite<&ModulInfoFLII::get_FamilyID, &ModulInfoFLII::put_FamilyID>("FamilyID", 2),
+    readWrite<&ModulInfoFLII::get_FirmwareVers, &ModulInfoFLII::put_FirmwareVers>("FirmwareVers",
+                                                                                  3),
+    readWrite<&ModulInfoFLII::get_DeviceName, &ModulInfoFLII::put_DeviceName>("DeviceName", 4),
+    readWrite<&ModulInfoFLII::get_CmdLineString, &ModulInfoFLII::put_CmdLineString>("CmdLineString",
+                                                                                    5),
+    readWrite<&ModulInfoFLII::get_FwVersion, &ModulInfoFLII::put_FwVersion>("FwVersion", 6),
+    readOnly<&ModulInfoFLII::get_SerialNumber>("SerialNumber", 7),
+    readWrite<&ModulInfoFLII::get_PackbLink, &ModulInfoFLII::put_PackbLink>("PackbLink", 8),
+    readWrite<&ModulInfoFLII::get_ProductLink, &ModulInfoFLII::put_ProductLink>("ProductLink", 9),
+    readWrite<&ModulInfoFLII::get_DatasheetLink, &ModulInfoFLII::put_DatasheetLink>("DatasheetLink",
+                                                                                    10),
+    readWrite<&ModulInfoFLII::get_VersionString, &ModulInfoFLII::put_VersionString>("VersionString",
+                                                                                    11),
+    readOnly<&ModulInfoFLII::get_DevAddr>("DevAddr", 12),
+    readOnly<&ModulInfoFLII::get_CommunicationObject>("CommunicationObject", 13),
+    readWrite<&ModulInfoFLII::get_DataValid, &ModulInfoFLII::put_DataValid>("DataValid", 14),
+    readWrite<&ModulInfoFLII::get_DeviceConnected, &ModulInfoFLII::put_DeviceConnected>(
+        "DeviceConnected", 15),
+    readWrite<&ModulInfoFLII::get_ComPort, &ModulInfoFLII::put_ComPort>("ComPort", 16),
+    readOnly<&ModulInfoFLII::get_DataBits>("DataBits", 17),
+    readOnly<&ModulInfoFLII::get_StopBits>("StopBits", 18),
+    readOnly<&ModulInfoFLII::get_Parity>("Parity", 19),
+    readWrite<&ModulInfoFLII::get_Baudrate, &ModulInfoFLII::put_Baudrate>("Baudrate", 20),
+    readOnly<&ModulInfoFLII::get_MaxBaudrate>("MaxBaudrate", 21),
+    readWrite<&ModulInfoFLII::get_AppPathString, &ModulInfoFLII::put_AppPathString>("AppPathString",
+                                                                                    22),
+    readWrite<&ModulInfoFLII::get_Language, &ModulInfoFLII::put_Language>("Language", 23),
+    readWrite<&ModulInfoFLII::get_StatusString, &ModulInfoFLII::put_StatusString>("StatusString",
+                                                                                  24),
+    method<&ModulInfoFLII::SetChnStatus>("SetChnStatus", 25, channelWords),
+    readOnly<&ModulInfoFLII::get_ChnStatusString>("ChnStatusString", 26),
+    method<&ModulInfoFLII::SetModuleStatus>("SetModuleStatus", 27, moduleWords),
+    readOnly<&ModulInfoFLII::get_ModulStatusString>("ModulStatusString", 28),
+    writeOnly<&ModulInfoFLII::put_DescriptionString>("DescriptionString", 29),
+    readWrite<&ModulInfoFLII::get_ManufactureLogoString, &ModulInfoFLII::put_ManufactureLogoString>(
         "ManufactureLogoString", 30),
-    writeOnly<&Control::put_DeviceLogoString>("DeviceLogoString", 31),
-    readWrite<&Control::get_DevicePictureString, &Control::put_DevicePictureString>(
+    writeOnly<&ModulInfoFLII::put_DeviceLogoString>("DeviceLogoString", 31),
+    readWrite<&ModulInfoFLII::get_DevicePictureString, &ModulInfoFLII::put_DevicePictureString>(
         "DevicePictureString", 32),
-    readOnly<&Control::get_StringsReverse>("StringsReverse", 33),
-    readOnly<&Control::get_NFCReader>("NFCReader", 34),
-    readOnly<&Control::get_GetNFCMCURevison>("GetNFCMCURevison", 35),
-    readOnly<&Control::get_QuickSetupMode>("QuickSetupMode", 36),
-    readWrite<&Control::get_QuickSetup, &Control::put_QuickSetup>("QuickSetup", 37),
-    method<&Control::LockCmdStore>("LockCmdStore", 38),
-    method<&Control::UnLockCmdStore>("UnLockCmdStore", 39),
-    method<&Control::EnableCmdStore>("EnableCmdStore", 40),
-    method<&Control::DisableCmdStore>("DisableCmdStore", 41),
-    writeOnly<&Control::put_DeviceActive>("DeviceActive", 42),
-    readOnly<&Control::get_DataTrafic>("DataTrafic", 43),
-    method<&Control::AutomaticConnection>("AutomaticConnection", 44),
-    readOnly<&Control::get_CheckDeviceType>("CheckDeviceType", 45),
-    method<&Control::GetFWVersion>("GetFWVersion", 46),
-    method<&Control::GetDeviceInformation>("GetDeviceInformation", 47),
-    method<&Control::GetDeviceStatus>("GetDeviceStatus", 48),
+    readOnly<&ModulInfoFLII::get_StringsReverse>("StringsReverse", 33),
+    readOnly<&ModulInfoFLII::get_NFCReader>("NFCReader", 34),
+    readOnly<&ModulInfoFLII::get_GetNFCMCURevison>("GetNFCMCURevison", 35),
+    readOnly<&ModulInfoFLII::get_QuickSetupMode>("QuickSetupMode", 36),
+    readWrite<&ModulInfoFLII::get_QuickSetup, &ModulInfoFLII::put_QuickSetup>("QuickSetup", 37),
+    method<&ModulInfoFLII::LockCmdStore>("LockCmdStore", 38),
+    method<&ModulInfoFLII::UnLockCmdStore>("UnLockCmdStore", 39),
+    method<&ModulInfoFLII::EnableCmdStore>("EnableCmdStore", 40),
+    method<&ModulInfoFLII::DisableCmdStore>("DisableCmdStore", 41),
+    writeOnly<&ModulInfoFLII::put_DeviceActive>("DeviceActive", 42),
+    readOnly<&ModulInfoFLII::get_DataTrafic>("DataTrafic", 43),
+    method<&ModulInfoFLII::AutomaticConnection>("AutomaticConnection", 44),
+    readOnly<&ModulInfoFLII::get_CheckDeviceType>("CheckDeviceType", 45),
+    method<&ModulInfoFLII::GetFWVersion>("GetFWVersion", 46),
+    method<&ModulInfoFLII::GetDeviceInformation>("GetDeviceInformation", 47),
+    method<&ModulInfoFLII::GetDeviceStatus>("GetDeviceStatus", 48),
     callback("ModulActive", 1, activity),
     callback("StatusChange", 2),
     callback("SetConfiguration", 3),

@@ -1,185 +1,78 @@
 #include "control/ModulInfoFLII.h"
 
-#include <exception>
-#include <utility>
+#include "control/Control.h"
 
 namespace tessara {
 
 ModulInfoFLII::ModulInfoFLII(Platform& platform, HostEvents& events)
-    : platform_(platform), events_(events) {}
+    : control_(std::make_unique<Control>(platform, events)) {}
 
 ModulInfoFLII::~ModulInfoFLII() {
   UserControl_Terminate();
 }
 
 void ModulInfoFLII::UserControl_Initialize() {
-  initialized_ = true;
-  ResetState();
-  bNFCReader = false;
-
-  ModuleWide& wide = moduleWide();
-  wide.RegistryHelper = platform_.createRegistryHelper();
-  wide.BitFieldHelper = platform_.createBitFieldHelper();
-  wide.ModbusCommObject = platform_.createModbusCommObject();
-  wide.NfcCommObject = platform_.createNfcCommObject();
-  wide.HartCommObject = platform_.createHartCommObject();
-  wide.FileSystem = platform_.createFileSystem();
-  wide.MessageHelper = platform_.createMessageHelper();
-
-  connectHandlers();
-  ApplyButtonImages();
-  DataBits = 8;
-  StopBits = 1;
-  Parity = 2;
-  StringsReverse = 1;
-  HartMode = false;
+  control_->UserControl_Initialize();
 }
 
 void ModulInfoFLII::UserControl_Terminate() {
-  if (!std::exchange(initialized_, false)) {
-    return;
-  }
-  scanTimer_.reset();
-  closeDialog();
-
-  ModuleWide& wide = moduleWide();
-  wide.FileSystem.reset();
-  wide.RegistryHelper.reset();
-  wide.BitFieldHelper.reset();
-  if (wide.ModbusCommObject) {
-    try {
-      wide.ModbusCommObject->ShutDown();
-    } catch (const std::exception&) {
-      // The end of a control cannot be put off: what could not be shut down is released as it is.
-    }
-  }
-  CommObject.reset();
-  CommunicationObject.reset();
-  wide.ModbusCommObject.reset();
-  wide.NfcCommObject.reset();
-  wide.HartCommObject.reset();
-  wide.MessageHelper.reset();
+  control_->UserControl_Terminate();
 }
 
-void ModulInfoFLII::ResetState() {
-  DeviceConnected = false;
-  bDataValid = false;
-  StatusWord = 0;
-  StatusString.clear();
-  ConnectAttempts = 0;
-  ScanErrorCount = 0;
-  SavedCmdEnabled[0] = true;
-  SavedCmdEnabled[1] = true;
-  SavedCmdEnabled[2] = true;
-  SavedCmdEnabled[3] = false;
-  bCmdStoreLocked = true;
-  OfflineMode = false;
-  HostActive = false;
-  ReaderMissing = false;
+void ModulInfoFLII::UserControl_Show() {
+  control_->UserControl_Show();
 }
 
-void ModulInfoFLII::connectHandlers() {
-  const auto handle = [this](Widget& widget, void (ModulInfoFLII::*handler)()) {
-    widget.onClick = [this, handler] { (this->*handler)(); };
-  };
-  handle(panel.ComboComPort, &ModulInfoFLII::ComboComPort_Click);
-  handle(panel.ComboBaudrate, &ModulInfoFLII::ComboBaudrate_Click);
-  handle(panel.CmdDeviceInfo, &ModulInfoFLII::CmdDeviceInfo_Click);
-  handle(panel.CmdOfflineConfigure, &ModulInfoFLII::CmdOfflineConfigure_Click);
-  handle(panel.CmdOpenDiskParameter, &ModulInfoFLII::CmdOpenDiskParameter_Click);
-  handle(panel.CmdSave2DiskParameter, &ModulInfoFLII::CmdSave2DiskParameter_Click);
-  handle(panel.CmdPrintConfiguration, &ModulInfoFLII::CmdPrintConfiguration_Click);
-  handle(panel.CmdStoreParameter, &ModulInfoFLII::CmdStoreParameter_Click);
-  handle(panel.cmdSettings, &ModulInfoFLII::cmdSettings_Click);
-  handle(panel.CmdAbout, &ModulInfoFLII::CmdAbout_Click);
-  handle(panel.CmdHelp, &ModulInfoFLII::CmdHelp_Click);
-  handle(panel.TimerScanDevice, &ModulInfoFLII::ScanTick);
-
-  scanTimer_ = platform_.eventLoop().createTimer(
-      std::chrono::milliseconds(panel.TimerScanDevice.state().interval), [this] { ScanTick(); });
+WidgetOwner& ModulInfoFLII::panel() {
+  return control_->panel;
 }
 
-void ModulInfoFLII::raise(void (HostEvents::*callback)()) {
-  if (initialized_) {
-    (events_.*callback)();
-  }
+const WidgetOwner& ModulInfoFLII::panel() const {
+  return control_->panel;
 }
 
-void ModulInfoFLII::raiseModulActive(Activity activity) {
-  if (initialized_) {
-    auto lStatus = static_cast<std::int32_t>(activity);
-    events_.ModulActive(lStatus);
-  }
+WindowHandle ModulInfoFLII::get_hWnd() const {
+  return control_->hWnd;
 }
 
-void ModulInfoFLII::raiseNfcReader() {
-  if (initialized_) {
-    events_.NFCReader(bNFCReader);
-  }
+void ModulInfoFLII::put_hWnd(WindowHandle window) {
+  control_->hWnd = window;
 }
 
-void ModulInfoFLII::setStatus(std::u16string text) {
-  StatusString = std::move(text);
-  raise(&HostEvents::StatusChange);
+void ModulInfoFLII::setFormObserver(FormObserver* observer) {
+  control_->formObserver = observer;
 }
 
-void ModulInfoFLII::setScanTimer(bool bEnabled) {
-  panel.TimerScanDevice.setEnabled(bEnabled);
-  if (scanTimer_) {
-    scanTimer_->setEnabled(bEnabled);
-  }
+const LanguageState& ModulInfoFLII::texts() {
+  return moduleWide();
 }
 
-void ModulInfoFLII::showMessage(const std::u16string& text, MessageStyle style) {
-  showMessage(text, style, moduleWide().AppTitle);
+std::optional<CatalogResult> ModulInfoFLII::catalogVerdict() const {
+  return control_->catalogVerdict;
 }
 
-void ModulInfoFLII::showMessage(const std::u16string& text, MessageStyle style,
-                                const std::u16string& title) {
-  if (!initialized_) {
-    return;
-  }
-  // Events are handled while the box is open, and one of them may end the control.
-  const auto helper = moduleWide().MessageHelper;
-  lMsgResult = live(helper, "MessageHelper").Show(text, style, title);
+bool ModulInfoFLII::hidesFirmware() const {
+  return control_->HideFwVersion == 1;
 }
 
-bool ModulInfoFLII::showModally(const std::shared_ptr<Form>& form) {
-  openDialog_ = form;
-  panel.setBlockedBy(form->name());
-  const auto isEndedByItself = [&] {
-    const bool isOpen = openDialog_ == form;
-    if (isOpen) {
-      closeDialog();
-    }
-    return isOpen;
-  };
-  try {
-    form->showModal(platform_.eventLoop(), formObserver_);
-  } catch (...) {
-    isEndedByItself();
-    throw;
-  }
-  return isEndedByItself();
+std::int16_t ModulInfoFLII::vendorId() const {
+  return control_->VendorID;
 }
 
-void ModulInfoFLII::closeDialog() {
-  if (const auto dialog = std::exchange(openDialog_, nullptr)) {
-    panel.setBlockedBy({});
-    dialog->hide();
-  }
+std::int16_t ModulInfoFLII::groupId() const {
+  return control_->GroupID;
 }
 
-void ModulInfoFLII::yield() {
-  platform_.eventLoop().yield();
+std::int16_t ModulInfoFLII::statusWord() const {
+  return control_->StatusWord;
+}
+
+std::int32_t ModulInfoFLII::ledWord() const {
+  return control_->LedWord;
 }
 
 std::u16string ModulInfoFLII::decimalSeparator() const {
-  return platform_.locale().decimalSeparator();
-}
-
-std::u16string ModulInfoFLII::asText(const Variant& value) const {
-  return toText(value, decimalSeparator());
+  return control_->decimalSeparator();
 }
 
 }  // namespace tessara

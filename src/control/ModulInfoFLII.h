@@ -5,15 +5,16 @@
 #include <optional>
 #include <string>
 
-#include "control/Fields.h"
+#include "base/Variant.h"
 #include "control/HostEvents.h"
-#include "control/ModuleWide.h"
-#include "control/Panel.h"
 #include "knowledge/CatalogResult.h"
+#include "localisation/LanguageState.h"
 #include "platform/Platform.h"
 #include "widgets/Form.h"
 
 namespace tessara {
+
+class Control;
 
 /// The device-information panel: connects to a module, shows what it is and whether it is well, and
 /// keeps the host informed.
@@ -22,7 +23,7 @@ namespace tessara {
 /// calls come from one thread. Platform and events must outlive the control. Members are prefixed
 /// get_ and put_ where they are properties; the member table (MemberTable.h) lists what a host
 /// sees.
-class ModulInfoFLII : public Fields {
+class ModulInfoFLII {
  public:
   ModulInfoFLII(Platform& platform, HostEvents& events);
   ModulInfoFLII(const ModulInfoFLII&) = delete;
@@ -33,10 +34,10 @@ class ModulInfoFLII : public Fields {
   /// Creates the module-wide objects and sets the defaults. An object that cannot be created ends
   /// it with that object's error.
   void UserControl_Initialize();
-  /// Shuts the communication objects down and releases everything, also after an error of the
-  /// shutting down, which nobody hears of. May come inside a callback or a turn of the event loop:
-  /// the workflow that is under way then ends without a call or a callback. The object itself must
-  /// stay until that workflow has returned.
+  /// Shuts the communication objects down and releases everything; an error while shutting down is
+  /// not reported. May be called inside a callback or a turn of the event loop: the workflow in
+  /// progress then ends without a further call or callback. The object itself must stay until that
+  /// workflow has returned.
   void UserControl_Terminate();
 
   /// Brings the panel up: reads the settings, lists the ports, looks for the NFC reader, selects
@@ -44,16 +45,23 @@ class ModulInfoFLII : public Fields {
   /// time that the host shows the control. Contacts no module. An error ends it where it happened.
   void UserControl_Show();
 
-  Panel panel;
+  /// The widgets of the panel, by name: `panel().widget(u"LblModulState").caption()`. What draws
+  /// the panel observes them.
+  [[nodiscard]] WidgetOwner& panel();
+  [[nodiscard]] const WidgetOwner& panel() const;
 
-  /// The window that shows the control, by its number in the system; 0 without one. Set by what
+  /// The window that shows the control, by its number in the system; 0 without one. Set by whatever
   /// draws the control.
-  WindowHandle hWnd = 0;
+  [[nodiscard]] WindowHandle get_hWnd() const;
+  void put_hWnd(WindowHandle window);
 
-  /// What draws the dialogs of the control; it must live as long as it is set. With null, the first
-  /// value, the buttons that open one are invalid calls (error 5). While a dialog is open, no
-  /// button of the panel is pressed.
-  void setFormObserver(FormObserver* observer) { formObserver_ = observer; }
+  /// What draws the dialogs of the control; it must live as long as it is set. With null, the
+  /// initial value, a button that opens a dialog is an invalid call (error 5). While a dialog is
+  /// open, no button of the panel can be pressed.
+  void setFormObserver(FormObserver* observer);
+
+  /// The texts of the language in force, which all controls of the thread share.
+  [[nodiscard]] static const LanguageState& texts();
 
   /// The system's decimal separator, by which the values of a host are converted.
   [[nodiscard]] std::u16string decimalSeparator() const;
@@ -61,7 +69,16 @@ class ModulInfoFLII : public Fields {
   /// What the catalogue said about the module that was looked up last; nothing before the first
   /// lookup. CatalogFileError also stands for a lookup that an invalid number in the catalogue
   /// ended.
-  [[nodiscard]] std::optional<CatalogResult> catalogVerdict() const { return catalogVerdict_; }
+  [[nodiscard]] std::optional<CatalogResult> catalogVerdict() const;
+  /// The catalogue wants the firmware row of that module hidden.
+  [[nodiscard]] bool hidesFirmware() const;
+
+  // What the last access left, beyond the properties.
+  [[nodiscard]] std::int16_t vendorId() const;
+  [[nodiscard]] std::int16_t groupId() const;
+  /// The last device or channel status word that was read, and the last LED status word.
+  [[nodiscard]] std::int16_t statusWord() const;
+  [[nodiscard]] std::int32_t ledWord() const;
 
   // Properties. A 16-bit field written with a value outside its range raises an overflow (error 6)
   // and keeps what it held.
@@ -89,7 +106,7 @@ class ModulInfoFLII : public Fields {
   void put_VersionString(const Variant& value);
   [[nodiscard]] std::uint8_t get_DevAddr() const;
   /// The selected communication object; null before one is selected.
-  [[nodiscard]] tessara::CommunicationObject* get_CommunicationObject() const;
+  [[nodiscard]] CommunicationObject* get_CommunicationObject() const;
   /// 2 in offline mode, else 1 with valid data, else 0.
   [[nodiscard]] std::int32_t get_DataValid() const;
   /// 0 clears data and offline mode; any other value sets the data valid and nothing else.
@@ -135,12 +152,12 @@ class ModulInfoFLII : public Fields {
   [[nodiscard]] std::int32_t get_QuickSetup() const;
   /// Exactly 1 is true.
   void put_QuickSetup(std::int32_t value);
-  /// The host's declaration of what it is doing: 0, 1 and 3 to 7; other values do nothing.
+  /// Declares what the host is doing: 0, 1 and 3 to 7; other values do nothing.
   void put_DeviceActive(std::int32_t lActive);
   /// Reads the module and compares it with the fields: 1 for the same family, device and firmware,
   /// 0 for another module or none, 3 for an access that failed.
   std::int32_t get_CheckDeviceType();
-  /// Raises DataTransfer and is false.
+  /// Raises DataTransfer and returns false.
   [[nodiscard]] bool get_DataTrafic();
 
   // Methods.
@@ -148,12 +165,12 @@ class ModulInfoFLII : public Fields {
   /// signed 16-bit range raises an overflow (error 6) and changes nothing.
   bool SetChnStatus(std::int32_t& lInStatus, std::int32_t& lOutStatus);
   bool SetModuleStatus(std::int32_t& lDevStatus, std::int32_t& lLedStatus);
-  /// The lock of the store button; each gives an empty result.
+  /// The lock of the store button. Each returns an empty result.
   Variant LockCmdStore();
   Variant UnLockCmdStore();
   Variant EnableCmdStore();
   Variant DisableCmdStore();
-  /// Reads the module as the read button does, or tells that there is no interface.
+  /// Reads the module as the read button does, or reports that there is no interface.
   void AutomaticConnection();
   /// Reads the firmware version into fields and label.
   void GetFWVersion();
@@ -163,122 +180,10 @@ class ModulInfoFLII : public Fields {
   void GetDeviceStatus();
 
  private:
-  // control/
-  void ResetState();
-  void ApplyButtonImages();
-  void connectHandlers();
-  // A control that has ended raises nothing more, also when a workflow is still on its way out.
-  void raise(void (HostEvents::*callback)());
-  void raiseModulActive(Activity activity);
-  void raiseNfcReader();
-  /// With AppTitle for a title, or with one of its own.
-  void showMessage(const std::u16string& text, MessageStyle style);
-  void showMessage(const std::u16string& text, MessageStyle style, const std::u16string& title);
-  /// Shows a dialog and blocks the panel until it has hidden itself. False if the control was ended
-  /// in between: there is then nothing more to do.
-  bool showModally(const std::shared_ptr<Form>& form);
-  void closeDialog();
-  void setStatus(std::u16string text);
-  void setScanTimer(bool bEnabled);
-  void stopScan();
-  void yield();
-  [[nodiscard]] std::u16string asText(const Variant& value) const;
-  void SetStoreButton(const bool& bEnabled);
-  void SetReadButton(const bool& bEnabled);
-  void SetOfflineButton(const bool& bEnabled);
-  void SetOpenButton(const bool& bEnabled);
-  void SetSaveButton(const bool& bEnabled);
-  void SetPrintButton(const bool& bEnabled);
-  void ClearPanel();
-  void saveButtons();
-  void saveAndDisableButtons();
-  void restoreButtons(bool bOfflineEnabled);
-  void CmdOfflineConfigure_Click();
-  void CmdOpenDiskParameter_Click();
-  void CmdSave2DiskParameter_Click();
-  void CmdPrintConfiguration_Click();
+  /// The door of the tests (tests/support/Inside.h); no part of the product defines it.
+  friend class Inside;
 
-  void showInput(Widget& caption, Widget& input, std::u16string_view setting);
-  /// Each gives true if the path is an NFC reader.
-  bool choosePort();
-  bool chooseReaderWithoutPorts();
-  void loadLanguage();
-  void applyCaptions();
-  /// The first step of the reader's detection, and the rest of it.
-  bool connectNfcReader();
-  bool probeNfcReader();
-  void selectCommObject(bool bNfc);
-
-  enum class LogoSource { Name, Setting };
-  bool FindLogoFile(const std::u16string& appPath, const std::u16string& name, LogoSource source);
-  void loadPicture(Widget& widget, const std::u16string& path);
-
-  // localisation/
-  void cmdSettings_Click();
-  void CmdAbout_Click();
-  void CmdHelp_Click();
-
-  // ports/
-  void ComboComPort_Click();
-  void ComboBaudrate_Click();
-
-  // access/
-  [[nodiscard]] tessara::CommunicationObject& comm() const;
-  /// Without a selected object it is a connection that failed.
-  bool connect();
-  void closeConnection();
-  void closeAfterFailure();
-  void storeIdentification(const DeviceWords& words);
-  void showModulState(std::u16string text);
-  void showChnState(std::u16string text);
-  void waitForConnectionToFall();
-  void failedToConnect();
-  void failedQuery(Activity activity);
-  void CmdStoreParameter_Click();
-  void ScanTick();
-  void ScanDevice();
-  void scanHart();
-  void scanRegisters();
-  void failedScan();
-  void CmdDeviceInfo_Click();
-  void prepareRead();
-  /// True if the read went through to its end.
-  bool readModule();
-  void readIdentification();
-  CatalogResult readByVendor();
-  CatalogResult readHartTexts();
-  CatalogResult readRegisters();
-  double readVersion(std::int32_t address);
-  double readFirmwareVersion();
-  void takeFirmwareVersion();
-  /// The device status and LED words into their fields.
-  void readModuleWords();
-  /// Shows them as the scan and the host queries do: the error word read once, no USB power text on
-  /// an NFC reader.
-  void showModuleWords();
-  DeviceWords readWords(std::int32_t address, std::int16_t count);
-  void readStatusByVendor();
-  void readHartStatus();
-  void readRegisterStatus();
-  std::int16_t readErrorWordTwice();
-  void finishRead();
-  /// After a failed read: true if it is to be tried again, else the read has been given up.
-  bool mayRetryRead();
-
-  // knowledge/
-  /// Finds the module in the catalogue and leaves what it says in the fields. Places that hold no
-  /// number raise a type mismatch (error 13); what was written so far stays.
-  CatalogResult LookupDevice(std::int32_t family, std::int32_t device);
-  std::u16string decodeModuleStatus(std::int16_t statusWord);
-
-  Platform& platform_;
-  HostEvents& events_;
-  FormObserver* formObserver_ = nullptr;
-  /// The dialog that blocks the panel; null for none.
-  std::shared_ptr<Form> openDialog_;
-  std::unique_ptr<PeriodicTimer> scanTimer_;
-  std::optional<CatalogResult> catalogVerdict_;
-  bool initialized_ = false;
+  std::unique_ptr<Control> control_;
 };
 
 }  // namespace tessara

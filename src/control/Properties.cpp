@@ -2,165 +2,166 @@
 #include <utility>
 
 #include "base/Text.h"
+#include "control/Control.h"
 #include "control/ModulInfoFLII.h"
 
 namespace tessara {
 
 std::int32_t ModulInfoFLII::get_DeviceID() const {
-  return DeviceID;
+  return control_->DeviceID;
 }
 void ModulInfoFLII::put_DeviceID(std::int32_t value) {
-  DeviceID = narrowToInt16(value, "DeviceID");
+  control_->DeviceID = narrowToInt16(value, "DeviceID");
 }
 
 std::int32_t ModulInfoFLII::get_FamilyID() const {
-  return FamilyID;
+  return control_->FamilyID;
 }
 void ModulInfoFLII::put_FamilyID(std::int32_t value) {
-  FamilyID = narrowToInt16(value, "FamilyID");
+  control_->FamilyID = narrowToInt16(value, "FamilyID");
 }
 
 double ModulInfoFLII::get_FirmwareVers() const {
-  return FirmwareVers;
+  return control_->FirmwareVers;
 }
 void ModulInfoFLII::put_FirmwareVers(double value) {
   if (value > std::numeric_limits<float>::max() || value < std::numeric_limits<float>::lowest()) {
     throw RunTimeError(ErrorNumber::Overflow, "FirmwareVers: " + toUtf8(numberText(value, u".")) +
                                                   " is outside the range of a 32-bit float");
   }
-  FirmwareVers = static_cast<float>(value);
+  control_->FirmwareVers = static_cast<float>(value);
 }
 
 Variant ModulInfoFLII::get_DeviceName() const {
-  return DeviceName;
+  return control_->DeviceName;
 }
 void ModulInfoFLII::put_DeviceName(const Variant& value) {
-  DeviceName = asText(value);
+  control_->DeviceName = control_->asText(value);
 }
 
 Variant ModulInfoFLII::get_CmdLineString() const {
-  return CmdLineString;
+  return control_->CmdLineString;
 }
 void ModulInfoFLII::put_CmdLineString(const Variant& value) {
-  CmdLineString = asText(value);
+  control_->CmdLineString = control_->asText(value);
 }
 
 Variant ModulInfoFLII::get_FwVersion() const {
-  return FwVersion;
+  return control_->FwVersion;
 }
 
 Variant ModulInfoFLII::get_SerialNumber() const {
-  const auto* number = std::get_if<std::uint64_t>(&SerialNumber);
+  const auto* number = std::get_if<std::uint64_t>(&control_->SerialNumber);
   return number == nullptr ? std::uint64_t{0} : *number;
 }
 
 Variant ModulInfoFLII::get_PackbLink() const {
-  return PackbLink;
+  return control_->PackbLink;
 }
 void ModulInfoFLII::put_PackbLink(const Variant& value) {
-  PackbLink = asText(value);
+  control_->PackbLink = control_->asText(value);
 }
 
 Variant ModulInfoFLII::get_ProductLink() const {
-  return ProductLink;
+  return control_->ProductLink;
 }
 void ModulInfoFLII::put_ProductLink(const Variant& value) {
-  ProductLink = asText(value);
+  control_->ProductLink = control_->asText(value);
 }
 
 Variant ModulInfoFLII::get_DatasheetLink() const {
-  return DatasheetLink;
+  return control_->DatasheetLink;
 }
 void ModulInfoFLII::put_DatasheetLink(const Variant& value) {
-  DatasheetLink = asText(value);
+  control_->DatasheetLink = control_->asText(value);
 }
 
 Variant ModulInfoFLII::get_VersionString() const {
-  return VersionString;
+  return control_->VersionString;
 }
 void ModulInfoFLII::put_VersionString(const Variant& value) {
-  VersionString = asText(value);
+  control_->VersionString = control_->asText(value);
 }
 
 std::uint8_t ModulInfoFLII::get_DevAddr() const {
-  return DevAddr;
+  return control_->DevAddr;
 }
 
 CommunicationObject* ModulInfoFLII::get_CommunicationObject() const {
-  return CommunicationObject.get();
+  return control_->CommunicationObject.get();
 }
 
 std::int32_t ModulInfoFLII::get_DataValid() const {
-  if (OfflineMode) {
+  if (control_->OfflineMode) {
     return 2;
   }
-  return bDataValid ? 1 : 0;
+  return control_->bDataValid ? 1 : 0;
 }
 
 void ModulInfoFLII::put_DataValid(std::int32_t value) {
-  bDataValid = value != 0;
+  control_->bDataValid = value != 0;
   if (value == 0) {
-    OfflineMode = false;
+    control_->OfflineMode = false;
   }
 }
 
 std::int32_t ModulInfoFLII::get_DeviceConnected() const {
-  return DeviceConnected ? 1 : 0;
+  return control_->DeviceConnected ? 1 : 0;
 }
 void ModulInfoFLII::put_DeviceConnected(std::int32_t value) {
-  DeviceConnected = value == 1;
+  control_->DeviceConnected = value == 1;
 }
 
 std::int32_t ModulInfoFLII::get_ComPort() const {
-  return ComPort;
+  return control_->ComPort;
 }
 void ModulInfoFLII::put_ComPort(std::int32_t value) {
-  ComPort = narrowToInt16(value, "ComPort");
+  control_->ComPort = narrowToInt16(value, "ComPort");
 }
 
 std::int32_t ModulInfoFLII::get_DataBits() const {
-  return DataBits;
+  return control_->DataBits;
 }
 std::int32_t ModulInfoFLII::get_StopBits() const {
-  return StopBits;
+  return control_->StopBits;
 }
 std::int32_t ModulInfoFLII::get_Parity() const {
-  return Parity;
+  return control_->Parity;
 }
 
 std::int32_t ModulInfoFLII::get_Baudrate() const {
-  return Baudrate;
+  return control_->Baudrate;
 }
 void ModulInfoFLII::put_Baudrate(std::int32_t value) {
-  if (value != Baudrate) {
-    Baudrate = value;
-    panel.ComboBaudrate.setText(decimalText(value));
+  if (value != control_->Baudrate) {
+    control_->Baudrate = value;
+    control_->panel.ComboBaudrate.setText(decimalText(value));
   }
 }
 
 std::int32_t ModulInfoFLII::get_MaxBaudrate() const {
-  return MaxBaudrate;
+  return control_->MaxBaudrate;
 }
 
 Variant ModulInfoFLII::get_AppPathString() const {
-  return AppPathString;
+  return control_->AppPathString;
 }
 void ModulInfoFLII::put_AppPathString(const Variant& value) {
-  AppPathString = asText(value);
+  control_->AppPathString = control_->asText(value);
 }
 
 std::int16_t ModulInfoFLII::get_Language() const {
-  return Language;
+  return control_->Language;
 }
 void ModulInfoFLII::put_Language(std::int16_t value) {
-  Language = value;
+  control_->Language = value;
 }
 
 Variant ModulInfoFLII::get_StatusString() const {
-  return StatusString;
+  return control_->StatusString;
 }
 void ModulInfoFLII::put_StatusString(const Variant& value) {
-  setStatus(asText(value));
+  control_->setStatus(control_->asText(value));
 }
 
 Variant ModulInfoFLII::get_ManufactureLogoString() const {
@@ -172,27 +173,27 @@ Variant ModulInfoFLII::get_DevicePictureString() const {
 }
 
 std::int32_t ModulInfoFLII::get_StringsReverse() const {
-  return StringsReverse;
+  return control_->StringsReverse;
 }
 std::int32_t ModulInfoFLII::get_NFCReader() const {
-  return bNFCReader ? 1 : 0;
+  return control_->bNFCReader ? 1 : 0;
 }
 std::u16string ModulInfoFLII::get_GetNFCMCURevison() const {
-  return sNFCMCURevision;
+  return control_->sNFCMCURevision;
 }
 std::int32_t ModulInfoFLII::get_QuickSetupMode() const {
-  return QuickSetupMode;
+  return control_->QuickSetupMode;
 }
 
 std::int32_t ModulInfoFLII::get_QuickSetup() const {
-  return bQuickSetup ? 1 : 0;
+  return control_->bQuickSetup ? 1 : 0;
 }
 void ModulInfoFLII::put_QuickSetup(std::int32_t value) {
-  bQuickSetup = value == 1;
+  control_->bQuickSetup = value == 1;
 }
 
 bool ModulInfoFLII::get_DataTrafic() {
-  raise(&HostEvents::DataTransfer);
+  control_->raise(&HostEvents::DataTransfer);
   return false;
 }
 

@@ -1,10 +1,10 @@
 #include <array>
 
 #include "base/Text.h"
-#include "control/ModulInfoFLII.h"
-#include "control/Transport.h"
+#include "control/Control.h"
 #include "localisation/Language.h"
 #include "localisation/Settings.h"
+#include "ports/AdapterWords.h"
 #include "ports/RegEnum.h"
 
 namespace tessara {
@@ -37,7 +37,7 @@ constexpr std::size_t oneLineCaption = 13;
 
 }  // namespace
 
-void ModulInfoFLII::UserControl_Show() {
+void Control::UserControl_Show() {
   RegistryHelper& registry = live(moduleWide().RegistryHelper, "RegistryHelper");
   showInput(panel.LngLabel[2], panel.ComboBaudrate, u"ShowBaudrateSelection");
   showInput(panel.LngLabel[0], panel.txtDevAddr, u"ShowAddressSelection");
@@ -54,14 +54,14 @@ void ModulInfoFLII::UserControl_Show() {
   applyCaptions();
 }
 
-void ModulInfoFLII::showInput(Widget& caption, Widget& input, std::u16string_view setting) {
+void Control::showInput(Widget& caption, Widget& input, std::u16string_view setting) {
   const bool bShown = ReadNumber(live(moduleWide().RegistryHelper, "RegistryHelper"), setting,
                                  decimalSeparator()) == 1;
   caption.setVisible(bShown);
   input.setVisible(bShown);
 }
 
-bool ModulInfoFLII::choosePort() {
+bool Control::choosePort() {
   const RegEnum& ports = moduleWide();
   for (std::int32_t i = 0; i < ports.PortCount; ++i) {
     panel.ComboComPort.addItem(ports.PortLabels[i]);
@@ -80,7 +80,7 @@ bool ModulInfoFLII::choosePort() {
   return (ComPort == usbReaderPort && bNfcFound) || containsIgnoringCase(label, twn4Word);
 }
 
-bool ModulInfoFLII::chooseReaderWithoutPorts() {
+bool Control::chooseReaderWithoutPorts() {
   if (!connectNfcReader()) {
     ReaderMissing = true;
     return false;
@@ -91,7 +91,7 @@ bool ModulInfoFLII::chooseReaderWithoutPorts() {
   return bNfcFound;
 }
 
-void ModulInfoFLII::loadLanguage() {
+void Control::loadLanguage() {
   ModuleWide& wide = moduleWide();
   if (!LoadLanguageFile(AppPathString, Language, live(wide.FileSystem, "FileSystem"),
                         platform_.locale(), wide)) {
@@ -100,7 +100,7 @@ void ModulInfoFLII::loadLanguage() {
   }
 }
 
-void ModulInfoFLII::applyCaptions() {
+void Control::applyCaptions() {
   const ModuleWide& texts = moduleWide();
   for (std::size_t i = 0; i <= 6; ++i) {
     panel.LngLabel[i].setCaption(texts.TextModulInfo[i] + u":");

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "base/Text.h"
-#include "control/ModulInfoFLII.h"
+#include "control/Control.h"
+#include "ports/AdapterWords.h"
 
 namespace tessara {
 namespace {
@@ -31,11 +32,11 @@ std::u16string McuRevisionText(const std::u16string& reply) {
          decimalText(hexadecimalAt(reply, 8));
 }
 
-bool ModulInfoFLII::connectNfcReader() {
+bool Control::connectNfcReader() {
   return platform_.nfcReaderLibrary().CR95HFDLL_USBconnect() == NfcReaderLibrary::success;
 }
 
-bool ModulInfoFLII::probeNfcReader() {
+bool Control::probeNfcReader() {
   NfcReaderLibrary& reader = platform_.nfcReaderLibrary();
   std::string reply(replyBuffer, '\0');
   if (reader.CR95HFDll_Echo(reply) != NfcReaderLibrary::success) {
@@ -49,7 +50,7 @@ bool ModulInfoFLII::probeNfcReader() {
   return true;
 }
 
-void ModulInfoFLII::selectCommObject(bool bNfc) {
+void Control::selectCommObject(bool bNfc) {
   const ModuleWide& wide = moduleWide();
   const auto select = [this](const std::shared_ptr<tessara::CommunicationObject>& object) {
     CommunicationObject = object;

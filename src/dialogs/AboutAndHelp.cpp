@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <array>
 
-#include "control/ModulInfoFLII.h"
+#include "control/Control.h"
 #include "dialogs/FormUse.h"
 #include "dialogs/frmAbout.h"
 
@@ -24,7 +24,7 @@ constexpr std::array<HelpFailure, 5> helpFailures{{{Shell::fileNotFound, u"File 
 
 }  // namespace
 
-void ModulInfoFLII::CmdAbout_Click() {
+void Control::CmdAbout_Click() {
   ModuleWide& wide = moduleWide();
   const FormUse<frmAbout> box(wide.frmAbout, platform_);
   box->UniFormCaptionB1.setCaption(wide.TextMainFrame[5]);
@@ -32,7 +32,7 @@ void ModulInfoFLII::CmdAbout_Click() {
   showModally(box.form());
 }
 
-void ModulInfoFLII::CmdHelp_Click() {
+void Control::CmdHelp_Click() {
   const std::u16string folder = platform_.appPath();
   std::u16string file = folder;
   if (!file.ends_with(u'\\')) {

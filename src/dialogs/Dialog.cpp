@@ -25,9 +25,9 @@ WidgetState Dialog::button(std::u16string caption, const Place& place) {
 }
 
 void Dialog::makeButton(Widget& button, std::function<void()> click) {
-  button.onClick = std::move(click);
-  button.onPointerEnter = [&button] { button.setGradient(underPointer.start, underPointer.end); };
-  button.onPointerLeave = [&button] { showIdle(button); };
+  button.setClickHandler(std::move(click));
+  button.setPointerHandlers([&button] { button.setGradient(underPointer.start, underPointer.end); },
+                            [&button] { showIdle(button); });
 }
 
 void Dialog::showIdle(Widget& button) {

@@ -1,4 +1,4 @@
-#include "control/ModulInfoFLII.h"
+#include "control/Control.h"
 #include "dialogs/FormUse.h"
 #include "dialogs/frmLanguage.h"
 #include "localisation/Language.h"
@@ -8,13 +8,13 @@ namespace tessara {
 namespace {
 
 constexpr std::u16string_view outcomeOk = u"1";
-constexpr std::int16_t english = 2;
+constexpr std::int16_t englishLanguage = 2;
 /// For those who cannot read the sentence of the language in force.
 constexpr std::u16string_view restartInEnglish = u"\n\nPlease restart application!";
 
 }  // namespace
 
-void ModulInfoFLII::cmdSettings_Click() {
+void Control::cmdSettings_Click() {
   ModuleWide& wide = moduleWide();
   const FormUse<frmLanguage> dialog(wide.frmLanguage, platform_);
   dialog->SetAppPath(AppPathString);
@@ -24,11 +24,11 @@ void ModulInfoFLII::cmdSettings_Click() {
     return;
   }
   const std::int16_t oldLanguage = Language;
-  if (dialog->Tag == outcomeOk) {
+  if (dialog->Tag() == outcomeOk) {
     Language = dialog->GetLanguage();
     SaveLanguage(live(wide.RegistryHelper, "RegistryHelper"), Language);
     std::u16string text = wide.TextModulInfo[17];
-    if (oldLanguage != english) {
+    if (oldLanguage != englishLanguage) {
       text += restartInEnglish;
     }
     showMessage(text, MessageStyle::Warning);

@@ -40,8 +40,8 @@ frmAbout::frmAbout(Platform& platform) : Dialog(u"frmAbout", platform) {
   Label31.setCaption(u"\u00A9 " + std::u16string(maker.year) + u" " +
                      std::u16string(maker.company));
   makeButton(cmdOK, [this] { cmdOK_Click(); });
-  HyperLinkEmail.onClick = [this] { open(u"mailto:" + HyperLinkEmail.caption()); };
-  HyperLinkWeb.onClick = [this] { open(withScheme(u"https://", HyperLinkWeb.caption())); };
+  HyperLinkEmail.setClickHandler([this] { open(u"mailto:" + HyperLinkEmail.caption()); });
+  HyperLinkWeb.setClickHandler([this] { open(withScheme(u"https://", HyperLinkWeb.caption())); });
 }
 
 void frmAbout::Form_Load() {
@@ -85,7 +85,7 @@ void frmAbout::open(const std::u16string& address) {
 void frmAbout::cmdOK_Click() {
   showIdle(cmdOK);
   hide();
-  Tag = u"1";
+  tag_ = u"1";
 }
 
 }  // namespace tessara

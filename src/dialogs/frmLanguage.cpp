@@ -51,13 +51,13 @@ void frmLanguage::cmdOK_Click() {
     }
   }
   hide();
-  Tag = u"1";
+  tag_ = u"1";
 }
 
 void frmLanguage::cmdCancel_Click() {
   showIdle(cmdCancel);
   hide();
-  Tag = u"2";
+  tag_ = u"2";
 }
 
 }  // namespace tessara

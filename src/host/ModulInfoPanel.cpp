@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "base/Variant.h"
 #include "dialogs/Maker.h"
 #include "linux/EmbeddedSimulator.h"
 #include "linux/LinuxPlatform.h"
@@ -66,21 +67,24 @@ class OwnSystem {
 class ModulInfoPanel::Parts final : public HostEvents {
  public:
   Parts(ModulInfoPanel& panel, std::unique_ptr<OwnSystem> system, Platform& platform)
-      : panel_(panel), forms_(panel), system_(std::move(system)), control_(platform, *this) {
+      : panel_(panel),
+        forms_(panel),
+        system_(std::move(system)),
+        platform_(platform),
+        control_(platform, *this) {
     control_.UserControl_Initialize();
     control_.put_AppPathString(platform.appPath());
     control_.put_Baudrate(usualBaudrate);
     control_.put_VersionString(std::u16string(maker.version));
     control_.setFormObserver(&forms_);
-    view_.emplace(control_.panel);
+    view_.emplace(control_.panel());
   }
 
   [[nodiscard]] ModulInfoFLII& control() { return control_; }
   [[nodiscard]] PanelView& view() { return *view_; }
 
   [[nodiscard]] std::int16_t setting(std::u16string_view name) const {
-    return ReadNumber(live(moduleWide().RegistryHelper, "RegistryHelper"), name,
-                      control_.decimalSeparator());
+    return ReadNumber(*platform_.createRegistryHelper(), name, control_.decimalSeparator());
   }
   [[nodiscard]] std::int16_t lastPort() const {
     const auto simulated = system_ ? system_->simulatedPort() : std::nullopt;
@@ -89,7 +93,9 @@ class ModulInfoPanel::Parts final : public HostEvents {
 
  private:
   void ModulActive(std::int32_t& lStatus) override { Q_EMIT panel_.ModulActive(lStatus); }
-  void StatusChange() override { Q_EMIT panel_.StatusChange(toQt(control_.StatusString)); }
+  void StatusChange() override {
+    Q_EMIT panel_.StatusChange(toQt(toText(control_.get_StatusString(), {})));
+  }
   void SetConfiguration() override { Q_EMIT panel_.SetConfiguration(); }
   void SaveConfiguration() override { Q_EMIT panel_.SaveConfiguration(); }
   void LoadConfiguration() override { Q_EMIT panel_.LoadConfiguration(); }
@@ -101,6 +107,7 @@ class ModulInfoPanel::Parts final : public HostEvents {
   QtForms forms_;
   /// Null if the host has put its system together itself.
   std::unique_ptr<OwnSystem> system_;
+  Platform& platform_;
   ModulInfoFLII control_;
   std::optional<PanelView> view_;
 };
@@ -150,7 +157,7 @@ QWidget* ModulInfoPanel::viewOf(const Widget& widget) const {
 
 void ModulInfoPanel::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  control().hWnd = effectiveWinId();
+  control().put_hWnd(effectiveWinId());
 }
 
 ModulInfoFLII& ModulInfoPanel::control() {

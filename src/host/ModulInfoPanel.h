@@ -52,7 +52,7 @@ class ModulInfoPanel : public QWidget {
   [[nodiscard]] ModulInfoFLII& control();
   [[nodiscard]] const ModulInfoFLII& control() const;
 
-  /// The Qt widget that draws that one of control().panel; null for timers and image lists.
+  /// The Qt widget that draws that one of control().panel(); null for timers and image lists.
   [[nodiscard]] QWidget* viewOf(const Widget& widget) const;
 
  Q_SIGNALS:

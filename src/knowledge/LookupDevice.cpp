@@ -1,10 +1,10 @@
-#include "control/ModulInfoFLII.h"
+#include "control/Control.h"
 #include "knowledge/Catalogue.h"
 
 namespace tessara {
 
-CatalogResult ModulInfoFLII::LookupDevice(std::int32_t family, std::int32_t device) {
-  catalogVerdict_ = CatalogResult::CatalogFileError;
+CatalogResult Control::LookupDevice(std::int32_t family, std::int32_t device) {
+  catalogVerdict = CatalogResult::CatalogFileError;
   ModuleWide& wide = moduleWide();
   const std::unique_ptr<XmlTree> tree = platform_.createXmlTree();
   const std::u16string path =
@@ -15,8 +15,8 @@ CatalogResult ModulInfoFLII::LookupDevice(std::int32_t family, std::int32_t devi
   }
   const CatalogueQuestion question{VendorID, family, device, FwVersion, Language};
   const SystemFormats formats{live(wide.RegistryHelper, "RegistryHelper"), platform_.locale()};
-  catalogVerdict_ = findInCatalogue(*tree, question, formats, *this);
-  return *catalogVerdict_;
+  catalogVerdict = findInCatalogue(*tree, question, formats, *this);
+  return *catalogVerdict;
 }
 
 }  // namespace tessara

@@ -42,7 +42,9 @@ std::filesystem::path programFolder() {
 bool LinuxFileSystem::FileExists(const std::u16string& path) const {
   // A pipe or a device in the place of a file would be waited for, or read, without an end.
   std::error_code error;
-  return std::filesystem::is_regular_file(pathOfHost(path), error);
+  // The system would take a zero for the end of the path.
+  return path.find(u'\0') == std::u16string::npos &&
+         std::filesystem::is_regular_file(pathOfHost(path), error);
 }
 
 std::u16string LinuxFileSystem::BuildPath(const std::u16string& path,

@@ -4,7 +4,7 @@
 #include <map>
 
 #include "base/RunTimeError.h"
-#include "control/Transport.h"
+#include "ports/AdapterWords.h"
 
 namespace tessara {
 

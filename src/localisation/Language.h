@@ -4,23 +4,13 @@
 #include <string>
 #include <string_view>
 
-#include "localisation/TextTables.h"
+#include "localisation/LanguageState.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 
 namespace tessara {
 
 class LanguageFile;
-
-/// The texts in force and where they come from; one set for each user-interface thread.
-struct LanguageState : TextTables {
-  /// The last load failed.
-  bool LanguageFileError = false;
-  /// File name of the help in the current language; empty until the first load.
-  std::u16string HelpFileName;
-  /// The last three characters of the language file's name, "dlg" for German.
-  std::u16string LanguageFileExtension;
-};
 
 /// The two files that belong to a language, without their folder.
 struct LanguageFiles {

@@ -13,7 +13,8 @@ class FileSystem {
   FileSystem& operator=(const FileSystem&) = delete;
   virtual ~FileSystem() = default;
 
-  /// True if a file (no folder, pipe or device) stands at that path.
+  /// True if there is a file (not a folder, pipe or device) at that path. A path with a zero
+  /// character names no file.
   [[nodiscard]] virtual bool FileExists(const std::u16string& path) const = 0;
 
   /// Folder and file name in one path, with a separator between them where one is needed.

@@ -1,12 +1,12 @@
 #include "base/Text.h"
-#include "control/ModulInfoFLII.h"
-#include "control/Transport.h"
+#include "control/Control.h"
 #include "localisation/Settings.h"
+#include "ports/AdapterWords.h"
 #include "ports/RegEnum.h"
 
 namespace tessara {
 
-void ModulInfoFLII::ComboComPort_Click() {
+void Control::ComboComPort_Click() {
   CommObject.reset();
   const std::u16string& text = panel.ComboComPort.text();
   const bool bUsbReader = text == usbReaderLine;
@@ -24,7 +24,7 @@ void ModulInfoFLII::ComboComPort_Click() {
   SaveComPort(live(moduleWide().RegistryHelper, "RegistryHelper"), ComPort);
 }
 
-void ModulInfoFLII::ComboBaudrate_Click() {
+void Control::ComboBaudrate_Click() {
   Baudrate = toInt32(panel.ComboBaudrate.text(), decimalSeparator());
   SaveBaudrate(Baudrate);
 }

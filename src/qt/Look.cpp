@@ -4,7 +4,7 @@
 #include <QPalette>
 #include <QStringList>
 
-#include "control/ModuleWide.h"
+#include "control/ModulInfoFLII.h"
 
 namespace tessara {
 namespace {
@@ -25,7 +25,7 @@ QColor mix(const QColor& ground, const QColor& over, double share) {
 /// so the system's own choice of a font for them may be that of the other language. These are asked
 /// first, in this order.
 QStringList familiesOfLanguage() {
-  const std::u16string& language = moduleWide().LanguageFileExtension;
+  const std::u16string& language = ModulInfoFLII::texts().LanguageFileExtension;
   if (language == u"jlg") {
     return {"Noto Sans CJK JP", "IPAPGothic", "VL PGothic", "TakaoPGothic", "VL Gothic"};
   }

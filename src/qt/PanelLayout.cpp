@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "control/Panel.h"
 #include "qt/PanelStructure.h"
 
 namespace tessara {
@@ -14,7 +15,7 @@ constexpr double stretchLine = 11790;
 
 /// How far a widget may grow before its first neighbour that shows something, or to the end of the
 /// last one.
-std::int32_t roomBefore(const Panel& panel, const Growth& growth) {
+std::int32_t roomBefore(const WidgetOwner& panel, const Growth& growth) {
   const Place& own = panel.find(growth.growing.front())->state().place;
   const std::int32_t first = panel.find(growth.neighbours.front())->state().place.left;
   const std::int32_t gap = first - own.left - own.width;
@@ -30,7 +31,7 @@ std::int32_t roomBefore(const Panel& panel, const Growth& growth) {
 
 }  // namespace
 
-PanelLayout::PanelLayout(const Panel& panel, const QSizeF& view, double pixelsPerTwip)
+PanelLayout::PanelLayout(const WidgetOwner& panel, const QSizeF& view, double pixelsPerTwip)
     : scale_(std::min(view.width() / (Panel::width * pixelsPerTwip),
                       view.height() / (Panel::height * pixelsPerTwip))),
       pixels_(pixelsPerTwip * scale_),

@@ -4,7 +4,7 @@
 #include <QSizeF>
 #include <map>
 
-#include "control/Panel.h"
+#include "widgets/Widget.h"
 
 namespace tessara {
 
@@ -14,7 +14,7 @@ namespace tessara {
 class PanelLayout {
  public:
   /// `pixelsPerTwip` is that of the panel at its own size.
-  PanelLayout(const Panel& panel, const QSizeF& view, double pixelsPerTwip);
+  PanelLayout(const WidgetOwner& panel, const QSizeF& view, double pixelsPerTwip);
 
   /// How much the panel is enlarged.
   [[nodiscard]] double scale() const { return scale_; }

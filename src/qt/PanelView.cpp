@@ -20,11 +20,11 @@ namespace {
 
 constexpr double twipsPerInch = 1440;
 
-LabelRole roleOf(const Panel& panel, const Widget& label) {
-  if (&label == &panel.LabelDeviceName) {
+LabelRole roleOf(const Widget& label) {
+  if (label.name() == u"LabelDeviceName") {
     return LabelRole::StrongValue;
   }
-  if (&label == &panel.LblModulState || &label == &panel.LblChnState) {
+  if (label.name() == u"LblModulState" || label.name() == u"LblChnState") {
     return LabelRole::LongValue;
   }
   return captionFor(label.name()).empty() ? LabelRole::Caption : LabelRole::Value;
@@ -32,7 +32,7 @@ LabelRole roleOf(const Panel& panel, const Widget& label) {
 
 }  // namespace
 
-PanelView::PanelView(Panel& panel, QWidget* parent)
+PanelView::PanelView(WidgetOwner& panel, QWidget* parent)
     : QWidget(parent),
       showError([this](const QString& text) {
         QMessageBox::critical(window(), window()->windowTitle(), text);
@@ -63,8 +63,8 @@ void PanelView::makeViews() {
     }
   };
   // The order of making is also that in which they lie on each other and in which Tab goes.
-  for (Widget* frame : {&panel_.Frame1, &panel_.Frame2, &panel_.Frame3, &panel_.Frame14}) {
-    make(frame);
+  for (const auto* name : {u"Frame1", u"Frame2", u"Frame3", u"Frame14"}) {
+    make(panel_.find(name));
   }
   for (const auto name : tabOrder()) {
     make(panel_.find(name));
@@ -80,10 +80,10 @@ WidgetView* PanelView::makeView(Widget& widget) {
   };
   switch (widget.kind()) {
     case WidgetKind::Frame:
-      return new FrameView(widget, &widget == &panel_.Frame3 ? FrameRole::Foot : FrameRole::Card,
+      return new FrameView(widget, widget.name() == u"Frame3" ? FrameRole::Foot : FrameRole::Card,
                            this);
     case WidgetKind::Label:
-      return new LabelView(widget, roleOf(panel_, widget), this);
+      return new LabelView(widget, roleOf(widget), this);
     case WidgetKind::Image:
     case WidgetKind::PictureBox:
       return new PictureView(widget, PictureGround::White, this);
@@ -91,8 +91,8 @@ WidgetView* PanelView::makeView(Widget& widget) {
       return new IconButtonView(widget, shortcutFor(widget.name()), acts, this);
     case WidgetKind::DropDownList:
       return new DropDownView(widget,
-                              &widget == &panel_.ComboBaudrate ? DropDownView::Editing::Digits
-                                                               : DropDownView::Editing::None,
+                              widget.name() == u"ComboBaudrate" ? DropDownView::Editing::Digits
+                                                                : DropDownView::Editing::None,
                               acts, this);
     case WidgetKind::TextBox:
       return new TextBoxView(widget, acts, this);
@@ -183,8 +183,8 @@ void PanelView::nameFor(const Widget& widget) {
     }
     viewOf(named)->setAccessibleName(name);
     static_cast<QLabel*>(viewOf(*panel_.find(row.caption)))->setBuddy(viewOf(named));
-    if (&named == &panel_.LblModulState) {
-      viewOf(panel_.ImageDevState)->setAccessibleName(name);
+    if (named.name() == u"LblModulState") {
+      viewOf(panel_.widget(u"ImageDevState"))->setAccessibleName(name);
     }
   }
 }

@@ -5,8 +5,8 @@
 #include <functional>
 #include <map>
 
-#include "control/Panel.h"
 #include "qt/WidgetView.h"
+#include "widgets/Widget.h"
 
 namespace tessara {
 
@@ -21,7 +21,7 @@ namespace tessara {
 /// view.
 class PanelView : public QWidget, private WidgetObserver {
  public:
-  explicit PanelView(Panel& panel, QWidget* parent = nullptr);
+  explicit PanelView(WidgetOwner& panel, QWidget* parent = nullptr);
   PanelView(const PanelView&) = delete;
   PanelView& operator=(const PanelView&) = delete;
   ~PanelView() override;
@@ -55,7 +55,7 @@ class PanelView : public QWidget, private WidgetObserver {
   void layOut();
   [[nodiscard]] double pixelsPerTwip() const;
 
-  Panel& panel_;
+  WidgetOwner& panel_;
   /// The views are children of this widget, which deletes them.
   std::map<const Widget*, WidgetView*> views_;
   /// What had the focus when it was disabled, and takes it back when it is enabled again.

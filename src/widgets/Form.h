@@ -18,11 +18,11 @@ class FormObserver {
   FormObserver& operator=(const FormObserver&) = delete;
   virtual ~FormObserver() = default;
 
-  /// The form is loaded and is to be seen; its widgets may be observed from now on. It waits for a
-  /// person when this has returned.
+  /// The form is loaded and must be shown; its widgets may be observed from now on. It waits for a
+  /// person once this has returned.
   virtual void formShown(Form& form) = 0;
-  /// The form is no longer to be seen. It may be gone as soon as the event is over in which this
-  /// happens, so its observer lets go of it and of its widgets.
+  /// The form must be hidden. It may be destroyed as soon as the current event is over, so its
+  /// observer must let go of it and of its widgets.
   virtual void formHidden(Form& form) = 0;
 };
 
@@ -48,7 +48,7 @@ class Form : public WidgetOwner {
   [[nodiscard]] virtual Place area() const = 0;
 
   /// The outcome of the form; empty until there is one.
-  std::u16string Tag;
+  [[nodiscard]] const std::u16string& Tag() const { return tag_; }
 
   /// Loads the form, shows it and handles events until it has hidden itself, or the program is
   /// about to quit, which hides it without an outcome. The observer has to live until then; without
@@ -65,6 +65,7 @@ class Form : public WidgetOwner {
 
   const Widget* titleBar_ = nullptr;
   std::u16string icon_;
+  std::u16string tag_;
 
  private:
   std::u16string name_;

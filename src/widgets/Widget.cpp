@@ -23,6 +23,14 @@ Widget* WidgetOwner::find(std::u16string_view name) const {
   return found == widgets_.end() ? nullptr : *found;
 }
 
+Widget& WidgetOwner::widget(std::u16string_view name) const {
+  Widget* found = find(name);
+  if (found == nullptr) {
+    throw RunTimeError(ErrorNumber::InvalidCall, "there is no widget \"" + toUtf8(name) + "\"");
+  }
+  return *found;
+}
+
 Widget::Widget(WidgetOwner& owner, std::u16string name, WidgetKind kind, WidgetState design)
     : owner_(owner), name_(std::move(name)), kind_(kind), state_(std::move(design)) {
   owner_.widgets_.push_back(this);
@@ -122,18 +130,18 @@ void Widget::select(std::int32_t index) {
   state_.index = index;
   state_.text = state_.items[static_cast<std::size_t>(index)];
   tell(WidgetAspect::Index);
-  run(onClick);
+  run(onClick_);
 }
 
 void Widget::select() {
   requireUsable("chosen");
   setValue(true);
-  run(onClick);
+  run(onClick_);
 }
 
 void Widget::press() {
   requireUsable("pressed");
-  run(onClick);
+  run(onClick_);
 }
 
 void Widget::type(std::u16string text) {
@@ -142,11 +150,24 @@ void Widget::type(std::u16string text) {
 }
 
 void Widget::pointerEnter() {
-  run(onPointerEnter);
+  run(onPointerEnter_);
 }
 
 void Widget::pointerLeave() {
-  run(onPointerLeave);
+  run(onPointerLeave_);
+}
+
+void Widget::tick() {
+  run(onClick_);
+}
+
+void Widget::setClickHandler(std::function<void()> handler) {
+  onClick_ = std::move(handler);
+}
+
+void Widget::setPointerHandlers(std::function<void()> enter, std::function<void()> leave) {
+  onPointerEnter_ = std::move(enter);
+  onPointerLeave_ = std::move(leave);
 }
 
 void Widget::tell(WidgetAspect aspect) {

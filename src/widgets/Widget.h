@@ -10,7 +10,7 @@
 
 namespace tessara {
 
-/// What kind of thing a widget is; it decides which values of its state mean something.
+/// The kind of a widget; it decides which values of its state have a meaning.
 enum class WidgetKind {
   DropDownList,
   TextBox,
@@ -39,7 +39,7 @@ struct Place {
   bool operator==(const Place&) const = default;
 };
 
-/// Everything that can be seen of a widget.
+/// The visible state of a widget.
 struct WidgetState {
   std::u16string caption{};
   std::u16string text{};
@@ -61,7 +61,7 @@ struct WidgetState {
   Place place{};
 };
 
-/// The value of a widget's state that a change has touched.
+/// The value of a widget's state that has changed.
 enum class WidgetAspect {
   Caption,
   Text,
@@ -79,7 +79,7 @@ enum class WidgetAspect {
 
 class Widget;
 
-/// Draws widgets, or watches them. Hears of every write, also of one that changes nothing.
+/// Draws widgets, or watches them. Called after each write, also one that changes nothing.
 class WidgetObserver {
  public:
   WidgetObserver() = default;
@@ -88,11 +88,11 @@ class WidgetObserver {
   virtual ~WidgetObserver() = default;
 
   virtual void widgetChanged(const Widget& widget, WidgetAspect aspect) = 0;
-  /// The widget is to be painted at once.
+  /// The widget must be painted at once.
   virtual void widgetRefreshed(const Widget& widget) = 0;
 };
 
-/// The widgets of one form, and the one observer that they tell of their changes.
+/// The widgets of one form, and the one observer that is told of their changes.
 class WidgetOwner {
  public:
   WidgetOwner() = default;
@@ -107,6 +107,8 @@ class WidgetOwner {
   [[nodiscard]] const std::vector<Widget*>& widgets() const { return widgets_; }
   /// The widget of that name ("LblModulState", "LngLabel[3]"); null if there is none.
   [[nodiscard]] Widget* find(std::u16string_view name) const;
+  /// The same; a name that no widget has is an invalid call (error 5).
+  [[nodiscard]] Widget& widget(std::u16string_view name) const;
 
   /// While the modal form of that name is open, no button of this one is pressed and nothing is
   /// typed; an empty name ends it.
@@ -120,8 +122,8 @@ class WidgetOwner {
   std::vector<Widget*> widgets_;
 };
 
-/// One widget of a form: a value that the control writes, an observer draws, and a person or the
-/// code of a host chooses, presses and types through.
+/// One widget of a form: a value that the control writes, an observer draws, and a person or a
+/// host's code selects, presses and types into.
 class Widget {
  public:
   Widget(WidgetOwner& owner, std::u16string name, WidgetKind kind, WidgetState design = {});
@@ -173,10 +175,13 @@ class Widget {
   void pointerEnter();
   void pointerLeave();
 
-  /// Runs when a line or an option was chosen, a button pressed or a timer ticked.
-  std::function<void()> onClick;
-  std::function<void()> onPointerEnter;
-  std::function<void()> onPointerLeave;
+  /// A timer ticks: runs the handler.
+  void tick();
+
+  /// What runs when a line or an option is chosen, a button pressed or a timer ticks.
+  void setClickHandler(std::function<void()> handler);
+  /// What runs when the pointer comes over the widget, and when it leaves.
+  void setPointerHandlers(std::function<void()> enter, std::function<void()> leave);
 
  private:
   void tell(WidgetAspect aspect);
@@ -186,6 +191,9 @@ class Widget {
   std::u16string name_;
   WidgetKind kind_;
   WidgetState state_;
+  std::function<void()> onClick_;
+  std::function<void()> onPointerEnter_;
+  std::function<void()> onPointerLeave_;
 };
 
 }  // namespace tessara

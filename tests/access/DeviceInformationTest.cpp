@@ -11,9 +11,9 @@ using ::testing::IsEmpty;
 class DeviceInformation : public ControlFixture {
  protected:
   DeviceInformation() {
-    control.DevAddr = 7;
-    control.ScanEnabled = true;
-    control.bDataValid = true;
+    inside(control).DevAddr = 7;
+    inside(control).ScanEnabled = true;
+    inside(control).bDataValid = true;
     platform.loop.timerEnabled = true;
   }
   [[nodiscard]] std::vector<std::string> story() const {
@@ -27,22 +27,22 @@ TEST_F(DeviceInformation, ConnectsReadsTheRecordAndCloses) {
   EXPECT_THAT(story(), ElementsAre("ModulActive(1)", "ConnectWithSerialDevice(3, 19200)",
                                    "StatusChange(Lese Daten)", "ReadDeviceIdentifier(7)",
                                    "CloseSerialConnection", "ModulActive(0)"));
-  EXPECT_EQ(control.VendorID, 1);
-  EXPECT_EQ(control.GroupID, 2);
+  EXPECT_EQ(inside(control).VendorID, 1);
+  EXPECT_EQ(inside(control).GroupID, 2);
   EXPECT_EQ(control.get_FamilyID(), 3);
   EXPECT_EQ(control.get_DeviceID(), 4);
-  EXPECT_FALSE(control.DeviceConnected);
-  EXPECT_EQ(control.StatusString, u"Lese Daten");
+  EXPECT_FALSE(inside(control).DeviceConnected);
+  EXPECT_EQ(inside(control).StatusString, u"Lese Daten");
 }
 
 TEST_F(DeviceInformation, LeavesTheLabelsAndTheTimer) {
-  control.panel.LblFamilyID.setCaption(u"16");
+  inside(control).panel.LblFamilyID.setCaption(u"16");
   log.clear();
   control.GetDeviceInformation();
-  EXPECT_EQ(control.panel.LblFamilyID.caption(), u"16");
+  EXPECT_EQ(inside(control).panel.LblFamilyID.caption(), u"16");
   EXPECT_THAT(log.only({"Lbl", "Label", "Timer"}), IsEmpty());
   EXPECT_TRUE(platform.loop.timerEnabled);
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_TRUE(inside(control).bDataValid);
 }
 
 TEST_F(DeviceInformation, APortThatCannotBeOpenedClosesOnceAndRaisesThree) {
@@ -52,8 +52,8 @@ TEST_F(DeviceInformation, APortThatCannotBeOpenedClosesOnceAndRaisesThree) {
                                    "StatusChange(Lese Daten)", "StatusChange(Fehler Verbindung!)",
                                    "CloseSerialConnection", "ModulActive(3)"));
   EXPECT_TRUE(platform.loop.timerEnabled);
-  EXPECT_TRUE(control.ScanEnabled);
-  EXPECT_EQ(control.StatusString, u"Fehler Verbindung!");
+  EXPECT_TRUE(inside(control).ScanEnabled);
+  EXPECT_EQ(inside(control).StatusString, u"Fehler Verbindung!");
 }
 
 TEST_F(DeviceInformation, AModuleThatThrowsRaisesZeroAndStopsTheScan) {
@@ -68,29 +68,29 @@ TEST_F(DeviceInformation, AModuleThatThrowsRaisesZeroAndStopsTheScan) {
                                    "StatusChange(Fehler Verbindung!)", "CloseSerialConnection",
                                    "ModulActive(0)"));
   EXPECT_FALSE(platform.loop.timerEnabled);
-  EXPECT_FALSE(control.ScanEnabled);
-  EXPECT_FALSE(control.DeviceConnected);
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_FALSE(inside(control).ScanEnabled);
+  EXPECT_FALSE(inside(control).DeviceConnected);
+  EXPECT_TRUE(inside(control).bDataValid);
 }
 
 TEST_F(DeviceInformation, AnElementThatIsNoWordTakesTheExceptionEnd) {
   platform.device.identifier = {1, 2, 40000, 4};
   control.GetDeviceInformation();
   EXPECT_EQ(log.entries().back(), "ModulActive(0)");
-  EXPECT_EQ(control.StatusString, u"Fehler Verbindung!");
-  EXPECT_FALSE(control.ScanEnabled);
+  EXPECT_EQ(inside(control).StatusString, u"Fehler Verbindung!");
+  EXPECT_FALSE(inside(control).ScanEnabled);
 }
 
 TEST_F(DeviceInformation, ARecordThatIsTooShortTakesTheExceptionEnd) {
   platform.device.identifier = {1, 2, 3};
   control.GetDeviceInformation();
-  EXPECT_EQ(control.StatusString, u"Fehler Verbindung!");
+  EXPECT_EQ(inside(control).StatusString, u"Fehler Verbindung!");
 }
 
 TEST_F(DeviceInformation, WaitsForTheConnectionToFallBeforeItConnects) {
-  control.DeviceConnected = true;
+  inside(control).DeviceConnected = true;
   int turns = 0;
-  platform.loop.onYield = [&] { control.DeviceConnected = ++turns < 3; };
+  platform.loop.onYield = [&] { inside(control).DeviceConnected = ++turns < 3; };
   control.GetDeviceInformation();
   EXPECT_THAT(story(),
               ElementsAre("ModulActive(1)", "yield", "yield", "yield",
@@ -99,7 +99,7 @@ TEST_F(DeviceInformation, WaitsForTheConnectionToFallBeforeItConnects) {
 }
 
 TEST_F(DeviceInformation, WithoutASelectedObjectItIsAConnectionThatFailed) {
-  control.CommObject.reset();
+  inside(control).CommObject.reset();
   control.GetDeviceInformation();
   EXPECT_THAT(story(), ElementsAre("ModulActive(1)", "StatusChange(Lese Daten)",
                                    "StatusChange(Fehler Verbindung!)", "ModulActive(3)"));
@@ -113,7 +113,7 @@ TEST_F(DeviceInformation, AnErrorOfTheCloseInTheExceptionEndStillReports) {
   };
   control.GetDeviceInformation();
   EXPECT_EQ(log.entries().back(), "ModulActive(0)");
-  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_FALSE(inside(control).DeviceConnected);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ class HostQueries : public ControlFixture {
  protected:
   HostQueries() {
     control.AutomaticConnection();
-    control.DevAddr = 7;
+    inside(control).DevAddr = 7;
     log.clear();
   }
   [[nodiscard]] std::vector<std::string> story() const {
@@ -29,27 +29,27 @@ class HostQueries : public ControlFixture {
 };
 
 TEST_F(HostQueries, CheckDeviceTypeComparesWithoutTouchingTheFields) {
-  control.GroupID = 99;
-  control.VendorID = 98;
+  inside(control).GroupID = 99;
+  inside(control).VendorID = 98;
   EXPECT_EQ(control.get_CheckDeviceType(), 1);
   EXPECT_THAT(story(), ElementsAre("TimerScanDevice.enabled=false", "ModulActive(1)",
                                    "ConnectWithSerialDevice(3, 19200)", "StatusChange(Lese Daten)",
                                    "ReadDeviceIdentifier(7)", "ReadInputRegisters(7, 4, 1, 2)",
                                    "CloseSerialConnection", "ModulActive(0)",
                                    "TimerScanDevice.enabled=true"));
-  EXPECT_EQ(control.GroupID, 99);
-  EXPECT_EQ(control.StatusString, u"Lese Daten");
+  EXPECT_EQ(inside(control).GroupID, 99);
+  EXPECT_EQ(inside(control).StatusString, u"Lese Daten");
   EXPECT_TRUE(platform.loop.timerEnabled);
-  EXPECT_TRUE(control.ScanEnabled);
+  EXPECT_TRUE(inside(control).ScanEnabled);
 }
 
 TEST_F(HostQueries, AnotherFamilyDeviceOrFirmwareDiffers) {
-  control.FamilyID = 15;
+  inside(control).FamilyID = 15;
   EXPECT_EQ(control.get_CheckDeviceType(), 0);
-  control.FamilyID = 16;
-  control.DeviceID = 1;
+  inside(control).FamilyID = 16;
+  inside(control).DeviceID = 1;
   EXPECT_EQ(control.get_CheckDeviceType(), 0);
-  control.DeviceID = 161;
+  inside(control).DeviceID = 161;
   control.put_FirmwareVers(1.235);
   EXPECT_EQ(control.get_CheckDeviceType(), 0);
   for (const double same : {1.234, 1.2344, 1.2336}) {
@@ -69,10 +69,10 @@ TEST_F(HostQueries, EveryVersionComparesEqualToItself) {
 }
 
 TEST_F(HostQueries, CheckDeviceTypeLeavesAStoppedTimerStopped) {
-  control.panel.CmdOfflineConfigure.press();
+  inside(control).panel.CmdOfflineConfigure.press();
   EXPECT_EQ(control.get_CheckDeviceType(), 1);
   EXPECT_FALSE(platform.loop.timerEnabled);
-  EXPECT_FALSE(control.ScanEnabled);
+  EXPECT_FALSE(inside(control).ScanEnabled);
 }
 
 TEST_F(HostQueries, CheckDeviceTypeOnAClosedPortIsZeroAndLeavesTheTimerOff) {
@@ -83,22 +83,22 @@ TEST_F(HostQueries, CheckDeviceTypeOnAClosedPortIsZeroAndLeavesTheTimerOff) {
                                    "StatusChange(Fehler Verbindung!)", "CloseSerialConnection",
                                    "ModulActive(3)"));
   EXPECT_FALSE(platform.loop.timerEnabled);
-  EXPECT_TRUE(control.ScanEnabled);
+  EXPECT_TRUE(inside(control).ScanEnabled);
 }
 
 TEST_F(HostQueries, ACheckThatThrowsIsThreeAndStopsTheScan) {
   failAt("ReadInputRegisters");
   EXPECT_EQ(control.get_CheckDeviceType(), 3);
   EXPECT_EQ(log.entries().back(), "ModulActive(3)");
-  EXPECT_EQ(control.StatusString, u"Fehler Verbindung!");
+  EXPECT_EQ(inside(control).StatusString, u"Fehler Verbindung!");
   EXPECT_FALSE(platform.loop.timerEnabled);
-  EXPECT_FALSE(control.ScanEnabled);
-  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_FALSE(inside(control).ScanEnabled);
+  EXPECT_FALSE(inside(control).DeviceConnected);
 }
 
 TEST_F(HostQueries, BeforeAnyReadTheAddressIsZero) {
-  control.DevAddr = 0;
-  control.FamilyID = control.DeviceID = 0;
+  inside(control).DevAddr = 0;
+  inside(control).FamilyID = inside(control).DeviceID = 0;
   EXPECT_EQ(control.get_CheckDeviceType(), 0);
   EXPECT_EQ(log.count("ReadDeviceIdentifier(0)"), 1U);
 }
@@ -109,17 +109,17 @@ TEST_F(HostQueries, GetFWVersionFillsFieldsAndLabel) {
   EXPECT_THAT(story(), ElementsAre("ModulActive(1)", "ConnectWithSerialDevice(3, 19200)",
                                    "StatusChange(Lese Daten)", "ReadInputRegisters(7, 4, 1, 2)",
                                    "CloseSerialConnection", "ModulActive(0)"));
-  EXPECT_EQ(control.FirmwareVers, 2.5F);
-  EXPECT_EQ(control.FwVersion, u"2.500");
-  EXPECT_EQ(control.panel.LblFwVersion.caption(), u"2.500");
-  EXPECT_EQ(control.StatusString, u"Lese Daten");
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_EQ(inside(control).FirmwareVers, 2.5F);
+  EXPECT_EQ(inside(control).FwVersion, u"2.500");
+  EXPECT_EQ(inside(control).panel.LblFwVersion.caption(), u"2.500");
+  EXPECT_EQ(inside(control).StatusString, u"Lese Daten");
+  EXPECT_TRUE(inside(control).bDataValid);
 }
 
 TEST_F(HostQueries, GetFWVersionWaitsForTheConnectionToFall) {
-  control.DeviceConnected = true;
+  inside(control).DeviceConnected = true;
   int turns = 0;
-  platform.loop.onYield = [&] { control.DeviceConnected = ++turns < 5; };
+  platform.loop.onYield = [&] { inside(control).DeviceConnected = ++turns < 5; };
   control.GetFWVersion();
   EXPECT_EQ(log.count("yield"), 5U);
   EXPECT_EQ(log.count("ConnectWithSerialDevice"), 1U);
@@ -129,8 +129,8 @@ TEST_F(HostQueries, GetFWVersionThatThrowsIsZeroForTheHostAndStopsTheScan) {
   failAt("ReadInputRegisters");
   control.GetFWVersion();
   EXPECT_THAT(log.only({"ModulActive"}), ElementsAre("ModulActive(1)", "ModulActive(0)"));
-  EXPECT_EQ(control.StatusString, u"Fehler Verbindung!");
-  EXPECT_FALSE(control.ScanEnabled);
+  EXPECT_EQ(inside(control).StatusString, u"Fehler Verbindung!");
+  EXPECT_FALSE(inside(control).ScanEnabled);
 }
 
 TEST_F(HostQueries, GetFWVersionOnAClosedPortIsThreeAndLeavesTheTimer) {
@@ -159,7 +159,7 @@ TEST_F(HostQueries, GetDeviceStatusTakesOneTurnAndShowsTheStatus) {
 }
 
 TEST_F(HostQueries, GetDeviceStatusDoesNotWaitForAnOpenConnection) {
-  control.DeviceConnected = true;
+  inside(control).DeviceConnected = true;
   control.GetDeviceStatus();
   EXPECT_EQ(log.count("yield"), 1U);
   EXPECT_EQ(log.count("ConnectWithSerialDevice"), 1U);
@@ -171,22 +171,22 @@ TEST_F(HostQueries, GetDeviceStatusReadsTheErrorWordOnceAndHidesUsbPowerOnNfc) {
   control.GetDeviceStatus();
   EXPECT_EQ(log.count("ReadInputRegisters(7, 62, 1, 2)"), 1U);
   EXPECT_EQ(log.count("sleep"), 0U);
-  EXPECT_TRUE(control.panel.LblModulState.caption().starts_with(u"USB-Power; 11 -> "));
-  control.bNFCReader = true;
+  EXPECT_TRUE(inside(control).panel.LblModulState.caption().starts_with(u"USB-Power; 11 -> "));
+  inside(control).bNFCReader = true;
   control.GetDeviceStatus();
-  EXPECT_TRUE(control.panel.LblModulState.caption().starts_with(u"11 -> "));
-  EXPECT_EQ(control.panel.LblChnState.caption(), u"NFC");
+  EXPECT_TRUE(inside(control).panel.LblModulState.caption().starts_with(u"11 -> "));
+  EXPECT_EQ(inside(control).panel.LblChnState.caption(), u"NFC");
 }
 
 TEST_F(HostQueries, GetDeviceStatusTakesTheRegistersAlsoForHartModules) {
-  control.VendorID = 176;
+  inside(control).VendorID = 176;
   control.GetDeviceStatus();
   EXPECT_EQ(log.count("CMD48"), 0U);
   EXPECT_EQ(log.count("ReadInputRegisters(7, 60, 1, 2)"), 1U);
 }
 
 TEST_F(HostQueries, GetDeviceStatusBeforeAnyMatchReadsRegisterZero) {
-  static_cast<DeviceProfile&>(control) = {};
+  static_cast<DeviceProfile&>(inside(control)) = {};
   platform.device.registers[0] = {0x0002};
   control.GetDeviceStatus();
   EXPECT_EQ(log.count("ReadInputRegisters(7, 0, 1, 2)"), 5U);
@@ -200,7 +200,7 @@ TEST_F(HostQueries, GetDeviceStatusThatThrowsIsThreeAndLeavesTheTimer) {
                                    "StatusChange(Fehler Verbindung!)", "CloseSerialConnection",
                                    "ModulActive(3)"));
   EXPECT_TRUE(platform.loop.timerEnabled);
-  EXPECT_TRUE(control.ScanEnabled);
+  EXPECT_TRUE(inside(control).ScanEnabled);
 }
 
 TEST_F(HostQueries, GetDeviceStatusIsGuardedOnlyBehindItsTurn) {
@@ -217,7 +217,7 @@ TEST_F(HostQueries, GetDeviceStatusOnAClosedPortClosesAndIsThree) {
 }
 
 TEST_F(HostQueries, NoQueryReadsTheAddressBox) {
-  control.panel.txtDevAddr.type(u"abc");
+  inside(control).panel.txtDevAddr.type(u"abc");
   log.clear();
   EXPECT_EQ(control.get_CheckDeviceType(), 1);
   control.GetFWVersion();
@@ -232,7 +232,7 @@ TEST_F(HostQueries, AFailedQueryKeepsTheDataValid) {
   control.GetFWVersion();
   control.GetDeviceInformation();
   control.GetDeviceStatus();
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_TRUE(inside(control).bDataValid);
 }
 
 class StoreButton : public HostQueries {
@@ -241,7 +241,7 @@ class StoreButton : public HostQueries {
     control.UnLockCmdStore();
     log.clear();
   }
-  void press() { control.panel.CmdStoreParameter.press(); }
+  void press() { inside(control).panel.CmdStoreParameter.press(); }
 };
 
 TEST_F(StoreButton, AModuleThatFitsRaisesSetConfiguration) {
@@ -251,12 +251,12 @@ TEST_F(StoreButton, AModuleThatFitsRaisesSetConfiguration) {
 }
 
 TEST_F(StoreButton, AnotherModuleShowsAMessage) {
-  control.DeviceID = 1;
+  inside(control).DeviceID = 1;
   platform.messageAnswer = 4;
   press();
   EXPECT_THAT(log.only({"Show", "SetConfiguration"}),
               ElementsAre("Show 16 MERIDEX_CONF: Falscher Modultyp!"));
-  EXPECT_EQ(control.lMsgResult, 4);
+  EXPECT_EQ(inside(control).lMsgResult, 4);
 }
 
 TEST_F(StoreButton, NoModuleAttachedShowsTheSameMessageBehindTheFailureTexts) {
@@ -287,9 +287,9 @@ struct Column {
 class Columns : public HostQueries, public ::testing::WithParamInterface<Column> {};
 
 TEST_P(Columns, WaitForTheConnection) {
-  control.DeviceConnected = true;
+  inside(control).DeviceConnected = true;
   int turns = 0;
-  platform.loop.onYield = [&] { control.DeviceConnected = ++turns < 3; };
+  platform.loop.onYield = [&] { inside(control).DeviceConnected = ++turns < 3; };
   GetParam().run(control);
   EXPECT_EQ(turns >= 3, GetParam().waits);
 }
@@ -305,16 +305,16 @@ TEST_P(Columns, TimerAtTheStart) {
 TEST_P(Columns, StatusTexts) {
   GetParam().run(control);
   EXPECT_EQ(log.only({"StatusChange"}).front(), "StatusChange(Lese Daten)");
-  EXPECT_EQ(control.StatusString, GetParam().statusAfterSuccess);
+  EXPECT_EQ(inside(control).StatusString, GetParam().statusAfterSuccess);
 }
 
 TEST_P(Columns, NoRetryAndNoHartPath) {
-  control.VendorID = 176;
+  inside(control).VendorID = 176;
   failAt("Read");
   GetParam().run(control);
   EXPECT_EQ(log.count("ConnectWithSerialDevice"), 1U);
   EXPECT_EQ(log.count("CMD48"), 0U);
-  EXPECT_EQ(control.Baudrate, 19200);
+  EXPECT_EQ(inside(control).Baudrate, 19200);
 }
 
 TEST_P(Columns, ClosesAfterAFailedConnect) {
@@ -329,7 +329,7 @@ TEST_P(Columns, ExceptionEnd) {
   GetParam().run(control);
   EXPECT_EQ(log.only({"ModulActive"}).back(), GetParam().exceptionEvent);
   EXPECT_EQ(platform.loop.timerEnabled, GetParam().timerAfterException);
-  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_FALSE(inside(control).DeviceConnected);
 }
 
 INSTANTIATE_TEST_SUITE_P(

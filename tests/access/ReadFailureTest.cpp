@@ -16,7 +16,7 @@ class ReadFailure : public ControlFixture {
   [[nodiscard]] std::vector<std::string> story() const {
     return log.only({"ModulActive", "StatusChange", "Connect", "Read", "CMD48", "Close"});
   }
-  void read() { control.panel.CmdDeviceInfo.press(); }
+  void read() { inside(control).panel.CmdDeviceInfo.press(); }
   void failFrom(const std::string& beginning) {
     platform.device.before = [beginning](const std::string& entry) {
       if (entry.starts_with(beginning)) {
@@ -32,13 +32,13 @@ TEST_F(ReadFailure, APortThatCannotBeOpenedEndsAtOnceWithoutRetryOrClose) {
   EXPECT_THAT(story(), ElementsAre("StatusChange()", "StatusChange(Verbindungsaufbau)",
                                    "ModulActive(1)", "ConnectWithSerialDevice(3, 19200)",
                                    "StatusChange(Fehler Verbindung!)", "ModulActive(3)"));
-  EXPECT_EQ(control.Baudrate, 19200);
-  EXPECT_EQ(control.ConnectAttempts, 0);
+  EXPECT_EQ(inside(control).Baudrate, 19200);
+  EXPECT_EQ(inside(control).ConnectAttempts, 0);
 }
 
 TEST_F(ReadFailure, GivingUpSetsTheButtonsInOrderAndTheStorePastItsSetter) {
   platform.device.connects = false;
-  control.ScanEnabled = true;
+  inside(control).ScanEnabled = true;
   log.clear();
   read();
   const auto& entries = log.entries();
@@ -53,9 +53,9 @@ TEST_F(ReadFailure, GivingUpSetsTheButtonsInOrderAndTheStorePastItsSetter) {
                   "CmdOpenDiskParameter.enabled=true", "CmdOpenDiskParameter.picture=Open",
                   "CmdSave2DiskParameter.enabled=true", "CmdSave2DiskParameter.picture=Save",
                   "TimerScanDevice.enabled=false", "ModulActive(3)"));
-  EXPECT_FALSE(control.ScanEnabled);
+  EXPECT_FALSE(inside(control).ScanEnabled);
   EXPECT_FALSE(platform.loop.timerEnabled);
-  EXPECT_FALSE(control.bDataValid);
+  EXPECT_FALSE(inside(control).bDataValid);
 }
 
 TEST_F(ReadFailure, AModuleThatThrowsOnTheFirstReadIsTriedOnceMoreAtTheHighRate) {
@@ -69,9 +69,9 @@ TEST_F(ReadFailure, AModuleThatThrowsOnTheFirstReadIsTriedOnceMoreAtTheHighRate)
                                    "ReadDeviceIdentifier(192)", "CloseSerialConnection",
                                    "StatusChange(Fehler Verbindung!)", "ModulActive(3)"));
   EXPECT_EQ(control.get_Baudrate(), 115200);
-  EXPECT_EQ(control.panel.ComboBaudrate.text(), u"19200");
-  EXPECT_EQ(control.ConnectAttempts, 0);
-  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_EQ(inside(control).panel.ComboBaudrate.text(), u"19200");
+  EXPECT_EQ(inside(control).ConnectAttempts, 0);
+  EXPECT_FALSE(inside(control).DeviceConnected);
 }
 
 TEST_F(ReadFailure, ASecondAttemptThatSucceedsEndsAsOneRead) {
@@ -85,9 +85,9 @@ TEST_F(ReadFailure, ASecondAttemptThatSucceedsEndsAsOneRead) {
   EXPECT_THAT(
       log.only({"ModulActive", "NFCReader"}),
       ElementsAre("ModulActive(1)", "ModulActive(1)", "ModulActive(0)", "NFCReader(false)"));
-  EXPECT_EQ(control.ConnectAttempts, 0);
-  EXPECT_TRUE(control.bDataValid);
-  EXPECT_EQ(control.Baudrate, 115200);
+  EXPECT_EQ(inside(control).ConnectAttempts, 0);
+  EXPECT_TRUE(inside(control).bDataValid);
+  EXPECT_EQ(inside(control).Baudrate, 115200);
 }
 
 TEST_F(ReadFailure, AnExceptionOfTheConnectItselfIsRetriedWithoutBoundWhileItRecurs) {
@@ -102,7 +102,7 @@ TEST_F(ReadFailure, AnExceptionOfTheConnectItselfIsRetriedWithoutBoundWhileItRec
   EXPECT_EQ(log.count("CloseSerialConnection"), 5000U);
   EXPECT_EQ(log.count("ModulActive(1)"), 5000U);
   EXPECT_EQ(log.count("ModulActive(3)"), 0U);
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_TRUE(inside(control).bDataValid);
 }
 
 TEST_F(ReadFailure, AFalseConnectAtTheRetryEndsWithoutClosingAgain) {
@@ -116,21 +116,21 @@ TEST_F(ReadFailure, AFalseConnectAtTheRetryEndsWithoutClosingAgain) {
   EXPECT_EQ(log.count("ConnectWithSerialDevice"), 2U);
   EXPECT_EQ(log.count("CloseSerialConnection"), 1U);
   EXPECT_EQ(log.count("ModulActive(3)"), 1U);
-  EXPECT_EQ(control.Baudrate, 115200);
+  EXPECT_EQ(inside(control).Baudrate, 115200);
 }
 
 class BadAddress : public ReadFailure, public ::testing::WithParamInterface<const char16_t*> {};
 
 TEST_P(BadAddress, FailsAfterTheConnectionWasOpenedAndIsRetriedOnce) {
-  control.DevAddr = 9;
-  control.panel.txtDevAddr.type(GetParam());
+  inside(control).DevAddr = 9;
+  inside(control).panel.txtDevAddr.type(GetParam());
   log.clear();
   read();
   EXPECT_EQ(log.count("ConnectWithSerialDevice"), 2U);
   EXPECT_EQ(log.count("CloseSerialConnection"), 2U);
   EXPECT_EQ(log.count("ReadDeviceIdentifier"), 0U);
-  EXPECT_EQ(control.StatusString, u"Fehler Verbindung!");
-  EXPECT_EQ(control.DevAddr, 9);
+  EXPECT_EQ(inside(control).StatusString, u"Fehler Verbindung!");
+  EXPECT_EQ(inside(control).DevAddr, 9);
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, BadAddress, ::testing::Values(u"256", u"abc", u"", u"-1"));
@@ -148,12 +148,12 @@ TEST_F(ReadFailure, AnUnreadableCatalogueIsRetriedOnceAndThenGivenUp) {
 
 TEST_F(ReadFailure, WhatWasWrittenBeforeTheFailureStays) {
   failFrom("ReadInputRegisters(192, 16,");
-  control.DeviceName = u"the module before";
+  inside(control).DeviceName = u"the module before";
   read();
-  EXPECT_EQ(control.panel.LblVendorID.caption(), u"49");
-  EXPECT_EQ(control.panel.LblFwVersion.caption(), u"1.234");
-  EXPECT_EQ(control.panel.LblSerialNumber.caption(), u"131073");
-  EXPECT_EQ(control.DeviceName, u"");
+  EXPECT_EQ(inside(control).panel.LblVendorID.caption(), u"49");
+  EXPECT_EQ(inside(control).panel.LblFwVersion.caption(), u"1.234");
+  EXPECT_EQ(inside(control).panel.LblSerialNumber.caption(), u"131073");
+  EXPECT_EQ(inside(control).DeviceName, u"");
 }
 
 TEST_F(ReadFailure, AnExceptionOfAHostCallbackInsideTheReadIsAFailureToo) {
@@ -165,8 +165,8 @@ TEST_F(ReadFailure, AnExceptionOfAHostCallbackInsideTheReadIsAFailureToo) {
   };
   read();
   EXPECT_EQ(log.count("ModulActive(1)"), 2U);
-  EXPECT_EQ(control.Baudrate, 115200);
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_EQ(inside(control).Baudrate, 115200);
+  EXPECT_TRUE(inside(control).bDataValid);
 }
 
 TEST_F(ReadFailure, ACloseThatThrowsAtTheEndOfAReadIsRetriedAndReported) {
@@ -174,12 +174,12 @@ TEST_F(ReadFailure, ACloseThatThrowsAtTheEndOfAReadIsRetriedAndReported) {
   read();
   EXPECT_EQ(log.count("ConnectWithSerialDevice"), 2U);
   EXPECT_EQ(log.entries().back(), "ModulActive(3)");
-  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_FALSE(inside(control).DeviceConnected);
   EXPECT_EQ(control.get_DataValid(), 0);
 }
 
 TEST_F(ReadFailure, WithoutASelectedObjectItIsAConnectionThatFailed) {
-  control.CommObject.reset();
+  inside(control).CommObject.reset();
   read();
   EXPECT_THAT(story(),
               ElementsAre("StatusChange()", "StatusChange(Verbindungsaufbau)", "ModulActive(1)",

@@ -20,8 +20,8 @@ class ReadWorkflow : public ControlFixture {
   [[nodiscard]] std::vector<std::string> deviceCalls() const {
     return log.only({"Connect", "Read", "CMD48", "Close", "sleep"});
   }
-  void read() { control.panel.CmdDeviceInfo.press(); }
-  [[nodiscard]] const Panel& panel() const { return control.panel; }
+  void read() { inside(control).panel.CmdDeviceInfo.press(); }
+  [[nodiscard]] const Panel& panel() const { return inside(control).panel; }
 };
 
 TEST_F(ReadWorkflow, AHealthyModuleIsReadStepByStep) {
@@ -63,28 +63,28 @@ TEST_F(ReadWorkflow, AHealthyModuleIsReadStepByStep) {
 }
 
 TEST_F(ReadWorkflow, TheFieldsHoldWhatTheModuleSaid) {
-  control.OfflineMode = true;
+  inside(control).OfflineMode = true;
   read();
-  EXPECT_EQ(control.VendorID, 49);
-  EXPECT_EQ(control.GroupID, 1);
-  EXPECT_EQ(control.FamilyID, 16);
-  EXPECT_EQ(control.DeviceID, 161);
-  EXPECT_EQ(control.FirmwareVers, 1.234F);
-  EXPECT_EQ(control.FwVersion, u"1.234");
-  EXPECT_EQ(control.SecondVersion, 1.1F);
-  EXPECT_EQ(control.SerialNumber, Variant{std::uint64_t{131073}});
-  EXPECT_EQ(control.DeviceName.size(), 32U);
-  EXPECT_EQ(control.DevAddr, 192);
-  EXPECT_EQ(control.StatusWord, 0x0080);
-  EXPECT_EQ(control.LedWord, 0);
-  EXPECT_EQ(control.RegDevStatus, 60);
-  EXPECT_TRUE(control.bDataValid);
-  EXPECT_FALSE(control.OfflineMode);
-  EXPECT_FALSE(control.DeviceConnected);
-  EXPECT_TRUE(control.ScanEnabled);
+  EXPECT_EQ(inside(control).VendorID, 49);
+  EXPECT_EQ(inside(control).GroupID, 1);
+  EXPECT_EQ(inside(control).FamilyID, 16);
+  EXPECT_EQ(inside(control).DeviceID, 161);
+  EXPECT_EQ(inside(control).FirmwareVers, 1.234F);
+  EXPECT_EQ(inside(control).FwVersion, u"1.234");
+  EXPECT_EQ(inside(control).SecondVersion, 1.1F);
+  EXPECT_EQ(inside(control).SerialNumber, Variant{std::uint64_t{131073}});
+  EXPECT_EQ(inside(control).DeviceName.size(), 32U);
+  EXPECT_EQ(inside(control).DevAddr, 192);
+  EXPECT_EQ(inside(control).StatusWord, 0x0080);
+  EXPECT_EQ(inside(control).LedWord, 0);
+  EXPECT_EQ(inside(control).RegDevStatus, 60);
+  EXPECT_TRUE(inside(control).bDataValid);
+  EXPECT_FALSE(inside(control).OfflineMode);
+  EXPECT_FALSE(inside(control).DeviceConnected);
+  EXPECT_TRUE(inside(control).ScanEnabled);
   EXPECT_TRUE(platform.loop.timerEnabled);
-  EXPECT_EQ(control.ConnectAttempts, 0);
-  EXPECT_EQ(control.StatusString, u"");
+  EXPECT_EQ(inside(control).ConnectAttempts, 0);
+  EXPECT_EQ(inside(control).StatusString, u"");
   EXPECT_FALSE(panel().CmdStoreParameter.enabled());
 }
 
@@ -104,9 +104,10 @@ TEST_F(ReadWorkflow, DataIsValidUpToTheFirstStatusChangeAndAgainAtTheEnd) {
 }
 
 TEST_F(ReadWorkflow, StoreAndOfflineAreRememberedAsOff) {
-  control.panel.CmdSave2DiskParameter.setEnabled(false);
+  inside(control).panel.CmdSave2DiskParameter.setEnabled(false);
   read();
-  EXPECT_THAT(control.SavedCmdEnabled, ElementsAre(false, false, true, false, false, false, false));
+  EXPECT_THAT(inside(control).SavedCmdEnabled,
+              ElementsAre(false, false, true, false, false, false, false));
 }
 
 TEST_F(ReadWorkflow, AfterAReadHostWorkEndedLeavesStoreAndOfflineOff) {
@@ -120,20 +121,20 @@ TEST_F(ReadWorkflow, AutomaticConnectionReadsAsTheButtonDoes) {
   read();
   const auto byButton = log.entries();
   log.clear();
-  control.panel.CmdStoreParameter.setEnabled(true);
+  inside(control).panel.CmdStoreParameter.setEnabled(true);
   log.clear();
   control.AutomaticConnection();
   EXPECT_EQ(log.entries(), byButton);
 }
 
 TEST_F(ReadWorkflow, AutomaticConnectionReadsAlsoWithTheButtonOff) {
-  control.panel.CmdDeviceInfo.setEnabled(false);
+  inside(control).panel.CmdDeviceInfo.setEnabled(false);
   control.AutomaticConnection();
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_TRUE(inside(control).bDataValid);
 }
 
 TEST_F(ReadWorkflow, WithoutAnyReaderAutomaticConnectionOnlyRaisesSix) {
-  control.ReaderMissing = true;
+  inside(control).ReaderMissing = true;
   control.AutomaticConnection();
   EXPECT_THAT(log.entries(), ElementsAre("ModulActive(6)"));
 }
@@ -168,7 +169,7 @@ TEST_F(ReadWorkflow, UsbPowerStandsInFrontAlsoOnAnNfcReader) {
   platform.device.registers[64] = {0x1000};
   read();
   EXPECT_EQ(panel().LblModulState.caption(), u"USB-Power; 0 -> Kein Fehler");
-  control.bNFCReader = true;
+  inside(control).bNFCReader = true;
   read();
   EXPECT_EQ(panel().LblModulState.caption(), u"USB-Power; NFC");
   EXPECT_EQ(panel().LblModulState.state().toolTipText, u"USB-Power; NFC");
@@ -178,15 +179,15 @@ TEST_F(ReadWorkflow, UsbPowerStandsInFrontAlsoOnAnNfcReader) {
 TEST_F(ReadWorkflow, TheLedWordMayBeWiderThanAWord) {
   platform.device.registers[64] = {0x11000};
   read();
-  EXPECT_EQ(control.LedWord, 0x11000);
+  EXPECT_EQ(inside(control).LedWord, 0x11000);
   EXPECT_EQ(panel().LblModulState.caption(), u"USB-Power; 0 -> Kein Fehler");
 }
 
 TEST_F(ReadWorkflow, AnotherAddressShowsIdentificationAndReadsNoStatus) {
-  control.panel.txtDevAddr.type(u"17");
+  inside(control).panel.txtDevAddr.type(u"17");
   platform.loop.onYield = [this] {
-    control.panel.LblModulState.setCaption(u"of the host");
-    control.panel.LblChnState.setCaption(u"of the host");
+    inside(control).panel.LblModulState.setCaption(u"of the host");
+    inside(control).panel.LblChnState.setCaption(u"of the host");
   };
   log.clear();
   read();
@@ -199,7 +200,7 @@ TEST_F(ReadWorkflow, AnotherAddressShowsIdentificationAndReadsNoStatus) {
   EXPECT_EQ(panel().LblChnState.caption(), u"");
   EXPECT_EQ(panel().LblVendorID.caption(), u"49");
   EXPECT_EQ(control.get_DataValid(), 1);
-  EXPECT_EQ(control.StatusString, u"Verbindungsaufbau");
+  EXPECT_EQ(inside(control).StatusString, u"Verbindungsaufbau");
   EXPECT_TRUE(panel().ImageDevState.visible());
 }
 
@@ -207,7 +208,7 @@ TEST_F(ReadWorkflow, AnUnknownModuleSucceedsAndReadsRegisterZero) {
   platform.device.identifier = {49, 1, 99, 1};
   read();
   EXPECT_EQ(log.count("ReadInputRegisters(192, 0, 1, 2)"), 4U);
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_TRUE(inside(control).bDataValid);
   EXPECT_EQ(panel().LblModulState.caption(), u"80 -> Fehler Parameter Checksumme");
 }
 
@@ -224,7 +225,7 @@ TEST_F(ReadWorkflow, AnotherFirmwareKeepsTheRegistersOfTheLastExactMatch) {
   log.clear();
   read();
   EXPECT_EQ(log.count("ReadInputRegisters(192, 60, 1, 2)"), 1U);
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_TRUE(inside(control).bDataValid);
 }
 
 TEST_F(ReadWorkflow, HideFwVersionHidesTheFirmwareRowAndAnyOtherValueShowsIt) {
@@ -245,7 +246,7 @@ TEST_F(ReadWorkflow, TheSystemsDecimalCommaDoesNotShowInTheVersion) {
   platform.settings[u"Control Panel\\International\\|sDecimal"] = std::u16string(u",");
   read();
   EXPECT_EQ(panel().LblFwVersion.caption(), u"1.234");
-  EXPECT_EQ(control.RegDevStatus, 60);
+  EXPECT_EQ(inside(control).RegDevStatus, 60);
 }
 
 class HartRead : public ReadWorkflow {
@@ -256,8 +257,8 @@ class HartRead : public ReadWorkflow {
         {24, {0, 0, 'H', 'V', '1'}}, {20, {0, 0, 'N', 'a', 'm', 'e'}}, {27, {0, 0, 'S', '7'}}};
     platform.device.cmd48Reply[0] = 3;
     platform.device.cmd48Reply[1] = 0;
-    control.FirmwareVers = 9.5F;
-    control.SerialNumber = std::uint64_t{42};
+    inside(control).FirmwareVers = 9.5F;
+    inside(control).SerialNumber = std::uint64_t{42};
   }
 };
 
@@ -271,13 +272,13 @@ TEST_F(HartRead, ReadsThreeTextsAndTheStatusCommand) {
                   "ReadInputRegisters(0, 20, 1, 12)", "yield", "ReadInputRegisters(0, 27, 1, 12)",
                   "CMD48", "StatusChange()", "CloseSerialConnection", "StatusChange()",
                   "ModulActive(0)", "NFCReader(false)"));
-  EXPECT_EQ(control.FwVersion, u"HV1");
+  EXPECT_EQ(inside(control).FwVersion, u"HV1");
   EXPECT_EQ(panel().LblFwVersion.caption(), u"HV1");
-  EXPECT_EQ(control.DeviceName, u"Name");
+  EXPECT_EQ(inside(control).DeviceName, u"Name");
   EXPECT_EQ(panel().LabelDeviceName.caption(), u"Name");
   EXPECT_EQ(panel().LblSerialNumber.caption(), u"S7");
-  EXPECT_EQ(control.SerialNumber, Variant{std::uint64_t{42}});
-  EXPECT_EQ(control.FirmwareVers, 9.5F);
+  EXPECT_EQ(inside(control).SerialNumber, Variant{std::uint64_t{42}});
+  EXPECT_EQ(inside(control).FirmwareVers, 9.5F);
 }
 
 TEST_F(HartRead, AGoodStatusByteShowsNoFaultAndPictureOne) {
@@ -288,7 +289,7 @@ TEST_F(HartRead, AGoodStatusByteShowsNoFaultAndPictureOne) {
   EXPECT_EQ(panel().LblChnState.caption(), u"3");
   EXPECT_EQ(panel().LblChnState.state().toolTipTitle, u"Kanal Status");
   EXPECT_EQ(panel().ImageDevState.state().picture, PictureSource{1});
-  EXPECT_EQ(control.StatusString, u"");
+  EXPECT_EQ(inside(control).StatusString, u"");
 }
 
 TEST_F(HartRead, AnotherStatusByteShowsTheNumberAloneAndPictureTwo) {
@@ -301,15 +302,15 @@ TEST_F(HartRead, AnotherStatusByteShowsTheNumberAloneAndPictureTwo) {
 TEST_F(HartRead, NoReplyEmptiesTheLabelsAndLeavesPictureAndStatus) {
   for (const std::int16_t count : {std::int16_t{0}, std::int16_t{-1}}) {
     platform.device.cmd48Count = count;
-    control.panel.ImageDevState.setPicture(PictureSource{7});
+    inside(control).panel.ImageDevState.setPicture(PictureSource{7});
     read();
     EXPECT_EQ(panel().LblModulState.caption(), u"");
     EXPECT_EQ(panel().LblChnState.caption(), u"");
     EXPECT_EQ(panel().LblModulState.state().toolTipTitle, u"Modul Status");
     EXPECT_EQ(panel().ImageDevState.state().picture, PictureSource{7});
     EXPECT_TRUE(panel().ImageDevState.visible());
-    EXPECT_EQ(control.StatusString, u"Verbindungsaufbau");
-    EXPECT_TRUE(control.bDataValid);
+    EXPECT_EQ(inside(control).StatusString, u"Verbindungsaufbau");
+    EXPECT_TRUE(inside(control).bDataValid);
   }
 }
 
@@ -320,14 +321,14 @@ TEST_F(HartRead, AReplyOfOneByteTakesTheSecondFromTheZeroedBuffer) {
 }
 
 TEST_F(HartRead, ReadsTheStatusAtAnyAddress) {
-  control.panel.txtDevAddr.type(u"5");
+  inside(control).panel.txtDevAddr.type(u"5");
   read();
   EXPECT_EQ(log.count("CMD48"), 1U);
   EXPECT_EQ(log.count("ReadDeviceIdentifier(5)"), 1U);
 }
 
 TEST_F(HartRead, LeavesTheVisibilityOfTheFirmwareRow) {
-  control.panel.LblFwVersion.setVisible(false);
+  inside(control).panel.LblFwVersion.setVisible(false);
   log.clear();
   read();
   EXPECT_FALSE(panel().LblFwVersion.visible());
@@ -335,7 +336,7 @@ TEST_F(HartRead, LeavesTheVisibilityOfTheFirmwareRow) {
 }
 
 TEST_F(HartRead, IsTakenByTheVendorWhicheverObjectIsSelected) {
-  control.CommObject = moduleWide().NfcCommObject;
+  inside(control).CommObject = moduleWide().NfcCommObject;
   read();
   EXPECT_EQ(log.count("CMD48"), 1U);
 }

@@ -27,7 +27,7 @@ class Scan : public ControlFixture {
       }
     };
   }
-  [[nodiscard]] const Panel& panel() const { return control.panel; }
+  [[nodiscard]] const Panel& panel() const { return inside(control).panel; }
 };
 
 TEST_F(Scan, AGoodPassReadsTheStatusWordsWithItsTurnsAndGivesNoEndingValue) {
@@ -44,7 +44,7 @@ TEST_F(Scan, AGoodPassReadsTheStatusWordsWithItsTurnsAndGivesNoEndingValue) {
                   "LblChnState.caption=80 -> Kein Fehler", "LblChnState.toolTipTitle=Kanal Status",
                   "LblChnState.toolTipText=80 -> Kein Fehler", "ImageDevState.visible=true",
                   "CloseSerialConnection"));
-  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_FALSE(inside(control).DeviceConnected);
   EXPECT_TRUE(platform.loop.timerEnabled);
 }
 
@@ -62,13 +62,13 @@ TEST_F(Scan, UsbPowerIsShownOnlyOffAnNfcReader) {
   platform.device.registers[64] = {0x1000};
   tick();
   EXPECT_EQ(panel().LblModulState.caption(), u"USB-Power; 0 -> Kein Fehler");
-  control.bNFCReader = true;
+  inside(control).bNFCReader = true;
   tick();
   EXPECT_EQ(panel().LblModulState.caption(), u"NFC");
 }
 
 TEST_F(Scan, ReadsTheStatusAtAnyAddress) {
-  control.panel.txtDevAddr.type(u"17");
+  inside(control).panel.txtDevAddr.type(u"17");
   control.AutomaticConnection();
   EXPECT_EQ(panel().LblModulState.caption(), u"");
   log.clear();
@@ -98,10 +98,10 @@ TEST_F(Scan, APortThatHasGoneStopsTheScanSilently) {
   EXPECT_THAT(log.entries(),
               ElementsAre("ModulActive(4)", "yield", "ConnectWithSerialDevice(3, 19200)", "yield",
                           "CloseSerialConnection", "TimerScanDevice.enabled=false"));
-  EXPECT_FALSE(control.ScanEnabled);
-  EXPECT_EQ(control.ScanErrorCount, 0);
-  EXPECT_EQ(control.StatusString, u"");
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_FALSE(inside(control).ScanEnabled);
+  EXPECT_EQ(inside(control).ScanErrorCount, 0);
+  EXPECT_EQ(inside(control).StatusString, u"");
+  EXPECT_TRUE(inside(control).bDataValid);
 }
 
 TEST_F(Scan, AFailedPassCountsAndGoesOn) {
@@ -110,10 +110,10 @@ TEST_F(Scan, AFailedPassCountsAndGoesOn) {
   EXPECT_THAT(story(), ElementsAre("ModulActive(4)", "yield", "ConnectWithSerialDevice(3, 19200)",
                                    "yield", "ReadInputRegisters(192, 60, 1, 2)", "yield",
                                    "CloseSerialConnection", "ModulActive(0)"));
-  EXPECT_EQ(control.ScanErrorCount, 1);
+  EXPECT_EQ(inside(control).ScanErrorCount, 1);
   EXPECT_TRUE(platform.loop.timerEnabled);
   EXPECT_EQ(panel().LblModulState.caption(), u"0 -> Kein Fehler");
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_TRUE(inside(control).bDataValid);
 }
 
 TEST_F(Scan, TheEleventhFailureOfALifeGoesOffline) {
@@ -124,37 +124,37 @@ TEST_F(Scan, TheEleventhFailureOfALifeGoesOffline) {
   EXPECT_TRUE(platform.loop.timerEnabled);
   platform.device.before = [](const std::string&) {};
   tick();
-  EXPECT_EQ(control.ScanErrorCount, 10);
+  EXPECT_EQ(inside(control).ScanErrorCount, 10);
   fail();
   tick();
-  EXPECT_EQ(control.ScanErrorCount, 11);
+  EXPECT_EQ(inside(control).ScanErrorCount, 11);
   EXPECT_FALSE(platform.loop.timerEnabled);
-  EXPECT_FALSE(control.ScanEnabled);
-  EXPECT_EQ(control.StatusString, u"Offline");
+  EXPECT_FALSE(inside(control).ScanEnabled);
+  EXPECT_EQ(inside(control).StatusString, u"Offline");
   EXPECT_EQ(log.count("ModulActive(0)"), 11U);
   EXPECT_EQ(log.count("ModulActive(4)"), 12U);
   EXPECT_EQ(log.count("StatusChange(Offline)"), 1U);
   EXPECT_EQ(log.entries().back(), "StatusChange(Offline)");
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_TRUE(inside(control).bDataValid);
   EXPECT_EQ(panel().LblVendorID.caption(), u"49");
 }
 
 TEST_F(Scan, AfterOfflineAReadRestartsTheScanAndTheNextFailureStopsItAgain) {
-  control.ScanErrorCount = 11;
+  inside(control).ScanErrorCount = 11;
   control.AutomaticConnection();
   EXPECT_TRUE(platform.loop.timerEnabled);
   fail();
   tick();
   EXPECT_FALSE(platform.loop.timerEnabled);
-  EXPECT_EQ(control.ScanErrorCount, 12);
-  EXPECT_EQ(control.StatusString, u"Offline");
+  EXPECT_EQ(inside(control).ScanErrorCount, 12);
+  EXPECT_EQ(inside(control).StatusString, u"Offline");
 }
 
 TEST_F(Scan, TheCounterStaysAtItsLargestValue) {
-  control.ScanErrorCount = 32767;
+  inside(control).ScanErrorCount = 32767;
   fail();
   tick();
-  EXPECT_EQ(control.ScanErrorCount, 32767);
+  EXPECT_EQ(inside(control).ScanErrorCount, 32767);
 }
 
 TEST_F(Scan, AFailurePartWayLeavesWhatThePassHadWritten) {
@@ -164,7 +164,7 @@ TEST_F(Scan, AFailurePartWayLeavesWhatThePassHadWritten) {
       throw std::runtime_error("no answer");
     }
   };
-  control.panel.LblChnState.setCaption(u"old");
+  inside(control).panel.LblChnState.setCaption(u"old");
   tick();
   EXPECT_EQ(panel().LblModulState.caption(), u"4 -> Simulation");
   EXPECT_EQ(panel().LblChnState.caption(), u"old");
@@ -174,7 +174,7 @@ TEST_F(Scan, AFailurePartWayLeavesWhatThePassHadWritten) {
 class HartScan : public Scan {
  protected:
   HartScan() {
-    control.VendorID = 176;
+    inside(control).VendorID = 176;
     platform.device.cmd48Reply[0] = 5;
     platform.device.cmd48Reply[1] = 9;
   }
@@ -211,7 +211,7 @@ TEST_F(HartScan, NoReplyCountsAsGoodWithNothingInFront) {
 TEST_F(HartScan, ACommandThatThrowsIsAFailedPass) {
   fail();
   tick();
-  EXPECT_EQ(control.ScanErrorCount, 1);
+  EXPECT_EQ(inside(control).ScanErrorCount, 1);
   EXPECT_EQ(log.entries().back(), "ModulActive(0)");
 }
 

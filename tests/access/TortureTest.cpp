@@ -101,7 +101,7 @@ class Torture : public ControlFixture, public ::testing::WithParamInterface<Path
   }
 
   void read() {
-    control.Baudrate = 19200;
+    inside(control).Baudrate = 19200;
     log.clear();
     control.AutomaticConnection();
   }
@@ -112,27 +112,28 @@ class Torture : public ControlFixture, public ::testing::WithParamInterface<Path
 
   /// What must hold after every read, however it ended.
   void expectOrderlyEnd() {
-    EXPECT_FALSE(control.DeviceConnected);
-    EXPECT_EQ(control.ConnectAttempts, 0);
-    EXPECT_TRUE(control.panel.CmdDeviceInfo.enabled());
-    EXPECT_TRUE(control.panel.CmdOfflineConfigure.enabled());
-    EXPECT_TRUE(control.panel.CmdOpenDiskParameter.enabled());
-    EXPECT_TRUE(control.panel.CmdSave2DiskParameter.enabled());
-    EXPECT_FALSE(control.panel.CmdStoreParameter.enabled());
-    EXPECT_EQ(control.ScanEnabled, control.bDataValid);
-    EXPECT_EQ(platform.loop.timerEnabled, control.bDataValid);
-    EXPECT_EQ(control.panel.ImageDevState.visible(), control.bDataValid);
+    EXPECT_FALSE(inside(control).DeviceConnected);
+    EXPECT_EQ(inside(control).ConnectAttempts, 0);
+    EXPECT_TRUE(inside(control).panel.CmdDeviceInfo.enabled());
+    EXPECT_TRUE(inside(control).panel.CmdOfflineConfigure.enabled());
+    EXPECT_TRUE(inside(control).panel.CmdOpenDiskParameter.enabled());
+    EXPECT_TRUE(inside(control).panel.CmdSave2DiskParameter.enabled());
+    EXPECT_FALSE(inside(control).panel.CmdStoreParameter.enabled());
+    EXPECT_EQ(inside(control).ScanEnabled, inside(control).bDataValid);
+    EXPECT_EQ(platform.loop.timerEnabled, inside(control).bDataValid);
+    EXPECT_EQ(inside(control).panel.ImageDevState.visible(), inside(control).bDataValid);
     EXPECT_EQ(log.only({"ModulActive"}).back(),
-              control.bDataValid ? "ModulActive(0)" : "ModulActive(3)");
+              inside(control).bDataValid ? "ModulActive(0)" : "ModulActive(3)");
     EXPECT_EQ(log.count("ModulActive(0)") + log.count("ModulActive(3)"), 1U);
-    EXPECT_EQ(log.count("NFCReader"), control.bDataValid ? 1U : 0U);
-    EXPECT_EQ(control.StatusString, control.bDataValid ? u"" : u"Fehler Verbindung!");
+    EXPECT_EQ(log.count("NFCReader"), inside(control).bDataValid ? 1U : 0U);
+    EXPECT_EQ(inside(control).StatusString,
+              inside(control).bDataValid ? u"" : u"Fehler Verbindung!");
   }
 
   void expectNextReadSucceeds() {
     heal();
     read();
-    EXPECT_TRUE(control.bDataValid);
+    EXPECT_TRUE(inside(control).bDataValid);
     EXPECT_EQ(calls().size(), path.calls.size());
     EXPECT_EQ(log.count("ModulActive(1)"), 1U);
     expectOrderlyEnd();
@@ -165,8 +166,8 @@ TEST_P(Torture, OneCallThatGoesWrongIsMetByTheRetryOrEndsTheReadInOrder) {
       const bool fails = call.failingWays.find(way) != std::string_view::npos;
       const bool refused = nth == 0 && way == 'f';
       const bool retried = fails && !refused;
-      EXPECT_EQ(control.bDataValid, !refused);
-      EXPECT_EQ(control.Baudrate, retried ? 115200 : 19200);
+      EXPECT_EQ(inside(control).bDataValid, !refused);
+      EXPECT_EQ(inside(control).Baudrate, retried ? 115200 : 19200);
       EXPECT_EQ(log.count("ModulActive(1)"), retried ? 2U : 1U);
       EXPECT_EQ(log.count("ConnectWithSerialDevice"), retried ? 2U : 1U);
       const std::size_t closes =
@@ -188,10 +189,10 @@ TEST_P(Torture, AModuleThatDiesAtACallAndStaysDeadIsGivenUpAfterTheRetry) {
     };
     read();
     expectOrderlyEnd();
-    EXPECT_FALSE(control.bDataValid);
+    EXPECT_FALSE(inside(control).bDataValid);
     EXPECT_EQ(log.count("ConnectWithSerialDevice"), 2U);
     EXPECT_EQ(log.count("ModulActive(1)"), 2U);
-    EXPECT_EQ(control.Baudrate, 115200);
+    EXPECT_EQ(inside(control).Baudrate, 115200);
     expectNextReadSucceeds();
   }
 }

@@ -60,7 +60,7 @@ class AnyPhase : public ControlFixture, public ::testing::WithParamInterface<uns
 
   void pressAny() {
     std::vector<Widget*> buttons;
-    for (Widget* widget : control.panel.widgets()) {
+    for (Widget* widget : inside(control).panel.widgets()) {
       if (widget->kind() == WidgetKind::Button) {
         buttons.push_back(widget);
       }
@@ -131,9 +131,9 @@ class AnyPhase : public ControlFixture, public ::testing::WithParamInterface<uns
           endAnotherControl();
         }
       },
-      [this] { control.panel.ComboComPort.select(below(4)); },
-      [this] { control.panel.ComboBaudrate.select(below(12)); },
-      [this] { control.panel.txtDevAddr.setText(oneIn(3) ? u"300" : u"192"); },
+      [this] { inside(control).panel.ComboComPort.select(below(4)); },
+      [this] { inside(control).panel.ComboBaudrate.select(below(12)); },
+      [this] { inside(control).panel.txtDevAddr.setText(oneIn(3) ? u"300" : u"192"); },
       [this] { platform.device.connects = !oneIn(4); },
       [this] { platform.device.cmd48Count = static_cast<std::int16_t>(below(5) - 2); },
       [this] {
@@ -161,13 +161,13 @@ TEST_P(AnyPhase, LeavesAControlThatReadsAgain) {
   endDisorder();
   control.UserControl_Initialize();
   selectModbus();
-  control.panel.txtDevAddr.setText(u"192");
+  inside(control).panel.txtDevAddr.setText(u"192");
   log.clear();
   control.AutomaticConnection();
   EXPECT_EQ(control.get_DataValid(), 1);
   EXPECT_EQ(control.get_DeviceConnected(), 0);
-  EXPECT_EQ(control.ConnectAttempts, 0);
-  EXPECT_EQ(control.panel.LblModulState.caption(), u"0 -> Kein Fehler");
+  EXPECT_EQ(inside(control).ConnectAttempts, 0);
+  EXPECT_EQ(inside(control).panel.LblModulState.caption(), u"0 -> Kein Fehler");
   EXPECT_EQ(log.only({"ModulActive"}),
             (std::vector<std::string>{"ModulActive(1)", "ModulActive(0)"}));
   EXPECT_EQ(log.count("ConnectWithSerialDevice"), 1U);

@@ -12,7 +12,7 @@ class CommandState : public ControlFixture {
  protected:
   /// The enabled states of the six buttons: Read, Store, Offline, Open, Save, Print.
   [[nodiscard]] std::string states() const {
-    const Panel& panel = control.panel;
+    const Panel& panel = inside(control).panel;
     std::string out;
     for (const auto* button : {&panel.CmdDeviceInfo, &panel.CmdStoreParameter,
                                &panel.CmdOfflineConfigure, &panel.CmdOpenDiskParameter,
@@ -31,7 +31,7 @@ TEST_F(CommandState, LockPutsTheStoreButtonOffAndItsPictureAgain) {
   control.UnLockCmdStore();
   log.clear();
   EXPECT_EQ(control.LockCmdStore(), Variant{});
-  EXPECT_TRUE(control.bCmdStoreLocked);
+  EXPECT_TRUE(inside(control).bCmdStoreLocked);
   EXPECT_THAT(log.entries(),
               ElementsAre("CmdStoreParameter.enabled=false", "CmdStoreParameter.picture=Download"));
 }
@@ -39,7 +39,7 @@ TEST_F(CommandState, LockPutsTheStoreButtonOffAndItsPictureAgain) {
 TEST_F(CommandState, UnlockPutsTheStoreButtonOn) {
   control.LockCmdStore();
   EXPECT_EQ(control.UnLockCmdStore(), Variant{});
-  EXPECT_FALSE(control.bCmdStoreLocked);
+  EXPECT_FALSE(inside(control).bCmdStoreLocked);
   EXPECT_EQ(states(), "111111");
 }
 
@@ -70,7 +70,7 @@ TEST_F(CommandState, DisablePutsFourButtonsOffInOrderAndKeepsTheLock) {
                   "CmdOpenDiskParameter.enabled=false", "CmdOpenDiskParameter.picture=Open",
                   "CmdSave2DiskParameter.enabled=false", "CmdSave2DiskParameter.picture=Save",
                   "CmdPrintConfiguration.enabled=false", "CmdPrintConfiguration.picture=Print"));
-  EXPECT_FALSE(control.bCmdStoreLocked);
+  EXPECT_FALSE(inside(control).bCmdStoreLocked);
 }
 
 TEST_F(CommandState, UnlockAfterDisablePutsOnlyStoreOn) {
@@ -80,8 +80,8 @@ TEST_F(CommandState, UnlockAfterDisablePutsOnlyStoreOn) {
 }
 
 TEST_F(CommandState, HostWorkSavesFourStatesAndPutsAllSixOffBeforeTheCallback) {
-  control.panel.CmdOfflineConfigure.setEnabled(false);
-  control.panel.CmdOpenDiskParameter.setEnabled(false);
+  inside(control).panel.CmdOfflineConfigure.setEnabled(false);
+  inside(control).panel.CmdOpenDiskParameter.setEnabled(false);
   log.clear();
   control.put_DeviceActive(1);
   EXPECT_THAT(
@@ -92,12 +92,13 @@ TEST_F(CommandState, HostWorkSavesFourStatesAndPutsAllSixOffBeforeTheCallback) {
                   "CmdSave2DiskParameter.enabled=false", "CmdSave2DiskParameter.picture=Save",
                   "CmdPrintConfiguration.enabled=false", "CmdPrintConfiguration.picture=Print",
                   "CmdDeviceInfo.enabled=false", "CmdDeviceInfo.picture=Upload", "ModulActive(1)"));
-  EXPECT_THAT(control.SavedCmdEnabled, ElementsAre(true, false, false, true, false, false, false));
-  EXPECT_TRUE(control.HostActive);
+  EXPECT_THAT(inside(control).SavedCmdEnabled,
+              ElementsAre(true, false, false, true, false, false, false));
+  EXPECT_TRUE(inside(control).HostActive);
 }
 
 TEST_F(CommandState, HostWorkEndedRestoresStoreAndOfflineAndPutsTheOthersOn) {
-  control.panel.CmdStoreParameter.setEnabled(false);
+  inside(control).panel.CmdStoreParameter.setEnabled(false);
   control.put_DeviceActive(1);
   log.clear();
   control.put_DeviceActive(0);
@@ -110,12 +111,12 @@ TEST_F(CommandState, HostWorkEndedRestoresStoreAndOfflineAndPutsTheOthersOn) {
                   "CmdSave2DiskParameter.enabled=true", "CmdSave2DiskParameter.picture=Save",
                   "CmdPrintConfiguration.enabled=true", "CmdPrintConfiguration.picture=Print",
                   "ModulActive(0)"));
-  EXPECT_FALSE(control.HostActive);
+  EXPECT_FALSE(inside(control).HostActive);
 }
 
 TEST_F(CommandState, OpenAndSaveComeBackOnAlthoughTheyWereOff) {
-  control.panel.CmdOpenDiskParameter.setEnabled(false);
-  control.panel.CmdSave2DiskParameter.setEnabled(false);
+  inside(control).panel.CmdOpenDiskParameter.setEnabled(false);
+  inside(control).panel.CmdSave2DiskParameter.setEnabled(false);
   control.put_DeviceActive(1);
   control.put_DeviceActive(0);
   EXPECT_EQ(states(), "111111");
@@ -136,15 +137,15 @@ TEST_F(CommandState, HostWorkEndedWithoutAStartTakesTheInitialSavedStates) {
 
 TEST_F(CommandState, FailureDeclaredPutsPrintOffAndStopsTheTimer) {
   platform.loop.timerEnabled = true;
-  control.ScanEnabled = true;
-  control.HostActive = true;
-  control.SavedCmdEnabled[0] = false;
-  control.SavedCmdEnabled[1] = false;
+  inside(control).ScanEnabled = true;
+  inside(control).HostActive = true;
+  inside(control).SavedCmdEnabled[0] = false;
+  inside(control).SavedCmdEnabled[1] = false;
   control.put_DeviceActive(3);
   EXPECT_EQ(states(), "101110");
   EXPECT_FALSE(platform.loop.timerEnabled);
-  EXPECT_FALSE(control.ScanEnabled);
-  EXPECT_FALSE(control.HostActive);
+  EXPECT_FALSE(inside(control).ScanEnabled);
+  EXPECT_FALSE(inside(control).HostActive);
   EXPECT_EQ(log.entries().back(), "ModulActive(3)");
 }
 
@@ -158,7 +159,7 @@ std::vector<std::string> restoredButtons() {
 }
 
 TEST_F(CommandState, FailureDeclaredSetsTheButtonsInOrder) {
-  control.SavedCmdEnabled[0] = control.SavedCmdEnabled[1] = false;
+  inside(control).SavedCmdEnabled[0] = inside(control).SavedCmdEnabled[1] = false;
   control.put_DeviceActive(3);
   auto expected = restoredButtons();
   expected.insert(expected.end(),
@@ -168,7 +169,7 @@ TEST_F(CommandState, FailureDeclaredSetsTheButtonsInOrder) {
 }
 
 TEST_F(CommandState, RestoreDeclaredSetsTheButtonsInOrder) {
-  control.SavedCmdEnabled[0] = control.SavedCmdEnabled[1] = false;
+  inside(control).SavedCmdEnabled[0] = inside(control).SavedCmdEnabled[1] = false;
   control.put_DeviceActive(5);
   auto expected = restoredButtons();
   expected.insert(expected.end(), {"TimerScanDevice.enabled=false", "ModulActive(5)"});
@@ -179,29 +180,29 @@ TEST_F(CommandState, ScanDeclaredHoldsTheScanAndTouchesNothingElse) {
   platform.loop.timerEnabled = true;
   control.put_DeviceActive(4);
   EXPECT_THAT(log.entries(), ElementsAre("ModulActive(4)"));
-  EXPECT_TRUE(control.HostActive);
+  EXPECT_TRUE(inside(control).HostActive);
   EXPECT_TRUE(platform.loop.timerEnabled);
 }
 
 TEST_F(CommandState, RestoreDeclaredLeavesPrintAndStopsTheTimer) {
   control.DisableCmdStore();
   platform.loop.timerEnabled = true;
-  control.ScanEnabled = true;
-  control.HostActive = true;
+  inside(control).ScanEnabled = true;
+  inside(control).HostActive = true;
   control.put_DeviceActive(5);
   EXPECT_EQ(states(), "111110");
   EXPECT_FALSE(platform.loop.timerEnabled);
-  EXPECT_FALSE(control.ScanEnabled);
-  EXPECT_FALSE(control.HostActive);
+  EXPECT_FALSE(inside(control).ScanEnabled);
+  EXPECT_FALSE(inside(control).HostActive);
   EXPECT_EQ(log.entries().back(), "ModulActive(5)");
 }
 
 TEST_F(CommandState, SixAndSevenArePassedOnOneHigher) {
-  control.HostActive = true;
+  inside(control).HostActive = true;
   control.put_DeviceActive(6);
   control.put_DeviceActive(7);
   EXPECT_THAT(log.entries(), ElementsAre("ModulActive(7)", "ModulActive(8)"));
-  EXPECT_TRUE(control.HostActive);
+  EXPECT_TRUE(inside(control).HostActive);
 }
 
 TEST_F(CommandState, OtherDeclarationsDoNothing) {
@@ -213,14 +214,14 @@ TEST_F(CommandState, OtherDeclarationsDoNothing) {
 
 TEST_F(CommandState, OfflineButtonPutsFiveButtonsOnPastTheLockAndClearsTheLabels) {
   control.DisableCmdStore();
-  control.panel.CmdDeviceInfo.setEnabled(false);
-  control.panel.CmdPrintConfiguration.setEnabled(false);
-  control.ScanEnabled = true;
+  inside(control).panel.CmdDeviceInfo.setEnabled(false);
+  inside(control).panel.CmdPrintConfiguration.setEnabled(false);
+  inside(control).ScanEnabled = true;
   platform.loop.timerEnabled = true;
   log.clear();
-  control.panel.CmdOfflineConfigure.press();
-  EXPECT_TRUE(control.OfflineMode);
-  EXPECT_TRUE(control.bCmdStoreLocked);
+  inside(control).panel.CmdOfflineConfigure.press();
+  EXPECT_TRUE(inside(control).OfflineMode);
+  EXPECT_TRUE(inside(control).bCmdStoreLocked);
   EXPECT_THAT(
       log.entries(),
       ElementsAre("CmdDeviceInfo.enabled=true", "CmdDeviceInfo.picture=Upload",
@@ -234,13 +235,13 @@ TEST_F(CommandState, OfflineButtonPutsFiveButtonsOnPastTheLockAndClearsTheLabels
                   "LabelDeviceDescription.caption=", "TimerScanDevice.enabled=false"));
   EXPECT_EQ(states(), "111110");
   EXPECT_FALSE(platform.loop.timerEnabled);
-  EXPECT_FALSE(control.ScanEnabled);
+  EXPECT_FALSE(inside(control).ScanEnabled);
 }
 
 TEST_F(CommandState, DiskAndPrintButtonsOnlyAskTheHost) {
-  control.panel.CmdOpenDiskParameter.press();
-  control.panel.CmdSave2DiskParameter.press();
-  control.panel.CmdPrintConfiguration.press();
+  inside(control).panel.CmdOpenDiskParameter.press();
+  inside(control).panel.CmdSave2DiskParameter.press();
+  inside(control).panel.CmdPrintConfiguration.press();
   EXPECT_THAT(log.entries(),
               ElementsAre("LoadConfiguration", "SaveConfiguration", "PrintConfiguration"));
   EXPECT_EQ(states(), "111111");
@@ -249,9 +250,9 @@ TEST_F(CommandState, DiskAndPrintButtonsOnlyAskTheHost) {
 TEST_F(CommandState, ADisabledOrHiddenButtonCannotBePressed) {
   control.DisableCmdStore();
   log.clear();
-  EXPECT_EQ(errorNumberOf([&] { control.panel.CmdOpenDiskParameter.press(); }), 5);
-  control.panel.CmdDeviceInfo.setVisible(false);
-  EXPECT_EQ(errorNumberOf([&] { control.panel.CmdDeviceInfo.press(); }), 5);
+  EXPECT_EQ(errorNumberOf([&] { inside(control).panel.CmdOpenDiskParameter.press(); }), 5);
+  inside(control).panel.CmdDeviceInfo.setVisible(false);
+  EXPECT_EQ(errorNumberOf([&] { inside(control).panel.CmdDeviceInfo.press(); }), 5);
   EXPECT_THAT(log.only({"LoadConfiguration", "ModulActive"}), IsEmpty());
 }
 

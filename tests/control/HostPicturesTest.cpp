@@ -11,12 +11,12 @@ using ::testing::IsEmpty;
 class HostPictures : public ControlFixture {
  protected:
   HostPictures() {
-    control.AppPathString = u"/app";
+    inside(control).AppPathString = u"/app";
     moduleWide().ManufactureLogoPath = u"/old/logo.png";
     moduleWide().DeviceLogoPath = u"/old/device.png";
     moduleWide().DevicePicturePath = u"/old/picture.png";
-    control.panel.PictureLogo.setPicture(PictureSource{std::u16string(u"before")});
-    control.panel.PictureDevice.setPicture(PictureSource{std::u16string(u"before")});
+    inside(control).panel.PictureLogo.setPicture(PictureSource{std::u16string(u"before")});
+    inside(control).panel.PictureDevice.setPicture(PictureSource{std::u16string(u"before")});
     log.clear();
   }
   static Variant text(const char16_t* value) { return std::u16string(value); }
@@ -48,7 +48,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(HostPictures, AFirmwareGivenAsANumberIsTakenInTheSystemsNotation) {
   platform.systemLocale.separator = u",";
   control.put_FwVersion(1.5);
-  EXPECT_EQ(control.FwVersion, u"1.500");
+  EXPECT_EQ(inside(control).FwVersion, u"1.500");
 }
 
 TEST_F(HostPictures, TheDescriptionIsCaptionAndToolTipAndStoredNowhereElse) {
@@ -57,24 +57,34 @@ TEST_F(HostPictures, TheDescriptionIsCaptionAndToolTipAndStoredNowhereElse) {
                                          "LabelDeviceDescription.toolTipText=Pump 7"));
 }
 
-TEST_F(HostPictures, TheMakersLogoIsTheNamedFileBehindASeparator) {
-  platform.files = {u"/app/logo.png"};
+TEST_F(HostPictures, TheManufacturerLogoIsTheNamedFileAfterABackslash) {
+  platform.files = {u"/app\\logo.png"};
   logoSetting(u"other.png");
   control.put_ManufactureLogoString(text(u"logo.png"));
-  EXPECT_THAT(log.entries(), ElementsAre("FileExists /app/logo.png", "load /app/logo.png",
-                                         "PictureLogo.picture=/app/logo.png"));
-  EXPECT_EQ(control.get_ManufactureLogoString(), text(u"/app/logo.png"));
+  EXPECT_THAT(log.entries(), ElementsAre("FileExists /app\\logo.png", "load /app\\logo.png",
+                                         "PictureLogo.picture=/app\\logo.png"));
+  EXPECT_EQ(control.get_ManufactureLogoString(), text(u"/app\\logo.png"));
 }
 
 TEST_F(HostPictures, AMissingLogoFallsBackOnTheSetting) {
-  platform.files = {u"/app/other.png"};
+  platform.files = {u"/app\\other.png"};
   logoSetting(u"other.png");
   control.put_ManufactureLogoString(text(u"logo.png"));
-  EXPECT_THAT(log.entries(), ElementsAre("FileExists /app/logo.png",
+  EXPECT_THAT(log.entries(), ElementsAre("FileExists /app\\logo.png",
                                          "GetValue 2 Software\\Orvane\\Tessara-Conf\\Settings|Logo",
-                                         "FileExists /app/other.png", "load /app/other.png",
-                                         "PictureLogo.picture=/app/other.png"));
-  EXPECT_EQ(control.get_ManufactureLogoString(), text(u"/app/other.png"));
+                                         "FileExists /app\\other.png", "load /app\\other.png",
+                                         "PictureLogo.picture=/app\\other.png"));
+  EXPECT_EQ(control.get_ManufactureLogoString(), text(u"/app\\other.png"));
+}
+
+TEST_F(HostPictures, ALogoWithoutAFolderIsLookedForInTheRoot) {
+  inside(control).AppPathString.clear();
+  platform.files = {u"\\other.png"};
+  logoSetting(u"other.png");
+  control.put_ManufactureLogoString(text(u"logo.png"));
+  EXPECT_THAT(log.only({"FileExists"}),
+              ElementsAre("FileExists \\logo.png", "FileExists \\other.png"));
+  EXPECT_EQ(control.get_ManufactureLogoString(), text(u"\\other.png"));
 }
 
 TEST_F(HostPictures, NoLogoAtAllEmptiesThePictureAndKeepsThePath) {
@@ -87,12 +97,12 @@ TEST_F(HostPictures, NoLogoAtAllEmptiesThePictureAndKeepsThePath) {
 TEST_F(HostPictures, TheDeviceLogoBringsItsOwnSeparator) {
   platform.files = {u"/app/device.png"};
   control.put_DeviceLogoString(text(u"/device.png"));
-  EXPECT_EQ(control.panel.PictureDevice.state().picture,
+  EXPECT_EQ(inside(control).panel.PictureDevice.state().picture,
             PictureSource{std::u16string(u"/app/device.png")});
   EXPECT_EQ(moduleWide().DeviceLogoPath, u"/app/device.png");
   control.put_DeviceLogoString(text(u"device.png"));
   EXPECT_EQ(log.only({"FileExists"}).back(), "FileExists /appdevice.png");
-  EXPECT_EQ(control.panel.PictureDevice.state().picture, PictureSource{});
+  EXPECT_EQ(inside(control).panel.PictureDevice.state().picture, PictureSource{});
   EXPECT_EQ(moduleWide().DeviceLogoPath, u"/app/device.png");
 }
 
@@ -105,13 +115,15 @@ TEST_F(HostPictures, TheDevicePictureIsOnlyCheckedAndItsPathCleared) {
   EXPECT_THAT(log.entries(), ElementsAre("FileExists /app/p.png", "FileExists /app/q.png"));
 }
 
-TEST_F(HostPictures, AFileThatIsNoPictureIsAnErrorAndTheOldPictureStays) {
-  platform.files = {u"/app/logo.png"};
+TEST_F(HostPictures, AFileThatIsNotAPictureIsAnErrorAndTheOldPictureStays) {
+  platform.files = {u"/app\\logo.png", u"/app/logo.png"};
   platform.pictures.broken = true;
   EXPECT_EQ(errorNumberOf([&] { control.put_ManufactureLogoString(text(u"logo.png")); }), 481);
   EXPECT_EQ(errorNumberOf([&] { control.put_DeviceLogoString(text(u"/logo.png")); }), 481);
-  EXPECT_EQ(control.panel.PictureLogo.state().picture, PictureSource{std::u16string(u"before")});
-  EXPECT_EQ(control.panel.PictureDevice.state().picture, PictureSource{std::u16string(u"before")});
+  EXPECT_EQ(inside(control).panel.PictureLogo.state().picture,
+            PictureSource{std::u16string(u"before")});
+  EXPECT_EQ(inside(control).panel.PictureDevice.state().picture,
+            PictureSource{std::u16string(u"before")});
 }
 
 }  // namespace

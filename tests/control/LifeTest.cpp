@@ -16,7 +16,7 @@ class Life : public ::testing::Test {
 TEST_F(Life, InitializeCreatesTheObjectsInOrderAndThenHandsOutThePictures) {
   PanelLog panelLog(platform.log);
   ModulInfoFLII control(platform, host);
-  control.panel.setObserver(&panelLog);
+  inside(control).panel.setObserver(&panelLog);
   control.UserControl_Initialize();
   EXPECT_THAT(
       platform.log.entries(),
@@ -32,63 +32,67 @@ TEST_F(Life, InitializeCreatesTheObjectsInOrderAndThenHandsOutThePictures) {
 TEST_F(Life, FieldsAfterInitializeHoldTheirFirstValues) {
   ModulInfoFLII control(platform, host);
   control.UserControl_Initialize();
-  EXPECT_FALSE(control.DeviceConnected);
-  EXPECT_FALSE(control.bDataValid);
-  EXPECT_EQ(control.StatusWord, 0);
-  EXPECT_EQ(control.StatusString, u"");
-  EXPECT_EQ(control.CommunicationObject, nullptr);
-  EXPECT_EQ(control.CommObject, nullptr);
-  EXPECT_FALSE(control.HostActive);
-  EXPECT_TRUE(control.bCmdStoreLocked);
-  EXPECT_EQ(control.AppPathString, u"");
-  EXPECT_EQ(control.Language, 0);
-  EXPECT_THAT(control.SavedCmdEnabled, ElementsAre(true, true, true, false, false, false, false));
-  EXPECT_FALSE(control.OfflineMode);
-  EXPECT_FALSE(control.ReaderMissing);
-  EXPECT_EQ(control.ConnectAttempts, 0);
-  EXPECT_EQ(control.ScanErrorCount, 0);
-  EXPECT_FALSE(control.ScanEnabled);
-  EXPECT_EQ(control.ComPort, 0);
-  EXPECT_EQ(control.Baudrate, 0);
-  EXPECT_EQ(control.DataBits, 8);
-  EXPECT_EQ(control.StopBits, 1);
-  EXPECT_EQ(control.Parity, 2);
-  EXPECT_EQ(control.DevAddr, 0);
-  EXPECT_EQ(control.VendorID, 0);
-  EXPECT_EQ(control.FirmwareVers, 0);
-  EXPECT_EQ(control.SerialNumber, Variant{});
-  EXPECT_EQ(control.RegDevStatus, 0);
-  EXPECT_EQ(control.StringsReverse, 1);
-  EXPECT_EQ(control.HideFwVersion, 0);
-  EXPECT_EQ(control.QuickSetupMode, 0);
-  EXPECT_FALSE(control.bNFCReader);
-  EXPECT_FALSE(control.bQuickSetup);
-  EXPECT_FALSE(control.HartMode);
-  EXPECT_EQ(control.lMsgResult, 0);
+  EXPECT_FALSE(inside(control).DeviceConnected);
+  EXPECT_FALSE(inside(control).bDataValid);
+  EXPECT_EQ(inside(control).StatusWord, 0);
+  EXPECT_EQ(inside(control).StatusString, u"");
+  EXPECT_EQ(inside(control).CommunicationObject, nullptr);
+  EXPECT_EQ(inside(control).CommObject, nullptr);
+  EXPECT_FALSE(inside(control).HostActive);
+  EXPECT_TRUE(inside(control).bCmdStoreLocked);
+  EXPECT_EQ(inside(control).AppPathString, u"");
+  EXPECT_EQ(inside(control).Language, 0);
+  EXPECT_THAT(inside(control).SavedCmdEnabled,
+              ElementsAre(true, true, true, false, false, false, false));
+  EXPECT_FALSE(inside(control).OfflineMode);
+  EXPECT_FALSE(inside(control).ReaderMissing);
+  EXPECT_EQ(inside(control).ConnectAttempts, 0);
+  EXPECT_EQ(inside(control).ScanErrorCount, 0);
+  EXPECT_FALSE(inside(control).ScanEnabled);
+  EXPECT_EQ(inside(control).ComPort, 0);
+  EXPECT_EQ(inside(control).Baudrate, 0);
+  EXPECT_EQ(inside(control).DataBits, 8);
+  EXPECT_EQ(inside(control).StopBits, 1);
+  EXPECT_EQ(inside(control).Parity, 2);
+  EXPECT_EQ(inside(control).DevAddr, 0);
+  EXPECT_EQ(inside(control).VendorID, 0);
+  EXPECT_EQ(inside(control).FirmwareVers, 0);
+  EXPECT_EQ(inside(control).SerialNumber, Variant{});
+  EXPECT_EQ(inside(control).RegDevStatus, 0);
+  EXPECT_EQ(inside(control).StringsReverse, 1);
+  EXPECT_EQ(inside(control).HideFwVersion, 0);
+  EXPECT_EQ(inside(control).QuickSetupMode, 0);
+  EXPECT_FALSE(inside(control).bNFCReader);
+  EXPECT_FALSE(inside(control).bQuickSetup);
+  EXPECT_FALSE(inside(control).HartMode);
+  EXPECT_EQ(inside(control).lMsgResult, 0);
 }
 
 TEST_F(Life, AFurtherInitializeResetsTheState) {
   ModulInfoFLII control(platform, host);
   control.UserControl_Initialize();
-  control.DeviceConnected = control.bDataValid = control.OfflineMode = true;
-  control.HostActive = control.ReaderMissing = control.HartMode = control.bNFCReader = true;
-  control.StatusString = u"text";
-  control.StatusWord = 5;
-  control.ConnectAttempts = control.ScanErrorCount = 7;
-  control.SavedCmdEnabled = {false, false, false, true, true, true, true};
-  control.bCmdStoreLocked = false;
-  control.StringsReverse = 9;
+  inside(control).DeviceConnected = inside(control).bDataValid = inside(control).OfflineMode = true;
+  inside(control).HostActive = inside(control).ReaderMissing = inside(control).HartMode =
+      inside(control).bNFCReader = true;
+  inside(control).StatusString = u"text";
+  inside(control).StatusWord = 5;
+  inside(control).ConnectAttempts = inside(control).ScanErrorCount = 7;
+  inside(control).SavedCmdEnabled = {false, false, false, true, true, true, true};
+  inside(control).bCmdStoreLocked = false;
+  inside(control).StringsReverse = 9;
   control.UserControl_Initialize();
-  EXPECT_FALSE(control.DeviceConnected || control.bDataValid || control.OfflineMode);
-  EXPECT_FALSE(control.HostActive || control.ReaderMissing || control.HartMode ||
-               control.bNFCReader);
-  EXPECT_EQ(control.StatusString, u"");
-  EXPECT_EQ(control.StatusWord, 0);
-  EXPECT_EQ(control.ConnectAttempts, 0);
-  EXPECT_EQ(control.ScanErrorCount, 0);
-  EXPECT_THAT(control.SavedCmdEnabled, ElementsAre(true, true, true, false, true, true, true));
-  EXPECT_TRUE(control.bCmdStoreLocked);
-  EXPECT_EQ(control.StringsReverse, 1);
+  EXPECT_FALSE(inside(control).DeviceConnected || inside(control).bDataValid ||
+               inside(control).OfflineMode);
+  EXPECT_FALSE(inside(control).HostActive || inside(control).ReaderMissing ||
+               inside(control).HartMode || inside(control).bNFCReader);
+  EXPECT_EQ(inside(control).StatusString, u"");
+  EXPECT_EQ(inside(control).StatusWord, 0);
+  EXPECT_EQ(inside(control).ConnectAttempts, 0);
+  EXPECT_EQ(inside(control).ScanErrorCount, 0);
+  EXPECT_THAT(inside(control).SavedCmdEnabled,
+              ElementsAre(true, true, true, false, true, true, true));
+  EXPECT_TRUE(inside(control).bCmdStoreLocked);
+  EXPECT_EQ(inside(control).StringsReverse, 1);
 }
 
 TEST_F(Life, TheScanTimerHasFourSecondsAndIsOff) {
@@ -96,13 +100,13 @@ TEST_F(Life, TheScanTimerHasFourSecondsAndIsOff) {
   control.UserControl_Initialize();
   EXPECT_EQ(platform.loop.interval, std::chrono::milliseconds(4000));
   EXPECT_FALSE(platform.loop.timerEnabled);
-  EXPECT_FALSE(control.panel.TimerScanDevice.enabled());
+  EXPECT_FALSE(inside(control).panel.TimerScanDevice.enabled());
 }
 
 TEST_F(Life, TerminateReleasesInOrderAndShutsModbusDownOnly) {
   ModulInfoFLII control(platform, host);
   control.UserControl_Initialize();
-  control.CommunicationObject = control.CommObject = moduleWide().HartCommObject;
+  inside(control).CommunicationObject = inside(control).CommObject = moduleWide().HartCommObject;
   platform.log.clear();
   control.UserControl_Terminate();
   EXPECT_THAT(
@@ -110,8 +114,8 @@ TEST_F(Life, TerminateReleasesInOrderAndShutsModbusDownOnly) {
       ElementsAre("release FileSystem", "release RegistryHelper", "release BitFieldHelper",
                   "ModbusCommObject.ShutDown", "release ModbusCommObject", "release NfcCommObject",
                   "release HartCommObject", "release MessageHelper"));
-  EXPECT_EQ(control.CommObject, nullptr);
-  EXPECT_EQ(control.CommunicationObject, nullptr);
+  EXPECT_EQ(inside(control).CommObject, nullptr);
+  EXPECT_EQ(inside(control).CommunicationObject, nullptr);
 }
 
 TEST_F(Life, TheScanTimerEndsWithTheControl) {
@@ -144,7 +148,8 @@ TEST_F(Life, AShutDownThatFailsKeepsNothingFromBeingReleased) {
     ModulInfoFLII control(platform, host);
     control.UserControl_Initialize();
     moduleWide().ModbusCommObject = std::make_shared<StubbornModbus>(platform.device);
-    control.CommunicationObject = control.CommObject = moduleWide().ModbusCommObject;
+    inside(control).CommunicationObject = inside(control).CommObject =
+        moduleWide().ModbusCommObject;
     platform.log.clear();
   }
   EXPECT_THAT(platform.log.entries(),
@@ -196,7 +201,7 @@ TEST_F(Life, TheEndOfEitherControlReleasesTheObjectsForBoth) {
 
 TEST_F(Life, PanelIsAsDesigned) {
   const ModulInfoFLII control(platform, host);
-  const Panel& panel = control.panel;
+  const Panel& panel = inside(control).panel;
   EXPECT_THAT(panel.ComboBaudrate.state().items,
               ElementsAre(u"2400", u"4800", u"9600", u"14400", u"19200", u"28800", u"38400",
                           u"56000", u"57600", u"76800", u"115200"));
@@ -226,10 +231,10 @@ TEST_F(Life, PanelIsAsDesigned) {
 
 TEST_F(Life, EveryWidgetIsFoundUnderItsName) {
   const ModulInfoFLII control(platform, host);
-  EXPECT_EQ(control.panel.find(u"LngLabel[3]"), &control.panel.LngLabel[3]);
-  EXPECT_EQ(control.panel.find(u"LblModulState"), &control.panel.LblModulState);
-  EXPECT_EQ(control.panel.find(u"nothing"), nullptr);
-  EXPECT_EQ(control.panel.widgets().size(), 45U);
+  EXPECT_EQ(inside(control).panel.find(u"LngLabel[3]"), &inside(control).panel.LngLabel[3]);
+  EXPECT_EQ(inside(control).panel.find(u"LblModulState"), &inside(control).panel.LblModulState);
+  EXPECT_EQ(inside(control).panel.find(u"nothing"), nullptr);
+  EXPECT_EQ(inside(control).panel.widgets().size(), 45U);
 }
 
 }  // namespace

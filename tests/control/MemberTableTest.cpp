@@ -130,7 +130,7 @@ TEST_F(MemberTable, MethodsAreCalledWithConvertedArguments) {
   const std::vector<Variant> words{std::int64_t{4}, std::u16string(u"128")};
   const Variant result = findMember("SetChnStatus", method)->call(control, words);
   EXPECT_EQ(result, Variant{true});
-  EXPECT_EQ(control.panel.LblChnState.caption(), u"4 -> Bereichs\u00FCberschreitung!");
+  EXPECT_EQ(inside(control).panel.LblChnState.caption(), u"4 -> Bereichs\u00FCberschreitung!");
 }
 
 TEST_F(MemberTable, AWrongNumberOfArgumentsIsAnInvalidCall) {
@@ -141,7 +141,7 @@ TEST_F(MemberTable, AWrongNumberOfArgumentsIsAnInvalidCall) {
 
 TEST_F(MemberTable, MethodsWithoutResultGiveNothing) {
   EXPECT_EQ(findMember("LockCmdStore", method)->call(control, {}), Variant{});
-  control.ReaderMissing = true;
+  inside(control).ReaderMissing = true;
   EXPECT_EQ(findMember("AutomaticConnection", method)->call(control, {}), Variant{});
   EXPECT_THAT(log.only({"ModulActive"}), ElementsAre("ModulActive(6)"));
 }

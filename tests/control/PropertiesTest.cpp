@@ -27,32 +27,32 @@ class Properties : public ControlFixture {
 
 TEST_F(Properties, IdentifiersAreSignExtendedAndNarrowed) {
   control.put_DeviceID(-5);
-  EXPECT_EQ(control.DeviceID, -5);
+  EXPECT_EQ(inside(control).DeviceID, -5);
   EXPECT_EQ(control.get_DeviceID(), -5);
   control.put_FamilyID(32767);
   EXPECT_EQ(control.get_FamilyID(), 32767);
 }
 
 TEST_F(Properties, AValueOutsideSixteenBitsOverflowsAndLeavesTheField) {
-  control.DeviceID = 1;
-  control.FamilyID = 2;
-  control.ComPort = 3;
+  inside(control).DeviceID = 1;
+  inside(control).FamilyID = 2;
+  inside(control).ComPort = 3;
   for (const std::int32_t value : {32768, -32769, 70000}) {
     EXPECT_EQ(errorNumberOf([&] { control.put_DeviceID(value); }), 6);
     EXPECT_EQ(errorNumberOf([&] { control.put_FamilyID(value); }), 6);
     EXPECT_EQ(errorNumberOf([&] { control.put_ComPort(value); }), 6);
   }
-  EXPECT_EQ(control.DeviceID, 1);
-  EXPECT_EQ(control.FamilyID, 2);
-  EXPECT_EQ(control.ComPort, 3);
+  EXPECT_EQ(inside(control).DeviceID, 1);
+  EXPECT_EQ(inside(control).FamilyID, 2);
+  EXPECT_EQ(inside(control).ComPort, 3);
 }
 
 TEST_F(Properties, FirmwareVersIsKeptInSinglePrecision) {
   control.put_FirmwareVers(1.1);
-  EXPECT_EQ(control.FirmwareVers, 1.1F);
+  EXPECT_EQ(inside(control).FirmwareVers, 1.1F);
   EXPECT_EQ(control.get_FirmwareVers(), static_cast<double>(1.1F));
   EXPECT_EQ(errorNumberOf([&] { control.put_FirmwareVers(1e300); }), 6);
-  EXPECT_EQ(control.FirmwareVers, 1.1F);
+  EXPECT_EQ(inside(control).FirmwareVers, 1.1F);
 }
 
 TEST_F(Properties, TextPropertiesTakeAnyVariantAsText) {
@@ -65,39 +65,39 @@ TEST_F(Properties, TextPropertiesTakeAnyVariantAsText) {
     set(name, text(u"\u4E2D"));
     EXPECT_EQ(get(name), text(u"\u4E2D")) << name;
   }
-  EXPECT_EQ(control.panel.LabelDeviceName.caption(), u"");
+  EXPECT_EQ(inside(control).panel.LabelDeviceName.caption(), u"");
 }
 
 TEST_F(Properties, NumbersBecomeTextWithTheSystemsDecimalSign) {
   platform.systemLocale.separator = u",";
   set("DeviceName", 1.5);
-  EXPECT_EQ(control.DeviceName, u"1,5");
+  EXPECT_EQ(inside(control).DeviceName, u"1,5");
 }
 
 TEST_F(Properties, TextsBecomeNumbersByTheSystemsDecimalSign) {
   platform.systemLocale.separator = u",";
   set("FirmwareVers", text(u"1,5"));
-  EXPECT_EQ(control.FirmwareVers, 1.5F);
+  EXPECT_EQ(inside(control).FirmwareVers, 1.5F);
   EXPECT_EQ(errorNumberOf([&] { set("FirmwareVers", text(u"2.5")); }), 13);
-  EXPECT_EQ(control.FirmwareVers, 1.5F);
+  EXPECT_EQ(inside(control).FirmwareVers, 1.5F);
 }
 
 TEST_F(Properties, SerialNumberIsZeroBeforeAnyReadAndADecimalAfterwards) {
   EXPECT_EQ(control.get_SerialNumber(), Variant{std::uint64_t{0}});
-  control.SerialNumber = std::uint64_t{18446744073709551615U};
+  inside(control).SerialNumber = std::uint64_t{18446744073709551615U};
   EXPECT_EQ(control.get_SerialNumber(), Variant{std::uint64_t{18446744073709551615U}});
 }
 
 TEST_F(Properties, DataValidTellsOfflineModeBeforeValidData) {
   EXPECT_EQ(control.get_DataValid(), 0);
-  control.bDataValid = true;
+  inside(control).bDataValid = true;
   EXPECT_EQ(control.get_DataValid(), 1);
-  control.OfflineMode = true;
+  inside(control).OfflineMode = true;
   EXPECT_EQ(control.get_DataValid(), 2);
 }
 
 TEST_F(Properties, AfterTheOfflineButtonOnlyZeroEndsOfflineMode) {
-  control.panel.CmdOfflineConfigure.press();
+  inside(control).panel.CmdOfflineConfigure.press();
   EXPECT_EQ(control.get_DataValid(), 2);
   control.put_DataValid(1);
   EXPECT_EQ(control.get_DataValid(), 2);
@@ -108,7 +108,7 @@ TEST_F(Properties, AfterTheOfflineButtonOnlyZeroEndsOfflineMode) {
 TEST_F(Properties, WritingTwoToDataValidDoesNotRestoreOfflineMode) {
   control.put_DataValid(2);
   EXPECT_EQ(control.get_DataValid(), 1);
-  EXPECT_FALSE(control.OfflineMode);
+  EXPECT_FALSE(inside(control).OfflineMode);
 }
 
 TEST_F(Properties, DeviceConnectedAndQuickSetupTakeExactlyOneAsTrue) {
@@ -125,7 +125,7 @@ TEST_F(Properties, DeviceConnectedAndQuickSetupTakeExactlyOneAsTrue) {
 }
 
 TEST_F(Properties, ComPortDoesNotMoveTheListsSelection) {
-  control.panel.ComboComPort.addItem(u"Serial Port (COM7)");
+  inside(control).panel.ComboComPort.addItem(u"Serial Port (COM7)");
   log.clear();
   control.put_ComPort(7);
   EXPECT_EQ(control.get_ComPort(), 7);
@@ -140,16 +140,16 @@ TEST_F(Properties, TheSerialLineIsEightEvenOne) {
 
 TEST_F(Properties, ANewBaudrateMovesTheListsText) {
   control.put_Baudrate(12345);
-  EXPECT_EQ(control.Baudrate, 12345);
-  EXPECT_EQ(control.panel.ComboBaudrate.text(), u"12345");
-  EXPECT_EQ(control.panel.ComboBaudrate.state().index, -1);
+  EXPECT_EQ(inside(control).Baudrate, 12345);
+  EXPECT_EQ(inside(control).panel.ComboBaudrate.text(), u"12345");
+  EXPECT_EQ(inside(control).panel.ComboBaudrate.state().index, -1);
 }
 
 TEST_F(Properties, TheSameBaudrateLeavesWhatTheUserTyped) {
-  control.panel.ComboBaudrate.type(u"4711");
+  inside(control).panel.ComboBaudrate.type(u"4711");
   log.clear();
   control.put_Baudrate(19200);
-  EXPECT_EQ(control.panel.ComboBaudrate.text(), u"4711");
+  EXPECT_EQ(inside(control).panel.ComboBaudrate.text(), u"4711");
   EXPECT_TRUE(log.entries().empty());
 }
 
@@ -172,8 +172,8 @@ TEST_F(Properties, WritingStatusStringRaisesStatusChangeAlsoForTheSameText) {
 }
 
 TEST_F(Properties, StatusTextsAreThoseOfTheLabels) {
-  control.panel.LblModulState.setCaption(u"m");
-  control.panel.LblChnState.setCaption(u"c");
+  inside(control).panel.LblModulState.setCaption(u"m");
+  inside(control).panel.LblChnState.setCaption(u"c");
   EXPECT_EQ(control.get_ModulStatusString(), text(u"m"));
   EXPECT_EQ(control.get_ChnStatusString(), text(u"c"));
 }
@@ -185,12 +185,12 @@ TEST_F(Properties, DataTraficRaisesDataTransferOnEachReadAndIsFalse) {
 }
 
 TEST_F(Properties, ReadOnlyValuesComeFromTheFields) {
-  control.DevAddr = 200;
-  control.StringsReverse = 4;
-  control.QuickSetupMode = 5;
-  control.bNFCReader = true;
-  control.sNFCMCURevision = u"1.4.15";
-  control.FwVersion = u"1.230";
+  inside(control).DevAddr = 200;
+  inside(control).StringsReverse = 4;
+  inside(control).QuickSetupMode = 5;
+  inside(control).bNFCReader = true;
+  inside(control).sNFCMCURevision = u"1.4.15";
+  inside(control).FwVersion = u"1.230";
   moduleWide().ManufactureLogoPath = u"/logo.png";
   moduleWide().DevicePicturePath = u"/device.png";
   EXPECT_EQ(control.get_DevAddr(), 200);
@@ -202,20 +202,20 @@ TEST_F(Properties, ReadOnlyValuesComeFromTheFields) {
   EXPECT_EQ(control.get_ManufactureLogoString(), text(u"/logo.png"));
   EXPECT_EQ(control.get_DevicePictureString(), text(u"/device.png"));
   EXPECT_EQ(control.get_CommunicationObject(), moduleWide().ModbusCommObject.get());
-  control.bNFCReader = false;
+  inside(control).bNFCReader = false;
   EXPECT_EQ(control.get_NFCReader(), 0);
 }
 
 TEST_F(Properties, ValuesFromTheHostAreConvertedToTheMembersType) {
   set("DeviceID", text(u"12"));
-  EXPECT_EQ(control.DeviceID, 12);
+  EXPECT_EQ(inside(control).DeviceID, 12);
   set("Language", std::int64_t{3});
-  EXPECT_EQ(control.Language, 3);
+  EXPECT_EQ(inside(control).Language, 3);
   EXPECT_EQ(errorNumberOf([&] { set("DeviceID", text(u"x")); }), 13);
   EXPECT_EQ(errorNumberOf([&] { set("Language", std::int64_t{40000}); }), 6);
   EXPECT_EQ(errorNumberOf([&] { set("Baudrate", 3e9); }), 6);
   EXPECT_EQ(get("CommunicationObject"), text(u"ModbusCommObject"));
-  control.CommunicationObject.reset();
+  inside(control).CommunicationObject.reset();
   EXPECT_EQ(get("CommunicationObject"), Variant{});
 }
 

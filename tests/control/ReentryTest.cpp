@@ -33,7 +33,7 @@ TEST_F(Reentry, ATickInAReadFindsTheGateClosed) {
   inTurn(2, [this] { platform.loop.tick(); });
   control.AutomaticConnection();
   EXPECT_THAT(log.only({"ModulActive(4)"}), IsEmpty());
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_TRUE(inside(control).bDataValid);
 }
 
 TEST_F(Reentry, ATickInAScanFindsTheGateClosed) {
@@ -48,9 +48,9 @@ TEST_F(Reentry, AReadInAScanRunsThroughAndTheScanEndsInOrder) {
   readOnce();
   inTurn(3, [this] { control.AutomaticConnection(); });
   platform.loop.tick();
-  EXPECT_TRUE(control.bDataValid);
-  EXPECT_FALSE(control.DeviceConnected);
-  EXPECT_TRUE(control.panel.CmdDeviceInfo.enabled());
+  EXPECT_TRUE(inside(control).bDataValid);
+  EXPECT_FALSE(inside(control).DeviceConnected);
+  EXPECT_TRUE(inside(control).panel.CmdDeviceInfo.enabled());
   EXPECT_EQ(log.count("ConnectWithSerialDevice"), 2U);
 }
 
@@ -62,14 +62,14 @@ TEST_F(Reentry, AWaitingQueryInAScanGoesOnOnlyWhenTheHostLetsTheConnectionGo) {
     ++turn;
     if (turn == 3) {
       control.GetFWVersion();
-    } else if (turn > 3 && control.DeviceConnected && ++spins == 4) {
+    } else if (turn > 3 && inside(control).DeviceConnected && ++spins == 4) {
       control.put_DeviceConnected(0);
     }
   };
   platform.loop.tick();
   EXPECT_EQ(spins, 4);
   EXPECT_EQ(log.count("ConnectWithSerialDevice"), 2U);
-  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_FALSE(inside(control).DeviceConnected);
 }
 
 TEST_F(Reentry, AStatusQueryInAScanGoesOnToConnectAtOnce) {
@@ -77,7 +77,7 @@ TEST_F(Reentry, AStatusQueryInAScanGoesOnToConnectAtOnce) {
   inTurn(3, [this] { control.GetDeviceStatus(); });
   platform.loop.tick();
   EXPECT_EQ(log.count("ConnectWithSerialDevice"), 2U);
-  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_FALSE(inside(control).DeviceConnected);
 }
 
 TEST_F(Reentry, ACheckInAScanGoesOnToConnectAndPutsTheTimerBack) {
@@ -85,7 +85,7 @@ TEST_F(Reentry, ACheckInAScanGoesOnToConnectAndPutsTheTimerBack) {
   inTurn(3, [this] { EXPECT_EQ(control.get_CheckDeviceType(), 1); });
   platform.loop.tick();
   EXPECT_TRUE(platform.loop.timerEnabled);
-  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_FALSE(inside(control).DeviceConnected);
 }
 
 TEST_F(Reentry, HostWorkDeclaredInAScanHoldsTheNextTick) {
@@ -100,17 +100,17 @@ TEST_F(Reentry, HostWorkDeclaredInAScanHoldsTheNextTick) {
 TEST_F(Reentry, HostWorkDeclaredInAReadLeavesTheButtonsToTheRead) {
   inTurn(2, [this] { control.put_DeviceActive(1); });
   control.AutomaticConnection();
-  EXPECT_TRUE(control.bDataValid);
-  EXPECT_TRUE(control.HostActive);
-  EXPECT_TRUE(control.panel.CmdDeviceInfo.enabled());
+  EXPECT_TRUE(inside(control).bDataValid);
+  EXPECT_TRUE(inside(control).HostActive);
+  EXPECT_TRUE(inside(control).panel.CmdDeviceInfo.enabled());
 }
 
 TEST_F(Reentry, ShownAgainInAReadTheReadEndsInOrder) {
   platform.serialKey.ports = {{"\\Device\\Silabser0", "COM3"}};
   inTurn(2, [this] { control.UserControl_Show(); });
   control.AutomaticConnection();
-  EXPECT_TRUE(control.bDataValid);
-  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_TRUE(inside(control).bDataValid);
+  EXPECT_FALSE(inside(control).DeviceConnected);
 }
 
 /// The control is ended in a turn or in a callback of a workflow.
@@ -135,7 +135,7 @@ class EndedInside : public Reentry {
     EXPECT_THAT(log.only({"Connect", "Read", "CMD48", "Close", "ModulActive", "StatusChange",
                           "NFCReader", "SetConfiguration", "Show", "SetValue"}),
                 IsEmpty());
-    EXPECT_FALSE(control.DeviceConnected);
+    EXPECT_FALSE(inside(control).DeviceConnected);
     EXPECT_EQ(moduleWide().ModbusCommObject, nullptr);
   }
 };
@@ -177,7 +177,7 @@ TEST_P(EndedInTurn, OfAScan) {
 
 TEST_P(EndedInTurn, OfAHartScan) {
   readOnce();
-  control.VendorID = 176;
+  inside(control).VendorID = 176;
   endInTurn(GetParam());
   platform.loop.tick();
   expectEndedInOneOf(4);
@@ -198,7 +198,7 @@ TEST_P(EndedInTurn, OfAFailedScan) {
 INSTANTIATE_TEST_SUITE_P(Turns, EndedInTurn, ::testing::Range(1, 7));
 
 TEST_F(EndedInside, TheWaitOfAQuery) {
-  control.DeviceConnected = true;
+  inside(control).DeviceConnected = true;
   endInTurn(3);
   control.GetDeviceInformation();
   EXPECT_THAT(calls(), IsEmpty());
@@ -234,7 +234,7 @@ TEST_F(EndedInside, TheCallbackOfAStoreThatFits) {
   readOnce();
   control.UnLockCmdStore();
   endIn("SetConfiguration");
-  control.panel.CmdStoreParameter.press();
+  inside(control).panel.CmdStoreParameter.press();
   expectSilence();
 }
 
@@ -242,7 +242,7 @@ TEST_F(EndedInside, TheFirstCallbackOfAStore) {
   readOnce();
   control.UnLockCmdStore();
   endIn("ModulActive(1)");
-  control.panel.CmdStoreParameter.press();
+  inside(control).panel.CmdStoreParameter.press();
   expectSilence();
 }
 
@@ -265,8 +265,8 @@ TEST_F(EndedInside, TheMessageOfAnUnreadableCatalogue) {
   platform.xmlTree = [] { return FakeCatalogue::broken(); };
   moduleWide().MessageHelper = std::make_shared<EndingMessages>(control);
   control.AutomaticConnection();
-  EXPECT_EQ(control.lMsgResult, 4);
-  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_EQ(inside(control).lMsgResult, 4);
+  EXPECT_FALSE(inside(control).DeviceConnected);
   EXPECT_THAT(log.only({"ModulActive"}), ElementsAre("ModulActive(1)"));
 }
 

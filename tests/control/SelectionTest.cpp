@@ -13,16 +13,16 @@ class Selection : public ControlFixture {
   void lines(const std::vector<std::pair<std::u16string, std::int32_t>>& ports) {
     RegEnum& list = moduleWide();
     list.PortCount = 0;
-    control.panel.ComboComPort.clearItems();
+    inside(control).panel.ComboComPort.clearItems();
     for (const auto& [label, number] : ports) {
       list.PortLabels[list.PortCount] = label;
       list.PortNumbers[list.PortCount] = number;
       ++list.PortCount;
-      control.panel.ComboComPort.addItem(label);
+      inside(control).panel.ComboComPort.addItem(label);
     }
     log.clear();
   }
-  void choose(std::int32_t index) { control.panel.ComboComPort.select(index); }
+  void choose(std::int32_t index) { inside(control).panel.ComboComPort.select(index); }
   [[nodiscard]] std::vector<std::string> story() const {
     return log.only({"Init", "NFCReader", "SetValue"});
   }
@@ -46,15 +46,15 @@ class Lines : public Selection, public ::testing::WithParamInterface<Choice> {};
 TEST_P(Lines, DecideObjectPortReaderAndSetting) {
   const Choice& choice = GetParam();
   lines({{u"USB Adapter OKT (COM1)", 1}, {choice.label, choice.number}});
-  control.HartMode = !choice.hart;
+  inside(control).HartMode = !choice.hart;
   choose(1);
-  EXPECT_EQ(control.ComPort, choice.comPort);
-  EXPECT_EQ(control.bNFCReader, choice.nfc);
-  EXPECT_EQ(control.HartMode, choice.hart);
+  EXPECT_EQ(inside(control).ComPort, choice.comPort);
+  EXPECT_EQ(inside(control).bNFCReader, choice.nfc);
+  EXPECT_EQ(inside(control).HartMode, choice.hart);
   EXPECT_THAT(story(), ElementsAre(choice.init, choice.nfc ? "NFCReader(true)" : "NFCReader(false)",
                                    stored(choice.comPort)));
-  EXPECT_EQ(control.CommObject, control.CommunicationObject);
-  EXPECT_NE(control.CommObject, nullptr);
+  EXPECT_EQ(inside(control).CommObject, inside(control).CommunicationObject);
+  EXPECT_NE(inside(control).CommObject, nullptr);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -74,9 +74,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(Selection, CommObjectIsEmptyAndCommunicationObjectOldUntilBothAreAssigned) {
   lines({{u"USB Adapter OKT (COM40000)", 40000}});
   EXPECT_EQ(errorNumberOf([&] { choose(0); }), 6);
-  EXPECT_EQ(control.CommObject, nullptr);
-  EXPECT_EQ(control.CommunicationObject, moduleWide().ModbusCommObject);
-  EXPECT_EQ(control.ComPort, 3);
+  EXPECT_EQ(inside(control).CommObject, nullptr);
+  EXPECT_EQ(inside(control).CommunicationObject, moduleWide().ModbusCommObject);
+  EXPECT_EQ(inside(control).ComPort, 3);
   EXPECT_THAT(story(), IsEmpty());
 }
 
@@ -96,12 +96,12 @@ TEST_F(Selection, BothReferencesAreAssignedBeforeTheInitialisationAndTheReaderBe
   const auto nfc = std::make_shared<WatchedNfc>(platform.device);
   moduleWide().NfcCommObject = nfc;
   nfc->onInit = [&] {
-    EXPECT_EQ(control.CommunicationObject, nfc);
-    EXPECT_EQ(control.CommObject, nfc);
-    EXPECT_EQ(control.ComPort, 999);
-    EXPECT_FALSE(control.bNFCReader);
+    EXPECT_EQ(inside(control).CommunicationObject, nfc);
+    EXPECT_EQ(inside(control).CommObject, nfc);
+    EXPECT_EQ(inside(control).ComPort, 999);
+    EXPECT_FALSE(inside(control).bNFCReader);
   };
-  host.onCallback = [&](const std::string&) { EXPECT_TRUE(control.bNFCReader); };
+  host.onCallback = [&](const std::string&) { EXPECT_TRUE(inside(control).bNFCReader); };
   choose(0);
   EXPECT_THAT(story(), ElementsAre("InitNFCObject", "NFCReader(true)", stored(999)));
 }
@@ -112,9 +112,9 @@ TEST_F(Selection, AnInitialisationThatFailsPassesToTheCallerWithTheObjectAssigne
   moduleWide().NfcCommObject = nfc;
   nfc->onInit = [] { throw std::runtime_error("the reader is upset"); };
   EXPECT_THROW(choose(0), std::runtime_error);
-  EXPECT_EQ(control.CommunicationObject, nfc);
-  EXPECT_EQ(control.CommObject, nfc);
-  EXPECT_FALSE(control.bNFCReader);
+  EXPECT_EQ(inside(control).CommunicationObject, nfc);
+  EXPECT_EQ(inside(control).CommObject, nfc);
+  EXPECT_FALSE(inside(control).bNFCReader);
   EXPECT_THAT(story(), ElementsAre("InitNFCObject"));
 }
 
@@ -128,7 +128,7 @@ TEST_F(Selection, TheSameLineTwiceInitialisesTwiceAndStoresTwice) {
 
 TEST_F(Selection, TheUsbReaderIsNotProbedAgain) {
   lines({{u"NFC-USB-ZORVEN-ADAPTER", 0}});
-  control.sNFCMCURevision = u"1.4.15";
+  inside(control).sNFCMCURevision = u"1.4.15";
   choose(0);
   EXPECT_THAT(log.only({"CR95HF"}), IsEmpty());
   EXPECT_EQ(control.get_GetNFCMCURevison(), u"1.4.15");
@@ -136,7 +136,7 @@ TEST_F(Selection, TheUsbReaderIsNotProbedAgain) {
 
 TEST_F(Selection, ATwn4LineLeavesTheRevisionOfTheUsbReader) {
   lines({{u"TWN4 NFC-Adapter (COM9)", 9}});
-  control.sNFCMCURevision = u"1.4.15";
+  inside(control).sNFCMCURevision = u"1.4.15";
   choose(0);
   EXPECT_EQ(control.get_NFCReader(), 1);
   EXPECT_EQ(control.get_GetNFCMCURevison(), u"1.4.15");
@@ -158,8 +158,8 @@ TEST_F(Selection, AFailedWriteOfTheSettingPassesToTheCallerWithThePathChosen) {
   std::map<std::u16string, Variant> values;
   moduleWide().RegistryHelper = std::make_shared<ReadOnlySettings>(log, values);
   EXPECT_EQ(errorNumberOf([&] { choose(0); }), 5);
-  EXPECT_EQ(control.ComPort, 5);
-  EXPECT_EQ(control.CommObject, moduleWide().HartCommObject);
+  EXPECT_EQ(inside(control).ComPort, 5);
+  EXPECT_EQ(inside(control).CommObject, moduleWide().HartCommObject);
   EXPECT_EQ(log.count("NFCReader"), 1U);
 }
 
@@ -172,13 +172,13 @@ TEST_F(Selection, AnObjectThatLosesTheSelectionGetsNoClosingCall) {
 TEST_F(Selection, ALineBeyondTheTableIsASubscriptError) {
   std::vector<std::pair<std::u16string, std::int32_t>> many(51, {u"Serial Port (COM1)", 1});
   lines(many);
-  control.panel.ComboComPort.addItem(u"Serial Port (COM2)");
+  inside(control).panel.ComboComPort.addItem(u"Serial Port (COM2)");
   EXPECT_EQ(errorNumberOf([&] { choose(51); }), 9);
 }
 
 TEST_F(Selection, NothingSelectedIsASubscriptError) {
   lines({});
-  EXPECT_EQ(errorNumberOf([&] { control.panel.ComboComPort.onClick(); }), 9);
+  EXPECT_EQ(errorNumberOf([&] { inside(control).panel.ComboComPort.tick(); }), 9);
 }
 
 TEST_F(Selection, ALineThatIsNotInTheListIsAnInvalidValue) {
@@ -188,15 +188,15 @@ TEST_F(Selection, ALineThatIsNotInTheListIsAnInvalidValue) {
 }
 
 TEST_F(Selection, ARateOfTheListBecomesTheRateAndIsNotStored) {
-  control.panel.ComboBaudrate.select(10);
-  EXPECT_EQ(control.Baudrate, 115200);
+  inside(control).panel.ComboBaudrate.select(10);
+  EXPECT_EQ(inside(control).Baudrate, 115200);
   EXPECT_THAT(log.entries(), ElementsAre("ComboBaudrate.index=10"));
 }
 
 TEST_F(Selection, TextThatIsNoRateLeavesTheRate) {
-  control.panel.ComboBaudrate.addItem(u"fast");
-  EXPECT_EQ(errorNumberOf([&] { control.panel.ComboBaudrate.select(11); }), 13);
-  EXPECT_EQ(control.Baudrate, 19200);
+  inside(control).panel.ComboBaudrate.addItem(u"fast");
+  EXPECT_EQ(errorNumberOf([&] { inside(control).panel.ComboBaudrate.select(11); }), 13);
+  EXPECT_EQ(inside(control).Baudrate, 19200);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "ControlFixture.h"
 #include "control/Transport.h"
+#include "ports/AdapterWords.h"
 
 namespace tessara::testing {
 namespace {
@@ -21,8 +22,8 @@ class StartUp : public ControlFixture {
     platform.serialKey.ports = {{"\\Device\\Silabser0", "COM3"},
                                 {"\\Device\\ViatorX", "COM5"},
                                 {"\\Device\\Silabser1", "COM31"}};
-    control.CommObject.reset();
-    control.CommunicationObject.reset();
+    inside(control).CommObject.reset();
+    inside(control).CommunicationObject.reset();
     moduleWide().AppTitle = u"MERIDEX_CONF";
     log.clear();
   }
@@ -31,19 +32,19 @@ class StartUp : public ControlFixture {
     platform.settings[std::u16string(key) + name] = value;
   }
   void show() { control.UserControl_Show(); }
-  [[nodiscard]] const Panel& panel() const { return control.panel; }
+  [[nodiscard]] const Panel& panel() const { return inside(control).panel; }
   [[nodiscard]] std::vector<std::string> path() const {
     return log.only(
         {"InitModbusObject", "InitHartObject", "InitNFCObject", "NFCReader", "SetValue", "CR95HF"});
   }
   [[nodiscard]] bool selected(const std::shared_ptr<tessara::CommunicationObject>& object) const {
-    return control.CommObject == object && control.CommunicationObject == object;
+    return inside(control).CommObject == object && inside(control).CommunicationObject == object;
   }
 };
 
 TEST_F(StartUp, RunsItsStepsInOrder) {
   setting(u"ShowBaudrateSelection", std::int64_t{1});
-  control.ComPort = 31;
+  inside(control).ComPort = 31;
   show();
   EXPECT_THAT(
       log.only({"GetValue 2 Software", "LngLabel[2].visible", "LngLabel[0].visible",
@@ -69,7 +70,7 @@ TEST_F(StartUp, RunsItsStepsInOrder) {
 TEST_F(StartUp, ContactsNoModuleAndStartsNoTimer) {
   show();
   EXPECT_THAT(log.only({"Connect", "Read", "CMD48", "Close", "ModulActive", "Timer"}), IsEmpty());
-  EXPECT_FALSE(control.DeviceConnected);
+  EXPECT_FALSE(inside(control).DeviceConnected);
   EXPECT_EQ(control.get_DataValid(), 0);
   EXPECT_FALSE(panel().ImageDevState.visible());
 }
@@ -121,23 +122,23 @@ TEST_F(StartUp, ShowAllComPortsReachesTheEnumeration) {
 TEST_F(StartUp, AListedPortIsSelectedWithModbus) {
   show();
   EXPECT_EQ(panel().ComboComPort.text(), u"USB Adapter OKT (COM31)");
-  EXPECT_EQ(control.ComPort, 31);
+  EXPECT_EQ(inside(control).ComPort, 31);
   EXPECT_TRUE(selected(moduleWide().ModbusCommObject));
-  EXPECT_FALSE(control.bNFCReader);
-  EXPECT_FALSE(control.HartMode);
+  EXPECT_FALSE(inside(control).bNFCReader);
+  EXPECT_FALSE(inside(control).HartMode);
 }
 
 TEST_F(StartUp, APortThatIsNotInTheListSelectsTheFirstLineAndTakesItsNumber) {
-  control.ComPort = 8;
+  inside(control).ComPort = 8;
   show();
   EXPECT_EQ(panel().ComboComPort.state().index, 0);
-  EXPECT_EQ(control.ComPort, 3);
+  EXPECT_EQ(inside(control).ComPort, 3);
 }
 
 TEST_F(StartUp, AHartLineSelectsTheHartObjectTwiceInitialised) {
-  control.ComPort = 5;
+  inside(control).ComPort = 5;
   show();
-  EXPECT_TRUE(control.HartMode);
+  EXPECT_TRUE(inside(control).HartMode);
   EXPECT_TRUE(selected(moduleWide().HartCommObject));
   EXPECT_THAT(path(),
               ElementsAre("CR95HFDLL_USBconnect", "InitHartObject", "NFCReader(false)",
@@ -153,54 +154,54 @@ TEST_F(StartUp, ATwn4LineSelectsTheNfcObjectWithItsOwnPort) {
   platform.settings
       [u"SYSTEM\\CurrentControlSet\\Enum\\USB\\VID_09D8&PID_0420\\1\\Device "
        u"Parameters|PortName"] = std::u16string(u"COM9");
-  control.ComPort = 9;
+  inside(control).ComPort = 9;
   show();
   EXPECT_EQ(panel().ComboComPort.text(), u"TWN4 NFC-Adapter (COM9)");
-  EXPECT_EQ(control.ComPort, 9);
-  EXPECT_TRUE(control.bNFCReader);
+  EXPECT_EQ(inside(control).ComPort, 9);
+  EXPECT_TRUE(inside(control).bNFCReader);
   EXPECT_TRUE(selected(moduleWide().NfcCommObject));
-  EXPECT_EQ(control.sNFCMCURevision, u"");
+  EXPECT_EQ(inside(control).sNFCMCURevision, u"");
   EXPECT_THAT(log.only({"InitNFCObject", "NFCReader"}),
               ElementsAre("InitNFCObject", "NFCReader(true)", "InitNFCObject", "NFCReader(true)"));
 }
 
 TEST_F(StartUp, TheUsbReaderIsTheLineBehindThePorts) {
   platform.readerLibrary.connectStatus = 0;
-  control.ComPort = 999;
+  inside(control).ComPort = 999;
   show();
   EXPECT_EQ(panel().ComboComPort.state().items.size(), 4U);
   EXPECT_EQ(panel().ComboComPort.state().index, 3);
   EXPECT_EQ(panel().ComboComPort.text(), u"NFC-USB-ZORVEN-ADAPTER");
   EXPECT_EQ(control.get_NFCReader(), 1);
-  EXPECT_EQ(control.ComPort, 999);
+  EXPECT_EQ(inside(control).ComPort, 999);
   EXPECT_TRUE(selected(moduleWide().NfcCommObject));
-  EXPECT_EQ(control.sNFCMCURevision, u"1.4.15");
+  EXPECT_EQ(inside(control).sNFCMCURevision, u"1.4.15");
 }
 
 TEST_F(StartUp, AnUnselectedUsbReaderIsListedAllTheSame) {
   platform.readerLibrary.connectStatus = 0;
-  control.ComPort = 3;
+  inside(control).ComPort = 3;
   show();
   EXPECT_EQ(panel().ComboComPort.state().items.back(), u"NFC-USB-ZORVEN-ADAPTER");
-  EXPECT_FALSE(control.bNFCReader);
+  EXPECT_FALSE(inside(control).bNFCReader);
   EXPECT_TRUE(selected(moduleWide().ModbusCommObject));
 }
 
 TEST_F(StartUp, TheReaderChosenButAbsentGivesTheFirstPort) {
-  control.ComPort = 999;
+  inside(control).ComPort = 999;
   show();
   EXPECT_EQ(panel().ComboComPort.state().index, 0);
-  EXPECT_EQ(control.ComPort, 3);
-  EXPECT_FALSE(control.bNFCReader);
+  EXPECT_EQ(inside(control).ComPort, 3);
+  EXPECT_FALSE(inside(control).bNFCReader);
 }
 
 TEST_F(StartUp, APortThatHasTheReadersNumberIsTakenForTheReaderThatIsThere) {
   platform.serialKey.ports = {{"\\Device\\Silabser0", "COM999"}};
   platform.readerLibrary.connectStatus = 0;
-  control.ComPort = 3;
+  inside(control).ComPort = 3;
   show();
   EXPECT_EQ(panel().ComboComPort.state().index, 0);
-  EXPECT_TRUE(control.bNFCReader);
+  EXPECT_TRUE(inside(control).bNFCReader);
   EXPECT_TRUE(selected(moduleWide().NfcCommObject));
   EXPECT_THAT(log.only({"Init", "NFCReader"}), ElementsAre("InitModbusObject", "NFCReader(false)",
                                                            "InitNFCObject", "NFCReader(true)"));
@@ -212,7 +213,7 @@ TEST_F(StartUp, AReaderThatIsSilentAtTheEchoIsNoReader) {
   show();
   EXPECT_EQ(panel().ComboComPort.state().items.size(), 3U);
   EXPECT_THAT(log.only({"CR95HF"}), ElementsAre("CR95HFDLL_USBconnect", "CR95HFDll_Echo 256"));
-  EXPECT_EQ(control.sNFCMCURevision, u"");
+  EXPECT_EQ(inside(control).sNFCMCURevision, u"");
 }
 
 TEST_F(StartUp, TheStatusOfTheRevisionIsNotTested) {
@@ -221,7 +222,7 @@ TEST_F(StartUp, TheStatusOfTheRevisionIsNotTested) {
   platform.readerLibrary.revisionReply = "";
   show();
   EXPECT_EQ(panel().ComboComPort.state().items.size(), 4U);
-  EXPECT_EQ(control.sNFCMCURevision, u"0.0.0");
+  EXPECT_EQ(inside(control).sNFCMCURevision, u"0.0.0");
 }
 
 TEST_F(StartUp, AMissingReaderLibraryEndsTheSequence) {
@@ -232,10 +233,10 @@ TEST_F(StartUp, AMissingReaderLibraryEndsTheSequence) {
 
 TEST_F(StartUp, NoPortAndNoReaderLeavesModbusAndAnEmptyList) {
   platform.serialKey.ports.clear();
-  control.ComPort = 3;
+  inside(control).ComPort = 3;
   show();
-  EXPECT_TRUE(control.ReaderMissing);
-  EXPECT_EQ(control.ComPort, 3);
+  EXPECT_TRUE(inside(control).ReaderMissing);
+  EXPECT_EQ(inside(control).ComPort, 3);
   EXPECT_TRUE(panel().ComboComPort.state().items.empty());
   EXPECT_EQ(panel().ComboComPort.state().index, -1);
   EXPECT_TRUE(selected(moduleWide().ModbusCommObject));
@@ -248,10 +249,10 @@ TEST_F(StartUp, NoPortAndNoReaderLeavesModbusAndAnEmptyList) {
 TEST_F(StartUp, NoPortButTheReaderSelectsItsLine) {
   platform.serialKey.ports.clear();
   platform.readerLibrary.connectStatus = 0;
-  control.ComPort = 3;
+  inside(control).ComPort = 3;
   show();
-  EXPECT_FALSE(control.ReaderMissing);
-  EXPECT_EQ(control.ComPort, 999);
+  EXPECT_FALSE(inside(control).ReaderMissing);
+  EXPECT_EQ(inside(control).ComPort, 999);
   EXPECT_THAT(panel().ComboComPort.state().items, ElementsAre(u"NFC-USB-ZORVEN-ADAPTER"));
   EXPECT_EQ(panel().ComboComPort.state().index, 0);
   EXPECT_THAT(path(),
@@ -266,23 +267,23 @@ TEST_F(StartUp, NoPortAndASilentReaderIsAnInvalidValueAndEndsTheSequence) {
   platform.readerLibrary.connectStatus = 0;
   platform.readerLibrary.echoStatus = 4;
   EXPECT_EQ(errorNumberOf([&] { show(); }), 380);
-  EXPECT_EQ(control.ComPort, 999);
+  EXPECT_EQ(inside(control).ComPort, 999);
   EXPECT_THAT(log.only({"Init", "NFCReader", "LngLabel[0].caption", "ComboBaudrate.text"}),
               IsEmpty());
 }
 
 TEST_F(StartUp, ARateThatTheHostNeverSetIsShownAsZero) {
-  control.Baudrate = 0;
+  inside(control).Baudrate = 0;
   show();
   EXPECT_EQ(panel().ComboBaudrate.text(), u"0");
 }
 
 TEST_F(StartUp, TheHostsRateIsUsedAlsoWithTheRateHidden) {
-  control.Baudrate = 57600;
+  inside(control).Baudrate = 57600;
   show();
   EXPECT_FALSE(panel().ComboBaudrate.visible());
   EXPECT_EQ(panel().ComboBaudrate.text(), u"57600");
-  EXPECT_EQ(control.Baudrate, 57600);
+  EXPECT_EQ(inside(control).Baudrate, 57600);
 }
 
 TEST_F(StartUp, AFurtherShowListsAnewAndKeepsReaderMissing) {
@@ -291,15 +292,15 @@ TEST_F(StartUp, AFurtherShowListsAnewAndKeepsReaderMissing) {
   platform.serialKey.ports = {{"\\Device\\Silabser0", "COM3"}};
   show();
   EXPECT_THAT(panel().ComboComPort.state().items, ElementsAre(u"USB Adapter OKT (COM3)"));
-  EXPECT_TRUE(control.ReaderMissing);
+  EXPECT_TRUE(inside(control).ReaderMissing);
 }
 
 TEST_F(StartUp, AFurtherShowWithoutPortsKeepsHartMode) {
-  control.ComPort = 5;
+  inside(control).ComPort = 5;
   show();
   platform.serialKey.ports.clear();
   show();
-  EXPECT_TRUE(control.HartMode);
+  EXPECT_TRUE(inside(control).HartMode);
   EXPECT_TRUE(selected(moduleWide().HartCommObject));
   EXPECT_EQ(panel().ComboComPort.state().index, -1);
   EXPECT_EQ(panel().ComboComPort.text(), u"");
@@ -312,7 +313,7 @@ TEST_F(StartUp, AMissingLanguageFileWarnsAndSetsTheGermanTexts) {
   show();
   EXPECT_EQ(panel().LngLabel[0].caption(), u"Adresse:");
   EXPECT_EQ(moduleWide().TextModulInfo[30], u"spare");
-  EXPECT_EQ(control.lMsgResult, 5);
+  EXPECT_EQ(inside(control).lMsgResult, 5);
 }
 
 TEST_F(StartUp, CaptionsAndToolTipsAreSet) {
@@ -342,8 +343,8 @@ class LanguageFileOnDisk : public StartUp {
       : folder(std::filesystem::temp_directory_path() /
                ("tessara-startup-" + std::to_string(::getpid()))) {
     std::filesystem::create_directories(folder);
-    control.AppPathString = folder.u16string();
-    control.Language = 1;
+    inside(control).AppPathString = folder.u16string();
+    inside(control).Language = 1;
   }
   ~LanguageFileOnDisk() override { std::filesystem::remove_all(folder); }
 

@@ -16,7 +16,7 @@ class AboutBox : public DialogFixture {
       seen = true;
       look(dialog<frmAbout>());
     });
-    control.panel.CmdAbout.press();
+    inside(control).panel.CmdAbout.press();
     EXPECT_TRUE(seen);
   }
 
@@ -107,7 +107,7 @@ TEST_F(AboutBox, OkHidesItAndThenSetsTheOutcome) {
   whileOpen([this](frmAbout& box) {
     log.clear();
     box.cmdOK.press();
-    EXPECT_EQ(box.Tag, u"1");
+    EXPECT_EQ(box.Tag(), u"1");
   });
   EXPECT_THAT(log.entries(),
               ElementsAre("cmdOK.gradient=16645629,15921131", "modal end", "frmAbout hidden"));
@@ -152,17 +152,17 @@ TEST_F(AboutBox, ASecondColumnBeyond16BitsIsAnOverflowAndNothingIsShown) {
   log.clear();
   for (const std::size_t length : {292U, 100000U}) {
     moduleWide().TextMainFrame[23] = std::u16string(length, u'x');
-    EXPECT_EQ(errorNumberOf([this] { control.panel.CmdAbout.press(); }), 6);
+    EXPECT_EQ(errorNumberOf([this] { inside(control).panel.CmdAbout.press(); }), 6);
   }
   EXPECT_EQ(log.count("frmAbout shown"), 0U);
-  EXPECT_EQ(control.panel.blockedBy(), u"");
+  EXPECT_EQ(inside(control).panel.blockedBy(), u"");
   LoadDefaultTexts(moduleWide());
   EXPECT_THAT(secondColumn(), ElementsAre(4600, 4600, 4600, 4600));
 }
 
 TEST_F(AboutBox, TheIconIsLookedForFromTheRootBecauseNobodyNamesAFolder) {
   platform.settings[iconSetting] = std::u16string(u"logo.ico");
-  control.AppPathString = u"/app";
+  inside(control).AppPathString = u"/app";
   platform.files = {u"/app\\logo.ico"};
   whileOpen([](frmAbout& box) { EXPECT_EQ(box.icon(), u""); });
   EXPECT_EQ(log.count("FileExists \\logo.ico"), 1U);

@@ -105,7 +105,7 @@ TEST_F(FormTest, AnOptionIsClearedWithoutSettingAnother) {
 
 TEST_F(FormTest, APersonsChoiceRunsTheHandlerAlsoForTheOptionThatIsSet) {
   int clicks = 0;
-  form.first.onClick = [&] { ++clicks; };
+  form.first.setClickHandler([&] { ++clicks; });
   form.first.select();
   form.first.select();
   form.first.setValue(true);
@@ -122,7 +122,7 @@ TEST_F(FormTest, ADisabledOrHiddenOptionIsNotChosen) {
 
 TEST_F(FormTest, APressedLinkRunsItsHandler) {
   int clicks = 0;
-  form.link.onClick = [&] { ++clicks; };
+  form.link.setClickHandler([&] { ++clicks; });
   form.link.press();
   EXPECT_EQ(clicks, 1);
 }

@@ -11,19 +11,19 @@ class Help : public DialogFixture {
  protected:
   std::string launched() {
     log.clear();
-    control.panel.CmdHelp.press();
+    inside(control).panel.CmdHelp.press();
     return log.only({"ShellExecuteA"}).at(0);
   }
   std::vector<std::string> messagesFor(std::int32_t result) {
     platform.programs.result = result;
     log.clear();
-    control.panel.CmdHelp.press();
+    inside(control).panel.CmdHelp.press();
     return log.only({"Show"});
   }
 };
 
 TEST_F(Help, OpensTheFileOfTheLanguageBesideTheControlsOwnFile) {
-  control.AppPathString = u"/app";
+  inside(control).AppPathString = u"/app";
   moduleWide().HelpFileName = u"Help_049.chm";
   EXPECT_EQ(launched(), "ShellExecuteA 0 Open /opt/tessara\\Help_049.chm () /opt/tessara 1");
 }
@@ -40,7 +40,7 @@ TEST_F(Help, WithoutALanguageItIsTheEnglishFile) {
 }
 
 TEST_F(Help, BelongsToTheWindowOfTheControl) {
-  control.hWnd = 77;
+  inside(control).hWnd = 77;
   EXPECT_TRUE(launched().starts_with("ShellExecuteA 77 Open "));
 }
 
@@ -72,19 +72,19 @@ TEST_F(Help, EveryOtherResultPassesSilently) {
 
 TEST_F(Help, AResultBeyond16BitsIsAnOverflow) {
   platform.programs.result = 32768;
-  EXPECT_EQ(errorNumberOf([this] { control.panel.CmdHelp.press(); }), 6);
+  EXPECT_EQ(errorNumberOf([this] { inside(control).panel.CmdHelp.press(); }), 6);
 }
 
 TEST_F(Help, KeepsTheAnswerToTheMessage) {
   platform.messageAnswer = 9;
   messagesFor(2);
-  EXPECT_EQ(control.lMsgResult, 9);
+  EXPECT_EQ(inside(control).lMsgResult, 9);
 }
 
 TEST_F(Help, LeavesThePanelAsItWas) {
   platform.programs.result = 2;
   log.clear();
-  control.panel.CmdHelp.press();
+  inside(control).panel.CmdHelp.press();
   EXPECT_EQ(log.entries().size(), 2U);
 }
 

@@ -40,8 +40,8 @@ class LanguageDialog : public DialogFixture {
         if (widget->state().value) set.push_back(toUtf8(widget->name()));
       }
     });
-    control.Language = language;
-    control.panel.cmdSettings.press();
+    inside(control).Language = language;
+    inside(control).panel.cmdSettings.press();
     return set;
   }
 
@@ -52,7 +52,7 @@ class LanguageDialog : public DialogFixture {
       if (option != nullptr) (form.*option).select();
       form.cmdOK.press();
     });
-    control.panel.cmdSettings.press();
+    inside(control).panel.cmdSettings.press();
   }
 
   void loadTexts(const char16_t* restart) { moduleWide().TextModulInfo[17] = restart; }
@@ -65,7 +65,7 @@ TEST_F(LanguageDialog, TheOptionsStandInTheirOwnLanguageBeforeTheFormIsLoaded) {
   EXPECT_EQ(form.OptionCN.caption(), u"?\?(?\?)");
   EXPECT_EQ(form.OptionJP.caption(), u"???");
   EXPECT_EQ(form.cmdOK.caption(), u"OK");
-  EXPECT_EQ(form.Tag, u"");
+  EXPECT_EQ(form.Tag(), u"");
 }
 
 TEST_F(LanguageDialog, ShowsElevenOptionsThreeOfThemInTheLanguageInForce) {
@@ -77,7 +77,7 @@ TEST_F(LanguageDialog, ShowsElevenOptionsThreeOfThemInTheLanguageInForce) {
     EXPECT_EQ(dialog<frmLanguage>().cmdOK.caption(), u"OK");
     EXPECT_EQ(dialog<frmLanguage>().cmdCancel.caption(), u"Abbrechen");
   });
-  control.panel.cmdSettings.press();
+  inside(control).panel.cmdSettings.press();
 }
 
 TEST_F(LanguageDialog, ATextThatTheFileLeftEmptyLeavesItsCaptionEmpty) {
@@ -87,7 +87,7 @@ TEST_F(LanguageDialog, ATextThatTheFileLeftEmptyLeavesItsCaptionEmpty) {
     EXPECT_EQ(dialog<frmLanguage>().OptionRU.caption(), u"");
     EXPECT_EQ(dialog<frmLanguage>().cmdCancel.caption(), u"");
   });
-  control.panel.cmdSettings.press();
+  inside(control).panel.cmdSettings.press();
 }
 
 TEST_F(LanguageDialog, TenPicturesStandBesideTheElevenOptions) {
@@ -105,7 +105,7 @@ TEST_F(LanguageDialog, TheTitleBarIsAttachedAndReadsAsTheTextsSay) {
     ASSERT_EQ(forms.open->titleBar(), &dialog<frmLanguage>().UniFormCaptionB1);
     EXPECT_EQ(forms.open->titleBar()->caption(), u"Sprache");
   });
-  control.panel.cmdSettings.press();
+  inside(control).panel.cmdSettings.press();
 }
 
 TEST_F(LanguageDialog, PreselectsTheOptionOfTheNumber) {
@@ -132,30 +132,30 @@ TEST_F(LanguageDialog, Preselects0ByTheCountryOfTheSystem) {
 
 TEST_F(LanguageDialog, OkOnWhatWasPreselectedFor0Stores1AndNot0) {
   platform.systemLocale.country = u"43";
-  control.Language = 0;
+  inside(control).Language = 0;
   choose();
-  EXPECT_EQ(control.Language, 1);
+  EXPECT_EQ(inside(control).Language, 1);
   EXPECT_EQ(log.count(std::string(savedLanguage) + "1 type 4"), 1U);
 }
 
 TEST_F(LanguageDialog, OkGivesTheNumberOfTheChosenOption) {
   for (const auto& row : languages) {
-    control.Language = row.number == 1 ? 2 : 1;
+    inside(control).Language = row.number == 1 ? 2 : 1;
     log.clear();
     choose(row.option);
-    EXPECT_EQ(control.Language, row.number) << row.name;
+    EXPECT_EQ(inside(control).Language, row.number) << row.name;
     EXPECT_EQ(log.count(savedLanguage + std::to_string(row.number) + " "), 1U) << row.name;
   }
 }
 
 TEST_F(LanguageDialog, OkWithNoOptionSetKeepsTheNumber) {
-  control.Language = 12;
+  inside(control).Language = 12;
   person([this] {
     dialog<frmLanguage>().OptionDE.setValue(false);
     dialog<frmLanguage>().cmdOK.press();
   });
-  control.panel.cmdSettings.press();
-  EXPECT_EQ(control.Language, 12);
+  inside(control).panel.cmdSettings.press();
+  EXPECT_EQ(inside(control).Language, 12);
 }
 
 TEST_F(LanguageDialog, ChoosingAnOptionClearsTheOthers) {
@@ -167,12 +167,12 @@ TEST_F(LanguageDialog, ChoosingAnOptionClearsTheOthers) {
     EXPECT_FALSE(form.OptionFR.state().value);
     EXPECT_FALSE(form.OptionDE.state().value);
   });
-  control.panel.cmdSettings.press();
+  inside(control).panel.cmdSettings.press();
 }
 
 TEST_F(LanguageDialog, OkRunsThroughInOrder) {
-  control.Language = 3;
-  control.AppPathString = u"/app";
+  inside(control).Language = 3;
+  inside(control).AppPathString = u"/app";
   choose(&frmLanguage::OptionES);
   EXPECT_THAT(
       log.entries(),
@@ -185,41 +185,40 @@ TEST_F(LanguageDialog, OkRunsThroughInOrder) {
 }
 
 TEST_F(LanguageDialog, TheOutcomeIsThereOnlyAfterTheFormHasHiddenItself) {
-  frmLanguage form(platform);
   struct Watch : FormObserver {
     void formShown(Form& /*form*/) override {}
-    void formHidden(Form& hidden) override { tag = hidden.Tag; }
+    void formHidden(Form& hidden) override { tag = hidden.Tag(); }
     std::u16string tag = u"none";
   };
   const std::vector<std::pair<Widget frmLanguage::*, std::u16string>> outcomes{
       {&frmLanguage::cmdOK, u"1"}, {&frmLanguage::cmdCancel, u"2"}};
   for (const auto& row : outcomes) {
-    form.Tag.clear();
+    frmLanguage form(platform);
     Watch watch;
     person([&] { (form.*row.first).press(); });
     form.showModal(platform.loop, &watch);
     EXPECT_EQ(watch.tag, u"");
-    EXPECT_EQ(form.Tag, row.second);
+    EXPECT_EQ(form.Tag(), row.second);
   }
 }
 
 TEST_F(LanguageDialog, CancelWithAChangedSelectionChangesNothing) {
-  control.Language = 2;
+  inside(control).Language = 2;
   person([this] {
     dialog<frmLanguage>().OptionFR.select();
     auto& form = dialog<frmLanguage>();
     form.cmdCancel.press();
-    EXPECT_EQ(form.Tag, u"2");
+    EXPECT_EQ(form.Tag(), u"2");
     EXPECT_EQ(form.GetLanguage(), 2);
   });
-  control.panel.cmdSettings.press();
-  EXPECT_EQ(control.Language, 2);
+  inside(control).panel.cmdSettings.press();
+  EXPECT_EQ(inside(control).Language, 2);
   EXPECT_THAT(log.only({"SetValue", "Show"}), IsEmpty());
   EXPECT_EQ(log.count("cmdCancel.gradient=16645629,15921131"), 1U);
 }
 
 TEST_F(LanguageDialog, OkOnTheLanguageInForceStillStoresAndAsksForARestart) {
-  control.Language = 5;
+  inside(control).Language = 5;
   choose();
   EXPECT_EQ(log.count(std::string(savedLanguage) + "5 "), 1U);
   EXPECT_EQ(log.count("Show 48 MERIDEX_CONF: "), 1U);
@@ -227,17 +226,17 @@ TEST_F(LanguageDialog, OkOnTheLanguageInForceStillStoresAndAsksForARestart) {
 
 TEST_F(LanguageDialog, TheEnglishSentenceComesAlongUnlessEnglishWasInForce) {
   loadTexts(u"Please restart!");
-  control.Language = 2;
+  inside(control).Language = 2;
   choose(&frmLanguage::OptionFR);
   EXPECT_EQ(log.only({"Show"}).back(), "Show 48 MERIDEX_CONF: Please restart!");
 
   loadTexts(u"Redémarrez !");
-  control.Language = 3;
+  inside(control).Language = 3;
   choose(&frmLanguage::OptionGB);
   EXPECT_EQ(log.only({"Show"}).back(),
             "Show 48 MERIDEX_CONF: Redémarrez !\n\nPlease restart application!");
 
-  control.Language = 0;
+  inside(control).Language = 0;
   choose(&frmLanguage::OptionGB);
   EXPECT_EQ(log.only({"Show"}).back(),
             "Show 48 MERIDEX_CONF: Redémarrez !\n\nPlease restart application!");
@@ -246,7 +245,7 @@ TEST_F(LanguageDialog, TheEnglishSentenceComesAlongUnlessEnglishWasInForce) {
 TEST_F(LanguageDialog, KeepsTheAnswerToTheMessage) {
   platform.messageAnswer = 7;
   choose();
-  EXPECT_EQ(control.lMsgResult, 7);
+  EXPECT_EQ(inside(control).lMsgResult, 7);
 }
 
 TEST_F(LanguageDialog, TheTextsInForceStayAsTheyAre) {
@@ -259,36 +258,36 @@ TEST_F(LanguageDialog, IsUnloadedWhateverWasChosen) {
   choose();
   EXPECT_EQ(moduleWide().frmLanguage, nullptr);
   person([this] { dialog<frmLanguage>().cmdCancel.press(); });
-  control.panel.cmdSettings.press();
+  inside(control).panel.cmdSettings.press();
   EXPECT_EQ(moduleWide().frmLanguage, nullptr);
-  EXPECT_EQ(control.panel.blockedBy(), u"");
+  EXPECT_EQ(inside(control).panel.blockedBy(), u"");
 }
 
 TEST_F(LanguageDialog, SetsTheIconThatTheSettingNamesInTheFolderOfTheHost) {
   platform.settings[iconSetting] = std::u16string(u"logo.ico");
   platform.files = {u"/app\\logo.ico"};
-  control.AppPathString = u"/app";
+  inside(control).AppPathString = u"/app";
   person([this] { EXPECT_EQ(forms.open->icon(), u"/app\\logo.ico"); });
-  control.panel.cmdSettings.press();
+  inside(control).panel.cmdSettings.press();
   EXPECT_EQ(log.count("load /app\\logo.ico"), 1U);
 }
 
 TEST_F(LanguageDialog, AsksForItsIconEachTimeThatItLoads) {
   platform.files = {u"/app\\first.ico", u"/app\\second.ico"};
-  control.AppPathString = u"/app";
+  inside(control).AppPathString = u"/app";
   for (const auto* icon : {u"first.ico", u"second.ico"}) {
     platform.settings[iconSetting] = std::u16string(icon);
     person([&] { EXPECT_EQ(forms.open->icon(), u"/app\\" + std::u16string(icon)); });
-    control.panel.cmdSettings.press();
+    inside(control).panel.cmdSettings.press();
   }
   EXPECT_EQ(log.count("modal run"), 2U);
 }
 
 TEST_F(LanguageDialog, AMissingIconFileIsNoError) {
   platform.settings[iconSetting] = std::u16string(u"logo.ico");
-  control.AppPathString = u"/app";
+  inside(control).AppPathString = u"/app";
   person([this] { EXPECT_EQ(forms.open->icon(), u""); });
-  control.panel.cmdSettings.press();
+  inside(control).panel.cmdSettings.press();
   EXPECT_EQ(log.count("FileExists /app\\logo.ico"), 1U);
   EXPECT_EQ(log.count("load"), 0U);
 }
@@ -297,8 +296,8 @@ TEST_F(LanguageDialog, AnIconThatIsNoPictureIsAnErrorAndTheNextPressStartsAfresh
   platform.settings[iconSetting] = std::u16string(u"logo.ico");
   platform.files = {u"/app\\logo.ico"};
   platform.pictures.broken = true;
-  control.AppPathString = u"/app";
-  EXPECT_EQ(errorNumberOf([this] { control.panel.cmdSettings.press(); }), 481);
+  inside(control).AppPathString = u"/app";
+  EXPECT_EQ(errorNumberOf([this] { inside(control).panel.cmdSettings.press(); }), 481);
   EXPECT_EQ(log.count("frmLanguage shown"), 0U);
   platform.pictures.broken = false;
   choose();
@@ -312,8 +311,8 @@ TEST_F(LanguageDialog, AStoreThatRefusesTheLanguagePassesItsErrorOnWithTheNewNum
     moduleWide().RegistryHelper.reset();
     form.cmdOK.press();
   });
-  EXPECT_EQ(errorNumberOf([this] { control.panel.cmdSettings.press(); }), 91);
-  EXPECT_EQ(control.Language, 10);
+  EXPECT_EQ(errorNumberOf([this] { inside(control).panel.cmdSettings.press(); }), 91);
+  EXPECT_EQ(inside(control).Language, 10);
   EXPECT_EQ(log.count("Show"), 0U);
   EXPECT_EQ(moduleWide().frmLanguage, nullptr);
 }
@@ -331,7 +330,7 @@ TEST_F(LanguageDialog, TheButtonsShowByTheirColoursWhetherThePointerIsOverThem) 
       EXPECT_EQ(button->state().gradientendcolor, 0xF2EFEBU);
     }
   });
-  control.panel.cmdSettings.press();
+  inside(control).panel.cmdSettings.press();
 }
 
 TEST_F(LanguageDialog, APressUnderThePointerLeavesTheButtonIdle) {

@@ -13,23 +13,23 @@ using ::testing::IsEmpty;
 /// What enters the control while one of its dialogs is open.
 class OpenDialog : public DialogFixture, public ::testing::WithParamInterface<const char16_t*> {
  protected:
-  Widget& opener() { return *control.panel.find(GetParam()); }
+  Widget& opener() { return *inside(control).panel.find(GetParam()); }
 };
 
 INSTANTIATE_TEST_SUITE_P(Both, OpenDialog, ::testing::Values(u"cmdSettings", u"CmdAbout"));
 
 TEST_P(OpenDialog, AFurtherPressOnThePanelIsAnInvalidCallAndLeavesTheDialog) {
   person([this] {
-    for (Widget* button : {&control.panel.cmdSettings, &control.panel.CmdAbout,
-                           &control.panel.CmdHelp, &control.panel.CmdDeviceInfo}) {
+    for (Widget* button : {&inside(control).panel.cmdSettings, &inside(control).panel.CmdAbout,
+                           &inside(control).panel.CmdHelp, &inside(control).panel.CmdDeviceInfo}) {
       EXPECT_EQ(errorNumberOf([&] { button->press(); }), 5) << toUtf8(button->name());
     }
-    EXPECT_EQ(errorNumberOf([&] { control.panel.txtDevAddr.type(u"7"); }), 5);
+    EXPECT_EQ(errorNumberOf([&] { inside(control).panel.txtDevAddr.type(u"7"); }), 5);
     EXPECT_TRUE(forms.open->visible());
   });
   opener().press();
   EXPECT_EQ(log.count("modal run"), 1U);
-  control.panel.CmdHelp.press();
+  inside(control).panel.CmdHelp.press();
   EXPECT_EQ(log.count("ShellExecuteA"), 1U);
 }
 
@@ -38,16 +38,16 @@ TEST_P(OpenDialog, ASecondControlOfTheThreadFindsItShownAlready) {
   other.UserControl_Initialize();
   other.setFormObserver(&forms);
   person([&] {
-    EXPECT_EQ(errorNumberOf([&] { other.panel.find(GetParam())->press(); }), 400);
+    EXPECT_EQ(errorNumberOf([&] { other.panel().widget(GetParam()).press(); }), 400);
     EXPECT_TRUE(forms.open->visible());
-    EXPECT_EQ(other.panel.blockedBy(), u"");
+    EXPECT_EQ(other.panel().blockedBy(), u"");
   });
   opener().press();
   EXPECT_EQ(log.count("modal run"), 1U);
 }
 
 TEST_P(OpenDialog, TheEndOfTheControlClosesItAndNothingIsCalledAfterwards) {
-  control.Language = 3;
+  inside(control).Language = 3;
   person([this] {
     control.UserControl_Terminate();
     EXPECT_EQ(forms.open, nullptr);
@@ -57,18 +57,18 @@ TEST_P(OpenDialog, TheEndOfTheControlClosesItAndNothingIsCalledAfterwards) {
   EXPECT_THAT(log.entries(), IsEmpty());
   EXPECT_EQ(moduleWide().frmLanguage, nullptr);
   EXPECT_EQ(moduleWide().frmAbout, nullptr);
-  EXPECT_EQ(control.panel.blockedBy(), u"");
+  EXPECT_EQ(inside(control).panel.blockedBy(), u"");
 }
 
 TEST_P(OpenDialog, TheEndOfTheControlAfterOkLeavesTheLanguageAsItWas) {
-  control.Language = 3;
+  inside(control).Language = 3;
   person([this] {
     forms.open->defaultButton().press();
     control.UserControl_Terminate();
     log.clear();
   });
   opener().press();
-  EXPECT_EQ(control.Language, 3);
+  EXPECT_EQ(inside(control).Language, 3);
   EXPECT_THAT(log.entries(), IsEmpty());
 }
 
@@ -84,12 +84,12 @@ TEST_P(OpenDialog, TheDialogOfAnotherControlSurvivesTheEndOfThisOne) {
 }
 
 TEST_P(OpenDialog, IsClosedWithoutAnOutcomeWhenTheProgramQuits) {
-  control.Language = 3;
+  inside(control).Language = 3;
   person([] {});
   opener().press();
   EXPECT_EQ(forms.open, nullptr);
   EXPECT_THAT(log.only({"SetValue", "Show"}), IsEmpty());
-  EXPECT_EQ(control.Language, 3);
+  EXPECT_EQ(inside(control).Language, 3);
 }
 
 TEST_P(OpenDialog, TheControlMayBeShownAgainMeanwhile) {
@@ -101,7 +101,7 @@ TEST_P(OpenDialog, TheControlMayBeShownAgainMeanwhile) {
   });
   opener().press();
   EXPECT_EQ(forms.open, nullptr);
-  EXPECT_EQ(control.panel.ComboComPort.state().items.size(), 1U);
+  EXPECT_EQ(inside(control).panel.ComboComPort.state().items.size(), 1U);
 }
 
 TEST_P(OpenDialog, TheScanGoesOnBehindIt) {
@@ -118,7 +118,7 @@ TEST_P(OpenDialog, ComesUpInATurnOfTheEventLoopInARead) {
     if (!std::exchange(opened, true)) opener().press();
   };
   control.AutomaticConnection();
-  EXPECT_TRUE(control.bDataValid);
+  EXPECT_TRUE(inside(control).bDataValid);
   EXPECT_EQ(log.count("modal run"), 1U);
 }
 
@@ -126,7 +126,7 @@ TEST_P(OpenDialog, IsAnInvalidCallForAHostThatDrawsNoForms) {
   control.setFormObserver(nullptr);
   EXPECT_EQ(errorNumberOf([this] { opener().press(); }), 5);
   EXPECT_EQ(log.count("modal run"), 0U);
-  EXPECT_EQ(control.panel.blockedBy(), u"");
+  EXPECT_EQ(inside(control).panel.blockedBy(), u"");
 }
 
 TEST_P(OpenDialog, AControlThatCameUpAgainMeanwhileKeepsThePanelFree) {
@@ -135,7 +135,7 @@ TEST_P(OpenDialog, AControlThatCameUpAgainMeanwhileKeepsThePanelFree) {
     control.UserControl_Initialize();
   });
   opener().press();
-  EXPECT_EQ(control.panel.blockedBy(), u"");
+  EXPECT_EQ(inside(control).panel.blockedBy(), u"");
   person([this] { forms.open->cancelButton().press(); });
   log.clear();
   opener().press();
@@ -156,9 +156,9 @@ TEST(TwoControls, MayHaveTheTwoDialogsOpenOneOverTheOther) {
   }
   int depth = 0;
   platform.loop.onModalRun = [&] {
-    if (++depth == 1) two.panel.CmdAbout.press();
+    if (++depth == 1) two.panel().widget(u"CmdAbout").press();
   };
-  one.panel.cmdSettings.press();
+  one.panel().widget(u"cmdSettings").press();
   EXPECT_EQ(depth, 2);
   EXPECT_EQ(log.count("modal end"), 2U);
 }

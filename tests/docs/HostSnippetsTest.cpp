@@ -1,6 +1,7 @@
 #include <QMainWindow>
 
 #include "base/Text.h"
+#include "base/Variant.h"
 #include "host/ModulInfoPanel.h"
 #include "linux/SettingsFolder.h"
 
@@ -33,7 +34,7 @@ class HostSnippets : public SettingsFolder {
     QObject::connect(&panel_, &ModulInfoPanel::ModulActive,
                      [this](int status) { statuses.push_back(status); });
     transfer(panel_.control());
-    statusText = toUtf8(panel_.control().StatusString);
+    statusText = toUtf8(toText(panel_.control().get_StatusString(), {}));
   }
 
   std::vector<int> statuses;

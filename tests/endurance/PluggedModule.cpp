@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "control/Transport.h"
 #include "drivers/nfc/NoUsbReaders.h"
 #include "linux/SimulatedKnownPort.h"
+#include "ports/AdapterWords.h"
 #include "simulator/PluggableModule.h"
 
 namespace tessara::testing {

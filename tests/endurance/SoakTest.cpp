@@ -13,6 +13,7 @@
 #include "Resources.h"
 #include "drivers/PortLock.h"
 #include "linux/SettingsFolder.h"
+#include "support/Inside.h"
 
 namespace tessara::testing {
 namespace {
@@ -88,7 +89,7 @@ void readAgain(ModuleAtWork& work, Tally& tally) {
 
 /// One pass, and what has to follow from the calls that it made.
 void pass(ModuleAtWork& work, Tally& tally) {
-  const auto failuresBefore = work.control().ScanErrorCount;
+  const auto failuresBefore = inside(work.control()).ScanErrorCount;
   work.forget();
   ASSERT_TRUE(work.loop.tick());
   ++tally.passes;
@@ -96,25 +97,25 @@ void pass(ModuleAtWork& work, Tally& tally) {
   ASSERT_EQ(work.activities[Activity::Scanning], 1);
   ASSERT_EQ(work.callsOf("ConnectWithSerialDevice"), 1);
   ASSERT_EQ(work.callsOf("CloseSerialConnection"), 1);
-  ASSERT_FALSE(work.control().DeviceConnected);
+  ASSERT_FALSE(inside(work.control()).DeviceConnected);
   const bool isConnected = std::get<bool>(work.calls.front().result);
   const bool hasFailed = work.failedCalls() > 0;
   ASSERT_EQ(work.activities[Activity::AccessOver], hasFailed ? 1 : 0);
-  ASSERT_EQ(work.control().ScanErrorCount, failuresBefore + (hasFailed ? 1 : 0));
+  ASSERT_EQ(inside(work.control()).ScanErrorCount, failuresBefore + (hasFailed ? 1 : 0));
   if (!isConnected) {
     ++tally.gone;
     ASSERT_FALSE(work.loop.isTicking());
     return;
   }
   if (!hasFailed) {
-    ASSERT_EQ(work.control().StatusString, u"");
+    ASSERT_EQ(inside(work.control()).StatusString, u"");
     ASSERT_TRUE(work.loop.isTicking());
     return;
   }
   ++tally.failed;
-  const bool isOffline = work.control().ScanErrorCount > 10;
+  const bool isOffline = inside(work.control()).ScanErrorCount > 10;
   ASSERT_EQ(work.loop.isTicking(), !isOffline);
-  ASSERT_EQ(work.control().StatusString == u"Offline", isOffline);
+  ASSERT_EQ(inside(work.control()).StatusString == u"Offline", isOffline);
 }
 
 void expectPortIsFree(const ModuleAtWork& work) {
@@ -140,7 +141,7 @@ TEST_P(Soak, LosesNoPassAndNoResource) {
       warm = Resources::now();
     }
   }
-  EXPECT_EQ(work.control().ScanErrorCount, static_cast<std::int16_t>(tally.failed));
+  EXPECT_EQ(inside(work.control()).ScanErrorCount, static_cast<std::int16_t>(tally.failed));
   EXPECT_GT(tally.failed, 0U) << "nothing has failed: this was no test";
 
   work.forget();

@@ -9,6 +9,7 @@
 
 #include "ModuleAtWork.h"
 #include "linux/SettingsFolder.h"
+#include "support/Inside.h"
 
 namespace tessara::testing {
 namespace {
@@ -62,8 +63,8 @@ class Unplugged : public SettingsFolder, public ::testing::WithParamInterface<Pa
     work.read();
     EXPECT_TRUE(work.isRead());
     EXPECT_EQ(work.failedCalls(), 0);
-    EXPECT_EQ(work.control().panel.LblSerialNumber.caption(), GetParam().serialNumber);
-    EXPECT_TRUE(work.control().panel.TimerScanDevice.enabled());
+    EXPECT_EQ(inside(work.control()).panel.LblSerialNumber.caption(), GetParam().serialNumber);
+    EXPECT_TRUE(inside(work.control()).panel.TimerScanDevice.enabled());
     EXPECT_TRUE(work.loop.tick());
     EXPECT_EQ(work.failedCalls(), 0);
   }
@@ -102,11 +103,11 @@ TEST_P(Unplugged, DuringAReadEndsItWithOneTextAndTheNextReadWorks) {
     if (call + 1 < calls) {
       EXPECT_FALSE(work.isRead());
       EXPECT_EQ(std::ranges::count(work.statusTexts, connectFailed), 1);
-      EXPECT_EQ(work.control().StatusString, connectFailed);
+      EXPECT_EQ(inside(work.control()).StatusString, connectFailed);
       EXPECT_EQ(work.activities[Activity::ConnectionFailed], 1);
       EXPECT_FALSE(work.loop.tick());
     }
-    EXPECT_FALSE(work.control().DeviceConnected);
+    EXPECT_FALSE(inside(work.control()).DeviceConnected);
     work.module.plug();
     expectNextReadWorks(work);
   }
@@ -118,19 +119,19 @@ TEST_P(Unplugged, DuringAScanFailsThatPassAndEndsTheScanSilentlyAtTheNext) {
   const std::size_t calls = callsOfOneScan(work);
   for (std::size_t call = 1; call + 1 < calls; ++call) {
     SCOPED_TRACE("unplugged after call " + std::to_string(call));
-    const auto failures = work.control().ScanErrorCount;
+    const auto failures = inside(work.control()).ScanErrorCount;
     unplugAfter(work, call);
     const Effort effort = ModuleAtWork::effortOf([&] { EXPECT_TRUE(work.loop.tick()); });
     expectCalm(work, effort);
-    EXPECT_EQ(work.control().ScanErrorCount, failures + 1);
+    EXPECT_EQ(inside(work.control()).ScanErrorCount, failures + 1);
     EXPECT_EQ(work.activities[Activity::AccessOver], 1);
-    EXPECT_TRUE(work.control().panel.TimerScanDevice.enabled());
+    EXPECT_TRUE(inside(work.control()).panel.TimerScanDevice.enabled());
 
     work.forget();
     EXPECT_TRUE(work.loop.tick());
     EXPECT_THAT(work.statusTexts, IsEmpty());
     EXPECT_THAT(work.activities, ElementsAre(std::pair(Activity::Scanning, 1)));
-    EXPECT_EQ(work.control().ScanErrorCount, failures + 1);
+    EXPECT_EQ(inside(work.control()).ScanErrorCount, failures + 1);
     EXPECT_FALSE(work.loop.tick());
     work.module.plug();
     expectNextReadWorks(work);
@@ -156,15 +157,15 @@ TEST_P(Unplugged, AndReplugedDuringAScanFailsThatPassAlone) {
 TEST_P(Unplugged, BetweenTwoScansEndsTheScanWithoutAText) {
   ModuleAtWork work(sample());
   callsOfOneRead(work);
-  const std::u16string shown = work.control().panel.LblModulState.caption();
+  const std::u16string shown = inside(work.control()).panel.LblModulState.caption();
   work.module.unplug();
   work.forget();
   const Effort effort = ModuleAtWork::effortOf([&] { EXPECT_TRUE(work.loop.tick()); });
   expectCalm(work, effort);
   EXPECT_THAT(work.statusTexts, IsEmpty());
   EXPECT_THAT(work.activities, ElementsAre(std::pair(Activity::Scanning, 1)));
-  EXPECT_EQ(work.control().ScanErrorCount, 0);
-  EXPECT_EQ(work.control().panel.LblModulState.caption(), shown);
+  EXPECT_EQ(inside(work.control()).ScanErrorCount, 0);
+  EXPECT_EQ(inside(work.control()).panel.LblModulState.caption(), shown);
   EXPECT_FALSE(work.loop.tick());
   work.module.plug();
   expectNextReadWorks(work);
@@ -176,7 +177,7 @@ TEST_P(Unplugged, AndReplugedBetweenTwoScansIsNotNoticed) {
   work.module.unplug();
   work.module.plug();
   callsOfOneScan(work);
-  EXPECT_EQ(work.control().ScanErrorCount, 0);
+  EXPECT_EQ(inside(work.control()).ScanErrorCount, 0);
   expectNextReadWorks(work);
 }
 

@@ -7,6 +7,7 @@
 #include "FakeHost.h"
 #include "FakePlatform.h"
 #include "HelpPages.h"
+#include "Inside.h"
 #include "base/Text.h"
 #include "control/ModulInfoFLII.h"
 #include "knowledge/ChannelStatus.h"
@@ -98,7 +99,7 @@ class HelpWords : public ::testing::TestWithParam<HelpLanguage> {
 
 TEST_P(HelpWords, CoverEveryCaptionOfThePanel) {
   std::size_t captions = 0;
-  for (const Widget* widget : control.panel.widgets()) {
+  for (const Widget* widget : inside(control).panel.widgets()) {
     std::u16string caption = widget->caption();
     if (widget->kind() == WidgetKind::Label && !caption.empty()) {
       expectWords(caption.substr(0, caption.find_last_not_of(u" :") + 1));
@@ -110,7 +111,7 @@ TEST_P(HelpWords, CoverEveryCaptionOfThePanel) {
 
 TEST_P(HelpWords, CoverEveryButtonOfThePanel) {
   std::size_t buttons = 0;
-  for (const Widget* widget : control.panel.widgets()) {
+  for (const Widget* widget : inside(control).panel.widgets()) {
     if (widget->kind() == WidgetKind::Button) {
       EXPECT_FALSE(widget->state().toolTipText.empty());
       expectWords(widget->state().toolTipText);

@@ -11,6 +11,7 @@
 
 #include "FakePlatform.h"
 #include "base/Text.h"
+#include "control/Panel.h"
 #include "dialogs/Maker.h"
 #include "host/ModulInfoPanel.h"
 #include "linux/SettingsFolder.h"
@@ -72,9 +73,10 @@ TEST_F(HostPanel, ReadsASimulatedModule) {
   panel.read();
 
   EXPECT_EQ(panel.control().get_DataValid(), 1);
-  EXPECT_EQ(toUtf8(panel.control().DeviceName).substr(0, 14), "TESSARA UM 161");
-  EXPECT_THAT(toUtf8(panel.control().panel.LblModulState.caption()), HasSubstr("No error"));
-  EXPECT_THAT(toUtf8(panel.control().ProductLink), HasSubstr("um-161"));
+  EXPECT_EQ(toUtf8(toText(panel.control().get_DeviceName(), {})).substr(0, 14), "TESSARA UM 161");
+  EXPECT_THAT(toUtf8(panel.control().panel().widget(u"LblModulState").caption()),
+              HasSubstr("No error"));
+  EXPECT_THAT(toUtf8(toText(panel.control().get_ProductLink(), {})), HasSubstr("um-161"));
 }
 
 TEST_F(HostPanel, SignalsTheCallbacksOfARead) {
@@ -94,9 +96,9 @@ TEST_F(HostPanel, SignalsTheWishesOfThePerson) {
   panel.read();
   panel.control().UnLockCmdStore();
   listenTo(panel);
-  panel.control().panel.CmdSave2DiskParameter.press();
-  panel.control().panel.CmdOpenDiskParameter.press();
-  panel.control().panel.CmdPrintConfiguration.press();
+  panel.control().panel().widget(u"CmdSave2DiskParameter").press();
+  panel.control().panel().widget(u"CmdOpenDiskParameter").press();
+  panel.control().panel().widget(u"CmdPrintConfiguration").press();
   EXPECT_THAT(heard, ElementsAre("save", "load", "print"));
 
   heard.clear();
@@ -104,7 +106,7 @@ TEST_F(HostPanel, SignalsTheWishesOfThePerson) {
   EXPECT_THAT(heard, ElementsAre("data"));
 
   heard.clear();
-  panel.control().panel.CmdStoreParameter.press();
+  panel.control().panel().widget(u"CmdStoreParameter").press();
   EXPECT_THAT(heard, ::testing::Contains("store"));
 }
 
@@ -113,7 +115,7 @@ TEST_F(HostPanel, ComesUpInTheLanguageThatWasChosenLast) {
   ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
   panel.bringUp();
   EXPECT_EQ(panel.control().get_Language(), 2);
-  EXPECT_EQ(toUtf8(panel.control().panel.LngLabel[3].caption()), "Device type:");
+  EXPECT_EQ(toUtf8(panel.control().panel().widget(u"LngLabel[3]").caption()), "Device type:");
 }
 
 TEST_F(HostPanel, ComesUpAtThePortThatWasChosenLast) {
@@ -173,7 +175,7 @@ TEST_F(HostPanel, StandsOnASystemThatTheHostPutTogether) {
     ModulInfoPanel panel(platform);
     listenTo(panel);
     panel.bringUp();
-    EXPECT_EQ(panel.control().AppPathString, platform.appPath());
+    EXPECT_EQ(toText(panel.control().get_AppPathString(), {}), platform.appPath());
     EXPECT_EQ(panel.control().get_ComPort(), 3);
     EXPECT_EQ(heard.back(), "no NFC");
   }
@@ -183,11 +185,12 @@ TEST_F(HostPanel, StandsOnASystemThatTheHostPutTogether) {
 TEST_F(HostPanel, GivesTheQtWidgetsOfItsButtons) {
   ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
   panel.bringUp();
-  auto* button = qobject_cast<QAbstractButton*>(panel.viewOf(panel.control().panel.CmdDeviceInfo));
+  auto* button = qobject_cast<QAbstractButton*>(
+      panel.viewOf(panel.control().panel().widget(u"CmdDeviceInfo")));
   ASSERT_NE(button, nullptr);
   button->click();
   EXPECT_EQ(panel.control().get_DataValid(), 1);
-  EXPECT_EQ(panel.viewOf(panel.control().panel.TimerScanDevice), nullptr);
+  EXPECT_EQ(panel.viewOf(panel.control().panel().widget(u"TimerScanDevice")), nullptr);
 }
 
 TEST_F(HostPanel, ShowsWhatTheHostSaysWentWrong) {
@@ -208,10 +211,10 @@ TEST_F(HostPanel, HasItsViewFillIt) {
 
 TEST_F(HostPanel, TellsTheControlInWhichWindowItIsShown) {
   ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
-  EXPECT_EQ(panel.control().hWnd, 0U);
+  EXPECT_EQ(panel.control().get_hWnd(), 0U);
   panel.show();
-  EXPECT_NE(panel.control().hWnd, 0U);
-  EXPECT_EQ(panel.control().hWnd, panel.winId());
+  EXPECT_NE(panel.control().get_hWnd(), 0U);
+  EXPECT_EQ(panel.control().get_hWnd(), panel.winId());
 }
 
 TEST_F(HostPanel, OpensTheDialogsOfTheControl) {
@@ -220,16 +223,16 @@ TEST_F(HostPanel, OpensTheDialogsOfTheControl) {
   panel.bringUp();
   panel.show();
   closeNext(&QDialog::windowTitle);
-  panel.control().panel.CmdAbout.press();
+  panel.control().panel().widget(u"CmdAbout").press();
   EXPECT_EQ(closed, "Information");
 }
 
 TEST_F(HostPanel, TellsTheVersionOfTheProductUntilTheHostTellsItsOwn) {
   ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
-  EXPECT_EQ(toUtf8(panel.control().VersionString), toUtf8(maker.version));
+  EXPECT_EQ(toUtf8(toText(panel.control().get_VersionString(), {})), toUtf8(maker.version));
   panel.control().put_VersionString(std::u16string(u"7.1"));
   panel.bringUp();
-  EXPECT_EQ(panel.control().VersionString, u"7.1");
+  EXPECT_EQ(toText(panel.control().get_VersionString(), {}), u"7.1");
 }
 
 TEST_F(HostPanel, MayBeDeletedByASlotInTheMiddleOfARead) {

@@ -12,33 +12,35 @@ class HostStatus : public testing::ControlFixture {
   }
   bool setChannels(std::int32_t in, std::int32_t out) { return control.SetChnStatus(in, out); }
 
-  std::string moduleLine() { return toUtf8(control.panel.LblModulState.caption()); }
-  std::string channelLine() { return toUtf8(control.panel.LblChnState.caption()); }
+  std::string moduleLine() { return toUtf8(inside(control).panel.LblModulState.caption()); }
+  std::string channelLine() { return toUtf8(inside(control).panel.LblChnState.caption()); }
 };
 
 TEST_F(HostStatus, ModuleLineGoesToLabelAndToolTip) {
-  control.FamilyID = 22;
+  inside(control).FamilyID = 22;
   EXPECT_TRUE(setModule(0x1004, 0));
   EXPECT_EQ(moduleLine(), "1004 -> Simulation -> Fehler Konfiguration Dip-Schalter");
-  EXPECT_EQ(control.panel.LblModulState.state().toolTipTitle, u"Modul Status");
-  EXPECT_EQ(control.panel.LblModulState.state().toolTipText, control.panel.LblModulState.caption());
+  EXPECT_EQ(inside(control).panel.LblModulState.state().toolTipTitle, u"Modul Status");
+  EXPECT_EQ(inside(control).panel.LblModulState.state().toolTipText,
+            inside(control).panel.LblModulState.caption());
 }
 
 TEST_F(HostStatus, ChannelLineGoesToLabelAndToolTip) {
   EXPECT_TRUE(setChannels(0x0001, 0x0002));
   EXPECT_EQ(channelLine(), "1 -> Drahtbruch Sensor! 2 -> Fehler Bürde!");
-  EXPECT_EQ(control.panel.LblChnState.state().toolTipTitle, u"Kanal Status");
-  EXPECT_EQ(control.panel.LblChnState.state().toolTipText, control.panel.LblChnState.caption());
+  EXPECT_EQ(inside(control).panel.LblChnState.state().toolTipTitle, u"Kanal Status");
+  EXPECT_EQ(inside(control).panel.LblChnState.state().toolTipText,
+            inside(control).panel.LblChnState.caption());
 }
 
 TEST_F(HostStatus, ChannelLineFollowsFamilyAndReader) {
-  control.FamilyID = 18;
+  inside(control).FamilyID = 18;
   setChannels(0x0080, 0x0040);
   EXPECT_EQ(channelLine(), "40 -> Begrenzend!");
-  control.FamilyID = 20;
+  inside(control).FamilyID = 20;
   setChannels(0x0080, 0x0040);
   EXPECT_EQ(channelLine(), "40 -> Fehler Dip - Schalter!");
-  control.bNFCReader = true;
+  inside(control).bNFCReader = true;
   setChannels(0x0080, 0x0040);
   EXPECT_EQ(channelLine(), "NFC");
 }
@@ -48,8 +50,8 @@ TEST_F(HostStatus, ToolTipTitlesComeFromTheTextTable) {
   moduleWide().TextModulInfo[22] = u"channel";
   setModule(0, 0);
   setChannels(0x0080, 0x0080);
-  EXPECT_EQ(control.panel.LblModulState.state().toolTipTitle, u"module");
-  EXPECT_EQ(control.panel.LblChnState.state().toolTipTitle, u"channel");
+  EXPECT_EQ(inside(control).panel.LblModulState.state().toolTipTitle, u"module");
+  EXPECT_EQ(inside(control).panel.LblChnState.state().toolTipTitle, u"channel");
 }
 
 TEST_F(HostStatus, NegativeWordPrintsItsPattern) {
@@ -67,7 +69,7 @@ TEST_F(HostStatus, ErrorBitSelectsNothingForAHost) {
 TEST_F(HostStatus, UsbPowerStandsInFrontAlsoOverAReader) {
   setModule(0, 0x1000);
   EXPECT_EQ(moduleLine(), "USB-Power; 0 -> Kein Fehler");
-  control.bNFCReader = true;
+  inside(control).bNFCReader = true;
   setModule(0x0004, 0x1001);
   EXPECT_EQ(moduleLine(), "USB-Power; NFC");
   setModule(0x0004, 0x0FFF);
@@ -79,7 +81,7 @@ TEST_F(HostStatus, ZeroSetsPicture1AndALaterFaultLeavesItStanding) {
   EXPECT_EQ(log.only({"ImageDevState"}), (std::vector<std::string>{"ImageDevState.picture=1"}));
   setModule(0x0004, 0);
   EXPECT_EQ(log.count("ImageDevState"), 1U);
-  EXPECT_FALSE(control.panel.ImageDevState.visible());
+  EXPECT_FALSE(inside(control).panel.ImageDevState.visible());
 }
 
 TEST_F(HostStatus, FaultSetsNoPicture) {
@@ -88,7 +90,7 @@ TEST_F(HostStatus, FaultSetsNoPicture) {
 }
 
 TEST_F(HostStatus, ReaderSetsNoPictureEvenForZero) {
-  control.bNFCReader = true;
+  inside(control).bNFCReader = true;
   setModule(0, 0);
   EXPECT_EQ(moduleLine(), "NFC");
   EXPECT_EQ(log.count("ImageDevState"), 0U);
@@ -118,10 +120,11 @@ TEST_F(HostStatus, WordBeyond16BitsIsAnOverflowAndChangesNothing) {
 TEST_F(HostStatus, StatusStringsReadTheLabelsOfTheMoment) {
   setModule(4, 0);
   setChannels(4, 0x0080);
-  EXPECT_EQ(control.get_ModulStatusString(), Variant{control.panel.LblModulState.caption()});
-  EXPECT_EQ(control.get_ChnStatusString(), Variant{control.panel.LblChnState.caption()});
-  control.panel.LblModulState.setCaption({});
-  control.panel.LblChnState.setCaption(u"other");
+  EXPECT_EQ(control.get_ModulStatusString(),
+            Variant{inside(control).panel.LblModulState.caption()});
+  EXPECT_EQ(control.get_ChnStatusString(), Variant{inside(control).panel.LblChnState.caption()});
+  inside(control).panel.LblModulState.setCaption({});
+  inside(control).panel.LblChnState.setCaption(u"other");
   EXPECT_EQ(control.get_ModulStatusString(), Variant{std::u16string{}});
   EXPECT_EQ(control.get_ChnStatusString(), Variant{std::u16string{u"other"}});
 }

@@ -67,7 +67,7 @@ TEST_F(LookupDevice, LoadsTheCatalogueBesideTheProgramOnceForEachRead) {
 }
 
 TEST_F(LookupDevice, LeavesTheProfileInTheFields) {
-  control.Language = 5;
+  inside(control).Language = 5;
   useModule({link("ProductLink", u"p"), link("Packb", u"b"), link("DatasheetIT", u"d"),
              version(u"1.234", 60, u"2")},
             u"1");
@@ -77,17 +77,17 @@ TEST_F(LookupDevice, LeavesTheProfileInTheFields) {
   EXPECT_EQ(control.get_DatasheetLink(), Variant{std::u16string{u"d"}});
   EXPECT_EQ(control.get_QuickSetupMode(), 2);
   EXPECT_EQ(control.get_StringsReverse(), 66);
-  EXPECT_EQ(control.HideFwVersion, 1);
-  EXPECT_EQ(control.RegDevStatus, 60);
-  EXPECT_FALSE(control.panel.LblFwVersion.visible());
+  EXPECT_EQ(inside(control).HideFwVersion, 1);
+  EXPECT_EQ(inside(control).RegDevStatus, 60);
+  EXPECT_FALSE(inside(control).panel.LblFwVersion.visible());
 }
 
 TEST_F(LookupDevice, AsksByTheVendorAndTheFirmwareJustRead) {
-  control.VendorID = 48;
-  control.FwVersion = u"9.999";
+  inside(control).VendorID = 48;
+  inside(control).FwVersion = u"9.999";
   useModule({version(u"1.234", 60)});
   read();
-  EXPECT_EQ(control.RegDevStatus, 60);
+  EXPECT_EQ(inside(control).RegDevStatus, 60);
 }
 
 TEST_F(LookupDevice, UnknownModuleOrFirmwareIsNoFailureAndNoQuestion) {
@@ -154,8 +154,8 @@ TEST_F(LookupDevice, StaleRegistersServeAnUnknownModule) {
 TEST_F(LookupDevice, CatalogueThatDoesNotLoadIsToldInGermanUnderTheTitleInForce) {
   moduleWide().AppTitle = u"Title";
   platform.messageAnswer = 7;
-  control.RegDevStatus = 5;
-  control.ProductLink = u"former";
+  inside(control).RegDevStatus = 5;
+  inside(control).ProductLink = u"former";
   useCatalogue(catalogue({}), false);
   read();
   // The read tries twice.
@@ -164,9 +164,9 @@ TEST_F(LookupDevice, CatalogueThatDoesNotLoadIsToldInGermanUnderTheTitleInForce)
                           "Show 16 Title: Fehler XML-Datei!", "tree released", "tree made",
                           "tree loads /opt/tessara/TessaraDevices.xml",
                           "Show 16 Title: Fehler XML-Datei!", "tree released"));
-  EXPECT_EQ(control.lMsgResult, 7);
-  EXPECT_EQ(control.RegDevStatus, 5);
-  EXPECT_EQ(control.ProductLink, u"former");
+  EXPECT_EQ(inside(control).lMsgResult, 7);
+  EXPECT_EQ(inside(control).RegDevStatus, 5);
+  EXPECT_EQ(inside(control).ProductLink, u"former");
   EXPECT_EQ(control.get_DataValid(), 0);
 }
 
@@ -177,7 +177,7 @@ TEST_F(LookupDevice, DamagedPlaceLetsTheTreeGoAndFailsTheReadWithoutAMessage) {
       log.only({"tree", "Show"}),
       ElementsAre("tree made", "tree loads /opt/tessara/TessaraDevices.xml", "tree released",
                   "tree made", "tree loads /opt/tessara/TessaraDevices.xml", "tree released"));
-  EXPECT_EQ(control.PackbLink, u"b");
+  EXPECT_EQ(inside(control).PackbLink, u"b");
   EXPECT_EQ(control.get_DataValid(), 0);
 }
 
@@ -200,7 +200,7 @@ TEST_F(LookupDevice, HartModuleIsFoundByTheLetterOfItsFirmware) {
   useCatalogue(catalogue(
       {family(u"176", u"226", {device(u"1", {version(u"hv1.02", 10), version(u"HV1.02", 60)})})}));
   read();
-  EXPECT_EQ(control.RegDevStatus, 60);
+  EXPECT_EQ(inside(control).RegDevStatus, 60);
   EXPECT_EQ(log.count("GetValue"), 0U);
 }
 

@@ -47,6 +47,12 @@ TEST_F(FileSystemTest, DoesNotSeeALinkThatLeadsNowhere) {
   EXPECT_FALSE(files.FileExists(in(u"/link")));
 }
 
+TEST_F(FileSystemTest, SeesNoFileInAPathWithAZeroCharacter) {
+  put(folder() / "logo.png", "x");
+  EXPECT_FALSE(files.FileExists(in(std::u16string_view(u"/logo.png\0", 10))));
+  EXPECT_FALSE(files.FileExists(in(std::u16string_view(u"/logo.png\0.svg", 14))));
+}
+
 TEST_F(FileSystemTest, JoinsFolderAndNameWithOneSeparator) {
   EXPECT_EQ(files.BuildPath(u"/opt/conf", u"logo.png"), u"/opt/conf/logo.png");
   EXPECT_EQ(files.BuildPath(u"/opt/conf/", u"logo.png"), u"/opt/conf/logo.png");

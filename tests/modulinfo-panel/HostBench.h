@@ -12,6 +12,7 @@
 #include "DialogDriver.h"
 #include "FakeCatalogue.h"
 #include "FakePlatform.h"
+#include "Inside.h"
 #include "PanelWindow.h"
 #include "base/Text.h"
 
@@ -44,7 +45,7 @@ class HostBench : public ::testing::Test {
   }
 
   ModulInfoFLII& control() { return window->control(); }
-  Panel& panel() { return control().panel; }
+  Panel& panel() { return inside(control()).panel; }
   /// What this host has to say.
   QString told() { return window->statusBar()->currentMessage(); }
   [[nodiscard]] QString path(const QString& name) const { return folder.filePath(name); }

@@ -5,6 +5,7 @@
 
 #include "FakeHost.h"
 #include "FakePlatform.h"
+#include "Inside.h"
 #include "base/Text.h"
 #include "control/ModulInfoFLII.h"
 #include "qt/LabelView.h"
@@ -31,7 +32,7 @@ class PanelLanguagesTest : public ::testing::TestWithParam<std::int16_t> {
   FakePlatform platform;
   FakeHost host{platform.log};
   ModulInfoFLII control{platform, host};
-  PanelView view{control.panel};
+  PanelView view{inside(control).panel};
 };
 
 INSTANTIATE_TEST_SUITE_P(AllEleven, PanelLanguagesTest, ::testing::Range<std::int16_t>(1, 12));
@@ -39,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(AllEleven, PanelLanguagesTest, ::testing::Range<std::in
 TEST_P(PanelLanguagesTest, EveryCaptionFits) {
   for (const double size : {1.0, 1.5, 2.0}) {
     view.resize(view.sizeHint() * size);
-    for (const Widget& caption : control.panel.LngLabel) {
+    for (const Widget& caption : inside(control).panel.LngLabel) {
       const auto& shown = dynamic_cast<LabelView&>(*view.viewOf(caption));
       EXPECT_FALSE(shown.text().isEmpty()) << toUtf8(caption.name());
       EXPECT_FALSE(shown.isCut()) << shown.text().toStdString() << " at " << size;
@@ -53,7 +54,7 @@ TEST_P(PanelLanguagesTest, TheTextsComeFromTheFile) {
 }
 
 TEST_P(PanelLanguagesTest, NoCaptionHasToBeSetSmaller) {
-  for (const Widget& caption : control.panel.LngLabel) {
+  for (const Widget& caption : inside(control).panel.LngLabel) {
     const auto& shown = dynamic_cast<LabelView&>(*view.viewOf(caption));
     const QFontMetrics metrics(shown.font());
     const QString text = shown.text().trimmed();
@@ -66,7 +67,7 @@ TEST_P(PanelLanguagesTest, NoCaptionHasToBeSetSmaller) {
 }
 
 TEST_P(PanelLanguagesTest, NoCaptionTouchesAFieldOrAnotherCaption) {
-  Panel& panel = control.panel;
+  Panel& panel = inside(control).panel;
   std::vector<const Widget*> others{
       &panel.txtDevAddr,      &panel.ComboComPort,  &panel.ComboBaudrate,
       &panel.LabelDeviceName, &panel.LblFwVersion,  &panel.LabelDeviceDescription,
@@ -82,7 +83,7 @@ TEST_P(PanelLanguagesTest, NoCaptionTouchesAFieldOrAnotherCaption) {
 }
 
 TEST_P(PanelLanguagesTest, EveryButtonSaysWhatItDoes) {
-  for (const Widget* widget : control.panel.widgets()) {
+  for (const Widget* widget : inside(control).panel.widgets()) {
     if (widget->kind() == WidgetKind::Button) {
       EXPECT_FALSE(view.viewOf(*widget)->toolTip().isEmpty()) << toUtf8(widget->name());
     }

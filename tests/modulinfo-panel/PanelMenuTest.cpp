@@ -51,7 +51,7 @@ TEST_F(PanelMenuTest, TellsTheKeys) {
 
 TEST_F(PanelMenuTest, AnEntryPressesItsButton) {
   entry("Read parameters")->trigger();
-  EXPECT_TRUE(control().bDataValid);
+  EXPECT_TRUE(inside(control()).bDataValid);
 }
 
 TEST_F(PanelMenuTest, AnEntryCanBeChosenAsLongAsItsButtonCanBePressed) {

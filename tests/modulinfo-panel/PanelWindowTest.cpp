@@ -79,7 +79,7 @@ TEST_F(PanelWindowTest, OpensNothingInPlaceOfWhatWasOpenedOrIsNoHelp) {
 }
 
 TEST_F(PanelWindowTest, TellsThatThereIsNoPort) {
-  control().ReaderMissing = true;
+  inside(control()).ReaderMissing = true;
   window->read();
   EXPECT_TRUE(told().startsWith("No port and no reader was found"));
 }
@@ -101,8 +101,8 @@ TEST_F(PanelWindowTest, TheTitleNamesTheModule) {
 }
 
 TEST_F(PanelWindowTest, TellsTheControlInWhichWindowItIsShown) {
-  EXPECT_NE(control().hWnd, 0U);
-  EXPECT_EQ(control().hWnd, window->winId());
+  EXPECT_NE(inside(control()).hWnd, 0U);
+  EXPECT_EQ(inside(control()).hWnd, window->winId());
 }
 
 TEST_F(PanelWindowTest, HasAnIcon) {
@@ -110,10 +110,10 @@ TEST_F(PanelWindowTest, HasAnIcon) {
 }
 
 TEST_F(PanelWindowTest, AReadModuleMayBeStored) {
-  EXPECT_TRUE(control().bCmdStoreLocked);
+  EXPECT_TRUE(inside(control()).bCmdStoreLocked);
   window->read();
   EXPECT_TRUE(panel().CmdStoreParameter.enabled());
-  EXPECT_FALSE(control().bCmdStoreLocked);
+  EXPECT_FALSE(inside(control()).bCmdStoreLocked);
 }
 
 TEST_F(PanelWindowTest, AModuleThatCouldNotBeReadMayNotBeStored) {
@@ -128,7 +128,7 @@ TEST_F(PanelWindowTest, StoreTellsThatTheModuleFitsAndThatThereIsNothingToTransf
   press(Qt::Key_F6);
   EXPECT_EQ(dialogs.boxes(),
             QStringList("The module fits. This program has no parameters to transfer to it."));
-  EXPECT_FALSE(control().HostActive);
+  EXPECT_FALSE(inside(control()).HostActive);
   EXPECT_TRUE(panel().CmdDeviceInfo.enabled());
 }
 
@@ -137,7 +137,7 @@ TEST_F(PanelWindowTest, TheHostDeclaresItsWorkWhileItsDialogIsOpen) {
   bool wasActive = false;
   bool couldRead = true;
   dialogs.look([&](QDialog&) {
-    wasActive = control().HostActive;
+    wasActive = inside(control()).HostActive;
     couldRead = panel().CmdDeviceInfo.enabled();
   });
   press(Qt::Key_F6);
@@ -208,7 +208,7 @@ TEST_F(PanelWindowTest, ShowsTheLogoThatTheSettingsName) {
 }
 
 TEST_F(PanelWindowTest, GivesTheAboutBoxTheVersionThatTheMakerSet) {
-  EXPECT_EQ(toUtf8(control().VersionString), toUtf8(maker.version));
+  EXPECT_EQ(toUtf8(inside(control()).VersionString), toUtf8(maker.version));
 }
 
 TEST_F(PanelWindowTest, MayBeClosedAndDestroyedAtAnyTime) {

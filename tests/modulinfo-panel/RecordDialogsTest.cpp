@@ -73,7 +73,7 @@ TEST_F(RecordDialogsTest, WritesNothingIfThePersonThinksBetterOfIt) {
   dialogs.cancel();
   press(Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), before);
-  EXPECT_FALSE(control().HostActive);
+  EXPECT_FALSE(inside(control()).HostActive);
 }
 
 TEST_F(RecordDialogsTest, TellsThatAFileCannotBeWritten) {
@@ -139,7 +139,7 @@ TEST_F(RecordDialogsTest, TellsWhatIsWrongWithAFileThatIsNoRecord) {
     EXPECT_TRUE(dialogs.boxes().back().startsWith(expected))
         << dialogs.boxes().back().toStdString();
     EXPECT_EQ(recordWindow(), nullptr);
-    EXPECT_FALSE(control().HostActive);
+    EXPECT_FALSE(inside(control()).HostActive);
   }
 }
 
@@ -153,7 +153,7 @@ TEST_F(RecordDialogsTest, ThePreviewHasOnePage) {
   });
   press(Qt::Key_P, Qt::ControlModifier);
   EXPECT_EQ(pages, 1);
-  EXPECT_FALSE(control().HostActive);
+  EXPECT_FALSE(inside(control()).HostActive);
 }
 
 TEST_F(RecordDialogsTest, SavesThePageAsPdf) {
@@ -195,7 +195,7 @@ TEST_F(RecordDialogsTest, WaitWithTheirDialogUntilTheReadIsOver) {
   ASSERT_TRUE(asked);
   EXPECT_TRUE(QTest::qWaitFor([&] { return !wasReading; }));
   EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeModalWidget() == nullptr; }));
-  EXPECT_TRUE(control().bDataValid);
+  EXPECT_TRUE(inside(control()).bDataValid);
 }
 
 TEST_F(RecordDialogsTest, WaitWithTheirDialogUntilTheScanIsOver) {

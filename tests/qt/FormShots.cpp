@@ -4,6 +4,7 @@
 
 #include "FakeHost.h"
 #include "FakePlatform.h"
+#include "Inside.h"
 #include "base/Text.h"
 #include "control/ModulInfoFLII.h"
 #include "dialogs/Maker.h"
@@ -37,8 +38,8 @@ bool takeForms(const QString& theme, const QDir& folder) {
                                .arg(qRound(100 * view->devicePixelRatio()));
       saved = view->grab().save(folder.filePath(file)) && saved;
     };
-    control.panel.cmdSettings.press();
-    control.panel.CmdAbout.press();
+    inside(control).panel.cmdSettings.press();
+    inside(control).panel.CmdAbout.press();
   }
   return saved;
 }

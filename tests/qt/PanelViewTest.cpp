@@ -277,19 +277,18 @@ TEST_F(PanelViewTest, AWheelThatPassesOverAListChoosesNothing) {
 }
 
 TEST_F(PanelViewTest, ShowsAnErrorOfTheModelToThePerson) {
-  panel.CmdDeviceInfo.onClick = [] {
-    throw RunTimeError(ErrorNumber::TypeMismatch, "The rate \"fast\" is no number");
-  };
+  panel.CmdDeviceInfo.setClickHandler(
+      [] { throw RunTimeError(ErrorNumber::TypeMismatch, "The rate \"fast\" is no number"); });
   QTest::mouseClick(&shown(panel.CmdDeviceInfo), Qt::LeftButton);
   EXPECT_EQ(errors, std::vector<std::string>{"The rate \"fast\" is no number"});
 }
 
 TEST_F(PanelViewTest, ShowsWhatTheModelHoldsAfterAFailedChoice) {
-  panel.ComboComPort.onClick = [this] {
-    panel.ComboComPort.onClick = nullptr;
+  panel.ComboComPort.setClickHandler([this] {
+    panel.ComboComPort.setClickHandler(nullptr);
     panel.ComboComPort.select(3);
     throw RunTimeError(ErrorNumber::Subscript, "no port there");
-  };
+  });
   auto& list = shown<QComboBox>(panel.ComboComPort);
   list.setFocus();
   QTest::keyClick(&list, Qt::Key_Down);
@@ -302,10 +301,10 @@ TEST(PanelViewLife, MayBeDestroyedByTheActionThatItStarted) {
   auto view = std::make_unique<PanelView>(panel);
   bool failed = false;
   view->showError = [&](const QString& /*text*/) { failed = true; };
-  panel.CmdAbout.onClick = [&] {
+  panel.CmdAbout.setClickHandler([&] {
     view.reset();
     throw RunTimeError(ErrorNumber::InvalidCall, "too late");
-  };
+  });
   dynamic_cast<QAbstractButton*>(view->viewOf(panel.CmdAbout))->click();
   EXPECT_EQ(view, nullptr);
   EXPECT_FALSE(failed);

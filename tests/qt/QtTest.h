@@ -38,7 +38,7 @@ class PanelOnScreen : public ::testing::Test {
 
   /// Counts the runs of the widget's handler.
   int& countClicks(Widget& widget) {
-    widget.onClick = [this] { ++clicks; };
+    widget.setClickHandler([this] { ++clicks; });
     return clicks;
   }
 

@@ -7,6 +7,7 @@
 
 #include "FakeHost.h"
 #include "FakePlatform.h"
+#include "Inside.h"
 #include "PanelLog.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
@@ -31,20 +32,20 @@ std::int32_t errorNumberOf(Call call) {
 class ControlFixture : public ::testing::Test {
  protected:
   ControlFixture() : host(platform.log), panelLog(platform.log), control(platform, host) {
-    host.statusText = [this] { return "(" + toUtf8(control.StatusString) + ")"; };
+    host.statusText = [this] { return "(" + toUtf8(inside(control).StatusString) + ")"; };
     control.UserControl_Initialize();
-    control.panel.setObserver(&panelLog);
+    inside(control).panel.setObserver(&panelLog);
     LoadDefaultTexts(moduleWide());
     selectModbus();
-    control.ComPort = 3;
-    control.Baudrate = 19200;
+    inside(control).ComPort = 3;
+    inside(control).Baudrate = 19200;
     platform.device.registers = healthyRegisters();
     log.clear();
   }
 
   void selectModbus() {
-    control.CommObject = moduleWide().ModbusCommObject;
-    control.CommunicationObject = control.CommObject;
+    inside(control).CommObject = moduleWide().ModbusCommObject;
+    inside(control).CommunicationObject = inside(control).CommObject;
   }
 
   static std::map<std::int32_t, DeviceWords> healthyRegisters() {

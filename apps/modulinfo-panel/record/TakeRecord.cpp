@@ -1,6 +1,6 @@
 #include "record/TakeRecord.h"
 
-#include "base/Text.h"
+#include "base/Variant.h"
 #include "qt/QtText.h"
 
 namespace tessara {
@@ -23,10 +23,10 @@ ModuleRecord::Catalogue catalogueOf(const ModulInfoFLII& control) {
   ModuleRecord::Catalogue catalogue;
   catalogue.result = control.catalogVerdict().value_or(CatalogResult::CatalogFileError);
   if (listsDevice(catalogue.result)) {
-    catalogue.hidesFirmware = control.HideFwVersion == 1;
-    catalogue.product = readable(control.ProductLink);
-    catalogue.datasheet = readable(control.DatasheetLink);
-    catalogue.leaflet = readable(control.PackbLink);
+    catalogue.hidesFirmware = control.hidesFirmware();
+    catalogue.product = readable(toText(control.get_ProductLink(), {}));
+    catalogue.datasheet = readable(toText(control.get_DatasheetLink(), {}));
+    catalogue.leaflet = readable(toText(control.get_PackbLink(), {}));
   }
   return catalogue;
 }
@@ -43,30 +43,34 @@ std::optional<ModuleRecord> takeRecord(const ModulInfoFLII& control, const QDate
   if (control.get_DataValid() != dataOfModule) {
     return std::nullopt;
   }
-  const Panel& panel = control.panel;
+  const WidgetOwner& panel = control.panel();
+  const auto caption = [&](std::u16string_view label) {
+    return readable(panel.widget(label).caption());
+  };
+  const auto property = [](const Variant& value) { return readable(toText(value, {})); };
   const CommunicationObject* object = control.get_CommunicationObject();
   return ModuleRecord{.time = kept(time),
                       .program = "modulinfo-panel " TESSARA_VERSION,
-                      .language = control.Language,
-                      .connection = {.port = "COM" + QString::number(control.ComPort),
-                                     .adapter = readable(panel.ComboComPort.text()),
+                      .language = control.get_Language(),
+                      .connection = {.port = "COM" + QString::number(control.get_ComPort()),
+                                     .adapter = readable(panel.widget(u"ComboComPort").text()),
                                      .object = object == nullptr ? QString() : toQt(object->name()),
-                                     .baudrate = control.Baudrate,
-                                     .address = control.DevAddr},
-                      .module = {.vendorId = control.VendorID,
-                                 .groupId = control.GroupID,
-                                 .familyId = control.FamilyID,
-                                 .deviceId = control.DeviceID,
-                                 .name = readable(control.DeviceName),
-                                 .description = readable(panel.LabelDeviceDescription.caption()),
-                                 .firmware = readable(control.FwVersion),
-                                 .serialNumber = readable(panel.LblSerialNumber.caption())},
-                      .status = {.module = readable(panel.LblModulState.caption()),
-                                 .channel = readable(panel.LblChnState.caption()),
-                                 .line = readable(control.StatusString),
-                                 .word = control.StatusWord,
-                                 .led = control.LedWord,
-                                 .picture = statePicture(panel.ImageDevState)},
+                                     .baudrate = control.get_Baudrate(),
+                                     .address = control.get_DevAddr()},
+                      .module = {.vendorId = control.vendorId(),
+                                 .groupId = control.groupId(),
+                                 .familyId = static_cast<std::int16_t>(control.get_FamilyID()),
+                                 .deviceId = static_cast<std::int16_t>(control.get_DeviceID()),
+                                 .name = property(control.get_DeviceName()),
+                                 .description = caption(u"LabelDeviceDescription"),
+                                 .firmware = property(control.get_FwVersion()),
+                                 .serialNumber = caption(u"LblSerialNumber")},
+                      .status = {.module = caption(u"LblModulState"),
+                                 .channel = caption(u"LblChnState"),
+                                 .line = property(control.get_StatusString()),
+                                 .word = control.statusWord(),
+                                 .led = control.ledWord(),
+                                 .picture = statePicture(panel.widget(u"ImageDevState"))},
                       .catalogue = catalogueOf(control)};
 }
 

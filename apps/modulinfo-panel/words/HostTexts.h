@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <cstdint>
 
-#include "localisation/Language.h"
+#include "localisation/LanguageState.h"
 #include "words/HostWords.h"
 
 namespace tessara {

@@ -5,7 +5,7 @@
 namespace tessara {
 
 Widget& Bridge::widget(const std::string& name) const {
-  const WidgetOwner* owner = &control.panel;
+  const WidgetOwner* owner = &control.panel();
   const auto point = name.find('.');
   if (point != std::string::npos) {
     const std::string form = name.substr(0, point);
@@ -19,7 +19,7 @@ Widget& Bridge::widget(const std::string& name) const {
 
 std::vector<Bridge::NamedWidget> Bridge::widgets() const {
   std::vector<NamedWidget> all;
-  for (const Widget* widget : control.panel.widgets()) {
+  for (const Widget* widget : control.panel().widgets()) {
     all.push_back({toUtf8(widget->name()), widget});
   }
   for (const Form* form : forms.all()) {

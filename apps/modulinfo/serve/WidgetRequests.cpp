@@ -49,7 +49,8 @@ void selectOption(Widget& option, const Parameters& parameters) {
 
 /// Of the lists only ComboBaudrate has a text that can be typed over.
 bool canBeTypedInto(const Bridge& bridge, const Widget& widget) {
-  return widget.kind() == WidgetKind::TextBox || &widget == &bridge.control.panel.ComboBaudrate;
+  return widget.kind() == WidgetKind::TextBox ||
+         &widget == bridge.control.panel().find(u"ComboBaudrate");
 }
 
 }  // namespace
@@ -92,7 +93,7 @@ OrderedJson tellWidgets(Bridge& bridge, const Parameters& /*parameters*/) {
 OrderedJson tickTimer(Bridge& bridge, const Parameters& parameters) {
   Widget& timer = widgetOf(bridge, parameters, "timer", {WidgetKind::Timer}, "timer");
   if (!timer.enabled()) return false;
-  timer.onClick();
+  timer.tick();
   return true;
 }
 

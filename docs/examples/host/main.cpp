@@ -1,6 +1,6 @@
-// A configuration program with the device-information panel in its window. It tells on standard
-// output what the panel calls back, and reads a module as soon as it is up: the one at the port
-// that was used last, or with an argument the simulated one of that file.
+// A configuration program with the device-information panel in its window. It prints the panel's
+// callbacks on standard output and reads a module as soon as it is up: the one at the port that was
+// used last, or with an argument the simulated one of that file.
 #include <QApplication>
 #include <QMainWindow>
 #include <QStatusBar>
@@ -23,12 +23,13 @@ int main(int argc, char** argv) {
     QObject::connect(panel, &tessara::ModulInfoPanel::ModulActive, [&](int status) {
       std::cout << "ModulActive " << status << std::endl;
       if (status == 0 && control.get_DataValid() == 1) {
-        std::cout << tessara::toUtf8(control.DeviceName) << ", "
-                  << tessara::toUtf8(control.panel.LblModulState.caption()) << std::endl;
+        std::cout << tessara::toUtf8(tessara::toText(control.get_DeviceName(), u".")) << ", "
+                  << tessara::toUtf8(control.panel().widget(u"LblModulState").caption())
+                  << std::endl;
       }
     });
     QObject::connect(panel, &tessara::ModulInfoPanel::SetConfiguration,
-                     [] { std::cout << "the module is to get its parameters" << std::endl; });
+                     [] { std::cout << "the module can be given its parameters" << std::endl; });
 
     panel->bringUp();
     window.show();

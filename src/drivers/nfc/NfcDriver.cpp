@@ -3,7 +3,6 @@
 #include <memory>
 #include <utility>
 
-#include "control/Transport.h"
 #include "drivers/PortLock.h"
 #include "drivers/PortOpening.h"
 #include "drivers/ReadError.h"
@@ -11,6 +10,7 @@
 #include "drivers/nfc/NfcFault.h"
 #include "drivers/nfc/Twn4Link.h"
 #include "drivers/nfc/UsbReaderLink.h"
+#include "ports/AdapterWords.h"
 
 namespace tessara {
 

@@ -4,8 +4,8 @@
 #include <limits>
 #include <map>
 
-#include "control/Transport.h"
 #include "linux/ports/DeviceNames.h"
+#include "ports/AdapterWords.h"
 
 namespace tessara {
 namespace {

@@ -4,13 +4,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "control/Transport.h"
 #include "drivers/ReadError.h"
 #include "drivers/nfc/HidapiReaders.h"
 #include "drivers/nfc/LinuxNfcReaderLibrary.h"
 #include "drivers/nfc/MockedUsbReader.h"
 #include "drivers/nfc/NfcDriver.h"
 #include "drivers/nfc/NfcSample.h"
+#include "ports/AdapterWords.h"
 
 namespace tessara {
 namespace {

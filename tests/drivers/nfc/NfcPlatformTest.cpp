@@ -6,11 +6,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "control/Transport.h"
 #include "linux/EmbeddedSimulator.h"
 #include "linux/LinuxPlatform.h"
 #include "linux/SettingsFolder.h"
 #include "linux/StillLoop.h"
+#include "ports/AdapterWords.h"
 #include "ports/RegEnum.h"
 #include "simulator/Announcement.h"
 #include "simulator/PluggableModule.h"

@@ -10,6 +10,7 @@
 #include "control/Transport.h"
 #include "drivers/nfc/LinuxNfcReaderLibrary.h"
 #include "drivers/nfc/ReaderUnderTest.h"
+#include "ports/AdapterWords.h"
 
 namespace tessara {
 namespace {

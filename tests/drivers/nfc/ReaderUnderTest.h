@@ -5,11 +5,11 @@
 #include <optional>
 #include <string>
 
-#include "control/Transport.h"
 #include "drivers/PortDirectory.h"
 #include "drivers/nfc/NfcDriver.h"
 #include "drivers/nfc/NfcSample.h"
 #include "drivers/nfc/NoUsbReaders.h"
+#include "ports/AdapterWords.h"
 #include "simulator/LinePort.h"
 #include "simulator/nfc/SimulatedTwn4.h"
 #include "simulator/nfc/SimulatedUsbReader.h"

@@ -15,7 +15,7 @@ class TakeRecordTest : public ControlFixture {
  protected:
   TakeRecordTest() {
     platform.xmlTree = [] { return std::make_unique<FakeCatalogue>(); };
-    control.Language = 1;
+    inside(control).Language = 1;
   }
 
   std::optional<ModuleRecord> take() { return takeRecord(control, moment); }
@@ -39,7 +39,7 @@ TEST_F(TakeRecordTest, ThereIsNoneAfterAReadThatFailed) {
 
 TEST_F(TakeRecordTest, ThereIsNoneInOfflineMode) {
   control.AutomaticConnection();
-  control.panel.CmdOfflineConfigure.press();
+  inside(control).panel.CmdOfflineConfigure.press();
   EXPECT_FALSE(take());
 }
 
@@ -50,17 +50,17 @@ TEST_F(TakeRecordTest, TellsWhatThePanelSays) {
   EXPECT_EQ(record.module.familyId, 16);
   EXPECT_EQ(record.module.deviceId, 161);
   EXPECT_EQ(record.module.firmware, "1.234");
-  EXPECT_EQ(record.module.name, readable(control.panel.LabelDeviceName.caption()));
-  EXPECT_EQ(record.module.serialNumber, readable(control.panel.LblSerialNumber.caption()));
-  EXPECT_EQ(record.status.module, readable(control.panel.LblModulState.caption()));
-  EXPECT_EQ(record.status.channel, readable(control.panel.LblChnState.caption()));
-  EXPECT_EQ(record.status.word, control.StatusWord);
+  EXPECT_EQ(record.module.name, readable(inside(control).panel.LabelDeviceName.caption()));
+  EXPECT_EQ(record.module.serialNumber, readable(inside(control).panel.LblSerialNumber.caption()));
+  EXPECT_EQ(record.status.module, readable(inside(control).panel.LblModulState.caption()));
+  EXPECT_EQ(record.status.channel, readable(inside(control).panel.LblChnState.caption()));
+  EXPECT_EQ(record.status.word, inside(control).StatusWord);
   EXPECT_EQ(record.language, 1);
 }
 
 TEST_F(TakeRecordTest, TellsTheConnection) {
-  control.panel.ComboComPort.addItem(u"USB Adapter OKT (COM3)");
-  control.panel.ComboComPort.setText(u"USB Adapter OKT (COM3)");
+  inside(control).panel.ComboComPort.addItem(u"USB Adapter OKT (COM3)");
+  inside(control).panel.ComboComPort.setText(u"USB Adapter OKT (COM3)");
   const auto expected = ModuleRecord::Connection{.port = "COM3",
                                                  .adapter = "USB Adapter OKT (COM3)",
                                                  .object = "ModbusCommObject",
@@ -77,7 +77,7 @@ TEST_F(TakeRecordTest, TellsTheTimeInWholeSecondsWithItsOffset) {
 
 TEST_F(TakeRecordTest, HasThePictureOfTheStateAsLongAsItShows) {
   EXPECT_EQ(read().status.picture, 1);
-  control.panel.ImageDevState.setVisible(false);
+  inside(control).panel.ImageDevState.setVisible(false);
   EXPECT_EQ(take()->status.picture, std::nullopt);
 }
 

@@ -42,7 +42,7 @@ TEST_F(AboutBoxView, ReturnEscapeClosingAndAClickAreAllOk) {
     open([&](FormView& view) {
       way(view);
       EXPECT_FALSE(view.isVisible());
-      EXPECT_EQ(form().Tag, u"1");
+      EXPECT_EQ(form().Tag(), u"1");
     });
   }
 }

@@ -99,7 +99,7 @@ TEST_F(LanguageDialogView, EscapeCancels) {
     QTest::mouseClick(&button(view, u"OptionFR"), Qt::LeftButton, {}, QPoint(5, 8));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(view.isVisible());
-    EXPECT_EQ(form().Tag, u"2");
+    EXPECT_EQ(form().Tag(), u"2");
   });
   EXPECT_EQ(control->Language, 1);
   EXPECT_EQ(log.count("SetValue"), 0U);
@@ -109,7 +109,7 @@ TEST_F(LanguageDialogView, ClosingTheWindowCancels) {
   open([](FormView& view) {
     view.close();
     EXPECT_FALSE(view.isVisible());
-    EXPECT_EQ(form().Tag, u"2");
+    EXPECT_EQ(form().Tag(), u"2");
   });
   EXPECT_EQ(log.count("SetValue"), 0U);
 }
@@ -117,12 +117,12 @@ TEST_F(LanguageDialogView, ClosingTheWindowCancels) {
 TEST_F(LanguageDialogView, TheCancelButtonCancelsByMouseAndByKeyboard) {
   open([](FormView& view) {
     QTest::mouseClick(&button(view, u"cmdCancel"), Qt::LeftButton);
-    EXPECT_EQ(form().Tag, u"2");
+    EXPECT_EQ(form().Tag(), u"2");
   });
   open([](FormView& view) {
     button(view, u"cmdCancel").setFocus();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
-    EXPECT_EQ(form().Tag, u"2");
+    EXPECT_EQ(form().Tag(), u"2");
   });
 }
 
