@@ -8,6 +8,7 @@ tessara_require("chmcmd" fp-utils PROGRAM TESSARA_CHMCMD chmcmd)
 
 tessara_require("Asio" libasio-dev HEADER TESSARA_ASIO asio.hpp)
 tessara_require("CLI11" libcli11-dev CMAKE CLI11)
+tessara_require("GLib" libglib2.0-dev PKG_CONFIG glib glib-2.0)
 tessara_require("hidapi" libhidapi-dev PKG_CONFIG hidapi hidapi-hidraw)
 tessara_require("libmodbus" libmodbus-dev PKG_CONFIG libmodbus libmodbus)
 tessara_require("libudev" libudev-dev PKG_CONFIG libudev libudev)

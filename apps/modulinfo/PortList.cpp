@@ -121,7 +121,8 @@ std::vector<PortLine> portLines(
   return lines;
 }
 
-void printPortTable(std::ostream& out, const std::vector<PortLine>& lines) {
+void printPortTable(std::ostream& out, const std::vector<PortLine>& lines,
+                    const std::vector<std::string>& problems) {
   std::vector<Row> listed;
   std::vector<Row> others;
   for (const PortLine& line : lines) {
@@ -135,14 +136,22 @@ void printPortTable(std::ostream& out, const std::vector<PortLine>& lines) {
     out << '\n' << unlisted << '\n';
     printRows(out, others);
   }
+  if (!problems.empty()) {
+    out << "\nProblems:\n";
+    for (const std::string& problem : problems) {
+      out << problem << '\n';
+    }
+  }
 }
 
-void printPortJson(std::ostream& out, const std::vector<PortLine>& lines) {
+void printPortJson(std::ostream& out, const std::vector<PortLine>& lines,
+                   const std::vector<std::string>& problems) {
   Json ports = Json::array();
   for (const PortLine& line : lines) {
     ports.push_back(lineJson(line));
   }
-  out << Json{{"ports", ports}}.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+  const Json list{{"ports", ports}, {"problems", problems}};
+  out << list.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 
 }  // namespace tessara

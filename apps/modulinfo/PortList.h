@@ -33,12 +33,14 @@ std::vector<PortLine> portLines(
     const std::function<PortState(const std::string& deviceNode)>& stateOf = portState);
 
 /// The lines as an aligned table, those that the control does not list under a heading of their
-/// own.
-void printPortTable(std::ostream& out, const std::vector<PortLine>& lines);
+/// own; below it what is wrong with ports that were left out.
+void printPortTable(std::ostream& out, const std::vector<PortLine>& lines,
+                    const std::vector<std::string>& problems);
 
 /// The lines as one JSON object: "ports", an array of objects with the keys "label", "port",
 /// "state", "deviceName", "device", "driver" and "usb", which holds "vendor", "product", "serial"
-/// and "interface". What nobody knows is null.
-void printPortJson(std::ostream& out, const std::vector<PortLine>& lines);
+/// and "interface", null where unknown; and "problems", an array of texts.
+void printPortJson(std::ostream& out, const std::vector<PortLine>& lines,
+                   const std::vector<std::string>& problems);
 
 }  // namespace tessara

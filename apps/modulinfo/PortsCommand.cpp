@@ -1,11 +1,14 @@
 #include <iostream>
 #include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "CommandLoop.h"
 #include "Commands.h"
+#include "PortList.h"
 #include "common/HeadlessMessageHelper.h"
 #include "linux/LinuxPlatform.h"
-#include "PortList.h"
 #include "localisation/Settings.h"
 #include "ports/RegEnum.h"
 
@@ -32,10 +35,17 @@ bool readerAnswers(NfcReaderLibrary& reader) {
 
 ExitCode listPorts(bool json) {
   CommandLoop loop;
-  LinuxPlatform platform(loop.eventLoop(), std::make_shared<HeadlessMessageHelper>(std::cerr));
+  std::vector<std::string> problems;
+  LinuxPlatformOptions options;
+  options.portProblemSink = [&problems](const std::string& problem) {
+    printPortProblem(problem);
+    problems.push_back(problem);
+  };
+  LinuxPlatform platform(loop.eventLoop(), std::make_shared<HeadlessMessageHelper>(std::cerr),
+                         std::move(options));
   const auto lines = portLines(listOf(platform), readerAnswers(platform.nfcReaderLibrary()),
                                platform.ports().ports());
-  json ? printPortJson(std::cout, lines) : printPortTable(std::cout, lines);
+  json ? printPortJson(std::cout, lines, problems) : printPortTable(std::cout, lines, problems);
   return ExitCode::Done;
 }
 

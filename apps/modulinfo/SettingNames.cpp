@@ -43,7 +43,7 @@ std::string unknownSetting(const std::string& name) {
   std::string known;
   for (const auto& setting : numberSettings) known += std::string(setting.name) + ", ";
   for (const auto& setting : textSettings) known += std::string(setting) + ", ";
-  return '"' + name + "\" is no setting; there are " + known +
+  return '"' + name + "\" is not a setting; the settings are " + known +
          "Ports/COM<n>/Device and Ports/COM<n>/Name";
 }
 
@@ -69,7 +69,7 @@ std::string settingProblem(const std::string& name, const std::string& text) {
   const auto [stop, error] = std::from_chars(text.data(), end, value);
   const bool isNumber = error == std::errc() && stop == end;
   if (isNumber && value >= number->lowest && value <= number->highest) return "";
-  return name + " is a number from " + std::to_string(number->lowest) + " to " +
+  return name + " must be a number from " + std::to_string(number->lowest) + " to " +
          std::to_string(number->highest) + ", not \"" + text + '"';
 }
 

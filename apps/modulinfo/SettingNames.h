@@ -4,12 +4,12 @@
 
 namespace tessara {
 
-/// Where the settings file keeps what the command line calls `name`: "Language" lies in the group
-/// "Settings", "Ports/COM9/Device" where it says.
+/// The name in the settings file for `name` on the command line: "Settings/Language" for
+/// "Language"; "Ports/COM9/Device" stays.
 std::string settingKey(const std::string& name);
 
-/// What is wrong with giving that setting that text; empty if nothing is. An empty text, which
-/// removes the setting, is right for each; an unknown name is always wrong.
+/// What is wrong with setting `name` to `text`; empty if nothing is. An empty text, which removes
+/// the setting, suits every setting; an unknown name is always wrong.
 std::string settingProblem(const std::string& name, const std::string& text);
 
 }  // namespace tessara

@@ -4,6 +4,7 @@
 
 #include "Commands.h"
 #include "SettingNames.h"
+#include "base/RunTimeError.h"
 #include "linux/LinuxRegistryHelper.h"
 #include "linux/SettingsPorts.h"
 #include "linux/SettingsStore.h"
@@ -12,28 +13,32 @@ namespace tessara {
 
 namespace {
 
-/// What stands behind the command's name.
+/// The arguments of the command.
 struct SettingsArguments {
   std::string name;
   std::string text;
 };
 
-/// NAME=VALUE lines of one group.
-std::string groupText(const SettingsStore& store, const std::string& group,
-                      const std::string& prefix) {
-  std::string lines;
-  for (const auto& [name, text] : store.values(group)) {
-    lines.append(prefix).append(name).append("=").append(text).append("\n");
+/// Prints the NAME=VALUE lines of one group, and on standard error what is wrong with the others.
+/// Returns false if there are such.
+bool printGroup(const std::string& group, const std::string& prefix) {
+  const SettingsGroup settings = SettingsStore().group(group);
+  for (const auto& [name, text] : settings.values) {
+    std::cout << prefix << name << '=' << text << '\n';
   }
-  return lines;
+  for (const auto& [name, problem] : settings.unusable) {
+    std::cerr << "modulinfo: " << problem << '\n';
+  }
+  for (const std::string& line : settings.skippedLines) {
+    std::cerr << "modulinfo: " << line << '\n';
+  }
+  return settings.unusable.empty() && settings.skippedLines.empty();
 }
 
 ExitCode list() {
-  const SettingsStore store;
   const std::string ports = SettingsPorts::group;
-  std::cout << groupText(store, LinuxRegistryHelper::settingsGroup, "") +
-                   groupText(store, ports, ports + '/');
-  return ExitCode::Done;
+  const bool isWhole = printGroup(LinuxRegistryHelper::settingsGroup, "");
+  return printGroup(ports, ports + '/') && isWhole ? ExitCode::Done : ExitCode::Failed;
 }
 
 ExitCode get(const SettingsArguments& arguments) {
@@ -46,11 +51,21 @@ ExitCode get(const SettingsArguments& arguments) {
   return ExitCode::Done;
 }
 
+/// A value that is not usable is set too, and can be removed.
+bool isSet(const SettingsStore& store, const std::string& key) {
+  try {
+    return store.value(key).has_value();
+  } catch (const RunTimeError& error) {
+    if (error.number() != ErrorNumber::TypeMismatch) throw;
+    return true;
+  }
+}
+
 ExitCode set(const SettingsArguments& arguments) {
   const std::string key = settingKey(arguments.name);
   SettingsStore store;
   const std::string problem = settingProblem(arguments.name, arguments.text);
-  const bool isRemoval = arguments.text.empty() && store.value(key).has_value();
+  const bool isRemoval = arguments.text.empty() && isSet(store, key);
   if (!problem.empty() && !isRemoval) {
     std::cerr << "modulinfo: " << problem << '\n';
     return ExitCode::WrongUsage;

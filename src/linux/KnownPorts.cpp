@@ -13,14 +13,15 @@ auto findPort(const std::vector<KnownPort>& ports, std::int16_t comPort) {
                       [&](const KnownPort& port) { return port.comPort == comPort; });
 }
 
-/// True if both lead to one device, by whatever links.
+/// True if both paths lead to the same device, through links or directly.
 bool isSameNode(const std::string& left, const std::string& right) {
   std::error_code error;
   return !left.empty() && (left == right || std::filesystem::equivalent(left, right, error));
 }
 
-/// Tells the ports that stand at the device node of `port` what is known of it; false if none does.
-bool passOn(const KnownPort& port, std::vector<KnownPort>& earlier) {
+/// Adds what is known of the device node of `port` to the earlier ports at that node. Returns false
+/// if there are none.
+bool completeEarlier(const KnownPort& port, std::vector<KnownPort>& earlier) {
   bool isThere = false;
   for (KnownPort& known : earlier) {
     if (!isSameNode(known.deviceNode, port.deviceNode)) continue;
@@ -38,7 +39,7 @@ std::vector<KnownPort> KnownPorts::ports() const {
   for (const PortSource* source : sources_) {
     auto offered = source->ports();
     std::erase_if(offered, [&](const KnownPort& port) {
-      return passOn(port, all) || findPort(all, port.comPort) != all.end();
+      return completeEarlier(port, all) || findPort(all, port.comPort) != all.end();
     });
     std::move(offered.begin(), offered.end(), std::back_inserter(all));
   }

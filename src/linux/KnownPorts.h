@@ -8,12 +8,12 @@
 
 namespace tessara {
 
-/// All ports of this system: those of several sources, one source after the other. A number that
-/// two sources claim belongs to the first of them, and so does a device node: what the later one
-/// knows of the driver and the USB device behind it goes to the ports of the first.
+/// All ports of this system, from several sources in order. A number that two sources claim belongs
+/// to the first of them. So does a device node; the driver and USB device that the later source
+/// knows for it are added to the port of the first.
 class KnownPorts final : public PortSource, public PortDirectory {
  public:
-  /// Asks `source` after those that are there already; it has to outlive this object.
+  /// Adds a source after the existing ones; it must outlive this object.
   void add(const PortSource& source) { sources_.push_back(&source); }
 
   [[nodiscard]] std::vector<KnownPort> ports() const override;

@@ -10,7 +10,7 @@ namespace tessara {
 
 namespace {
 
-/// What the environment's locale says of that item; `otherwise` if there is no such locale.
+/// The item in the environment's locale; `otherwise` if there is no such locale.
 std::u16string localeText(int category, nl_item item, std::u16string otherwise) {
   const locale_t locale = ::newlocale(category, "", nullptr);
   if (locale == nullptr) return otherwise;

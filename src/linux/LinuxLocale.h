@@ -8,10 +8,10 @@
 
 namespace tessara {
 
-/// The locale that the environment names: LC_NUMERIC for the decimal separator, LC_TELEPHONE for
-/// the country code, each with LC_ALL above it and LANG below. A locale that is not installed, and
-/// the POSIX locale, have the point and no country code. Read once, at construction; the
-/// program's own locale stays as it is.
+/// The locale named by the environment: LC_NUMERIC for the decimal separator, LC_TELEPHONE for the
+/// country code; LC_ALL overrides both, LANG is the default. The POSIX locale, and one that is not
+/// installed, have a decimal point and no country code. Read once, at construction; the program's
+/// own locale is not changed.
 class LinuxLocale final : public Locale {
  public:
   LinuxLocale();

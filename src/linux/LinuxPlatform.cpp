@@ -18,7 +18,8 @@ LinuxPlatform::LinuxPlatform(EventLoop& loop, std::shared_ptr<MessageHelper> mes
       messages_(std::move(messages)),
       options_(std::move(options)),
       shell_(options_.launchSink),
-      usbReaders_(options_.usbReaders != nullptr ? *options_.usbReaders : computersReaders_) {
+      usbReaders_(options_.usbReaders != nullptr ? *options_.usbReaders : computersReaders_),
+      portProblems_(options_.portProblemSink) {
   if (options_.embedded != nullptr) enteredPorts_.add(*options_.embedded);
   enteredPorts_.add(settingsPorts_);
   enteredPorts_.add(announcedPorts_);

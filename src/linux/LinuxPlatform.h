@@ -10,6 +10,7 @@
 #include "linux/KnownPorts.h"
 #include "linux/LinuxLocale.h"
 #include "linux/LinuxShell.h"
+#include "linux/PortProblems.h"
 #include "linux/SettingsPortNumbers.h"
 #include "linux/SettingsPorts.h"
 #include "linux/SignaturePictureLoader.h"
@@ -25,6 +26,8 @@ struct LinuxPlatformOptions {
   CallSink callSink{};
   /// Hears of every file and address that was to be opened.
   LaunchSink launchSink{};
+  /// Called once with each problem for which ports are left out of the port list.
+  PortProblemSink portProblemSink = printPortProblem;
   /// Ports that the program brings along, offered before all others; has to outlive the platform.
   const PortSource* embedded = nullptr;
   /// USB NFC readers that the program brings along, in place of those of the computer; have to
@@ -84,14 +87,16 @@ class LinuxPlatform final : public Platform {
   UsbReaders& usbReaders_;
   LinuxNfcReaderLibrary readerLibrary_{usbReaders_};
 
-  SettingsPorts settingsPorts_;
+  PortProblems portProblems_;
+  SettingsPorts settingsPorts_{[this](const std::string& text) { portProblems_.report(text); }};
   AnnouncedPorts announcedPorts_;
   /// The ports that somebody has entered or started, which take their numbers first.
   KnownPorts enteredPorts_;
   SettingsPortNumbers portNumbers_;
   SerialPorts serialPorts_{portNumbers_, enteredPorts_};
   KnownPorts allPorts_;
-  SerialCommRegistry registry_{allPorts_};
+  SerialCommRegistry registry_{allPorts_,
+                               [this](const std::string& text) { portProblems_.report(text); }};
 };
 
 }  // namespace tessara

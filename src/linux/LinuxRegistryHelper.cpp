@@ -33,7 +33,7 @@ void LinuxRegistryHelper::SetValue(std::int32_t hive, const std::u16string& key,
   if (!isSettingsKey(hive, key)) {
     throw RunTimeError(ErrorNumber::InvalidCall, "The value " + toUtf8(name) + " of the key " +
                                                      toUtf8(key) +
-                                                     " cannot be written: it is no setting");
+                                                     " cannot be written: it is not a setting");
   }
   if (keepsSettings_) store_.setValue(settingName(name), toUtf8(toText(value, u".")));
 }

@@ -11,19 +11,20 @@ namespace tessara {
 /// The registry as a Linux system can offer it:
 /// - the settings key of the local machine is the group "Settings" of the settings file;
 /// - sDecimal of the user's international settings is the decimal separator of the locale;
-/// - every other key of the local machine is answered by whoever knows the devices.
+/// - every other key of the local machine is left to a lookup that knows the devices.
 ///
-/// What comes from the settings file is text, numbers too. Only settings can be written.
+/// Values from the settings file are text, numbers included. Only settings can be written; writing
+/// anything else is error 5. Errors of the settings store pass to the caller: 75 for a file that
+/// cannot be read or written, 13 for a value that is neither text nor a number.
 class LinuxRegistryHelper final : public RegistryHelper {
  public:
-  /// Gives the value of a key of the local machine, or nothing.
+  /// Returns the value of a key of the local machine, or nothing.
   using DeviceLookup =
       std::function<Variant(const std::u16string& key, const std::u16string& name)>;
 
   static constexpr const char* settingsGroup = "Settings";
 
-  /// `locale` has to outlive the helper. With `keepsSettings` false, settings that are written are
-  /// dropped.
+  /// `locale` must outlive the helper. With `keepsSettings` false, written settings are dropped.
   LinuxRegistryHelper(const Locale& locale, DeviceLookup lookup, bool keepsSettings = true);
 
   [[nodiscard]] std::int32_t ValueTypeNumber() const override { return 4; }
@@ -36,7 +37,7 @@ class LinuxRegistryHelper final : public RegistryHelper {
                                  const std::u16string& name) override;
 
  private:
-  /// Hives are numbered from the top of the unsigned range and travel as signed numbers.
+  /// Hive numbers have the top bit set and are passed as signed numbers.
   static constexpr std::int32_t hiveNumber(std::uint32_t number) {
     return static_cast<std::int32_t>(number);
   }

@@ -1,210 +1,222 @@
 #include "linux/SettingsFormat.h"
 
-#include <QFile>
-#include <QIODevice>
-#include <QStringDecoder>
-#include <QStringList>
-#include <QUrl>
 #include <algorithm>
-#include <map>
+#include <memory>
+#include <optional>
 #include <stdexcept>
+#include <utility>
 
-#include "base/RunTimeError.h"
+#include <glib.h>
 
 namespace tessara {
 
 namespace {
 
-// A raw value is a list: the text behind the equals sign, then the comment lines above it.
-// What stands behind the last value of the file is kept under a name that no value can have.
-const QString closingComments = QStringLiteral("\uffff");
-const QString generalGroup = QStringLiteral("General");
+using GlibText = std::unique_ptr<char, decltype(&g_free)>;
 
-QString decodedName(const QString& name) {
-  return QUrl::fromPercentEncoding(name.trimmed().toUtf8()).replace(u'\\', u'/');
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+/// How the lines begin that GKeyFile takes for comments: those that stay where they are, those that
+/// stand above the group that they follow, and those at the end of their group.
+constexpr std::string_view keptLine = "#;";
+constexpr std::string_view lineAboveGroup = "#^";
+constexpr std::string_view lineBelowGroup = "#$";
+
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view blanks = " \t\r\v\f";
+  const auto start = text.find_first_not_of(blanks);
+  if (start == std::string_view::npos) return {};
+  return text.substr(start, text.find_last_not_of(blanks) - start + 1);
 }
 
-/// Reads one file line by line into the map that QSettings works on.
-class SettingsReader {
- public:
-  explicit SettingsReader(QSettings::SettingsMap& values) : values_(values) {}
+std::vector<std::string_view> linesOf(std::string_view text) {
+  std::vector<std::string_view> lines;
+  while (!text.empty()) {
+    const auto end = std::min(text.find('\n'), text.size());
+    lines.push_back(text.substr(0, end));
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return lines;
+}
 
-  /// Throws std::runtime_error at the first line that is none of an INI file.
-  void read(QIODevice& device) {
-    const QByteArray bytes = device.readAll();
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString text = utf8(bytes);
-    int number = 0;
-    for (const QString& line : text.split(u'\n')) {
-      ++number;
-      const QString problem = take(line.trimmed());
-      if (!problem.isEmpty()) {
-        throw std::runtime_error("line " + std::to_string(number) + ": " + problem.toStdString());
-      }
+void appendLine(std::string& text, std::string_view prefix, std::string_view line) {
+  text.append(prefix).append(line).append("\n");
+}
+
+/// Names with brackets are translations to GKeyFile, and it insists on one Encoding. No setting
+/// has such a name.
+bool hasNameForGlib(std::string_view name) {
+  return name.find_first_of("[]") == std::string_view::npos && name != "Encoding";
+}
+
+bool isControl(char character) {
+  return static_cast<unsigned char>(character) < ' ' || character == '\x7F';
+}
+
+bool isGroupNameForGlib(std::string_view name) {
+  return name.find_first_of("[]") == std::string_view::npos &&
+         std::none_of(name.begin(), name.end(), isControl);
+}
+
+/// Writes the lines of one file down for GKeyFile.
+class FormatReader {
+ public:
+  /// Throws std::runtime_error for a line that is not part of an INI file.
+  void take(std::string_view line) {
+    ++number_;
+    if (g_utf8_validate_len(line.data(), line.size(), nullptr) == FALSE) {
+      throw std::runtime_error(problem("this is not text in UTF-8"));
     }
-    if (!comments_.isEmpty()) {
-      values_[closingComments] = QStringList(QString()) + comments_;
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    const std::string_view content = trimmed(line);
+    if (content.empty() || content.front() == ';' || content.front() == '#') {
+      pending_.push_back(line);
+    } else if (content.front() == '[') {
+      takeGroup(content);
+    } else {
+      takeValue(line, content);
     }
+  }
+
+  KeyFileText finished() && {
+    appendPending(group_ ? lineBelowGroup : keptLine);
+    return {std::move(text_), std::move(skipped_)};
   }
 
  private:
-  /// Gives what is wrong with the line; nothing if it is well-formed.
-  QString take(const QString& line) {
-    if (line.contains(QChar::Null) || line.contains(QChar::ReplacementCharacter)) {
-      return QStringLiteral("this is no text in UTF-8");
-    }
-    if (line.isEmpty()) return {};
-    if (line.startsWith(u';') || line.startsWith(u'#')) {
-      comments_ << line;
-      return {};
-    }
-    return line.startsWith(u'[') ? takeGroup(line) : takeValue(line);
+  [[nodiscard]] std::string problem(const std::string& what) const {
+    return "line " + std::to_string(number_) + ": " + what;
+  }
+  [[nodiscard]] std::string problem(std::string_view line, const char* what) const {
+    return problem('"' + std::string(line) + "\" " + what);
   }
 
-  QString takeGroup(const QString& line) {
-    if (!line.endsWith(u']')) {
-      return u'"' + line + QStringLiteral("\" opens a group and does not close it with ]");
+  void takeGroup(std::string_view line) {
+    if (!line.ends_with(']')) throw std::runtime_error(problem(line, "lacks the closing ]"));
+    const std::string_view name = trimmed(line.substr(1, line.size() - 2));
+    if (name.empty()) throw std::runtime_error(problem("a group without a name"));
+    if (!isGroupNameForGlib(name)) {
+      throw std::runtime_error(problem(line, "has a bracket or control character in its name"));
     }
-    group_ = decodedName(line.mid(1, line.size() - 2));
-    return group_.isEmpty() ? QStringLiteral("a group without a name") : QString();
+    group_ = decodedName(name);
+    beginGroup(line);
   }
 
-  QString takeValue(const QString& line) {
-    const auto equals = line.indexOf(u'=');
-    if (equals < 1) {
-      return u'"' + line + QStringLiteral("\" is neither [group] nor name=value");
+  void takeValue(std::string_view line, std::string_view content) {
+    const auto equals = content.find('=');
+    const std::string_view name = trimmed(content.substr(0, equals));
+    if (equals == std::string_view::npos || name.empty()) {
+      passOver(line, problem(content, "is neither [group] nor name=value"));
+    } else if (hasNameForGlib(name)) {
+      if (!group_) {
+        group_ = "";
+        beginGroup("[General]");
+      }
+      appendPending(keptLine);
+      appendLine(text_, "", content);
+    } else {
+      pending_.push_back(line);
     }
-    const QString name = decodedName(line.left(equals));
-    const QString prefix = group_.isEmpty() || group_ == generalGroup ? QString() : group_ + u'/';
-    values_[prefix + name] = QStringList(line.mid(equals + 1).trimmed()) + comments_;
-    comments_.clear();
-    return {};
   }
 
-  QSettings::SettingsMap& values_;
-  QString group_;
-  QStringList comments_;
+  void passOver(std::string_view line, const std::string& problem) {
+    if (group_ != portsGroup) throw std::runtime_error(problem);
+    skipped_.push_back(problem);
+    pending_.push_back(line);
+  }
+
+  void beginGroup(std::string_view line) {
+    appendLine(text_, "", line);
+    appendPending(lineAboveGroup);
+  }
+
+  void appendPending(std::string_view prefix) {
+    for (const std::string_view line : pending_) appendLine(text_, prefix, line);
+    pending_.clear();
+  }
+
+  int number_ = 0;
+  std::string text_;
+  /// The name of the current group; nothing before the first.
+  std::optional<std::string> group_;
+  /// The lines since the last value or group.
+  std::vector<std::string_view> pending_;
+  std::vector<std::string> skipped_;
 };
 
-bool readSettings(QIODevice& device, QSettings::SettingsMap& values) {
-  try {
-    SettingsReader(values).read(device);
-    return true;
-  } catch (const std::runtime_error&) {
-    return false;
-  }
-}
-
-QByteArray encodedName(const QString& name) {
-  return QUrl::toPercentEncoding(name, "/").replace('/', '\\');
-}
-
-QByteArray linesOf(const QString& name, const QStringList& raw) {
-  QByteArray lines;
-  for (const QString& comment : raw.mid(1)) {
-    lines += comment.toUtf8() + '\n';
-  }
-  return lines +
-         (name == closingComments ? "" : encodedName(name) + '=' + raw.first().toUtf8() + '\n');
-}
-
-/// Writes all bytes, or says that it could not. Qt itself takes the part that a full disk had room
-/// for as the whole.
-bool writeWhole(QIODevice& device, const QByteArray& bytes) {
-  auto* file = qobject_cast<QFileDevice*>(&device);
-  return device.write(bytes) == bytes.size() && file != nullptr && file->flush() &&
-         file->size() == bytes.size();
-}
-
-bool writeSettings(QIODevice& device, const QSettings::SettingsMap& values) {
-  std::map<QString, QByteArray> groups;
-  QByteArray closing;
-  for (auto value = values.begin(); value != values.end(); ++value) {
-    const QString& key = value.key();
-    const auto slash = key.indexOf(u'/');
-    QByteArray& lines =
-        key == closingComments ? closing : groups[slash < 0 ? generalGroup : key.left(slash)];
-    lines += linesOf(key.mid(slash + 1), value.value().toStringList());
-  }
-  QByteArray file;
-  for (const auto& [group, lines] : groups) {
-    file += (file.isEmpty() ? "[" : "\n[") + encodedName(group) + "]\n" + lines;
-  }
-  file += closing;
-  return writeWhole(device, file);
-}
-
-/// Takes quotation marks, doubled signs and a comment at the end away from a raw value.
-QString plainText(const QString& raw) {
-  QString text;
-  bool quoted = false;
-  qsizetype settled = 0;  // up to here blanks at the end belong to the text
-  for (qsizetype i = 0; i < raw.size(); ++i) {
-    const QChar sign = raw[i];
-    const QChar next = i + 1 < raw.size() ? raw[i + 1] : QChar();
-    if (sign == u'\\' && (next == u'\\' || next == u'"')) {
-      text += next;
-      ++i;
-    } else if (sign == u'"') {
-      quoted = !quoted;
-      settled = text.size();
-    } else if (sign == u';' && !quoted) {
-      break;
+/// Puts the lines of GKeyFile's text back to where they stood in the file.
+class FormatWriter {
+ public:
+  void take(std::string_view line) {
+    if (line.empty()) return;  // GKeyFile's own, between groups; those of the file are kept lines
+    if (line.front() == '[') {
+      finishGroup();
+      groupLine_ = line;
+    } else if (line.starts_with(lineAboveGroup) && !groupLine_.empty()) {
+      appendLine(above_, "", line.substr(lineAboveGroup.size()));
+    } else if (line.starts_with(lineBelowGroup)) {
+      appendLine(below_, "", line.substr(lineBelowGroup.size()));
     } else {
-      text += sign;
+      finishGroupLine();
+      appendLine(file_, "", line.front() == '#' ? line.substr(keptLine.size()) : line);
     }
   }
-  if (quoted) {
-    throw RunTimeError(ErrorNumber::InvalidCall,
-                       raw.toStdString() + " opens a quotation mark and does not close it");
+
+  std::string finished() && {
+    finishGroup();
+    return std::move(file_);
   }
-  while (text.size() > settled && text.back().isSpace()) text.chop(1);
-  return text;
-}
+
+ private:
+  void finishGroup() {
+    finishGroupLine();
+    file_ += below_;
+    below_.clear();
+  }
+
+  void finishGroupLine() {
+    if (groupLine_.empty()) return;
+    file_ += above_.empty() && !file_.empty() ? "\n" : above_;
+    appendLine(file_, "", groupLine_);
+    groupLine_ = {};
+    above_.clear();
+  }
+
+  std::string file_;
+  /// The line of the group that is about to begin, with the lines above it.
+  std::string_view groupLine_;
+  std::string above_;
+  /// The lines at the end of the current group.
+  std::string below_;
+};
 
 }  // namespace
 
-QSettings::Format settingsFormat() {
-  static const QSettings::Format format =
-      QSettings::registerFormat(QStringLiteral("ini"), readSettings, writeSettings);
-  return format;
+KeyFileText toKeyFile(std::string_view file) {
+  if (file.starts_with(byteOrderMark)) file.remove_prefix(byteOrderMark.size());
+  FormatReader reader;
+  for (const std::string_view line : linesOf(file)) reader.take(line);
+  return std::move(reader).finished();
 }
 
-std::string settingsFault(const QString& path) {
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return file.errorString().toStdString();
-  QSettings::SettingsMap values;
-  try {
-    SettingsReader(values).read(file);
-    return {};
-  } catch (const std::runtime_error& fault) {
-    return fault.what();
-  }
+std::string fromKeyFile(std::string_view text) {
+  FormatWriter writer;
+  for (const std::string_view line : linesOf(text)) writer.take(line);
+  return std::move(writer).finished();
 }
 
-QString decodeValue(const QVariant& raw) {
-  QString text = plainText(raw.toStringList().value(0));
-  if (text.startsWith(u'@') && !text.startsWith(QStringLiteral("@@"))) {
-    throw RunTimeError(ErrorNumber::InvalidCall,
-                       '"' + text.toStdString() + "\" is neither a text nor a number");
-  }
-  return text.startsWith(u'@') ? text.mid(1) : text;
+std::string decodedName(std::string_view name) {
+  std::string raw(trimmed(name));
+  std::replace(raw.begin(), raw.end(), '\\', '/');
+  const GlibText decoded(g_uri_unescape_string(raw.c_str(), nullptr), g_free);
+  const bool isText = decoded && g_utf8_validate(decoded.get(), -1, nullptr) != FALSE;
+  return isText ? decoded.get() : raw;
 }
 
-QVariant encodeValue(const QString& text, const QVariant& replaced) {
-  const auto isControl = [](QChar sign) { return sign.category() == QChar::Other_Control; };
-  if (std::any_of(text.begin(), text.end(), isControl)) {
-    throw RunTimeError(ErrorNumber::InvalidCall,
-                       "a setting is one line of text without control characters");
-  }
-  QString raw = text;
-  raw.replace(u'\\', QStringLiteral("\\\\")).replace(u'"', QStringLiteral("\\\""));
-  if (raw.startsWith(u'@')) raw.prepend(u'@');
-  const bool plain = raw == raw.trimmed() && std::none_of(raw.begin(), raw.end(), [](QChar sign) {
-                       return QStringLiteral(";,=\"").contains(sign);
-                     });
-  if (!plain) raw = u'"' + raw + u'"';
-  return QStringList(raw) + replaced.toStringList().mid(1);
+std::string encodedName(const std::string& name) {
+  const GlibText escaped(g_uri_escape_string(name.c_str(), "/", FALSE), g_free);
+  std::string encoded = escaped.get();
+  std::replace(encoded.begin(), encoded.end(), '/', '\\');
+  return encoded;
 }
 
 }  // namespace tessara

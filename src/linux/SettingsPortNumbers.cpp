@@ -7,7 +7,7 @@ namespace tessara {
 
 std::map<std::int16_t, DeviceKey> SettingsPortNumbers::load() const {
   std::map<std::int16_t, DeviceKey> devices = unwritten_;
-  for (const auto& [name, text] : store_.values(group)) {
+  for (const auto& [name, text] : store_.group(group).values) {
     const auto blank = text.find(' ');
     const std::string place = blank == std::string::npos ? "" : text.substr(blank + 1);
     const auto number = comPortNumber(name);

@@ -7,13 +7,13 @@
 
 namespace tessara {
 
-/// Keeps the number of each device in the group "PortNumbers" of the settings, one line a device:
-/// its identity and behind a blank the place where it is plugged in.
+/// Keeps the number of each device in the group "PortNumbers" of the settings, one line per device:
+/// its identity and, after a blank, the place where it is plugged in.
 ///
 ///     [PortNumbers]
 ///     COM3=10c4:ea60:0001:00 pci0000:00/0000:00:14.0/usb-2.1
 ///
-/// Lines that are no such entry are passed over and kept.
+/// Other settings in the group are ignored and kept.
 class SettingsPortNumbers final : public PortNumbers {
  public:
   static constexpr const char* group = "PortNumbers";
@@ -23,7 +23,7 @@ class SettingsPortNumbers final : public PortNumbers {
 
  private:
   SettingsStore store_;
-  /// What could not be written down.
+  /// The numbers that could not be written.
   std::map<std::int16_t, DeviceKey> unwritten_;
 };
 

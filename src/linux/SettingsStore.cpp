@@ -1,163 +1,141 @@
 #include "linux/SettingsStore.h"
 
-#include <QFileInfo>
-#include <QSettings>
-#include <QStandardPaths>
-#include <chrono>
+#include <algorithm>
+#include <cerrno>
 #include <filesystem>
-#include <memory>
-#include <thread>
-#include <vector>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <stdexcept>
+#include <string_view>
+#include <system_error>
 
 #include "base/RunTimeError.h"
+#include "linux/LockedFile.h"
+#include "linux/SettingsFile.h"
 #include "linux/SettingsFormat.h"
+#include "linux/SettingsPaths.h"
+#include "linux/SettingsValue.h"
 
 namespace tessara {
 
+namespace fs = std::filesystem;
+
 namespace {
 
-std::unique_ptr<QSettings> open() {
-  return std::make_unique<QSettings>(settingsFormat(), QSettings::UserScope,
-                                     SettingsStore::organisation, SettingsStore::application);
+[[noreturn]] void fail(const fs::path& path, const std::string& what) {
+  throw RunTimeError(ErrorNumber::FileAccess, "The settings file " + path.string() + ' ' + what);
 }
 
-[[noreturn]] void fail(const QString& path, const std::string& what) {
-  throw RunTimeError(ErrorNumber::InvalidCall,
-                     "The settings file " + path.toStdString() + ' ' + what);
+[[noreturn]] void failReading(const fs::path& path, const std::string& cause) {
+  fail(path, "cannot be read: " + cause);
 }
 
-/// The files that QSettings looks into, the user's first.
-QStringList candidates(const QSettings& settings) {
-  QStringList files{settings.fileName()};
-  for (const QString& folder :
-       QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation)) {
-    const QString common = folder + u'/' + SettingsStore::organisation;
-    files << common + u'/' + SettingsStore::application + QStringLiteral(".ini")
-          << common + QStringLiteral(".ini");
+/// Everything in the file; nothing if there is no such file.
+std::optional<std::string> contentsOf(const fs::path& path) {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (status.type() == fs::file_type::not_found) return std::nullopt;
+  if (error) failReading(path, error.message());
+  if (!fs::is_regular_file(status)) failReading(path, "it is not a regular file");
+  errno = 0;
+  std::ifstream file(path, std::ios::binary);
+  std::string contents{std::istreambuf_iterator<char>(file), {}};
+  if (!file.is_open() || file.bad()) failReading(path, std::generic_category().message(errno));
+  return contents;
+}
+
+SettingsFile parsed(const fs::path& path, std::string_view contents) {
+  try {
+    return SettingsFile(contents);
+  } catch (const std::runtime_error& error) {
+    failReading(path, error.what());
+  }
+}
+
+/// One of the files, with its contents.
+struct LoadedFile {
+  fs::path path;
+  SettingsFile file;
+};
+
+/// The files that exist, the user's first.
+std::vector<LoadedFile> loadFiles() {
+  std::vector<LoadedFile> files;
+  for (const fs::path& path : settingsPaths()) {
+    if (const auto contents = contentsOf(path)) files.push_back({path, parsed(path, *contents)});
   }
   return files;
 }
 
-/// The file that a value comes from.
-QString originOf(const QSettings& settings, const QString& key) {
-  for (const QString& file : candidates(settings)) {
-    if (QSettings(file, settingsFormat()).contains(key)) return file;
-  }
-  return settings.fileName();
-}
-
-/// The settings, with every file that stands behind them found to be sound. QSettings itself takes
-/// a broken file for an empty one when it meets it for the second time.
-std::unique_ptr<QSettings> openSound() {
-  auto settings = open();
-  for (const QString& file : candidates(*settings)) {
-    const std::string fault = QFileInfo::exists(file) ? settingsFault(file) : "";
-    if (!fault.empty()) fail(file, "cannot be read: " + fault);
-  }
-  return settings;
-}
-
-/// A program that died while it took the lock leaves an empty lock file, which would hold up every
-/// write for half a minute. A living one writes its name into the file within this time.
-constexpr std::chrono::milliseconds lockNaming{50};
-
-bool isEmptyFile(const std::filesystem::path& path) {
-  std::error_code error;
-  return std::filesystem::file_size(path, error) == 0 && !error;
-}
-
-/// The empty ones among the lock file of the settings file and those with which Qt locks the
-/// removal of a lock, that of such a removal, and so on.
-std::vector<std::filesystem::path> emptyLocks(const std::filesystem::path& settingsFile) {
-  const std::string lock = settingsFile.filename().string() + ".lock";
-  std::vector<std::filesystem::path> empty;
-  std::error_code error;
-  for (const auto& entry : std::filesystem::directory_iterator(settingsFile.parent_path(), error)) {
-    const bool isLock = entry.path().filename().string().starts_with(lock);
-    if (isLock && isEmptyFile(entry.path())) empty.push_back(entry.path());
-  }
-  return empty;
-}
-
-void removeAbandonedLocks(const QString& path) {
-  const auto empty = emptyLocks(path.toStdString());
-  if (empty.empty()) return;
-  std::this_thread::sleep_for(lockNaming);
-  std::error_code error;
-  for (const auto& lock : empty) {
-    if (isEmptyFile(lock)) std::filesystem::remove(lock, error);
-  }
-}
-
-void requireWritable(const QSettings& settings) {
-  const QFileInfo folder(QFileInfo(settings.fileName()).path());
-  const bool folderIsWritable = !folder.exists() || folder.isWritable();
-  if (!settings.isWritable() || !folderIsWritable) {
-    fail(settings.fileName(), "cannot be written: no permission, or its folder cannot be made");
-  }
-}
-
-/// Gives the value of `key` in the file to `raw`; an invalid one removes it.
-void write(QSettings& settings, const QString& key, const QVariant& raw) {
-  const auto put = [&](const QVariant& value) {
-    value.isValid() ? settings.setValue(key, value) : settings.remove(key);
-  };
-  requireWritable(settings);
-  removeAbandonedLocks(settings.fileName());
-  const QVariant before = settings.value(key);
-  put(raw);
-  settings.sync();
-  if (settings.status() != QSettings::NoError) {
-    put(before);
-    fail(settings.fileName(), "could not be written; it holds what it held before");
-  }
-}
-
 /// The text of a value that is there.
-std::string textOf(const QSettings& settings, const QString& key) {
+std::string textOf(const fs::path& path, const std::string& name, const std::string& raw) {
   try {
-    return decodeValue(settings.value(key)).toStdString();
+    return decodedValue(raw);
   } catch (const RunTimeError& error) {
-    fail(originOf(settings, key), "holds no usable " + key.toStdString() + ": " + error.what());
+    throw RunTimeError(error.number(),
+                       "The setting " + name + " in " + path.string() + ": " + error.what());
+  }
+}
+
+/// Changes the user's file while nobody else writes to it.
+void change(const std::function<void(SettingsFile&)>& edit) {
+  const fs::path path = settingsPaths().front();
+  try {
+    LockedFile target(path);
+    SettingsFile file = parsed(path, contentsOf(path).value_or(""));
+    edit(file);
+    target.replace(file.contents());
+  } catch (const std::system_error& error) {
+    fail(path, "cannot be written: " + error.code().message());
   }
 }
 
 }  // namespace
 
 std::optional<std::string> SettingsStore::value(const std::string& name) const {
-  const auto settings = openSound();
-  const QString key = QString::fromStdString(name);
-  return settings->contains(key) ? std::optional(textOf(*settings, key)) : std::nullopt;
+  for (const auto& [path, file] : loadFiles()) {
+    if (file.contains(name)) return textOf(path, name, file.value(name));
+  }
+  return std::nullopt;
 }
 
-std::map<std::string, std::string> SettingsStore::values(const std::string& group) const {
-  const auto settings = openSound();
-  const QString prefix = QString::fromStdString(group) + u'/';
-  std::map<std::string, std::string> values;
-  for (const QString& key : settings->allKeys()) {
-    if (key.startsWith(prefix)) {
-      values[key.mid(prefix.size()).toStdString()] = textOf(*settings, key);
+SettingsGroup SettingsStore::group(const std::string& group) const {
+  SettingsGroup found;
+  const std::string prefix = group + '/';
+  for (const auto& [path, file] : loadFiles()) {
+    for (const auto& [name, raw] : file.values()) {
+      const std::string own = name.substr(std::min(prefix.size(), name.size()));
+      const bool isHidden = found.values.contains(own) || found.unusable.contains(own);
+      if (!name.starts_with(prefix) || isHidden) continue;
+      try {
+        found.values[own] = textOf(path, name, raw);
+      } catch (const RunTimeError& error) {
+        found.unusable[own] = error.what();
+      }
+    }
+    for (const std::string& line : file.skippedLines()) {
+      if (group == portsGroup) found.skippedLines.push_back(path.string() + ", " + line);
     }
   }
-  return values;
+  return found;
 }
 
 void SettingsStore::setValue(const std::string& name, const std::string& text) {
-  const auto settings = openSound();
-  settings->setFallbacksEnabled(false);
-  const QString key = QString::fromStdString(name);
-  write(*settings, key, encodeValue(QString::fromStdString(text), settings->value(key)));
+  static_cast<void>(loadFiles());  // none of them may be broken
+  change([&](SettingsFile& file) { file.set(name, encodedValue(text, file.value(name))); });
 }
 
 void SettingsStore::remove(const std::string& name) {
-  const auto settings = openSound();
-  settings->setFallbacksEnabled(false);
-  const QString key = QString::fromStdString(name);
-  if (settings->contains(key)) write(*settings, key, {});
+  for (const auto& [path, file] : loadFiles()) {
+    if (path == settingsPaths().front() && file.contains(name)) {
+      change([&](SettingsFile& current) { current.remove(name); });
+    }
+  }
 }
 
 std::string SettingsStore::path() const {
-  return open()->fileName().toStdString();
+  return settingsPaths().front().string();
 }
 
 }  // namespace tessara

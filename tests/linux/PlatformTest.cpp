@@ -62,6 +62,30 @@ TEST_F(PlatformTest, OffersEnteredAndSimulatedPortsToTheControl) {
   EXPECT_EQ(platform.ports().ports().at(0), simulator.ports().at(0));
 }
 
+TEST_F(PlatformTest, ReportsAProblemWithAPortOnceHoweverOftenPortsAreLookedUp) {
+  put(userFile(), "[Ports]\nCOM0\\Device=/dev/pts/5\nCOM9\\Device=/dev/pts/9\n");
+  std::vector<std::string> problems;
+  LinuxPlatformOptions options;
+  options.portProblemSink = [&](const std::string& text) { problems.push_back(text); };
+  LinuxPlatform platform(loop, nullptr, options);
+  EXPECT_THAT(serialPorts(platform), Contains(R"(\Device\Silabser9 COM9)"));
+  EXPECT_EQ(platform.ports().deviceOf(9), "/dev/pts/9");
+  EXPECT_THAT(problems, ::testing::ElementsAre(HasSubstr("Ports/COM0/Device")));
+}
+
+TEST_F(PlatformTest, OffersTheFirstPortsEnteredByHandIfThereAreTooMany) {
+  std::string file = "[Ports]\n";
+  for (int i = 1; i <= 60; ++i) file += "COM" + std::to_string(i) + "\\Device=/dev/pts/5\n";
+  put(userFile(), file);
+  std::vector<std::string> problems;
+  LinuxPlatformOptions options;
+  options.looksForDevices = false;
+  options.portProblemSink = [&](const std::string& text) { problems.push_back(text); };
+  LinuxPlatform platform(loop, nullptr, options);
+  EXPECT_EQ(serialPorts(platform).size(), 51U);
+  EXPECT_THAT(problems, ::testing::ElementsAre(HasSubstr("the port list holds at most 51 lines")));
+}
+
 TEST_F(PlatformTest, OffersThePortsOfRunningSimulators) {
   const Announcement announced("/dev/pts/6");
   LinuxPlatform platform(loop, nullptr);

@@ -1,8 +1,12 @@
+#include <functional>
+#include <optional>
+
 #include <gmock/gmock.h>
 
 #include "SettingsFolder.h"
 #include "base/RunTimeError.h"
 #include "linux/LinuxRegistryHelper.h"
+#include "localisation/Settings.h"
 
 namespace tessara::testing {
 namespace {
@@ -19,8 +23,18 @@ class CommaLocale final : public Locale {
   }
 };
 
-constexpr const char16_t* settingsKey = u"Software\\Orvane\\Tessara-Conf\\Settings";
+const std::u16string settingsKey(tessara::settingsKey);
 constexpr const char16_t* internationalKey = u"Control Panel\\International\\";
+
+/// The number of the RunTimeError that `action` ends in; nothing if it succeeds.
+std::optional<ErrorNumber> numberOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const RunTimeError& error) {
+    return error.number();
+  }
+  return std::nullopt;
+}
 
 class RegistryHelperTest : public SettingsFolder {
  protected:
@@ -78,13 +92,24 @@ TEST_F(RegistryHelperTest, RefusesToWriteAnythingButSettings) {
   EXPECT_FALSE(std::filesystem::exists(userFile()));
 }
 
-TEST_F(RegistryHelperTest, RaisesARunTimeErrorOnABrokenFile) {
+TEST_F(RegistryHelperTest, RaisesAFileErrorOnABrokenFile) {
   put(userFile(), "rubbish");
-  EXPECT_THROW(static_cast<void>(registry.GetValue(machine, settingsKey, u"Language")),
-               RunTimeError);
-  EXPECT_THROW(registry.SetValue(machine, settingsKey, u"Language", std::int64_t{2}, 4),
-               RunTimeError);
+  EXPECT_EQ(
+      numberOf([&] { static_cast<void>(registry.GetValue(machine, settingsKey, u"Language")); }),
+      ErrorNumber::FileAccess);
+  EXPECT_EQ(
+      numberOf([&] { registry.SetValue(machine, settingsKey, u"Language", std::int64_t{2}, 4); }),
+      ErrorNumber::FileAccess);
   EXPECT_EQ(bytesOf(userFile()), "rubbish");
+}
+
+TEST_F(RegistryHelperTest, RaisesATypeMismatchOnAValueThatIsNeitherTextNorANumber) {
+  for (const char* value : {"@Invalid()", "1, 2", "1,2"}) {
+    put(userFile(), "[Settings]\nLanguage=" + std::string(value) + "\n");
+    EXPECT_EQ(numberOf([&] { static_cast<void>(ReadNumber(registry, u"Language", u",")); }),
+              ErrorNumber::TypeMismatch)
+        << value;
+  }
 }
 
 }  // namespace

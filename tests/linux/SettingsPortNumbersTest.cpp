@@ -27,8 +27,8 @@ TEST_F(SettingsPortNumbersTest, AreThereAgainAtTheNextStart) {
   }
   EXPECT_THAT(SettingsPortNumbers().load(), ElementsAre(Pair(1, uart), Pair(3, adapter)));
   EXPECT_EQ(bytesOf(userFile()),
-            "[PortNumbers]\nCOM1=ttyS0\n"
-            "COM3=10c4:ea60:0001:00 pci0000:00/0000:00:14.0/usb-2.1\n");
+            "[PortNumbers]\nCOM3=10c4:ea60:0001:00 pci0000:00/0000:00:14.0/usb-2.1\n"
+            "COM1=ttyS0\n");
 }
 
 TEST_F(SettingsPortNumbersTest, PassToAnotherDevice) {
@@ -38,11 +38,11 @@ TEST_F(SettingsPortNumbersTest, PassToAnotherDevice) {
   EXPECT_THAT(numbers.load(), ElementsAre(Pair(3, adapter)));
 }
 
-TEST_F(SettingsPortNumbersTest, PassOverWhatIsNoEntry) {
-  put(userFile(), "[PortNumbers]\nCOM3=ttyS0\nCOM4=\nCOM999=x\nLPT1=y\n");
+TEST_F(SettingsPortNumbersTest, IgnoreAndKeepOtherSettings) {
+  put(userFile(), "[PortNumbers]\nCOM3=ttyS0\nCOM4=\nCOM5=@Invalid()\nCOM999=x\nLPT1=y\n");
   SettingsPortNumbers numbers;
   EXPECT_THAT(numbers.load(), ElementsAre(Pair(3, uart)));
-  numbers.store(5, adapter);
+  numbers.store(6, adapter);
   EXPECT_NE(bytesOf(userFile()).find("LPT1=y\n"), std::string::npos);
 }
 

@@ -1,17 +1,28 @@
+#include <algorithm>
+
 #include <gmock/gmock.h>
 
 #include "SettingsFolder.h"
-#include "base/RunTimeError.h"
 #include "linux/SettingsPorts.h"
 
 namespace tessara::testing {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-using SettingsPortsTest = SettingsFolder;
+class SettingsPortsTest : public SettingsFolder {
+ protected:
+  /// The ports at a new look, with what is reported of them in `problems`.
+  std::vector<KnownPort> look() {
+    problems.clear();
+    return SettingsPorts([this](const std::string& text) { problems.push_back(text); }).ports();
+  }
+
+  std::vector<std::string> problems;
+};
 
 TEST_F(SettingsPortsTest, AreNoneWithoutTheGroup) {
   put(userFile(), "[Settings]\nLanguage=2\n");
@@ -35,36 +46,55 @@ TEST_F(SettingsPortsTest, CountAsProgrammingAdaptersWithoutAName) {
 
 TEST_F(SettingsPortsTest, AreSwitchedOffByAnEmptyDevice) {
   put(systemFile(), "[Ports]\nCOM9\\Device=/dev/pts/5\n");
-  put(userFile(), "[Ports]\nCOM9\\Device=\nCOM8\\Name=\\Device\\VCP0\n");
-  EXPECT_THAT(SettingsPorts().ports(), IsEmpty());
+  put(userFile(), "[Ports]\nCOM9\\Device=\nCOM9\\Name=\\Device\\VCP0\n");
+  EXPECT_THAT(look(), IsEmpty());
+  EXPECT_THAT(problems, IsEmpty());
 }
 
-TEST_F(SettingsPortsTest, NameAnEntryThatIsNoPort) {
-  // QSettings takes a file of the same size and time for the same: each gets a size of its own.
-  std::string node = "/dev/pts/5";
+TEST_F(SettingsPortsTest, LeaveOutABadSettingAndReportIt) {
   for (const std::string name : {"COM9", "COM9\\Path", "COMx\\Device", "COM0\\Device",
                                  "COM999\\Device", "COM32768\\Device", "LPT1\\Device"}) {
-    node += std::string(20, '5');
-    std::string file = "[Ports]\n";
-    file.append(name).append("=").append(node).append("\n");
-    put(userFile(), file);
+    put(userFile(), "[Ports]\n" + name + "=/dev/pts/5\nCOM8\\Device=/dev/pts/8\n");
     std::string spelled = name;
     std::replace(spelled.begin(), spelled.end(), '\\', '/');
-    EXPECT_THAT(errorOf([] { static_cast<void>(SettingsPorts().ports()); }),
-                HasSubstr("Ports/" + spelled + " names no port"));
+    EXPECT_THAT(look(), ElementsAre(KnownPort{8, "\\Device\\Silabser8", "/dev/pts/8"}));
+    EXPECT_THAT(problems,
+                ElementsAre(HasSubstr("The setting Ports/" + spelled + " is not part of a port")));
   }
+}
+
+TEST_F(SettingsPortsTest, LeaveOutALineThatIsNotASettingAndReportIt) {
+  put(userFile(), "[Ports]\nCOM0\nCOM8\\Device=/dev/pts/8\n");
+  EXPECT_THAT(look(), ElementsAre(KnownPort{8, "\\Device\\Silabser8", "/dev/pts/8"}));
+  EXPECT_THAT(problems, ElementsAre(AllOf(HasSubstr(userFile().string()),
+                                          HasSubstr("line 2: \"COM0\" is neither"))));
+}
+
+TEST_F(SettingsPortsTest, LeaveOutAPortWithAnUnusableValueAndReportIt) {
+  put(userFile(),
+      "[Ports]\nCOM8\\Device=/dev/pts/8\nCOM9\\Device=/dev/pts/9\nCOM9\\Name=@Invalid()\n"
+      "COM10\\Device=\"/dev/pts/10\n");
+  EXPECT_THAT(look(), ElementsAre(KnownPort{8, "\\Device\\Silabser8", "/dev/pts/8"}));
+  EXPECT_THAT(problems, ElementsAre(HasSubstr("Ports/COM10/Device"), HasSubstr("Ports/COM9/Name")));
+}
+
+TEST_F(SettingsPortsTest, LeaveOutAPortWithoutADeviceAndReportIt) {
+  put(userFile(), "[Ports]\nCOM8\\Device=/dev/pts/8\nCOM9\\Name=\\Device\\VCP0\n");
+  EXPECT_EQ(look().size(), 1U);
+  EXPECT_THAT(problems, ElementsAre(HasSubstr("COM9/Device is missing")));
 }
 
 TEST_F(SettingsPortsTest, HaveNamesThatTheWalkOverThePortsHasRoomFor) {
   const auto enter = [this](std::size_t length) {
-    put(userFile(),
-        "[Ports]\nCOM9\\Device=/dev/pts/5\nCOM9\\Name=" + std::string(length, 'n') + "\n");
+    put(userFile(), "[Ports]\nCOM8\\Device=/dev/pts/8\nCOM9\\Device=/dev/pts/5\nCOM9\\Name=" +
+                        std::string(length, 'n') + "\n");
   };
   enter(240);
-  EXPECT_EQ(SettingsPorts().ports().at(0).deviceName, std::string(240, 'n'));
+  EXPECT_EQ(look().at(1).deviceName, std::string(240, 'n'));
+  EXPECT_THAT(problems, IsEmpty());
   enter(241);
-  EXPECT_THAT(errorOf([] { static_cast<void>(SettingsPorts().ports()); }),
-              HasSubstr("Ports/COM9/Name is longer than 240 bytes"));
+  EXPECT_EQ(look().size(), 1U);
+  EXPECT_THAT(problems, ElementsAre(HasSubstr("Ports/COM9/Name is longer than 240 bytes")));
 }
 
 TEST(ComPortNumber, IsTheNumberOfAPort) {

@@ -34,9 +34,9 @@ PortState stateOf(const std::string& node) {
   return node == "/dev/ttyUSB0" ? PortState::InUse : PortState::Free;
 }
 
-Json jsonOf(const std::vector<PortLine>& lines) {
+Json jsonOf(const std::vector<PortLine>& lines, const std::vector<std::string>& problems = {}) {
   std::ostringstream out;
-  printPortJson(out, lines);
+  printPortJson(out, lines, problems);
   return Json::parse(out.str());
 }
 
@@ -71,7 +71,7 @@ TEST(PortList, APortThatIsGoneMeanwhileIsAbsent) {
 
 TEST(PortList, TheTableIsAlignedAndTellsOfPortsThatAreNotListed) {
   std::ostringstream out;
-  printPortTable(out, someLines());
+  printPortTable(out, someLines(), {});
   EXPECT_EQ(out.str(),
             "USB Adapter OKT (COM3)    in use  /dev/ttyUSB0  cp210x   10C4:EA60 0001\n"
             "TWN4 NFC-Adapter (COM12)  free    /dev/ttyACM0  cdc_acm  09D8:0420\n"
@@ -85,13 +85,13 @@ TEST(PortList, TheTableIsAlignedAndTellsOfPortsThatAreNotListed) {
 
 TEST(PortList, TheTableOfAMachineWithoutPortsSaysSo) {
   std::ostringstream out;
-  printPortTable(out, {});
+  printPortTable(out, {}, {});
   EXPECT_EQ(out.str(), "There is no port on which a module could be.\n");
 }
 
 TEST(PortList, TheTableSaysSoBesidePortsOfNoKnownKindToo) {
   std::ostringstream out;
-  printPortTable(out, portLines(listOf({}), false, {byHand}, stateOf));
+  printPortTable(out, portLines(listOf({}), false, {byHand}, stateOf), {});
   EXPECT_EQ(out.str().find("There is no port on which a module could be.\n\nNot in the list"), 0U);
 }
 
@@ -112,7 +112,7 @@ TEST(PortList, TheJsonIsOneObjectWithEveryKeyInEveryLine) {
                            {"driver", nullptr},
                            {"usb", nullptr}};
   const Json json = jsonOf(someLines());
-  ASSERT_EQ(json.size(), 1U);
+  ASSERT_EQ(json.size(), 2U);
   const Json& ports = json["ports"];
   ASSERT_EQ(ports.size(), 5U);
   EXPECT_EQ(ports[0], adapterJson);
@@ -123,8 +123,19 @@ TEST(PortList, TheJsonIsOneObjectWithEveryKeyInEveryLine) {
   EXPECT_EQ(ports[4]["driver"], nullptr);
 }
 
-TEST(PortList, TheJsonOfAMachineWithoutPortsIsAnEmptyArray) {
-  EXPECT_EQ(jsonOf({}), (Json{{"ports", Json::array()}}));
+TEST(PortList, TheJsonOfAMachineWithoutPortsHoldsEmptyArrays) {
+  EXPECT_EQ(jsonOf({}), (Json{{"ports", Json::array()}, {"problems", Json::array()}}));
+}
+
+TEST(PortList, ProblemsStandBelowTheTableAndInTheJson) {
+  const std::vector<std::string> problems{"COM0 is not a port", "COM\xFF neither"};
+  std::ostringstream table;
+  printPortTable(table, {}, problems);
+  EXPECT_EQ(table.str(),
+            "There is no port on which a module could be.\n\n"
+            "Problems:\nCOM0 is not a port\nCOM\xFF neither\n");
+  EXPECT_EQ(jsonOf({}, problems)["problems"],
+            (Json{"COM0 is not a port", "COM\xEF\xBF\xBD neither"}));
 }
 
 TEST(PortList, ASerialNumberThatIsNoTextDoesNotBreakTheJson) {

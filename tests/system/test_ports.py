@@ -171,9 +171,38 @@ class Ports(Bench):
         self.assertIn("ports", json.loads(done.stdout))
         self.assertEqual(self.settings_file.read_text("utf-8"), "[Settings]\nLanguage=2\n")
 
-    def test_settings_that_hold_nonsense(self):
-        self.write_settings("[Ports]\nSomething=else\n")
-        self.assertIn("names no port", self.fail_with(1, "ports", "--json"))
+    def test_a_bad_setting_is_reported_and_the_other_ports_are_listed(self):
+        for line in ("COM0\\Device=/dev/pts/5", "COM8\\Path=x", "Something=else", "COM0",
+                     "COM8\\Name=\\Device\\Silabser8", "COM8\\Device=@Invalid()",
+                     "COM8\\Device=/dev/pts/5\nCOM8\\Name=" + "n" * 241):
+            with self.subTest(line):
+                self.enter_port("/dev/no-such-port", more=line + "\n")
+                done = self.run_modulinfo("ports", "--json")
+                self.assertEqual(done.returncode, 0)
+                listed = json.loads(done.stdout)
+                self.assertIn("COM9", [port["port"] for port in listed["ports"]])
+                self.assertNotIn("COM8", [port["port"] for port in listed["ports"]])
+                self.assertEqual(len(listed["problems"]), 1)
+                self.assertEqual(done.stderr, f"modulinfo: {listed['problems'][0]}\n")
+                table = self.run_modulinfo("ports").stdout
+                self.assertIn("USB Adapter OKT (COM9)", table)
+                self.assertTrue(table.endswith(f"\n\nProblems:\n{listed['problems'][0]}\n"))
+
+    def test_more_ports_entered_by_hand_than_the_list_holds(self):
+        self.write_settings("[Ports]\n" + "".join(
+            f"COM{number}\\Device=/dev/no-such-port\n" for number in range(1, 53)))
+        done = self.run_modulinfo("ports", "--json")
+        self.assertEqual(done.returncode, 0)
+        self.assertIn("the port list holds at most 51 lines: COM52", done.stderr)
+        listed = json.loads(done.stdout)
+        labels = [port["label"] for port in listed["ports"] if port["label"]]
+        self.assertEqual(len(labels), 51)
+        self.assertIn("COM52", [port["port"] for port in listed["ports"] if not port["label"]])
+        self.assertIn("at most 51 lines", listed["problems"][0])
+
+    def test_a_broken_file_ends_the_list(self):
+        self.write_settings("rubbish\n")
+        self.assertIn("cannot be read: line 1", self.fail_with(1, "ports", "--json"))
 
     def test_wrong_usage(self):
         self.fail_with(2, "ports", "COM3")

@@ -1,9 +1,11 @@
 """`modulinfo settings`, and what broken settings do to a read."""
 
 import os
+import subprocess
+import time
 import unittest
 
-from bench import Bench
+from bench import PATIENCE, Bench
 
 BROKEN = "[Settings]\nLanguage=1\nrubbish\n"
 
@@ -40,14 +42,14 @@ class Settings(Bench):
 
     def test_a_value_that_a_setting_cannot_have(self):
         for name, value, complaint in (
-                ("Language", "12", "Language is a number from 0 to 11, not \"12\""),
+                ("Language", "12", "Language must be a number from 0 to 11, not \"12\""),
                 ("Language", "2x", "not \"2x\""),
-                ("COM Port", "0", "COM Port is a number from 1 to 32767"),
-                ("ShowAllComPorts", "-1", "ShowAllComPorts is a number from 0 to 1"),
-                ("Languages", "2", "\"Languages\" is no setting; there are Language"),
-                ("Ports/COM999/Device", "/dev/pts/5", "\"Ports/COM999/Device\" is no setting"),
-                ("Ports/COM9/Path", "/dev/pts/5", "\"Ports/COM9/Path\" is no setting"),
-                ("Ports/COM9", "/dev/pts/5", "\"Ports/COM9\" is no setting")):
+                ("COM Port", "0", "COM Port must be a number from 1 to 32767"),
+                ("ShowAllComPorts", "-1", "ShowAllComPorts must be a number from 0 to 1"),
+                ("Languages", "2", "\"Languages\" is not a setting; the settings are Language"),
+                ("Ports/COM999/Device", "/dev/pts/5", "\"Ports/COM999/Device\" is not a setting"),
+                ("Ports/COM9/Path", "/dev/pts/5", "\"Ports/COM9/Path\" is not a setting"),
+                ("Ports/COM9", "/dev/pts/5", "\"Ports/COM9\" is not a setting")):
             with self.subTest(name, value=value):
                 self.assertIn(complaint, self.fail_with(2, "settings", "set", name, "--", value))
         self.assertFalse(self.settings_file.exists())
@@ -73,10 +75,39 @@ class Settings(Bench):
         self.assertIn('The setting ShowAllComPorts: "perhaps" is no number',
                       self.fail_with(3, "read", "--simulate", self.module()))
 
-    def test_a_read_ends_at_an_entry_that_is_no_port(self):
-        self.write_settings("[Ports]\nCOMx\\Device=/dev/pts/5\n")
-        self.assertIn("Ports/COMx/Device names no port",
-                      self.fail_with(3, "read", "--simulate", self.module()))
+    def test_a_read_ends_at_a_setting_that_is_an_object_or_a_list(self):
+        for value in ("@Invalid()", "1, 2"):
+            self.write_settings(f"[Settings]\nShowAllComPorts={value}\n")
+            self.assertIn(f"The setting Settings/ShowAllComPorts in {self.settings_file}: {value}",
+                          self.fail_with(3, "read", "--simulate", self.module()))
+
+    def test_a_read_reports_a_bad_port_and_goes_on(self):
+        for line in ("COMx\\Device=/dev/pts/5", "COM0", "COM9\\Name=\\Device\\Viator9"):
+            self.write_settings(f"[Ports]\n{line}\n")
+            done = self.run_modulinfo("read", "--simulate", self.module())
+            self.assertEqual(done.returncode, 0)
+            self.assertIn("TESSARA TM 151", done.stdout)
+            self.assertRegex(done.stderr, r"\Amodulinfo: .*COM.*; ignored\n\Z")
+
+    def test_an_unusable_value_is_named_and_can_be_replaced_and_removed(self):
+        self.write_settings("[Settings]\nLanguage=@Invalid()\nLogo=a.png\n")
+        complaint = f"in {self.settings_file}: @Invalid() is neither text nor a number"
+        self.assertIn(complaint, self.fail_with(1, "settings", "get", "Language"))
+        done = self.run_modulinfo("settings", "list")
+        self.assertEqual((done.returncode, done.stdout), (1, "Logo=a.png\n"))
+        self.assertIn(complaint, done.stderr)
+        self.succeed("settings", "set", "Language", "")
+        self.assertEqual(self.settings_file.read_text("utf-8"), "[Settings]\nLogo=a.png\n")
+
+    def test_comments_and_foreign_lines_stay_where_they_are(self):
+        text = ("; bench 3\n[Ports]\n# the red cable\nCOM9\\Device=/dev/x\n\n"
+                "; below\n[Settings]\nLanguage=1 ; for Anna\n\n[Other]\nBlob=@ByteArray(\\x1)\n")
+        self.write_settings(text)
+        self.succeed("settings", "set", "Language", "2")
+        self.succeed("settings", "set", "Ports/COM10/Device", "/dev/y")
+        self.assertEqual(self.settings_file.read_text("utf-8"),
+                         text.replace("Language=1", "Language=2")
+                         .replace("/dev/x\n", "/dev/x\nCOM10\\Device=/dev/y\n"))
 
     def test_a_file_that_cannot_be_written_is_named_and_left_alone(self):
         self.write_settings("[Settings]\nLanguage=1\n")
@@ -93,6 +124,35 @@ class Settings(Bench):
         self.settings_file.chmod(0)
         self.assertIn(f"{self.settings_file} cannot be read: Permission denied",
                       self.fail_with(1, "settings", "get", "Language", **self.bound_by_modes()))
+
+    def test_writers_at_the_same_time_lose_nothing(self):
+        writers = [self.start_writer(f"for i in $(seq {first} {first + 49}); do "
+                                     f'"$0" settings set Ports/COM$i/Device /dev/$i || exit 1; done')
+                   for first in (1, 101)]
+        for writer in writers:
+            self.assertEqual(writer.wait(PATIENCE), 0)
+        self.assertEqual(len(self.succeed("settings", "list").splitlines()), 100)
+
+    def test_killed_writers_lose_nothing_and_hold_nobody_up(self):
+        self.write_settings("; bench 3\n[Settings]\nLogo=a.png\nLanguage=1\n")
+        start = time.monotonic()
+        self.succeed("settings", "set", "Language", "1")
+        whole = time.monotonic() - start
+        for kill in range(200):
+            writer = self.start_writer('exec "$0" settings set Language "$1"', str(kill % 12))
+            time.sleep(whole * kill / 200)
+            writer.kill()
+            writer.wait(PATIENCE)
+            self.assertRegex(self.settings_file.read_text("utf-8"),
+                             r"\A; bench 3\n\[Settings\]\nLogo=a\.png\nLanguage=(\d|1[01])\n\Z")
+        self.succeed("settings", "set", "Language", "2")
+        self.assertEqual(sorted(os.listdir(self.settings_file.parent)),
+                         [f".{self.settings_file.name}.lock", self.settings_file.name])
+
+    def start_writer(self, script, *arguments):
+        """Starts a shell with that script, in which $0 is the program."""
+        return subprocess.Popen(["bash", "-c", script, self.modulinfo, *arguments],
+                                env=self.environment)
 
 
 if __name__ == "__main__":

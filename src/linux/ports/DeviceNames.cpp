@@ -9,7 +9,8 @@
 #include <linux/serial.h>
 #include <linux/tty_flags.h>
 #include <sys/ioctl.h>
-#include <unistd.h>
+
+#include "simulator/FileDescriptor.h"
 
 namespace tessara {
 namespace {
@@ -43,27 +44,9 @@ DriverName nameFor(const SerialDevice& device) {
   return {device.driver, device.uartType ? uartName : std::string_view(device.driver), 1};
 }
 
-/// A descriptor that closes itself.
-class Descriptor {
- public:
-  explicit Descriptor(const std::string& node)
-      : number_(::open(node.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC)) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() {
-    if (number_ >= 0) {
-      ::close(number_);
-    }
-  }
-  [[nodiscard]] int number() const { return number_; }
-
- private:
-  int number_;
-};
-
 bool terminalDeniesHardware(const std::string& node) {
-  const Descriptor terminal(node);
-  if (terminal.number() < 0) {
+  const FileDescriptor terminal(::open(node.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
+  if (!terminal.isOpen()) {
     return errno == ENXIO || errno == ENODEV || errno == EIO;
   }
   serial_struct line{};

@@ -5,6 +5,7 @@
 
 #include "base/Text.h"
 #include "linux/ports/UsbKeys.h"
+#include "ports/RegEnum.h"
 
 namespace tessara {
 namespace {
@@ -15,7 +16,7 @@ constexpr std::int32_t invalidHandle = 6;
 constexpr std::int32_t moreData = 234;
 constexpr std::int32_t noMoreItems = 259;
 
-/// The right with which the names are walked.
+/// The access right with which the names are enumerated.
 constexpr std::uint32_t readAccess = 0x20019;
 
 constexpr const char* serialCommKey = R"(HARDWARE\DEVICEMAP\SERIALCOMM)";
@@ -41,7 +42,7 @@ std::vector<Value>::const_iterator find(const std::vector<Value>& values, std::s
                       [&](const Value& value) { return isSame(value.name, name); });
 }
 
-/// The name, counted up where another port has it already: names of values are unique.
+/// The name, with another number if another port has it already: names of values are unique.
 std::string freeName(const std::vector<Value>& values, std::string name) {
   const std::string stem = name.substr(0, name.find_last_not_of("0123456789") + 1);
   for (int number = 0; find(values, name) != values.end(); ++number) {
@@ -59,6 +60,12 @@ std::vector<Value> valuesOf(const std::vector<KnownPort>& ports) {
   return values;
 }
 
+std::string tooManyPorts(const std::vector<KnownPort>& ports) {
+  return "There are " + std::to_string(ports.size()) + " ports, and the port list holds at most " +
+         std::to_string(RegEnum::maxPorts) + " lines: COM" +
+         std::to_string(ports[RegEnum::maxPorts].comPort) + " and all ports after it are left out";
+}
+
 }  // namespace
 
 struct SerialCommRegistry::Snapshot {
@@ -69,7 +76,12 @@ struct SerialCommRegistry::Snapshot {
 };
 
 void SerialCommRegistry::look() {
-  current_ = std::make_shared<const Snapshot>(ports_.ports());
+  std::vector<KnownPort> ports = ports_.ports();
+  if (ports.size() > RegEnum::maxPorts) {
+    if (report_) report_(tooManyPorts(ports));
+    ports.resize(RegEnum::maxPorts);
+  }
+  current_ = std::make_shared<const Snapshot>(ports);
   walked_ = false;
 }
 

@@ -3,35 +3,39 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/Variant.h"
+#include "linux/PortProblems.h"
 #include "linux/PortSource.h"
 #include "platform/RegistryApi.h"
 
 namespace tessara {
 
-/// The serial ports of a Linux system in the shape of the registry key
+/// The serial ports of a Linux system in the form of the registry key
 /// HARDWARE\DEVICEMAP\SERIALCOMM, and the USB devices behind them in that of their keys.
 ///
-/// One walk over the ports sees one state of the system: the ports are looked up when somebody
-/// opens the key for reading or asks for the first Viator modem, which is where the walk begins,
-/// and serve all questions until the next walk.
+/// One walk over the ports sees one state of the system: the ports are looked up when the key is
+/// opened for reading or the first Viator modem is asked for, which is where a walk begins, and
+/// serve all questions until the next walk. The control's list has room for RegEnum::maxPorts ports
+/// and fails at one more, so that further ports are left out and reported.
 class SerialCommRegistry final : public RegistryApi {
  public:
-  /// `ports` has to outlive this object.
-  explicit SerialCommRegistry(const PortSource& ports) : ports_(ports) {}
+  /// `ports` must outlive this object.
+  explicit SerialCommRegistry(const PortSource& ports, PortProblemSink report = {})
+      : ports_(ports), report_(std::move(report)) {}
 
-  /// 2 (not found) for any other key, and also if there is no port at all. Every right is granted.
+  /// 2 (not found) for any other key, and also if there are no ports. Every right is granted.
   /// An error of the source of ports passes to the caller.
   std::int32_t RegOpenKeyExA(std::int32_t hive, const std::string& subKey, std::uint32_t options,
                              std::uint32_t access, RegistryKey& key) override;
   /// 259 (no more items) past the last port, 234 (more data) if the buffer is too small, 6 (invalid
-  /// handle) without an open key.
+  /// handle) for a key that is not open.
   std::int32_t RegEnumValueA(RegistryKey key, std::uint32_t index, std::string& name,
                              std::uint32_t& length) override;
-  /// 2 (not found) for a name that no port has; the other errors as above. Letter case of the name
-  /// does not matter.
+  /// 2 (not found) for a name that no port has; the other errors as above. Letter case in the name
+  /// is ignored.
   std::int32_t RegQueryValueExA(RegistryKey key, const std::string& valueName, std::uint32_t& type,
                                 std::string* data, std::uint32_t& size) override;
   std::int32_t RegCloseKey(RegistryKey key) override;
@@ -45,6 +49,7 @@ class SerialCommRegistry final : public RegistryApi {
   [[nodiscard]] const Snapshot* behind(RegistryKey key) const;
 
   const PortSource& ports_;
+  PortProblemSink report_;
   /// The last look at the system, and whether a walk has already begun on it.
   std::shared_ptr<const Snapshot> current_;
   bool walked_ = false;

@@ -143,6 +143,34 @@ TEST_F(SerialCommRegistryTest, NamesThatTwoPortsShareAreCountedUp) {
                                                      R"(\Device\SERIAL2)", "Viator", "Viator0"}));
 }
 
+TEST_F(SerialCommRegistryTest, HoldsAsManyPortsAsTheListOfTheControlAndReportsTheOthers) {
+  std::vector<std::string> problems;
+  SerialCommRegistry limited(source, [&](const std::string& text) { problems.push_back(text); });
+  RegistryKey key = 0;
+  const auto open = [&](std::int16_t ports) {
+    source.list.clear();
+    for (std::int16_t i = 1; i <= ports; ++i) {
+      source.list.push_back({i, R"(\Device\Silabser)" + std::to_string(i), "/dev/x", "",
+                             UsbIdentity{0x2458, 1, std::to_string(i), 0}});
+    }
+    ASSERT_EQ(limited.RegOpenKeyExA(RegistryApi::localMachine, serialComm, 0, readAccess, key), 0);
+  };
+  const auto errorAt = [&](std::uint32_t index) {
+    name.assign(256, 'x');
+    nameLength = 256;
+    return limited.RegEnumValueA(key, index, name, nameLength);
+  };
+  open(51);
+  EXPECT_EQ(errorAt(50), 0);
+  EXPECT_TRUE(problems.empty());
+  open(53);
+  EXPECT_EQ(errorAt(50), 0);
+  EXPECT_EQ(errorAt(51), 259);
+  EXPECT_EQ(problems, std::vector<std::string>{
+                          "There are 53 ports, and the port list holds at most 51 lines: COM52 and "
+                          "all ports after it are left out"});
+}
+
 TEST_F(SerialCommRegistryTest, OneWalkSeesOneStateOfTheSystem) {
   EXPECT_EQ(firstViator(), Variant{std::u16string(u"COM12")});
   const RegistryKey key = open();
