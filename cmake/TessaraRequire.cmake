@@ -15,6 +15,11 @@ macro(tessara_require what package kind name)
   elseif("${kind}" STREQUAL "PKG_CONFIG")
     pkg_check_modules(${name} QUIET IMPORTED_TARGET GLOBAL ${ARGN})
     set(tessara_found "${${name}_FOUND}")
+    if(tessara_found)
+      # Some modules ask for -pthread, which the C library no longer needs; sources compiled with it
+      # could not use the precompiled headers.
+      set_target_properties(PkgConfig::${name} PROPERTIES INTERFACE_COMPILE_OPTIONS "")
+    endif()
   else()
     find_package(${name} QUIET COMPONENTS ${ARGN})
     set(tessara_found "${${name}_FOUND}")

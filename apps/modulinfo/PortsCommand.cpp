@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "CommandLoop.h"
 #include "Commands.h"
 #include "PortList.h"
+#include "asio/AsioEventLoop.h"
 #include "common/HeadlessMessageHelper.h"
 #include "linux/LinuxPlatform.h"
 #include "localisation/Settings.h"
@@ -34,14 +34,14 @@ bool readerAnswers(NfcReaderLibrary& reader) {
 }
 
 ExitCode listPorts(bool json) {
-  CommandLoop loop;
+  AsioEventLoop loop;
   std::vector<std::string> problems;
   LinuxPlatformOptions options;
   options.portProblemSink = [&problems](const std::string& problem) {
     printPortProblem(problem);
     problems.push_back(problem);
   };
-  LinuxPlatform platform(loop.eventLoop(), std::make_shared<HeadlessMessageHelper>(std::cerr),
+  LinuxPlatform platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr),
                          std::move(options));
   const auto lines = portLines(listOf(platform), readerAnswers(platform.nfcReaderLibrary()),
                                platform.ports().ports());

@@ -2,10 +2,10 @@
 #include <memory>
 #include <optional>
 
-#include "CommandLoop.h"
 #include "Commands.h"
 #include "PanelJson.h"
 #include "PanelText.h"
+#include "asio/AsioEventLoop.h"
 #include "common/DeviceLog.h"
 #include "common/HeadlessMessageHelper.h"
 #include "common/ModuleOptions.h"
@@ -36,7 +36,7 @@ void print(const ModulInfoFLII& control, const DeviceLog& log, const ReadRequest
 }
 
 void readAndPrint(const ReadRequest& request, const EmbeddedSimulator* simulator) {
-  CommandLoop loop;
+  AsioEventLoop loop;
   DeviceLog log(request.trace);
   WaitingHost host;
   LinuxPlatformOptions options;
@@ -45,7 +45,7 @@ void readAndPrint(const ReadRequest& request, const EmbeddedSimulator* simulator
   if (simulator != nullptr) options.usbReaders = &simulator->usbReaders();
   options.looksForDevices = simulator == nullptr;
   options.keepsSettings = simulator == nullptr;
-  LinuxPlatform platform(loop.eventLoop(), std::make_shared<HeadlessMessageHelper>(std::cerr),
+  LinuxPlatform platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr),
                          std::move(options));
   ModulInfoFLII control(platform, host);
   control.UserControl_Initialize();

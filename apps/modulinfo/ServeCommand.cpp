@@ -5,7 +5,6 @@
 #include <string>
 #include <utility>
 
-#include "CommandLoop.h"
 #include "Commands.h"
 #include "DeviceCallJson.h"
 #include "linux/EmbeddedSimulator.h"
@@ -32,7 +31,7 @@ LinuxPlatformOptions platformOptions(const Announcer& announcer, ServeLoop& loop
                                      const EmbeddedSimulator* simulator) {
   LinuxPlatformOptions options;
   options.callSink = [&announcer, &loop, trace](const DeviceCall& call) {
-    loop.stir();
+    loop.noteActivity();
     if (trace) announcer.announce("device", deviceCallJson(call));
   };
   options.launchSink = [&announcer](const std::string& file, std::int32_t result) {
@@ -50,11 +49,11 @@ int serveClient(const ServeArguments& arguments, const EmbeddedSimulator* simula
   const ClientStreams streams;
   // A client that has gone is an end like any other.
   std::signal(SIGPIPE, SIG_IGN);
-  CommandLoop qt;
+  AsioEventLoop events;
   Channel channel(streams.in(), streams.out());
   Turns turns(arguments.reentrant);
-  ServeLoop loop(qt.eventLoop(), turns);
-  qt.eventLoop().tickFailed = [](const std::exception& error) {
+  ServeLoop loop(events, turns);
+  events.tickFailed = [](const std::exception& error) {
     std::cerr << "modulinfo: a tick failed: " << error.what() << '\n';
   };
   const Announcer announcer(channel, loop);
@@ -66,7 +65,7 @@ int serveClient(const ServeArguments& arguments, const EmbeddedSimulator* simula
   control.setFormObserver(&forms);
   control.UserControl_Initialize();
   Bridge bridge{control, forms, loop, {}};
-  Session(channel, turns, bridge).run();
+  Session(events, channel, turns, bridge).run();
   return channel.error();
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "base/Text.h"
 #include "base/Variant.h"
 #include "control/ModuleWide.h"
 
@@ -74,12 +73,8 @@ void frmAbout::moveSecondColumn() {
 }
 
 void frmAbout::open(const std::u16string& address) {
-  const std::int32_t result =
-      platform_.shell().ShellExecuteA(0, u"Open", address, {}, {}, Shell::showNormal);
-  if (result <= Shell::lastFailure) {
-    throw RunTimeError(ErrorNumber::InvalidCall,
-                       toUtf8(address) + " cannot be opened: no program does so");
-  }
+  // Without a program for mail or the web a link does nothing.
+  platform_.shell().ShellExecuteA(0, u"Open", address, {}, {}, Shell::showNormal);
 }
 
 void frmAbout::cmdOK_Click() {

@@ -16,16 +16,24 @@ bool isSeparator(char16_t sign) {
   return sign == u'/' || sign == u'\\';
 }
 
-/// The file of the module that holds this function.
-std::filesystem::path moduleFile() {
+namespace fs = std::filesystem;
+
+/// The file that holds this function. The system keeps the whole path of the program itself.
+fs::path loadedFile() {
   Dl_info info{};
   void* map = nullptr;
-  const void* here = reinterpret_cast<const void*>(&moduleFile);
+  const void* here = reinterpret_cast<const void*>(&loadedFile);
   const bool isKnown = ::dladdr1(here, &info, &map, RTLD_DL_LINKMAP) != 0;
-  // The program itself carries no name in the list of modules.
-  const char* name = isKnown ? static_cast<const link_map*>(map)->l_name : "";
-  return *name != '\0' ? std::filesystem::path(name) : std::filesystem::path("/proc/self/exe");
+  // The program itself has no name in the list of what is loaded.
+  const char* library = isKnown ? static_cast<const link_map*>(map)->l_name : "";
+  std::error_code error;
+  fs::path file =
+      *library != '\0' ? fs::canonical(library, error) : fs::read_symlink("/proc/self/exe", error);
+  return error ? fs::path(library) : file;
 }
+
+/// Makes sure that the folder is found before a package update can replace the file.
+[[maybe_unused]] const fs::path& foundAtTheStart = programFolder();
 
 }  // namespace
 
@@ -35,12 +43,13 @@ std::filesystem::path pathOfHost(const std::u16string& name) {
   return toUtf8(path);
 }
 
-std::filesystem::path programFolder() {
-  return std::filesystem::canonical(moduleFile()).parent_path();
+const fs::path& programFolder() {
+  static const fs::path folder = loadedFile().parent_path();
+  return folder;
 }
 
 bool LinuxFileSystem::FileExists(const std::u16string& path) const {
-  // A pipe or a device in the place of a file would be waited for, or read, without an end.
+  // Reading a pipe or a device could wait, or go on, without end.
   std::error_code error;
   // The system would take a zero for the end of the path.
   return path.find(u'\0') == std::u16string::npos &&

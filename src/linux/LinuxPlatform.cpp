@@ -17,6 +17,7 @@ LinuxPlatform::LinuxPlatform(EventLoop& loop, std::shared_ptr<MessageHelper> mes
     : loop_(loop),
       messages_(std::move(messages)),
       options_(std::move(options)),
+      appPath_(fromUtf8(programFolder().string())),
       shell_(options_.launchSink),
       usbReaders_(options_.usbReaders != nullptr ? *options_.usbReaders : computersReaders_),
       portProblems_(options_.portProblemSink) {
@@ -28,7 +29,7 @@ LinuxPlatform::LinuxPlatform(EventLoop& loop, std::shared_ptr<MessageHelper> mes
 }
 
 template <class Object>
-std::shared_ptr<Object> LinuxPlatform::heard(std::shared_ptr<Object> object) const {
+std::shared_ptr<Object> LinuxPlatform::withTracing(std::shared_ptr<Object> object) const {
   return options_.callSink ? traced(std::move(object), options_.callSink) : object;
 }
 
@@ -44,15 +45,15 @@ std::shared_ptr<BitFieldHelper> LinuxPlatform::createBitFieldHelper() {
 }
 
 std::shared_ptr<ModbusCommObject> LinuxPlatform::createModbusCommObject() {
-  return heard<ModbusCommObject>(std::make_shared<ModbusDriver>(allPorts_));
+  return withTracing<ModbusCommObject>(std::make_shared<ModbusDriver>(allPorts_));
 }
 
 std::shared_ptr<NfcCommObject> LinuxPlatform::createNfcCommObject() {
-  return heard<NfcCommObject>(std::make_shared<NfcDriver>(allPorts_, usbReaders_));
+  return withTracing<NfcCommObject>(std::make_shared<NfcDriver>(allPorts_, usbReaders_));
 }
 
 std::shared_ptr<HartCommObject> LinuxPlatform::createHartCommObject() {
-  return heard<HartCommObject>(std::make_shared<HartDriver>(allPorts_));
+  return withTracing<HartCommObject>(std::make_shared<HartDriver>(allPorts_));
 }
 
 std::shared_ptr<FileSystem> LinuxPlatform::createFileSystem() {
@@ -61,10 +62,6 @@ std::shared_ptr<FileSystem> LinuxPlatform::createFileSystem() {
 
 std::unique_ptr<XmlTree> LinuxPlatform::createXmlTree() {
   return std::make_unique<PugixmlTree>();
-}
-
-std::u16string LinuxPlatform::appPath() const {
-  return fromUtf8(programFolder().string());
 }
 
 }  // namespace tessara

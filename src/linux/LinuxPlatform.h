@@ -11,35 +11,35 @@
 #include "linux/LinuxLocale.h"
 #include "linux/LinuxShell.h"
 #include "linux/PortProblems.h"
+#include "linux/PixbufPictureLoader.h"
 #include "linux/SettingsPortNumbers.h"
 #include "linux/SettingsPorts.h"
-#include "linux/SignaturePictureLoader.h"
 #include "linux/ports/SerialCommRegistry.h"
 #include "linux/ports/SerialPorts.h"
 #include "platform/Platform.h"
 
 namespace tessara {
 
-/// What a program may want of its platform beyond the usual.
+/// What a program may want to change about its platform.
 struct LinuxPlatformOptions {
-  /// Hears of every call to a communication object.
+  /// Called after each call to a communication object.
   CallSink callSink{};
-  /// Hears of every file and address that was to be opened.
+  /// Called for each file and address that was to be opened.
   LaunchSink launchSink{};
   /// Called once with each problem for which ports are left out of the port list.
   PortProblemSink portProblemSink = printPortProblem;
-  /// Ports that the program brings along, offered before all others; has to outlive the platform.
+  /// Ports of the program's own, offered before all others; has to outlive the platform.
   const PortSource* embedded = nullptr;
-  /// USB NFC readers that the program brings along, in place of those of the computer; have to
-  /// outlive the platform.
+  /// USB NFC readers of the program's own, in place of those of the computer; have to outlive the
+  /// platform.
   UsbReaders* usbReaders = nullptr;
   /// Loads the pictures of the panel; a program with a window brings one that can show them.
-  std::shared_ptr<PictureLoader> pictures = std::make_shared<SignaturePictureLoader>();
-  /// False for a program that has no use for the ports of the system's devices, which take a while
-  /// to be found.
+  std::shared_ptr<PictureLoader> pictures = std::make_shared<PixbufPictureLoader>();
+  /// False for a program that does not use the ports of the system's devices, since finding them
+  /// takes a while.
   bool looksForDevices = true;
-  /// False for a program that must not change what the user has chosen: settings that the control
-  /// writes are then dropped.
+  /// False for a program that must not change the user's settings: what the control writes is then
+  /// dropped.
   bool keepsSettings = true;
 };
 
@@ -71,15 +71,16 @@ class LinuxPlatform final : public Platform {
   NfcReaderLibrary& nfcReaderLibrary() override { return readerLibrary_; }
   PictureLoader& pictureLoader() override { return *options_.pictures; }
   Shell& shell() override { return shell_; }
-  [[nodiscard]] std::u16string appPath() const override;
+  [[nodiscard]] std::u16string appPath() const override { return appPath_; }
 
  private:
   template <class Object>
-  std::shared_ptr<Object> heard(std::shared_ptr<Object> object) const;
+  std::shared_ptr<Object> withTracing(std::shared_ptr<Object> object) const;
 
   EventLoop& loop_;
   std::shared_ptr<MessageHelper> messages_;
   LinuxPlatformOptions options_;
+  std::u16string appPath_;
   LinuxLocale locale_;
   LinuxShell shell_;
 
@@ -90,7 +91,7 @@ class LinuxPlatform final : public Platform {
   PortProblems portProblems_;
   SettingsPorts settingsPorts_{[this](const std::string& text) { portProblems_.report(text); }};
   AnnouncedPorts announcedPorts_;
-  /// The ports that somebody has entered or started, which take their numbers first.
+  /// The ports that a person has entered or started, which take their numbers first.
   KnownPorts enteredPorts_;
   SettingsPortNumbers portNumbers_;
   SerialPorts serialPorts_{portNumbers_, enteredPorts_};

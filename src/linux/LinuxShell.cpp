@@ -1,18 +1,17 @@
 #include "linux/LinuxShell.h"
 
-#include <QMimeDatabase>
-#include <QRegularExpression>
+#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
+#include <string_view>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "base/Text.h"
-#include "linux/DetachedProgram.h"
 #include "linux/LinuxFileSystem.h"
-#include "linux/RegisteredPrograms.h"
+#include "linux/RegisteredProgram.h"
 
 namespace tessara {
 namespace {
@@ -21,18 +20,12 @@ namespace fs = std::filesystem;
 
 constexpr std::int32_t noFault = 0;
 
-/// An address begins with a scheme. A single letter is a drive of another system.
-bool isAddress(const QString& target) {
-  static const QRegularExpression scheme("^[A-Za-z][A-Za-z0-9+.-]+:");
-  return scheme.match(target).hasMatch();
-}
-
 bool isFolder(const fs::path& path) {
   struct stat status {};
   return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-/// What stands in the way of reading the file: noFault, or a result that tells it.
+/// What keeps the file from being read, as a result of opening it; noFault for nothing.
 std::int32_t accessFault(const fs::path& file) {
   struct stat status {};
   if (::stat(file.c_str(), &status) == 0) {
@@ -44,50 +37,44 @@ std::int32_t accessFault(const fs::path& file) {
   return isFolder(file.parent_path()) ? Shell::fileNotFound : Shell::pathNotFound;
 }
 
-/// A compiled help file begins with its signature; a viewer would only say that it is damaged.
+/// What keeps a program from running in the folder; an empty one is that of this program.
+std::int32_t folderFault(const fs::path& folder) {
+  if (folder.empty() || ::access(folder.c_str(), X_OK) == 0) {
+    return folder.empty() || isFolder(folder) ? noFault : Shell::pathNotFound;
+  }
+  return errno == EACCES ? Shell::accessDenied : Shell::pathNotFound;
+}
+
+/// A compiled help file begins with its signature; a viewer would only report damage.
 bool isDamagedHelp(const fs::path& file) {
   constexpr std::string_view signature = "ITSF";
   if (file.extension() != ".chm" || !fs::is_regular_file(file)) {
     return false;
   }
-  std::string front(signature.size(), '\0');
-  std::ifstream(file, std::ios::binary)
-      .read(front.data(), static_cast<std::streamsize>(front.size()));
-  return front != signature;
+  std::array<char, signature.size()> front{};
+  std::ifstream(file, std::ios::binary).read(front.data(), front.size());
+  return std::string_view(front.data(), front.size()) != signature;
 }
 
-/// The types under which a program may be registered for the target, the closest first.
-QStringList typesOf(const QString& target) {
-  if (isAddress(target)) {
-    return {"x-scheme-handler/" + target.section(':', 0, 0).toLower()};
-  }
-  const QMimeType type = QMimeDatabase().mimeTypeForFile(target);
-  QStringList types = QStringList(type.name()) + type.aliases() + type.allAncestors();
-  // What opens just any bytes, an editor of them, is no help to somebody who wants to read.
-  types.removeAll("application/octet-stream");
-  return types;
+std::int32_t faultOfFile(const fs::path& file) {
+  const std::int32_t fault = accessFault(file);
+  return fault == noFault && isDamagedHelp(file) ? Shell::badFormat : fault;
 }
 
-std::int32_t open(const QString& target, const fs::path& folder) {
-  if (!isAddress(target)) {
-    const fs::path file(target.toStdString());
-    const std::int32_t fault = accessFault(file);
+std::int32_t open(const std::string& target, const fs::path& folder) {
+  const bool isAddress = !schemeOf(target).empty();
+  for (const std::int32_t fault :
+       {isAddress ? noFault : faultOfFile(target), folderFault(folder)}) {
     if (fault != noFault) {
       return fault;
     }
-    if (isDamagedHelp(file)) {
-      return Shell::badFormat;
-    }
   }
-  if (!folder.empty() && !isFolder(folder)) {
-    return Shell::pathNotFound;
-  }
-  const auto command = registeredProgram(typesOf(target), target);
-  if (!command) {
+  const RegisteredProgram program =
+      isAddress ? RegisteredProgram::forAddress(target) : RegisteredProgram::forFile(target);
+  if (!program.isFound()) {
     return Shell::noAssociation;
   }
-  return startDetached(*command, QString::fromStdString(folder.string())) ? LinuxShell::opened
-                                                                          : Shell::accessDenied;
+  return program.start(folder) ? LinuxShell::opened : Shell::accessDenied;
 }
 
 }  // namespace
@@ -96,13 +83,12 @@ std::int32_t LinuxShell::ShellExecuteA(WindowHandle /*window*/, const std::u16st
                                        const std::u16string& file,
                                        const std::u16string& /*parameters*/,
                                        const std::u16string& folder, std::int32_t /*showCommand*/) {
-  const QString given = QString::fromStdU16String(file);
+  const std::string given = toUtf8(file);
   const fs::path in = pathOfHost(folder);
-  const QString target =
-      isAddress(given) ? given : QString::fromStdString((in / pathOfHost(file)).string());
+  const std::string target = schemeOf(given).empty() ? (in / pathOfHost(file)).string() : given;
   const std::int32_t result = operation == u"Open" ? open(target, in) : Shell::noAssociation;
   if (sink_) {
-    sink_(target.toStdString(), result);
+    sink_(target, result);
   }
   return result;
 }

@@ -18,7 +18,7 @@ class PeriodicTimer {
   virtual void setEnabled(bool enabled) = 0;
 };
 
-/// The time for which a modal form is open, spent handling events.
+/// Handles events while a modal form is open.
 class ModalRun {
  public:
   ModalRun() = default;
@@ -27,7 +27,7 @@ class ModalRun {
   virtual ~ModalRun() = default;
 
   /// Handles events, and blocks between them, until end() is called in one of them. Returns at once
-  /// if that has happened, and without it when the program is about to quit. Runs may nest; an
+  /// if it was called before, and without it when the program is about to quit. Runs may nest; an
   /// outer one returns after the inner.
   virtual void run() = 0;
   virtual void end() = 0;
@@ -51,7 +51,7 @@ class EventLoop {
   virtual std::unique_ptr<PeriodicTimer> createTimer(std::chrono::milliseconds interval,
                                                      std::function<void()> tick) = 0;
 
-  /// A run that has not begun.
+  /// A run that has not started.
   virtual std::unique_ptr<ModalRun> createModalRun() = 0;
 };
 

@@ -12,8 +12,9 @@ class PictureLoader {
   PictureLoader& operator=(const PictureLoader&) = delete;
   virtual ~PictureLoader() = default;
 
-  /// Makes sure that the file can be shown. One that cannot be read or holds no picture is an
-  /// invalid picture (error 481) whose message names file and cause.
+  /// Makes sure that the file can be shown, by decoding it. One that cannot be read, is not a
+  /// picture or is larger than any picture of a panel is an invalid picture (error 481) whose
+  /// message names file and cause.
   virtual void load(const std::u16string& path) = 0;
 };
 

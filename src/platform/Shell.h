@@ -17,9 +17,9 @@ class Shell {
   static constexpr std::int32_t pathNotFound = 3;
   static constexpr std::int32_t accessDenied = 5;
   static constexpr std::int32_t badFormat = 11;
-  /// No program is registered for what was to be opened.
+  /// No program is registered for the file or address.
   static constexpr std::int32_t noAssociation = 31;
-  /// What the program is told when its window is to be shown normally.
+  /// The show command for a window in its normal size.
   static constexpr std::int32_t showNormal = 1;
 
   Shell() = default;
@@ -27,9 +27,9 @@ class Shell {
   Shell& operator=(const Shell&) = delete;
   virtual ~Shell() = default;
 
-  /// Does `operation` ("Open") to `file`, a path or an address such as "mailto:...", with
+  /// Performs `operation` ("Open") on `file`, a path or an address such as "mailto:...", with
   /// `parameters` for the program and `folder` as its working folder. Does not wait for the
-  /// program.
+  /// program. Returns more than lastFailure if it was started.
   virtual std::int32_t ShellExecuteA(WindowHandle window, const std::u16string& operation,
                                      const std::u16string& file, const std::u16string& parameters,
                                      const std::u16string& folder, std::int32_t showCommand) = 0;

@@ -1,9 +1,12 @@
 #include "qt/Picture.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QImageReader>
+#include <filesystem>
 
 #include "base/RunTimeError.h"
+#include "pictures/PictureFile.h"
 #include "qt/PixelGrid.h"
 #include "qt/QtText.h"
 
@@ -19,23 +22,45 @@ namespace {
 constexpr auto lineInFile = "#20303f";
 constexpr auto accentInFile = "#0a66c2";
 
-// An SVG file may begin with a declaration and comments; its element stands near the front.
-constexpr qint64 svgFront = 1024;
-
 QByteArray readOwn(const QString& name) {
   openPictures();
   QFile file(":/tessara/" + name + ".svg");
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-[[noreturn]] void failPicture(const QString& path, const QString& cause) {
-  throw RunTimeError(ErrorNumber::InvalidPicture,
-                     QString("The picture %1 cannot be shown: %2").arg(path, cause).toStdString());
-}
-
 /// Hosts write paths with either separator.
 QString pathOnDisk(QString path) {
   return QFile::exists(path) ? path : path.replace('\\', '/');
+}
+
+/// Lowers the limit of what Qt allocates for one picture, which is that of the whole program, for
+/// as long as this lives.
+class AllocationLimit {
+ public:
+  AllocationLimit() { QImageReader::setAllocationLimit(maxMegabytes); }
+  AllocationLimit(const AllocationLimit&) = delete;
+  AllocationLimit& operator=(const AllocationLimit&) = delete;
+  ~AllocationLimit() { QImageReader::setAllocationLimit(before_); }
+
+ private:
+  /// PictureFile::maxPixels at 4 bytes each.
+  static constexpr int maxMegabytes = static_cast<int>(PictureFile::maxPixels * 4 >> 20U);
+
+  int before_ = QImageReader::allocationLimit();
+};
+
+/// Decodes a raster picture. Returns what is wrong with it; nothing if it was decoded.
+QString decode(PictureFormat format, const QByteArray& bytes, QImage& image) {
+  QBuffer buffer;
+  buffer.setData(bytes);
+  QImageReader reader(&buffer, nameOf(format));
+  reader.setAutoTransform(true);
+  const QSize size = reader.size();
+  if (size.isValid() && !isDecodable(size.width(), size.height())) {
+    return QString("it has more than %1 pixels").arg(PictureFile::maxPixels);
+  }
+  const AllocationLimit limit;
+  return reader.read(&image) ? QString() : reader.errorString();
 }
 
 /// The picture of a file, or none if it holds none.
@@ -88,23 +113,21 @@ QIcon Picture::icon() const {
 }
 
 Picture Picture::fromFile(const QString& path) {
-  QFile file(pathOnDisk(path));
-  if (!file.open(QIODevice::ReadOnly)) {
-    failPicture(path, file.errorString());
-  }
-  if (file.peek(svgFront).contains("<svg")) {
-    Picture picture = fromSvg(file.readAll());
+  const std::filesystem::path onDisk = pathOnDisk(path).toStdString();
+  const PictureFile file = readPictureFile(onDisk);
+  const auto bytes =
+      QByteArray::fromRawData(file.bytes.data(), static_cast<qsizetype>(file.bytes.size()));
+  if (file.format == PictureFormat::Svg) {
+    Picture picture = fromSvg(bytes);
     if (picture.isNull()) {
-      failPicture(path, "its SVG is broken");
+      failPicture(onDisk, "its SVG cannot be read");
     }
     return picture;
   }
   Picture picture;
-  QImageReader reader(&file);
-  reader.setDecideFormatFromContent(true);
-  reader.setAutoTransform(true);
-  if (!reader.read(&picture.raster_)) {
-    failPicture(path, reader.errorString());
+  const QString fault = decode(file.format, bytes, picture.raster_);
+  if (!fault.isEmpty()) {
+    failPicture(onDisk, fault.toStdString());
   }
   return picture;
 }

@@ -11,7 +11,7 @@
 
 namespace tessara {
 
-/// The colours of a button's picture: its lines, and the part that tells what happens.
+/// The colours of a button's picture: its lines, and the part that shows what happens.
 struct Inks {
   QColor line;
   QColor accent;
@@ -28,13 +28,12 @@ class Picture {
 
   /// The picture of a source: a number from the state pictures, a key from the button pictures
   /// (drawn in the inks) or the other pictures of our own ("flags/DE"), or else the path of a
-  /// picture file. A source that is not there, or holds
-  /// no picture, gives nothing to draw.
+  /// picture file. A source that does not exist, or is not a picture, gives nothing to draw.
   static Picture of(const PictureSource& source, const Inks& inks);
 
-  /// The picture of a file, known by its content: SVG, or a raster format that Qt reads. One that
-  /// cannot be read or holds no picture is an invalid picture (error 481) whose message names file
-  /// and cause.
+  /// The picture of a file, recognised by its content: SVG, PNG, JPEG, GIF, BMP or ICO. One that
+  /// cannot be read or is not a picture within the limits of readPictureFile() is an invalid
+  /// picture (error 481) whose message names file and cause.
   static Picture fromFile(const QString& path);
 
   /// The icon of the programs that show the panel.

@@ -17,8 +17,8 @@ class QtEventLoop : public EventLoop {
                                              std::function<void()> tick) override;
   std::unique_ptr<ModalRun> createModalRun() override;
 
-  /// Hears what a tick has thrown, since nobody stands behind a timer to catch it. The timer goes
-  /// on. Without a listener the message goes to Qt's log.
+  /// Called with what a tick has thrown, since a timer has no caller that could catch it. The timer
+  /// goes on. Without a handler the message goes to Qt's log.
   std::function<void(const std::exception&)> tickFailed;
 };
 

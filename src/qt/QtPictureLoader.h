@@ -4,7 +4,7 @@
 
 namespace tessara {
 
-/// Loads pictures as the view of the panel draws them: SVG, and every raster format that Qt reads.
+/// Decodes pictures as the view of the panel draws them.
 class QtPictureLoader : public PictureLoader {
  public:
   void load(const std::u16string& path) override;

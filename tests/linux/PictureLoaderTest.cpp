@@ -1,59 +1,81 @@
-#include <filesystem>
-#include <fstream>
-#include <string>
+#include <cstdint>
 
-#include <gtest/gtest.h>
-#include <unistd.h>
+#include <sys/resource.h>
 
+#include "PictureFiles.h"
+#include "Programs.h"
 #include "base/RunTimeError.h"
-#include "linux/SignaturePictureLoader.h"
+#include "linux/PixbufPictureLoader.h"
 
-namespace tessara {
+namespace tessara::testing {
 namespace {
 
-using namespace std::string_literals;
-
-class PictureLoaderTest : public ::testing::Test {
+class PictureLoaderTest : public Programs {
  protected:
-  PictureLoaderTest()
-      : folder_(std::filesystem::temp_directory_path() /
-                ("tessara-pictures-" + std::to_string(::getpid()))) {
-    std::filesystem::create_directories(folder_);
-  }
-  ~PictureLoaderTest() override { std::filesystem::remove_all(folder_); }
+  [[nodiscard]] std::filesystem::path path() const { return folder() / "picture"; }
 
-  [[nodiscard]] std::u16string fileWith(const std::string& bytes) const {
-    std::ofstream(folder_ / "picture", std::ios::binary) << bytes;
-    return (folder_ / "picture").u16string();
+  /// The number of the error that loading these bytes raises; 0 for none.
+  [[nodiscard]] std::int32_t errorFor(const PictureSample& sample) const {
+    put(path(), sample.bytes);
+    return error();
   }
-
-  std::filesystem::path folder_;
-  SignaturePictureLoader loader_;
+  [[nodiscard]] std::int32_t error() const {
+    try {
+      PixbufPictureLoader().load(path().u16string());
+      return 0;
+    } catch (const RunTimeError& raised) {
+      return static_cast<std::int32_t>(raised.number());
+    }
+  }
 };
 
-TEST_F(PictureLoaderTest, KnowsEachFormatByItsFirstBytes) {
-  for (const std::string& bytes :
-       {"\x89PNG\r\n\x1A\n rest"s, "\xFF\xD8\xFF\xE0"s, "GIF87a"s, "GIF89a"s, "BM rest"s,
-        "\0\0\1\0 icon"s, "<?xml version='1.0'?><!-- drawn --><svg/>"s}) {
-    EXPECT_NO_THROW(loader_.load(fileWith(bytes))) << bytes;
+TEST_F(PictureLoaderTest, LoadsPictures) {
+  for (const auto& sample : pictures()) {
+    EXPECT_EQ(errorFor(sample), 0) << sample.name;
   }
 }
 
-TEST_F(PictureLoaderTest, AFileThatHoldsNoPictureIsNamedWithTheError) {
-  for (const std::string& bytes : {""s, "text"s, "\x89PN"s}) {
-    try {
-      loader_.load(fileWith(bytes));
-      ADD_FAILURE() << "no error";
-    } catch (const RunTimeError& error) {
-      EXPECT_EQ(error.number(), ErrorNumber::InvalidPicture);
-      EXPECT_NE(std::string(error.what()).find("picture holds no picture"), std::string::npos);
+TEST_F(PictureLoaderTest, RefusesWhatIsNotAPicture) {
+  for (const auto& sample : notPictures()) {
+    EXPECT_EQ(errorFor(sample), 481) << sample.name;
+  }
+}
+
+TEST_F(PictureLoaderTest, RefusesEveryPictureThatEndsInItsHeader) {
+  for (const auto& sample : pictures()) {
+    for (std::size_t size = 0; size < 20; ++size) {
+      EXPECT_EQ(errorFor({{}, sample.bytes.substr(0, size)}), 481) << sample.name << ' ' << size;
     }
   }
 }
 
-TEST_F(PictureLoaderTest, AFileThatIsNotThereCannotBeRead) {
-  EXPECT_THROW(loader_.load(u"/no/such/file.png"), RunTimeError);
+TEST_F(PictureLoaderTest, NamesTheFileAndTheCause) {
+  put(path(), pictures().front().bytes.substr(0, 40));
+  const std::string message = errorOf([this] { PixbufPictureLoader().load(path().u16string()); });
+  EXPECT_TRUE(message.starts_with("The picture " + path().string() + " cannot be shown: "));
+}
+
+TEST_F(PictureLoaderTest, NeedsLittleMemoryForWhatIsNotAPicture) {
+  constexpr long maxKilobytes = 64 * 1024;
+  const auto most = [] {
+    rusage usage{};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+  };
+  for (const auto& sample : notPictures()) {
+    put(path(), sample.bytes);
+    const int isLittle = inNewProcess([&] {
+      const long before = most();
+      return error() == 481 && most() - before < maxKilobytes ? 1 : 0;
+    });
+    EXPECT_EQ(isLittle, 1) << sample.name;
+  }
+}
+
+TEST_F(PictureLoaderTest, TakesABackslashForASeparator) {
+  put(path(), pictures().front().bytes);
+  EXPECT_NO_THROW(PixbufPictureLoader().load(folder().u16string() + u"\\picture"));
 }
 
 }  // namespace
-}  // namespace tessara
+}  // namespace tessara::testing

@@ -1,9 +1,11 @@
 #include <QFile>
+#include <QImageReader>
 #include <QTemporaryDir>
 #include <set>
 
 #include <gtest/gtest.h>
 
+#include "PictureFiles.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "control/Panel.h"
@@ -176,8 +178,8 @@ TEST_F(PictureFile, MayBeNamedWithTheSeparatorOfAnotherSystem) {
   EXPECT_FALSE(Picture::of(path, blackAndBlue).isNull());
 }
 
-TEST_F(PictureFile, ThatHoldsNoPictureGivesNothingToDraw) {
-  EXPECT_TRUE(Picture::of(write("broken.png", "no picture"), blackAndBlue).isNull());
+TEST_F(PictureFile, ThatIsNotAPictureGivesNothingToDraw) {
+  EXPECT_TRUE(Picture::of(write("broken.png", "text"), blackAndBlue).isNull());
   EXPECT_TRUE(Picture::of(write("broken.svg", "<svg"), blackAndBlue).isNull());
   EXPECT_TRUE(Picture::of(fromQt(folder.path()), blackAndBlue).isNull());
 }
@@ -189,11 +191,35 @@ TEST_F(PictureFile, ThatCanBeShownIsLoaded) {
       write("logo.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 1 1"/>)")));
 }
 
+TEST_F(PictureFile, IsJudgedAsInProgramsWithoutWindows) {
+  const auto error = [this](const PictureSample& sample) {
+    const auto path = write("picture", QByteArray::fromStdString(sample.bytes));
+    try {
+      QtPictureLoader().load(path);
+      return ErrorNumber{};
+    } catch (const RunTimeError& raised) {
+      return raised.number();
+    }
+  };
+  for (const auto& sample : pictures()) {
+    EXPECT_EQ(error(sample), ErrorNumber{}) << sample.name;
+  }
+  for (const auto& sample : notPictures()) {
+    EXPECT_EQ(error(sample), ErrorNumber::InvalidPicture) << sample.name;
+  }
+}
+
+TEST_F(PictureFile, LeavesTheLimitOfOtherPicturesInTheProgram) {
+  const int before = QImageReader::allocationLimit();
+  QtPictureLoader().load(writeImage("logo.png", QSize(9, 9), Qt::red));
+  EXPECT_EQ(QImageReader::allocationLimit(), before);
+}
+
 TEST_F(PictureFile, ThatCannotBeShownIsAnErrorThatNamesFileAndCause) {
   const std::vector<std::pair<std::u16string, std::string>> table{
-      {fromQt(folder.filePath("absent.png")), "absent.png cannot be shown: No such file"},
-      {write("broken.png", "no picture"), "broken.png cannot be shown: Unsupported image format"},
-      {write("broken.svg", "<svg"), "broken.svg cannot be shown: its SVG is broken"},
+      {fromQt(folder.filePath("absent.png")), "absent.png cannot be shown: it cannot be read"},
+      {write("broken.png", "text"), "broken.png cannot be shown: it is not a picture"},
+      {write("broken.svg", "<svg"), "broken.svg cannot be shown: line 1, column 1: unclosed token"},
   };
   for (const auto& [path, message] : table) {
     try {

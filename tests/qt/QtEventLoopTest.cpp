@@ -161,7 +161,7 @@ TEST(QtEventLoop, AModalRunWaitsWithoutWork) {
   EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 5);
 }
 
-TEST(QtEventLoop, TellsOfATickThatFailedAndTicksOn) {
+TEST(QtEventLoop, ReportsATickThatFailedAndTicksOn) {
   QtEventLoop loop;
   std::vector<std::string> failures;
   loop.tickFailed = [&](const std::exception& error) { failures.emplace_back(error.what()); };

@@ -1,8 +1,9 @@
 """`modulinfo serve`: the dialogs and the help, driven as a person does."""
 
+import shutil
 import unittest
 
-from bench import wait_for
+from bench import BIN, CATALOGUE, wait_for
 from serve_bench import ServeBench
 from test_serve_widgets import KEYS, PLACE, WIDGETS
 
@@ -156,6 +157,16 @@ class Dialogs(ServeBench):
         self.assertIsNone(client.wait_for(opener))
         self.assertEqual(client.take_heard(), [dialog("frmAbout", False)])
 
+    def test_a_link_that_no_program_opens_does_nothing(self):
+        client = self.shown()
+        opener = self.opened(client, "CmdAbout", "frmAbout")
+        for link in ("HyperLinkEmail", "HyperLinkWeb"):
+            self.assertIsNone(client.press(f"frmAbout.{link}"))
+            (method, launched), = client.take_heard()
+            self.assertEqual((method, launched["result"]), ("launch", 31))
+        client.press("frmAbout.cmdOK")
+        self.assertIsNone(client.wait_for(opener))
+
     def test_a_dialog_opens_again_and_again(self):
         client = self.shown()
         for button, form in (("cmdSettings", "frmLanguage"), ("CmdAbout", "frmAbout")) * 3:
@@ -187,7 +198,37 @@ class Dialogs(ServeBench):
 
 
 class Help(ServeBench):
-    def test_a_help_file_that_is_not_there_is_told(self):
+    def opening_result(self, client):
+        """Presses the help button; returns the result of the launch and the text of the message."""
+        self.assertIsNone(client.press("CmdHelp"))
+        (_, launched), (_, message) = client.take_heard()
+        return launched["result"], message["text"]
+
+    def test_a_replaced_program_finds_its_help_and_catalogue_where_they_are(self):
+        place = self.private_installation()
+        shutil.copy2(BIN / CATALOGUE, place)
+        client = self.shown("--simulate", self.module())
+        program = place / "modulinfo"
+        shutil.copy2(program, place / "modulinfo.new")
+        (place / "modulinfo.new").rename(program)
+        self.assertEqual(self.opening_result(client), (2, "File Not Found!"))
+        client.call("AutomaticConnection")
+        self.assertEqual(client.get("DataValid"), 1)
+        self.assertNotEqual(client.get("ProductLink"), "")
+        client.take_heard()
+        self.assertEqual(self.opening_result(client), (2, "File Not Found!"))
+
+    def test_a_program_whose_folder_was_removed_misses_the_folder(self):
+        place = self.private_installation()
+        client = self.shown("--simulate", self.module())
+        shutil.rmtree(place)
+        self.assertEqual(self.opening_result(client), (3, "Path Not Found!"))
+        # Without a catalogue a module is read as far as it describes itself.
+        client.call("AutomaticConnection")
+        self.assertEqual(client.get("SerialNumber"), "4711")
+        self.end_in_order(client)
+
+    def test_a_help_file_that_is_not_there_is_reported(self):
         self.private_installation()
         client = self.shown()
         self.assertIsNone(client.press("CmdHelp"))

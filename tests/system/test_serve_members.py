@@ -291,22 +291,24 @@ class Members(ServeBench):
         client.call("AutomaticConnection")
         self.assertIn(("NFCReader", True), client.take_events())
 
-    def test_a_picture_that_is_none_is_an_error(self):
-        (self.folder / "logo.png").write_text("no picture", encoding="utf-8")
+    def test_a_file_that_is_not_a_picture_is_an_error(self):
         client = self.shown()
         client.set("AppPathString", f"{self.folder}/")
-        message = self.fails(RUN_TIME, 481, client, "set", name="DeviceLogoString",
-                             value="logo.png")
-        self.assertIn("logo.png", message)
+        # What only begins like a picture is not one either.
+        for content in ("text", "BM", "<svg", "<svg><g></svg>"):
+            (self.folder / "logo.png").write_text(content, encoding="utf-8")
+            message = self.fails(RUN_TIME, 481, client, "set", name="DeviceLogoString",
+                                 value="logo.png")
+            self.assertIn("logo.png", message)
 
     def test_a_logo_is_found_and_shown(self):
-        logo = self.folder / "logo.png"
-        logo.write_bytes(bytes.fromhex("89504e470d0a1a0a0000000d49484452"))
+        logo = self.folder / "logo.svg"
+        logo.write_text("<svg xmlns='http://www.w3.org/2000/svg'/>", encoding="utf-8")
         client = self.shown()
         client.set("AppPathString", f"{self.folder}/")
-        client.set("DeviceLogoString", "logo.png")
+        client.set("DeviceLogoString", "logo.svg")
         self.assertEqual(client.widget("PictureDevice")["picture"], str(logo))
-        client.set("DeviceLogoString", "none.png")
+        client.set("DeviceLogoString", "none.svg")
         self.assertIsNone(client.widget("PictureDevice")["picture"])
 
     def test_a_description_stands_on_the_panel(self):

@@ -15,7 +15,7 @@ class Announcer {
   Announcer(Channel& channel, ServeLoop& loop) : channel_(channel), loop_(loop) {}
 
   void announce(std::string_view method, OrderedJson params) const {
-    loop_.stir();
+    loop_.noteActivity();
     channel_.send(encodeLine(notificationMessage(method, std::move(params))));
   }
 

@@ -13,7 +13,7 @@ namespace tessara {
 
 namespace {
 
-/// So much goes into a pipe that can be written at all, without a wait.
+/// A pipe that can be written to takes this much without blocking.
 constexpr std::size_t pieceSize = 4096;
 
 }  // namespace

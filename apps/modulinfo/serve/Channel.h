@@ -11,46 +11,46 @@
 
 namespace tessara {
 
-/// The two ends of pipes that lead to the client: lines in, lines out.
+/// The two pipes to the client: lines in, lines out.
 class Channel {
  public:
-  /// The longest line that is taken in, in bytes.
-  static constexpr std::size_t longestLine = std::size_t{64} << 20U;
+  /// Longer lines are not kept. In bytes.
+  static constexpr std::size_t maxLine = std::size_t{64} << 20U;
 
-  /// Both descriptors have to stay open as long as the channel lives.
+  /// Both descriptors must stay open as long as the channel lives.
   Channel(int in, int out) : in_(in), out_(out) {}
 
   [[nodiscard]] int input() const { return in_; }
 
-  /// Takes what has arrived; waits for something if nothing has.
+  /// Reads what has arrived; blocks if nothing has.
   void receive();
-  /// True once the client sends nothing more; lines may still be waiting then.
+  /// True once the client has closed its end; lines may still be waiting then.
   [[nodiscard]] bool isAtEnd() const { return isAtEnd_; }
   [[nodiscard]] bool hasLine() const { return !lines_.empty(); }
-  /// The next line, without its end; nothing stands for one that was too long.
+  /// The next line without its line feed; nothing for one that was too long.
   std::optional<std::string> takeLine();
 
-  /// Writes the line with its end. While the client does not read, what it sends is taken in, so
-  /// that both never wait for each other.
+  /// Writes the line, which ends in a line feed. While the client does not read, what it sends is
+  /// read, so that the two never wait for each other.
   void send(std::string_view line);
-  /// True if nobody reads any more what is sent.
+  /// True if the client no longer reads what is sent.
   [[nodiscard]] bool isDeaf() const;
-  /// The number of the error that has broken the sending; 0 if it works, or if the client has gone,
-  /// which is no error.
+  /// The errno value of the write that failed; 0 if none has, or if the client has gone, which is
+  /// not an error.
   [[nodiscard]] int error() const { return error_; }
 
-  /// Runs when something was received, the end included.
+  /// Called when something was received, the end included.
   std::function<void()> arrived;
-  /// Runs when the sending has broken. What is sent from then on is dropped.
+  /// Called when a write has failed. What is sent from then on is dropped.
   std::function<void()> broken;
 
  private:
-  /// The number of bytes that went out.
+  /// Returns the number of bytes written.
   std::size_t sendSome(std::string_view bytes);
 
   int in_;
   int out_;
-  LineSplitter splitter_{longestLine};
+  LineSplitter splitter_{maxLine};
   std::deque<std::optional<std::string>> lines_;
   bool isAtEnd_ = false;
   bool isBroken_ = false;

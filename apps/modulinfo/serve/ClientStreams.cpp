@@ -10,7 +10,7 @@ namespace tessara {
 
 namespace {
 
-/// Above the standard streams, and closed in programs that are started from here.
+/// A copy above the standard streams that programs started from here do not inherit.
 int keep(int descriptor, const char* name) {
   const int kept = fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
   if (kept < 0) throw std::system_error(errno, std::generic_category(), name);

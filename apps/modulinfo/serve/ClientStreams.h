@@ -2,9 +2,9 @@
 
 namespace tessara {
 
-/// Standard input and output, taken over for the protocol. Whoever else reads the standard input of
-/// this process finds it at its end, and what somebody else prints goes to standard error; programs
-/// that are started from here, like a viewer of help files, do not hold the client's pipes.
+/// Standard input and output, taken over for the protocol. Anything else in this process that reads
+/// standard input finds its end, and anything else that prints writes to standard error; programs
+/// started from here, such as a viewer of help files, do not hold the client's pipes.
 class ClientStreams {
  public:
   /// Throws std::system_error if one of the two is not open.

@@ -1,8 +1,5 @@
 #include "serve/ServeLoop.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
-#include <QTimer>
 #include <algorithm>
 
 namespace tessara {
@@ -17,17 +14,14 @@ void ServeLoop::yield() {
 }
 
 void ServeLoop::run() {
-  while (!isEnded_) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  while (!isEnded_) loop_.turn();
 }
 
 void ServeLoop::runFor(std::chrono::milliseconds duration) {
   bool isOver = false;
-  QTimer timer;
-  timer.setTimerType(Qt::PreciseTimer);
-  timer.setSingleShot(true);
-  timer.callOnTimeout([&isOver] { isOver = true; });
-  timer.start(duration);
-  while (!isOver && !isEnded_) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  const auto timer = loop_.createTimer(duration, [&isOver] { isOver = true; });
+  timer->setEnabled(true);
+  while (!isOver && !isEnded_) loop_.turn();
 }
 
 }  // namespace tessara

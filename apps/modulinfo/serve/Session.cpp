@@ -9,18 +9,18 @@ namespace tessara {
 
 namespace {
 
-constexpr std::chrono::milliseconds lookInterval{100};
+constexpr std::chrono::milliseconds deafnessInterval{100};
 
 RpcLine tooLong() {
   RpcLine line;
-  line.entries.emplace_back(RpcFault{
-      {},
-      RpcError(RpcCode::NoJson,
-               "the line is longer than " + std::to_string(Channel::longestLine) + " bytes")});
+  line.entries.emplace_back(
+      RpcFault{{},
+               RpcError(RpcCode::NoJson,
+                        "the line is longer than " + std::to_string(Channel::maxLine) + " bytes")});
   return line;
 }
 
-/// Says what a request is answered with; a notification is carried out and gets no answer.
+/// The answer to a request; a notification is carried out and gets none.
 struct AnswerOf {
   Bridge& bridge;
 
@@ -40,25 +40,20 @@ struct AnswerOf {
 
 }  // namespace
 
-Session::Session(Channel& channel, Turns& turns, Bridge& bridge)
+Session::Session(AsioEventLoop& loop, Channel& channel, Turns& turns, Bridge& bridge)
     : channel_(channel),
       turns_(turns),
       bridge_(bridge),
-      arrivals_(channel.input(), QSocketNotifier::Read) {
-  QObject::connect(&arrivals_, &QSocketNotifier::activated, &arrivals_,
-                   [this] { channel_.receive(); });
-  handling_.setSingleShot(true);
-  handling_.callOnTimeout([this] { handleWaiting(); });
-  ending_.setSingleShot(true);
-  ending_.callOnTimeout([this] { end(); });
-  deafness_.setInterval(lookInterval);
-  deafness_.callOnTimeout([this] {
-    if (channel_.isDeaf()) end();
-  });
+      handling_(loop, [this] { handleWaiting(); }),
+      ending_(loop, [this] { end(); }),
+      deafness_(loop.createTimer(deafnessInterval, [this] {
+        if (channel_.isDeaf()) end();
+      })) {
+  arrivals_.emplace(loop, channel.input(), [this] { channel_.receive(); });
   channel_.arrived = [this] { noteArrival(); };
-  // A sending may be in the middle of a call to a module, where the control cannot be ended.
-  channel_.broken = [this] { ending_.start(); };
-  turns_.nextMayCome = [this] { handling_.start(); };
+  // A write may fail in the middle of a call to a module, where the control cannot be ended.
+  channel_.broken = [this] { ending_.request(); };
+  turns_.nextMayCome = [this] { handling_.request(); };
   bridge_.loop.idles = [this] {
     if (channel_.isAtEnd()) end();
   };
@@ -78,11 +73,11 @@ void Session::run() {
 }
 
 void Session::noteArrival() {
-  if (channel_.isAtEnd() && arrivals_.isEnabled()) {
-    arrivals_.setEnabled(false);
-    deafness_.start();
+  if (channel_.isAtEnd() && arrivals_) {
+    arrivals_.reset();
+    deafness_->setEnabled(true);
   }
-  handling_.start();
+  handling_.request();
 }
 
 void Session::handleWaiting() {
@@ -94,7 +89,7 @@ void Session::handleWaiting() {
     const Waiting next = std::move(waiting_.front());
     waiting_.pop_front();
     // The rest may come in the middle of this one.
-    handling_.start();
+    handling_.request();
     handle(next);
   }
 }
@@ -115,7 +110,7 @@ void Session::queueLine(RpcLine line) {
 
 void Session::handle(const Waiting& waiting) {
   const Turns::Turn turn(turns_, Turns::Kind::Request);
-  bridge_.loop.stir();
+  bridge_.loop.noteActivity();
   answer(waiting, std::visit(AnswerOf{bridge_}, waiting.entry));
 }
 

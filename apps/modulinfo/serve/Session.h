@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QSocketNotifier>
-#include <QTimer>
 #include <deque>
 #include <memory>
 #include <optional>
 
+#include "asio/DeferredCall.h"
 #include "serve/Bridge.h"
 #include "serve/Channel.h"
+#include "serve/InputWatch.h"
 #include "serve/JsonRpc.h"
 #include "serve/Turns.h"
 
@@ -15,18 +15,18 @@ namespace tessara {
 
 /// One client's requests to one control, from the first to the end of its input.
 ///
-/// Requests wait in the order of their arrival until the turns let the next one in. The end of
+/// Requests wait in the order of their arrival until the turns let the next one in. The end of the
 /// input waits behind them, as if it were a last request to quit. It does not wait for a request
-/// that only another one could end, nor for anything once nobody is left to read the answers.
+/// that only another one could end, nor for anything once the client no longer reads the answers.
 class Session {
  public:
-  /// All have to outlive the session.
-  Session(Channel& channel, Turns& turns, Bridge& bridge);
+  /// All must outlive the session.
+  Session(AsioEventLoop& loop, Channel& channel, Turns& turns, Bridge& bridge);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
   ~Session();
 
-  /// Handles requests until the client quits or has no more of them. The control has ended then.
+  /// Handles requests until the client quits or has sent all of them. The control has ended then.
   void run();
 
  private:
@@ -43,12 +43,12 @@ class Session {
 
   void noteArrival();
   void handleWaiting();
-  /// False if everything that has arrived is under way or done.
+  /// False if everything that has arrived is being handled or done.
   bool fetchWaiting();
   void queueLine(RpcLine line);
   void handle(const Waiting& waiting);
   void answer(const Waiting& waiting, std::optional<OrderedJson> message);
-  /// Ends the control; what is under way ends without another callback.
+  /// Ends the control; what is being handled ends without another callback.
   void end();
   void forgetWaiting();
 
@@ -56,12 +56,12 @@ class Session {
   Turns& turns_;
   Bridge& bridge_;
   std::deque<Waiting> waiting_;
-  QSocketNotifier arrivals_;
-  /// Run out at the next turn of the event loop.
-  QTimer handling_;
-  QTimer ending_;
-  /// Looks, once the client sends no more, whether it still reads.
-  QTimer deafness_;
+  /// Nothing once the client has sent everything.
+  std::optional<InputWatch> arrivals_;
+  DeferredCall handling_;
+  DeferredCall ending_;
+  /// Checks, once the client sends nothing more, whether it still reads.
+  std::unique_ptr<PeriodicTimer> deafness_;
 };
 
 }  // namespace tessara

@@ -49,7 +49,7 @@ class ChannelTest : public ::testing::Test {
   std::optional<Channel> channel_;
 };
 
-TEST_F(ChannelTest, lines_arrive_in_their_order) {
+TEST_F(ChannelTest, LinesArriveInTheirOrder) {
   int arrivals = 0;
   channel_->arrived = [&arrivals] { ++arrivals; };
   request("a\nb\nc");
@@ -59,7 +59,7 @@ TEST_F(ChannelTest, lines_arrive_in_their_order) {
   EXPECT_EQ(arrivals, 1);
 }
 
-TEST_F(ChannelTest, at_the_end_the_begun_line_arrives) {
+TEST_F(ChannelTest, AtTheEndAnUnfinishedLineArrives) {
   request("a\nb");
   channel_->receive();
   hangUp(requests_[1]);
@@ -68,13 +68,13 @@ TEST_F(ChannelTest, at_the_end_the_begun_line_arrives) {
   EXPECT_TRUE(channel_->isAtEnd());
 }
 
-TEST_F(ChannelTest, a_line_is_sent_as_it_is) {
+TEST_F(ChannelTest, ALineIsSentAsItIs) {
   channel_->send("abc\n");
   EXPECT_EQ(answered(), "abc\n");
   EXPECT_FALSE(channel_->isDeaf());
 }
 
-TEST_F(ChannelTest, requests_are_taken_in_while_the_client_does_not_read) {
+TEST_F(ChannelTest, RequestsAreReadWhileTheClientDoesNotReadAnswers) {
   const int size = fcntl(answers_[1], F_GETPIPE_SZ);
   ASSERT_GT(size, 0);
   const std::string unread(static_cast<std::size_t>(size), 'x');
@@ -89,7 +89,7 @@ TEST_F(ChannelTest, requests_are_taken_in_while_the_client_does_not_read) {
   EXPECT_EQ(answered(), "more\n");
 }
 
-TEST_F(ChannelTest, a_client_that_has_gone_breaks_the_channel_once_and_is_no_error) {
+TEST_F(ChannelTest, AClientThatHasGoneBreaksTheChannelOnceAndIsNotAnError) {
   int breaks = 0;
   channel_->broken = [&breaks] { ++breaks; };
   hangUp(answers_[0]);
@@ -100,7 +100,7 @@ TEST_F(ChannelTest, a_client_that_has_gone_breaks_the_channel_once_and_is_no_err
   EXPECT_EQ(channel_->error(), 0);
 }
 
-TEST_F(ChannelTest, another_failure_of_the_sending_is_an_error) {
+TEST_F(ChannelTest, AnotherFailedWriteIsAnError) {
   const int full = open("/dev/full", O_WRONLY | O_CLOEXEC);
   ASSERT_GE(full, 0);
   Channel channel(requests_[0], full);
