@@ -8,7 +8,7 @@ RUN_PACKAGES=(
   g++ cmake ninja-build pkg-config
   qt6-base-dev qt6-svg-dev qt6-wayland qt6-translations-l10n
   libmodbus-dev libasio-dev libglib2.0-dev libgdk-pixbuf-2.0-dev libexpat1-dev libhidapi-dev libudev-dev
-  libpugixml-dev nlohmann-json3-dev libcli11-dev
+  nlohmann-json3-dev libcli11-dev
   fonts-dejavu-core fonts-wqy-microhei fonts-vlgothic
   fp-utils
 )

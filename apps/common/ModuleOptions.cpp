@@ -1,10 +1,9 @@
 #include "common/ModuleOptions.h"
 
-#include <algorithm>
-#include <cctype>
 #include <optional>
 #include <string>
 
+#include "base/Text.h"
 #include "linux/SettingsPorts.h"
 #include "ports/AdapterWords.h"
 
@@ -12,11 +11,9 @@ namespace tessara {
 
 namespace {
 
-/// "COM3" or "NFC", in capitals or not.
+/// "COM3" or "NFC", in upper or lower case.
 std::optional<std::int16_t> portNumber(const std::string& text) {
-  std::string name = text;
-  std::transform(name.begin(), name.end(), name.begin(),
-                 [](unsigned char sign) { return static_cast<char>(std::toupper(sign)); });
+  const std::string name = upperCase(text);
   return name == "NFC" ? std::optional(usbReaderPort) : comPortNumber(name);
 }
 

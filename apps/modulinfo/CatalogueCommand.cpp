@@ -13,7 +13,7 @@ void addCatalogueCommand(CLI::App& app, Command& chosen) {
   const auto files = std::make_shared<std::vector<std::filesystem::path>>();
 
   CLI::App* checking = catalogue->add_subcommand(
-      "check", "Print what catalogues list, and what lookups trip over in which line");
+      "check", "Print the entries of catalogues, and what makes lookups fail in which line");
   checking->add_option("FILE", *files, "TessaraDevices.xml, ...")->required();
   checking->callback([&chosen, files] {
     chosen = [files] {

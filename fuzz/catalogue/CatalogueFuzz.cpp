@@ -10,7 +10,7 @@
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "knowledge/Catalogue.h"
-#include "xml/PugixmlTree.h"
+#include "xml/XmlFileTree.h"
 
 namespace tessara {
 namespace {
@@ -76,7 +76,8 @@ void lookUp(XmlTree& tree, const CatalogueQuestion& question) {
 /// Whatever a catalogue holds, a lookup in it finds, finds nothing, or raises a run-time error.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const tessara::MemoryFile file(data, size);
-  tessara::PugixmlTree tree;
+  tessara::XmlFileCache cache;
+  tessara::XmlFileTree tree(cache);
   if (tree.loadFile(file.path())) {
     tessara::lookUp(tree, {49, 15, 151, u"1.100", 1});
     tessara::lookUp(tree, {49, 15, 151, u"9.999", 2});

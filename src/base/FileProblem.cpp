@@ -3,8 +3,11 @@
 namespace tessara {
 
 std::string toLine(const std::string& file, const FileProblem& problem) {
-  const auto line = problem.line == 0 ? "" : ":" + std::to_string(problem.line);
-  return file + line + ": " + problem.message;
+  std::string text = file;
+  for (const std::size_t number : {problem.line, problem.column}) {
+    text += number == 0 ? "" : ":" + std::to_string(number);
+  }
+  return text + ": " + problem.message;
 }
 
 }  // namespace tessara

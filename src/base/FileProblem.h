@@ -5,15 +5,18 @@
 
 namespace tessara {
 
-/// Something wrong with a file that people write, or worth knowing about it.
+/// A fault in a file that people write, or a remark on it.
 struct FileProblem {
-  /// The line in which an editor shows it, from 1; 0 for the file as a whole.
+  /// The line as editors count it, from 1; 0 for the file as a whole.
   std::size_t line = 0;
   /// UTF-8.
   std::string message;
+  /// The character of the line, from 1; 0 for the line as a whole.
+  std::size_t column = 0;
 };
 
-/// `problem` on one line as compilers write it: "file:line: message", without the line if it is 0.
+/// `problem` on one line, as compilers print it: "file:line:column: message". A line or column of 0
+/// is left out.
 std::string toLine(const std::string& file, const FileProblem& problem);
 
 }  // namespace tessara

@@ -65,8 +65,26 @@ void appendUtf8(std::string& out, char32_t point) {
   }
 }
 
-char16_t upper(char16_t c) {
-  return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c;
+template <typename Unit>
+constexpr Unit upper(Unit c) {
+  return c >= Unit{'a'} && c <= Unit{'z'} ? static_cast<Unit>(c - Unit{'a'} + Unit{'A'}) : c;
+}
+
+template <typename Unit>
+std::basic_string<Unit> toUpper(std::basic_string_view<Unit> text) {
+  std::basic_string<Unit> out(text);
+  std::transform(out.begin(), out.end(), out.begin(), upper<Unit>);
+  return out;
+}
+
+template <typename Unit>
+bool isSameLetter(Unit left, Unit right) {
+  return upper(left) == upper(right);
+}
+
+template <typename Unit>
+bool isEqual(std::basic_string_view<Unit> left, std::basic_string_view<Unit> right) {
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(), isSameLetter<Unit>);
 }
 
 }  // namespace
@@ -122,10 +140,25 @@ std::u16string hexText(std::int16_t word) {
   return out;
 }
 
+std::string upperCase(std::string_view text) {
+  return toUpper(text);
+}
+
+std::u16string upperCase(std::u16string_view text) {
+  return toUpper(text);
+}
+
+bool equalIgnoringCase(std::string_view left, std::string_view right) {
+  return isEqual(left, right);
+}
+
+bool equalIgnoringCase(std::u16string_view left, std::u16string_view right) {
+  return isEqual(left, right);
+}
+
 bool containsIgnoringCase(std::u16string_view text, std::u16string_view part) {
-  return std::search(text.begin(), text.end(), part.begin(), part.end(),
-                     [](char16_t a, char16_t b) { return upper(a) == upper(b); }) != text.end() ||
-         part.empty();
+  return part.empty() || std::search(text.begin(), text.end(), part.begin(), part.end(),
+                                     isSameLetter<char16_t>) != text.end();
 }
 
 }  // namespace tessara

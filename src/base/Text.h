@@ -23,7 +23,16 @@ inline std::u16string decimalText(std::int32_t number) {
 /// 128 gives 80, 0 gives 0, -1 gives FFFF.
 std::u16string hexText(std::int16_t word);
 
-/// True if `part` stands anywhere in `text`, letter case ignored for the letters A to Z.
+/// Letter case counts for the letters A to Z alone, whatever the language of the system: these turn
+/// a to z into A to Z and leave every other character as it is.
+std::string upperCase(std::string_view text);
+std::u16string upperCase(std::u16string_view text);
+
+/// True if the texts differ in nothing but the case of letters.
+bool equalIgnoringCase(std::string_view left, std::string_view right);
+bool equalIgnoringCase(std::u16string_view left, std::u16string_view right);
+
+/// True if `part` is found anywhere in `text`, in whatever letter case.
 bool containsIgnoringCase(std::u16string_view text, std::u16string_view part);
 
 }  // namespace tessara

@@ -8,7 +8,7 @@
 #include "drivers/nfc/NfcDriver.h"
 #include "linux/LinuxFileSystem.h"
 #include "linux/LinuxRegistryHelper.h"
-#include "xml/PugixmlTree.h"
+#include "xml/XmlFileTree.h"
 
 namespace tessara {
 
@@ -61,7 +61,7 @@ std::shared_ptr<FileSystem> LinuxPlatform::createFileSystem() {
 }
 
 std::unique_ptr<XmlTree> LinuxPlatform::createXmlTree() {
-  return std::make_unique<PugixmlTree>();
+  return std::make_unique<XmlFileTree>(catalogues_);
 }
 
 }  // namespace tessara

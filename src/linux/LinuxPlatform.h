@@ -17,6 +17,7 @@
 #include "linux/ports/SerialCommRegistry.h"
 #include "linux/ports/SerialPorts.h"
 #include "platform/Platform.h"
+#include "xml/XmlFileCache.h"
 
 namespace tessara {
 
@@ -83,6 +84,7 @@ class LinuxPlatform final : public Platform {
   std::u16string appPath_;
   LinuxLocale locale_;
   LinuxShell shell_;
+  XmlFileCache catalogues_;
 
   HidapiReaders computersReaders_;
   UsbReaders& usbReaders_;

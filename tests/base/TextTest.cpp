@@ -44,5 +44,17 @@ TEST(Text, ContainsIgnoresCaseAndLooksAnywhere) {
   EXPECT_FALSE(containsIgnoringCase(u"Har", u"Hart"));
 }
 
+TEST(Text, EqualIgnoresTheCaseOfLettersOnly) {
+  EXPECT_TRUE(equalIgnoringCase("latin1", "LATIN1"));
+  EXPECT_FALSE(equalIgnoringCase("latin1", "latin"));
+  EXPECT_FALSE(equalIgnoringCase("@[`{", "`{@["));
+  EXPECT_TRUE(equalIgnoringCase(u"Device", u"dEVICE"));
+}
+
+TEST(Text, UpperCaseChangesTheLettersAToZOnly) {
+  EXPECT_EQ(upperCase("com3 \xC3\xA4_i`{"), "COM3 \xC3\xA4_I`{");
+  EXPECT_EQ(upperCase(u"nfc\u00E4\u0131\uFF41"), u"NFC\u00E4\u0131\uFF41");
+}
+
 }  // namespace
 }  // namespace tessara

@@ -7,7 +7,7 @@
 #include "FakePlatform.h"
 #include "base/Text.h"
 #include "knowledge/Catalogue.h"
-#include "xml/PugixmlTree.h"
+#include "xml/XmlFileTree.h"
 
 namespace tessara {
 namespace {
@@ -50,7 +50,8 @@ class SampleCatalogue : public ::testing::Test {
     }
   }
 
-  PugixmlTree tree;
+  XmlFileCache cache;
+  XmlFileTree tree{cache};
   CallLog log;
   std::map<std::u16string, Variant> settings;
   FakeRegistryHelper registry{log, settings};

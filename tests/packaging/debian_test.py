@@ -88,7 +88,7 @@ class Debian(Staged):
         self.assertNotIn("qt6", command_line)
         for depends in (panel, library):
             self.assertIn(common, depends)
-            for needed in ("libc6", "libqt6widgets6", "libmodbus5", "libpugixml1v5"):
+            for needed in ("libc6", "libqt6widgets6", "libmodbus5", "libexpat1"):
                 self.assertRegex(depends, rf"\b{needed} \(>= ")
         self.assertIn(f"{self.library_package} (= {version})",
                       self.fields["libtessaramodulinfo-dev"]["Depends"])

@@ -1,4 +1,4 @@
-"""How `modulinfo read` ends if the catalogue beside the program is out of order."""
+"""How `modulinfo read` ends if the catalogue beside the program is missing or faulty."""
 
 import json
 import shutil
@@ -24,18 +24,25 @@ class ReadCatalogue(Bench):
         self.assertIn("0 -> Kein Fehler",
                       self.succeed("read", "--simulate", self.module(), "--language", 1))
 
-    def test_an_absent_catalogue_is_told_at_each_of_the_two_attempts(self):
+    def test_a_missing_catalogue_is_reported_at_each_of_the_two_attempts(self):
         self.assertEqual(self.fail_with_catalogue().count(MESSAGE), 2)
 
     def test_a_catalogue_that_is_not_well_formed(self):
         self.catalogue.write_text("<Catalogue><Family></Catalogue>", encoding="utf-8")
         self.assertIn(MESSAGE, self.fail_with_catalogue())
 
+    def test_a_doubled_attribute_is_not_well_formed(self):
+        sample = (BIN / CATALOGUE).read_text("utf-8")
+        doubled = sample.replace('RegDevStatus="60"', 'RegDevStatus="60" RegDevStatus="60"', 1)
+        self.assertNotEqual(doubled, sample)
+        self.catalogue.write_text(doubled, encoding="utf-8")
+        self.assertIn(MESSAGE, self.fail_with_catalogue())
+
     def test_an_empty_catalogue(self):
         self.catalogue.write_text("", encoding="utf-8")
         self.assertIn(MESSAGE, self.fail_with_catalogue())
 
-    def test_a_catalogue_with_a_place_that_is_no_number(self):
+    def test_a_catalogue_with_an_invalid_number(self):
         self.catalogue.write_text('<Catalogue><Family VendorID="many" FamilyID="15"/></Catalogue>',
                                   encoding="utf-8")
         self.assertNotIn(MESSAGE, self.fail_with_catalogue())
@@ -47,7 +54,7 @@ class ReadCatalogue(Bench):
         self.assertEqual(read["links"]["product"], "")
         self.assertEqual(read["dataValid"], 1)
 
-    def test_absent_language_files_leave_the_german_texts(self):
+    def test_missing_language_files_leave_the_german_texts(self):
         shutil.copy2(BIN / CATALOGUE, self.catalogue)
         for file in self.catalogue.parent.glob("MERIDEX_CONF.*"):
             file.unlink()

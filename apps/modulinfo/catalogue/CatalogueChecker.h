@@ -14,8 +14,8 @@ namespace tessara {
 struct CatalogueEntry {
   /// The line of its element, from 1.
   std::size_t line = 0;
-  /// The places of family, `Device` and `Version` as they stand in the file, in this order; those
-  /// of the `Version` are missing for a `Device` that has none. UTF-8.
+  /// The attributes of family, `Device` and `Version` as the file has them; those of the `Version`
+  /// are missing for a `Device` that has none. UTF-8.
   std::vector<std::string> family;
   std::vector<std::string> device;
   std::vector<std::string> version;
@@ -23,19 +23,19 @@ struct CatalogueEntry {
   std::vector<std::string> links;
 };
 
-/// What lookups make of a catalogue.
+/// What lookups find in a catalogue.
 struct CatalogueReport {
-  /// Whether the control can use the file at all, and what happens if not.
+  /// Whether the control can use the file, and what happens if not.
   std::string verdict;
   /// In the order of the file.
   std::vector<CatalogueEntry> entries;
-  /// What lookups trip over, in the order of the file.
+  /// What makes lookups fail or go wrong, in the order of the file.
   std::vector<FileProblem> problems;
-  /// What does no harm: elements that lookups pass over, versions in no order.
+  /// What does no harm: elements that lookups ignore, versions out of order.
   std::vector<FileProblem> notes;
 };
 
-/// Reads a catalogue's bytes as the lookup does, for every module at once.
+/// Checks a catalogue for all its modules, with the rules of a lookup.
 CatalogueReport checkCatalogue(std::string_view bytes);
 
 /// The same for a file; one that cannot be read is a problem.

@@ -6,8 +6,8 @@
 
 namespace tessara {
 
-/// Writes to `out` for each of the catalogues whether the control can use it, what it lists, as a
-/// table, and what lookups trip over in which line. True if there is nothing of that kind.
+/// Writes to `out` for each of the catalogues whether the control can use it, its entries as a
+/// table, and what is wrong in which line. True if nothing is wrong.
 bool runCatalogueCheck(const std::vector<std::filesystem::path>& files, std::ostream& out);
 
 }  // namespace tessara

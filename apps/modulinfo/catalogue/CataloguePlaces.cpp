@@ -15,15 +15,14 @@ enum class Content { Text, Word, Number, Register };
 
 struct Level {
   const char* name;
-  /// What happens if a place is missing or holds no number.
+  /// What happens if a place is missing or does not hold a number.
   const char* harm;
   std::vector<Content> places;
 };
 
 const Level& levelOf(CatalogueLevel level) {
   using enum Content;
-  static const Level family{
-      "family", "every read of a module fails, whichever it is", {Word, Word}};
+  static const Level family{"family", "reads of all modules fail", {Word, Word}};
   static const Level device{"Device", "reads of all modules of this family fail", {Word, Number}};
   static const Level version{
       "Version",
@@ -40,7 +39,7 @@ const Level& levelOf(CatalogueLevel level) {
   return version;
 }
 
-/// The lowest and the highest number of a content, and what they are the bounds of.
+/// The lowest and the highest number of a content, and how a sentence about others ends.
 struct Bounds {
   std::int32_t lowest;
   std::int32_t highest;
@@ -52,10 +51,10 @@ std::optional<Bounds> boundsOf(Content content) {
   switch (content) {
     case Content::Word:
       return Bounds{Word::min(), Word::max(),
-                    "is in no module; identification words run from -32768 to 32767"};
+                    "is outside -32768 to 32767, the range of identification words"};
     case Content::Register:
       return Bounds{0, std::numeric_limits<std::uint16_t>::max(),
-                    "is no register; registers run from 0 to 65535"};
+                    "is outside 0 to 65535, the range of registers"};
     default:
       return std::nullopt;
   }
@@ -68,7 +67,7 @@ std::string faultOf(const std::string& value, Content content, const Level& leve
   }
   const std::optional<std::int32_t> number = wholeNumber(fromUtf8(value));
   if (!number) {
-    return std::string("is no whole number; ") + level.harm;
+    return std::string("is not a whole number; ") + level.harm;
   }
   const std::optional<Bounds> bounds = boundsOf(content);
   return bounds && (*number < bounds->lowest || *number > bounds->highest) ? bounds->rule
@@ -82,9 +81,8 @@ std::vector<std::string> faultsOfPlaces(CatalogueLevel level,
   const Level& rules = levelOf(level);
   std::vector<std::string> faults;
   if (places.size() < rules.places.size()) {
-    faults.push_back("a " + std::string(rules.name) + " has " +
-                     std::to_string(rules.places.size()) + " places, this one has " +
-                     std::to_string(places.size()) + "; " + rules.harm);
+    faults.push_back("this " + std::string(rules.name) + " has " + std::to_string(places.size()) +
+                     " of " + std::to_string(rules.places.size()) + " places; " + rules.harm);
   }
   const std::size_t filled = std::min(places.size(), rules.places.size());
   for (std::size_t place = 0; place < filled; ++place) {

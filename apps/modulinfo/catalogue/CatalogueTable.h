@@ -7,9 +7,9 @@
 
 namespace tessara {
 
-/// The entries as a table of plain text, one line each under a line of headings: the line in the
+/// The entries as a table of plain text, one line each below a line of headings: the line in the
 /// file, identification words, hidden firmware row, firmware, registers, mode values and links. A
-/// place that is not there shows as a dash. Empty for no entries.
+/// dash stands for a missing value. Empty without entries.
 std::string catalogueTable(const std::vector<CatalogueEntry>& entries);
 
 }  // namespace tessara

@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <string_view>
 #include <utility>
 
 #include "base/Text.h"
@@ -20,11 +21,11 @@ namespace {
 constexpr auto deviceTag = "Device";
 constexpr auto versionTag = "Version";
 /// Lookups count the elements of a level in 16 bits.
-constexpr std::ptrdiff_t mostChildren = 32768;
-/// A firmware register holds four digits of up to 15 each, the first before the point.
-constexpr double highestFirmware = 16.665;
+constexpr std::size_t maxChildren = 32768;
+/// A firmware register holds four digits of up to 15 each, the first of them before the point.
+constexpr double maxFirmware = 16.665;
 
-/// A link of a `Device`. Data sheets have readers who look for no other tag.
+/// A link of a `Device`. A data sheet has readers who are given no other one.
 struct LinkTag {
   const char* tag;
   const char* readers;
@@ -47,221 +48,222 @@ const std::set<std::string> deviceTags = [] {
   return tags;
 }();
 
-std::vector<std::string> placesOf(pugi::xml_node node) {
-  std::vector<std::string> places;
-  for (const pugi::xml_attribute& attribute : node.attributes()) {
-    places.emplace_back(attribute.value());
-  }
-  return places;
-}
-
-bool isElement(pugi::xml_node node) {
-  return node.type() == pugi::node_element;
-}
-
-/// The lines in which something was met first, by what it was.
+/// The lines in which something was found first, by what it was.
 using FirstLines = std::map<std::vector<std::u16string>, std::size_t>;
 
-class CatalogueWalk {
+class CatalogueCheck {
  public:
-  CatalogueWalk(const XmlSource& source, CatalogueReport& report)
-      : source_(source), report_(report) {}
+  CatalogueCheck(const XmlDocument& document, CatalogueReport& report)
+      : document_(document), report_(report) {}
 
-  void run(pugi::xml_node root) {
-    countChildren(root, nullptr, "families");
-    for (const pugi::xml_node& family : root) {
-      if (isElement(family)) {
-        visitFamily(family);
-      }
+  void run() {
+    const std::vector<const XmlElement*> families = children(document_.root());
+    checkCount(document_.root(), families.size(), "families");
+    for (const XmlElement* family : families) {
+      visitFamily(*family);
     }
   }
 
  private:
-  [[nodiscard]] std::size_t lineOf(pugi::xml_node node) const {
-    return source_.lineAt(static_cast<std::size_t>(node.offset_debug()));
+  [[nodiscard]] std::vector<const XmlElement*> children(const XmlElement& parent) const {
+    std::vector<const XmlElement*> all;
+    all.reserve(parent.childCount);
+    for (std::size_t i = 0; i < parent.childCount; ++i) {
+      all.push_back(&document_.child(parent, i));
+    }
+    return all;
   }
-  void problem(pugi::xml_node node, std::string message) {
-    report_.problems.push_back({lineOf(node), std::move(message)});
+  [[nodiscard]] std::vector<const XmlElement*> children(const XmlElement& parent,
+                                                        std::string_view tag) const {
+    std::vector<const XmlElement*> found = children(parent);
+    std::erase_if(found, [&](const XmlElement* child) { return document_.tag(*child) != tag; });
+    return found;
   }
-  void note(pugi::xml_node node, std::string message) {
-    report_.notes.push_back({lineOf(node), std::move(message)});
+  [[nodiscard]] std::vector<std::string> places(const XmlElement& element) const {
+    std::vector<std::string> values;
+    for (std::size_t i = 0; i < element.attributeCount; ++i) {
+      values.emplace_back(document_.attribute(element, i));
+    }
+    return values;
+  }
+  [[nodiscard]] std::string place(const XmlElement& element, std::size_t index) const {
+    return index < element.attributeCount ? document_.attribute(element, index) : "";
+  }
+  [[nodiscard]] std::optional<std::int32_t> number(const XmlElement& element,
+                                                   std::size_t index) const {
+    return wholeNumber(fromUtf8(place(element, index)));
   }
 
-  void visitFamily(pugi::xml_node family) {
+  [[nodiscard]] std::size_t line(const XmlElement& element) const {
+    return document_.place(element).line;
+  }
+  void problem(const XmlElement& element, std::string message) {
+    report_.problems.push_back({line(element), std::move(message)});
+  }
+  void note(const XmlElement& element, std::string message) {
+    report_.notes.push_back({line(element), std::move(message)});
+  }
+
+  void visitFamily(const XmlElement& family) {
     checkPlaces(family, CatalogueLevel::Family);
     checkTags(family, familyTags);
-    countChildren(family, deviceTag, "devices of one family");
-    if (!family.child(deviceTag)) {
-      problem(family, "the family holds no Device; its modules are not found");
+    const std::vector<const XmlElement*> devices = children(family, deviceTag);
+    checkCount(family, devices.size(), "devices of one family");
+    if (devices.empty()) {
+      problem(family, "family without a Device; its modules are not found");
     }
-    for (const pugi::xml_node& device : family.children(deviceTag)) {
-      visitDevice(family, device);
+    for (const XmlElement* device : devices) {
+      visitDevice(family, *device);
     }
   }
 
-  void visitDevice(pugi::xml_node family, pugi::xml_node device) {
+  void visitDevice(const XmlElement& family, const XmlElement& device) {
     checkPlaces(device, CatalogueLevel::Device);
     checkTags(device, deviceTags);
-    countChildren(device, versionTag, "versions of one Device");
+    const std::vector<const XmlElement*> versions = children(device, versionTag);
+    checkCount(device, versions.size(), "versions of one Device");
     checkRepetition(family, device);
     checkLinks(device);
-    if (!device.child(versionTag)) {
+    if (versions.empty()) {
       problem(device,
-              "the Device has no Version; its status is read from the registers of the module "
-              "before");
-      addEntry(family, device, {});
+              "Device without a Version; its status is read from the registers of the previous "
+              "module");
+      addEntry(family, device, nullptr);
     }
-    visitVersions(family, device);
+    visitVersions(family, device, versions);
   }
 
-  void visitVersions(pugi::xml_node family, pugi::xml_node device) {
-    const bool isText = numberAt(family, 0) == hartVendor;
+  void visitVersions(const XmlElement& family, const XmlElement& device,
+                     const std::vector<const XmlElement*>& versions) {
+    const bool isText = number(family, 0) == hartVendor;
     FirstLines firmwares;
     std::optional<double> highest;
-    for (const pugi::xml_node& version : device.children(versionTag)) {
-      checkPlaces(version, CatalogueLevel::Version);
+    for (const XmlElement* version : versions) {
+      checkPlaces(*version, CatalogueLevel::Version);
       addEntry(family, device, version);
-      const std::u16string text = fromUtf8(version.first_attribute().value());
+      const std::u16string text = fromUtf8(place(*version, 0));
       if (isText) {
-        checkReach(version, text, firmwares);
-      } else if (const auto number = versionNumber(text)) {
-        checkReach(version, numberText(*number, u"."), firmwares);
-        checkNumber(version, *number, highest);
+        checkReach(*version, text, firmwares);
+      } else if (const auto firmware = versionNumber(text)) {
+        checkReach(*version, numberText(*firmware, u"."), firmwares);
+        checkOrder(*version, *firmware, highest);
       } else {
-        problem(version,
-                '"' + toUtf8(text) + "\" is no firmware version; reads of this module fail");
+        problem(*version,
+                '"' + toUtf8(text) + "\" is not a firmware version; reads of this module fail");
       }
     }
   }
 
-  /// What the file calls the firmware of a version.
-  static std::string firmwareOf(pugi::xml_node version) {
-    return std::string("firmware ") + version.first_attribute().value();
+  [[nodiscard]] std::string firmwareOf(const XmlElement& version) const {
+    return "firmware " + place(version, 0);
   }
 
   /// `firmware` is the same text for all versions that a lookup takes for equal.
-  void checkReach(pugi::xml_node version, const std::u16string& firmware, FirstLines& firmwares) {
-    const auto [earlier, isNew] = firmwares.try_emplace({firmware}, lineOf(version));
+  void checkReach(const XmlElement& version, const std::u16string& firmware,
+                  FirstLines& firmwares) {
+    const auto [earlier, isNew] = firmwares.try_emplace({firmware}, line(version));
     if (!isNew) {
       problem(version, firmwareOf(version) + " is never reached; line " +
-                           std::to_string(earlier->second) + " has it already");
+                           std::to_string(earlier->second) + " lists it already");
     }
   }
 
-  void checkNumber(pugi::xml_node version, double number, std::optional<double>& highest) {
-    if (number < 0 || number > highestFirmware) {
+  void checkOrder(const XmlElement& version, double firmware, std::optional<double>& highest) {
+    if (firmware < 0 || firmware > maxFirmware) {
       problem(version, firmwareOf(version) + " is never reached; modules have 0 to " +
-                           toUtf8(numberText(highestFirmware, u".")));
+                           toUtf8(numberText(maxFirmware, u".")));
     }
-    if (highest && number < *highest) {
-      note(version, firmwareOf(version) + " stands behind a higher one");
+    if (highest && firmware < *highest) {
+      note(version, firmwareOf(version) + " follows a higher one");
     }
-    highest = std::max(number, highest.value_or(number));
+    highest = std::max(firmware, highest.value_or(firmware));
   }
 
-  void addEntry(pugi::xml_node family, pugi::xml_node device, pugi::xml_node version) {
-    CatalogueEntry entry{lineOf(version ? version : device),
-                         placesOf(family),
-                         placesOf(device),
-                         placesOf(version),
+  void addEntry(const XmlElement& family, const XmlElement& device, const XmlElement* version) {
+    CatalogueEntry entry{line(version == nullptr ? device : *version),
+                         places(family),
+                         places(device),
+                         version == nullptr ? std::vector<std::string>{} : places(*version),
                          {}};
     for (const LinkTag& link : linkTags) {
-      if (isGiven(device.child(link.tag))) {
+      const std::vector<const XmlElement*> given = children(device, link.tag);
+      if (!given.empty() && *document_.text(*given.front()) != '\0') {
         entry.links.emplace_back(link.tag);
       }
     }
     report_.entries.push_back(std::move(entry));
   }
 
-  void countChildren(pugi::xml_node parent, const char* tag, const char* what) {
-    const auto number =
-        std::count_if(parent.begin(), parent.end(), [&](const pugi::xml_node& child) {
-          return isElement(child) && (tag == nullptr || std::string_view(child.name()) == tag);
-        });
-    if (number > mostChildren) {
-      problem(parent, std::to_string(number) + " " + what + "; reads that come across more than " +
-                          std::to_string(mostChildren) + " fail");
+  void checkCount(const XmlElement& parent, std::size_t count, const char* what) {
+    if (count > maxChildren) {
+      problem(parent, std::to_string(count) + " " + what + "; the maximum is " +
+                          std::to_string(maxChildren) + ", and reads that reach them fail");
     }
   }
 
-  void checkTags(pugi::xml_node parent, const std::set<std::string>& tags) {
-    for (const pugi::xml_node& child : parent) {
-      const std::string tag = child.name();
-      if (!isElement(child) || tags.contains(tag)) {
+  void checkTags(const XmlElement& parent, const std::set<std::string>& tags) {
+    for (const XmlElement* child : children(parent)) {
+      const std::string& tag = document_.tag(*child);
+      if (tags.contains(tag)) {
         continue;
       }
       const auto meant = std::find_if(tags.begin(), tags.end(), [&](const std::string& known) {
-        return known.size() == tag.size() && containsIgnoringCase(fromUtf8(tag), fromUtf8(known));
+        return equalIgnoringCase(tag, known);
       });
       if (meant == tags.end()) {
-        note(child, "passed over: " + tag);
+        note(*child, "ignored: " + tag);
       } else {
-        problem(child, tag + " is passed over; the tag is spelled " + *meant);
+        problem(*child, tag + " is ignored; the tag is spelled " + *meant);
       }
     }
   }
 
-  void checkPlaces(pugi::xml_node node, CatalogueLevel level) {
-    for (std::string& fault : faultsOfPlaces(level, placesOf(node))) {
-      problem(node, std::move(fault));
-    }
-    // The control goes by places and lets doubled names pass.
-    std::set<std::string> names;
-    for (const pugi::xml_attribute& attribute : node.attributes()) {
-      if (!names.insert(attribute.name()).second) {
-        problem(node, std::string("the attribute ") + attribute.name() +
-                          " is there twice; other programs refuse such a file");
-      }
+  void checkPlaces(const XmlElement& element, CatalogueLevel level) {
+    for (std::string& fault : faultsOfPlaces(level, places(element))) {
+      problem(element, std::move(fault));
     }
   }
 
-  void checkRepetition(pugi::xml_node family, pugi::xml_node device) {
-    const auto word = [](pugi::xml_node node, std::size_t place) {
-      const auto number = numberAt(node, place);
-      return number ? decimalText(*number) : std::u16string(u"?");
+  void checkRepetition(const XmlElement& family, const XmlElement& device) {
+    const auto word = [this](const XmlElement& element, std::size_t index) {
+      const auto value = number(element, index);
+      return value ? decimalText(*value) : std::u16string(u"?");
     };
     const auto [earlier, isNew] =
-        devices_.try_emplace({word(family, 0), word(family, 1), word(device, 0)}, lineOf(device));
+        devices_.try_emplace({word(family, 0), word(family, 1), word(device, 0)}, line(device));
     if (!isNew) {
       problem(device, "line " + std::to_string(earlier->second) +
-                          " lists this Device already; the links, HideFwVersion and verdict of "
-                          "this one count");
+                          " lists this Device already; links, HideFwVersion and verdict are taken "
+                          "from this one");
     }
   }
 
-  static std::optional<std::int32_t> numberAt(pugi::xml_node node, std::size_t place) {
-    const std::vector<std::string> places = placesOf(node);
-    return place < places.size() ? wholeNumber(fromUtf8(places[place])) : std::nullopt;
-  }
-
-  static bool isGiven(pugi::xml_node link) { return *link.text().get() != '\0'; }
-
-  void checkLinks(pugi::xml_node device) {
+  void checkLinks(const XmlElement& device) {
     for (const LinkTag& link : linkTags) {
-      const pugi::xml_node first = device.child(link.tag);
-      if (isGiven(first)) {
-        checkBlanks(first);
+      const std::vector<const XmlElement*> given = children(device, link.tag);
+      const std::string_view text = given.empty() ? "" : document_.text(*given.front());
+      if (!text.empty()) {
+        checkBlanks(*given.front(), text);
       } else if (link.readers != nullptr) {
         problem(device,
                 std::string("no ") + link.tag + "; " + link.readers + " users get an empty link");
       }
-      if (const pugi::xml_node second = first.next_sibling(link.tag)) {
-        problem(second, std::string(link.tag) + " is never reached; that of line " +
-                            std::to_string(lineOf(first)) + " is taken");
+      if (given.size() > 1) {
+        problem(*given[1], std::string(link.tag) + " is ignored; the one in line " +
+                               std::to_string(line(*given.front())) + " is used");
       }
     }
   }
 
-  void checkBlanks(pugi::xml_node link) {
+  void checkBlanks(const XmlElement& link, std::string_view text) {
     constexpr std::string_view blanks = " \t\r\n";
-    const std::string_view text = link.text().get();
     if (blanks.find(text.front()) != std::string_view::npos ||
         blanks.find(text.back()) != std::string_view::npos) {
-      problem(link, std::string(link.name()) + " has blanks around the link; the host gets them");
+      problem(link, document_.tag(link) + " has white space around the link; the host receives it");
     }
   }
 
-  const XmlSource& source_;
+  const XmlDocument& document_;
   CatalogueReport& report_;
   /// By vendor, family and device word.
   FirstLines devices_;
@@ -269,8 +271,8 @@ class CatalogueWalk {
 
 }  // namespace
 
-void walkCatalogue(pugi::xml_node root, const XmlSource& source, CatalogueReport& report) {
-  CatalogueWalk(source, report).run(root);
+void walkCatalogue(const XmlDocument& document, CatalogueReport& report) {
+  CatalogueCheck(document, report).run();
 }
 
 }  // namespace tessara

@@ -1,14 +1,12 @@
 #pragma once
 
-#include <pugixml.hpp>
-
 #include "catalogue/CatalogueChecker.h"
-#include "catalogue/XmlSource.h"
+#include "xml/XmlDocument.h"
 
 namespace tessara {
 
-/// Walks a catalogue from its root as lookups of all its modules would, and puts what it lists and
-/// what they meet into `report`. The document was parsed from the text of `source`.
-void walkCatalogue(pugi::xml_node root, const XmlSource& source, CatalogueReport& report);
+/// Walks a catalogue from its root as lookups of all its modules would, and adds its entries and
+/// what is wrong with them to `report`. The document must have been parsed with its places.
+void walkCatalogue(const XmlDocument& document, CatalogueReport& report);
 
 }  // namespace tessara

@@ -10,7 +10,7 @@
 namespace tessara {
 namespace {
 
-/// Settings of a system of which nothing but the decimal separator is known.
+/// A system's settings that hold nothing but its decimal separator.
 class NotationSettings final : public RegistryHelper {
  public:
   explicit NotationSettings(std::u16string separator) : separator_(std::move(separator)) {}
@@ -33,7 +33,8 @@ class NotationSettings final : public RegistryHelper {
   std::u16string separator_;
 };
 
-/// What `convert` makes of a text on a system with that separator; nothing if it fails on any.
+/// The result of `convert` if it is the same on all systems, else nothing. `convert` takes the
+/// decimal separator of the system.
 template <typename Convert>
 auto onEverySystem(Convert convert) -> std::optional<decltype(convert(std::u16string{}))> {
   try {

@@ -6,8 +6,8 @@
 
 namespace tessara {
 
-/// What a text of the catalogue means to a lookup. A catalogue is read on systems with a decimal
-/// point and on systems with a decimal comma, so each text must mean the same on both.
+/// Numbers of a catalogue as lookups read them. A catalogue is used on systems with a decimal point
+/// and on systems with a decimal comma, so a text must mean the same on both.
 
 /// The whole number that every system reads, or nothing.
 std::optional<std::int32_t> wholeNumber(const std::u16string& text);

@@ -23,15 +23,6 @@ constexpr const char* serialCommKey = R"(HARDWARE\DEVICEMAP\SERIALCOMM)";
 constexpr const char* firstViatorKey =
     R"(SYSTEM\ControlSet001\Enum\USB\VID_2458&PID_0001\1\Device Parameters)";
 
-char upper(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-bool isSame(std::string_view left, std::string_view right) {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char a, char b) { return upper(a) == upper(b); });
-}
-
 struct Value {
   std::string name;
   std::string port;
@@ -39,7 +30,7 @@ struct Value {
 
 std::vector<Value>::const_iterator find(const std::vector<Value>& values, std::string_view name) {
   return std::find_if(values.begin(), values.end(),
-                      [&](const Value& value) { return isSame(value.name, name); });
+                      [&](const Value& value) { return equalIgnoringCase(value.name, name); });
 }
 
 /// The name, with another number if another port has it already: names of values are unique.
@@ -93,7 +84,7 @@ const SerialCommRegistry::Snapshot* SerialCommRegistry::behind(RegistryKey key) 
 std::int32_t SerialCommRegistry::RegOpenKeyExA(std::int32_t hive, const std::string& subKey,
                                                std::uint32_t /*options*/, std::uint32_t access,
                                                RegistryKey& key) {
-  if (hive != localMachine || !isSame(subKey, serialCommKey)) {
+  if (hive != localMachine || !equalIgnoringCase(subKey, serialCommKey)) {
     return notFound;
   }
   const bool beginsWalk = access == readAccess;
@@ -159,7 +150,7 @@ std::int32_t SerialCommRegistry::RegCloseKey(RegistryKey key) {
 }
 
 Variant SerialCommRegistry::usbKeyValue(const std::u16string& key, const std::u16string& name) {
-  if (!current_ || isSame(toUtf8(key), firstViatorKey)) {
+  if (!current_ || equalIgnoringCase(toUtf8(key), firstViatorKey)) {
     look();
   }
   return current_->usb.value(key, name);

@@ -19,17 +19,8 @@ constexpr const char* portName = "PortName";
 constexpr std::uint16_t viatorVendor = 0x2458;
 constexpr std::uint16_t viatorProduct = 0x0001;
 
-std::u16string folded(std::u16string text) {
-  for (char16_t& unit : text) {
-    if (unit >= u'a' && unit <= u'z') {
-      unit = static_cast<char16_t>(unit - u'a' + u'A');
-    }
-  }
-  return text;
-}
-
 std::u16string placeOf(const std::u16string& key, const std::u16string& name) {
-  return folded(key + u'|' + name);
+  return upperCase(key + u'|' + name);
 }
 
 std::string comName(const KnownPort& port) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "base/Text.h"
 #include "drivers/hart/HartFrame.h"
 #include "drivers/hart/HartStatus.h"
 #include "simulator/FaultKinds.h"
@@ -205,13 +206,13 @@ SimulatedHartModule readHartModule(const JsonNode& root) {
   return HartModuleReader(root).read();
 }
 
-Bytes packedHartText(std::string_view text) {
+Bytes packedHartText(std::string_view characters) {
+  const std::string text = upperCase(characters);
   Bytes packed;
   unsigned int bits = 0;
   unsigned int held = 0;
   for (std::size_t place = 0; place < (text.size() + 3) / 4 * 4; ++place) {
-    char character = place < text.size() ? text[place] : ' ';
-    if (character >= 'a' && character <= 'z') character = static_cast<char>(character - 'a' + 'A');
+    const char character = place < text.size() ? text[place] : ' ';
     bits = (bits << 6U) | (static_cast<unsigned char>(character) & 0x3FU);
     held += 6;
     for (; held >= 8; held -= 8) packed.push_back(static_cast<std::uint8_t>(bits >> (held - 8)));

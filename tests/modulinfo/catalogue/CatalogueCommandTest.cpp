@@ -11,14 +11,14 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
-TEST(CatalogueCommand, PrintsVerdictAndTableOfACatalogueInOrder) {
+TEST(CatalogueCommand, PrintsVerdictAndTableOfAValidCatalogue) {
   std::ostringstream out;
   EXPECT_TRUE(runCatalogueCheck({TESSARA_SAMPLE_CATALOGUE}, out));
   EXPECT_THAT(out.str(), StartsWith(std::string(TESSARA_SAMPLE_CATALOGUE) + ": loads\nLine  "));
   EXPECT_THAT(out.str(), HasSubstr("HV1.02"));
 }
 
-TEST(CatalogueCommand, OneBadFileAmongSeveralIsTold) {
+TEST(CatalogueCommand, FailsIfOneOfSeveralFilesIsBad) {
   std::ostringstream out;
   EXPECT_FALSE(runCatalogueCheck({"none.xml", TESSARA_SAMPLE_CATALOGUE}, out));
   EXPECT_THAT(out.str(), HasSubstr("none.xml: the file cannot be read\n"));

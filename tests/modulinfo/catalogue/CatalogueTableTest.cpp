@@ -5,7 +5,7 @@
 namespace tessara {
 namespace {
 
-TEST(CatalogueTable, AlignsItsColumnsAndMarksWhatIsNotThere) {
+TEST(CatalogueTable, AlignsItsColumnsAndMarksMissingValues) {
   const CatalogueEntry full{12,
                             {"49", "16"},
                             {"161", "0", "further"},
@@ -21,7 +21,7 @@ TEST(CatalogueTable, AlignsItsColumnsAndMarksWhatIsNotThere) {
             "-          -         -               -           -\n");
 }
 
-TEST(CatalogueTable, IsEmptyForAnEmptyCatalogue) {
+TEST(CatalogueTable, IsEmptyWithoutEntries) {
   EXPECT_EQ(catalogueTable({}), "");
 }
 

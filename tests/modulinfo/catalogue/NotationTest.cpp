@@ -5,7 +5,7 @@
 namespace tessara {
 namespace {
 
-TEST(Notation, AWholeNumberIsOneOnEverySystem) {
+TEST(Notation, AWholeNumberIsTheSameOnEverySystem) {
   EXPECT_EQ(wholeNumber(u"0"), 0);
   EXPECT_EQ(wholeNumber(u" -17 "), -17);
   EXPECT_EQ(wholeNumber(u"2147483647"), 2147483647);
@@ -14,7 +14,7 @@ TEST(Notation, AWholeNumberIsOneOnEverySystem) {
   }
 }
 
-TEST(Notation, AVersionMayHavePointOrComma) {
+TEST(Notation, AVersionMayHaveAPointOrAComma) {
   EXPECT_EQ(versionNumber(u"1.23"), 1.23);
   EXPECT_EQ(versionNumber(u"1,23"), 1.23);
   EXPECT_EQ(versionNumber(u"1.2304"), 1.23);
