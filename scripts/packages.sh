@@ -9,6 +9,7 @@ RUN_PACKAGES=(
   qt6-base-dev qt6-svg-dev qt6-wayland qt6-translations-l10n
   libmodbus-dev libasio-dev libglib2.0-dev libgdk-pixbuf-2.0-dev libexpat1-dev libhidapi-dev libudev-dev
   nlohmann-json3-dev libcli11-dev
+  qt6-l10n-tools python3
   fonts-dejavu-core fonts-wqy-microhei fonts-vlgothic
   fp-utils
 )

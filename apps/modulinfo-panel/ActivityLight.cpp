@@ -12,26 +12,6 @@ namespace {
 constexpr std::chrono::milliseconds flashLasts{400};
 constexpr QRgb failedColour = 0xffd9622b;
 
-Word meaning(Activity activity) {
-  switch (activity) {
-    case Activity::AccessOver:
-    case Activity::HostWorkEnded:
-      return Word::ActivityReady;
-    case Activity::Busy:
-      return Word::ActivityBusy;
-    case Activity::ConnectionFailed:
-      return Word::ActivityFailed;
-    case Activity::Scanning:
-      return Word::ActivityScanning;
-    case Activity::NoInterface:
-      return Word::ActivityNoInterface;
-    case Activity::PassedOn7:
-    case Activity::PassedOn8:
-      break;
-  }
-  return Word::ActivityHost;
-}
-
 }  // namespace
 
 ActivityLight::ActivityLight(QWidget* parent) : QWidget(parent) {
@@ -44,7 +24,7 @@ ActivityLight::ActivityLight(QWidget* parent) : QWidget(parent) {
 
 void ActivityLight::setActivity(Activity activity) {
   activity_ = activity;
-  say();
+  retranslate();
   flash_.stop();
   switch (activity) {
     case Activity::Busy:
@@ -63,14 +43,31 @@ void ActivityLight::setActivity(Activity activity) {
   }
 }
 
-void ActivityLight::setWords(const HostTexts& words) {
-  words_ = words;
-  say();
+QString ActivityLight::description() const {
+  switch (activity_) {
+    case Activity::AccessOver:
+    case Activity::HostWorkEnded:
+      //: State of the program: nothing is in progress
+      return tr("Ready");
+    case Activity::Busy:
+      return tr("Accessing the module");
+    case Activity::ConnectionFailed:
+      return tr("The module could not be read");
+    case Activity::Scanning:
+      return tr("Reading the status continuously");
+    case Activity::NoInterface:
+      return tr("No port or reader found");
+    case Activity::PassedOn7:
+    case Activity::PassedOn8:
+      break;
+  }
+  //: This program is at work on a record; the control waits
+  return tr("Host busy");
 }
 
-void ActivityLight::say() {
-  setToolTip(words_(meaning(activity_)));
-  setAccessibleName(words_(meaning(activity_)));
+void ActivityLight::retranslate() {
+  setToolTip(description());
+  setAccessibleName(description());
 }
 
 void ActivityLight::shine(Shine shine) {

@@ -1,23 +1,25 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QTimer>
 #include <QWidget>
 #include <optional>
 
 #include "control/HostEvents.h"
-#include "words/HostTexts.h"
 
 namespace tessara {
 
-/// A light in the status line that shows what the control does: grey when idle, blue while a module
-/// is read and for a moment with each pass of the scan, orange and square after a failure.
+/// A light in the status line that shows the state of the control: grey when idle, blue while a
+/// module is read and briefly with each pass of the scan, orange and square after a failure.
 class ActivityLight : public QWidget {
+  Q_DECLARE_TR_FUNCTIONS(ActivityLight)
+
  public:
   explicit ActivityLight(QWidget* parent = nullptr);
 
   void setActivity(Activity activity);
-  /// The words in which it says what it shows.
-  void setWords(const HostTexts& words);
+  /// Repeats its description in the language installed.
+  void retranslate();
 
   [[nodiscard]] QSize sizeHint() const override;
 
@@ -27,10 +29,9 @@ class ActivityLight : public QWidget {
  private:
   enum class Shine { Idle, Busy, Failed };
   void shine(Shine shine);
-  void say();
+  [[nodiscard]] QString description() const;
 
   Activity activity_ = Activity::AccessOver;
-  HostTexts words_;
   Shine shine_ = Shine::Idle;
   QTimer flash_;
 };

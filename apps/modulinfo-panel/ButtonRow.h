@@ -7,20 +7,20 @@
 
 namespace tessara {
 
-/// The lower edge of a window: what was done last, and its buttons at the right.
+/// The bottom row of a window: a message about the last action, and the buttons at the right.
 class ButtonRow : public QHBoxLayout {
  public:
   explicit ButtonRow(QWidget& window);
 
-  /// Adds a button; in its window the keys do the same, if there are any.
+  /// Adds a button; the keys, if any, press it from anywhere in the window.
   void add(const QString& text, const QKeySequence& keys, const std::function<void()>& task);
 
-  /// Shows what was done.
-  void say(const QString& text) { said_->setText(text); }
+  /// Shows a message about what was done.
+  void showMessage(const QString& text) { message_->setText(text); }
 
  private:
   QWidget& window_;
-  QLabel* said_;
+  QLabel* message_;
 };
 
 }  // namespace tessara

@@ -5,8 +5,8 @@
 
 namespace tessara {
 
-/// An icon that is made when it is drawn first, for those that cost more than the program's first
-/// window can wait for.
+/// An icon that is made when it is first drawn, for icons too expensive to make before the first
+/// window is shown.
 QIcon deferredIcon(std::function<QIcon()> make);
 
 }  // namespace tessara

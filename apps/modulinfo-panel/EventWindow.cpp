@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "record/RecordFile.h"
+#include "words/PanelLanguage.h"
 
 namespace tessara {
 namespace {
@@ -16,9 +17,10 @@ constexpr auto geometryName = "Events";
 constexpr auto textSuffix = "txt";
 constexpr auto suggestedFile = "modulinfo-events.txt";
 constexpr int margin = 8;
-constexpr QSize usualLines{66, 22};
+/// The initial size of the window in line heights.
+constexpr QSize initialLines{66, 22};
 
-/// The widest texts that the narrow columns usually hold.
+/// The widest texts expected in the narrow columns.
 constexpr auto widestTime = "00:00:00.000";
 constexpr auto widestOrigin = "ModbusCommObject";
 constexpr auto widestCall = "ReadInputRegisters(192, 65535, 99, 12)";
@@ -26,14 +28,12 @@ constexpr auto widestDuration = "00000.0";
 
 }  // namespace
 
-EventWindow::EventWindow(EventLog& log, const HostTexts& words, HostSettings& settings,
-                         QWidget* parent)
+EventWindow::EventWindow(EventLog& log, HostSettings& settings, QWidget* parent)
     : QWidget(parent, Qt::Window),
       log_(log),
       settings_(settings),
       buttons_(new ButtonRow(*this)),
-      desk_(*this, settings, [this](const QString& text) { buttons_->say(text); }),
-      words_(words) {
+      desk_(*this, settings, [this](const QString& text) { buttons_->showMessage(text); }) {
   setObjectName("events");
   table_.setSelectionBehavior(QAbstractItemView::SelectRows);
   table_.setSelectionMode(QAbstractItemView::ContiguousSelection);
@@ -50,21 +50,21 @@ EventWindow::EventWindow(EventLog& log, const HostTexts& words, HostSettings& se
   follows_.setSingleShot(true);
   follows_.callOnTimeout(&table_, &QTableView::scrollToBottom);
 
-  desk_.setWords(words);
-  log.setWords(words);
-  setWindowTitle(words(Word::EventsTitle) + " - " + words(Word::Title));
-  table_.setAccessibleName(words(Word::EventsTitle));
+  setWindowTitle(tr("Events") + " - " + programTitle());
+  table_.setAccessibleName(tr("Events"));
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
   rows->addWidget(&table_, 1);
   rows->addLayout(buttons_);
-  buttons_->add(words(Word::EventsSave), QKeySequence::Save, [this] { save(); });
-  buttons_->add(words(Word::Copy), QKeySequence::Copy, [this] { copySelected(); });
-  buttons_->add(words(Word::EventsClear), {}, [this] { log_.clear(); });
-  buttons_->add(words(Word::Close), QKeySequence(Qt::Key_Escape), [this] { close(); });
+  buttons_->add(tr("&Save…"), QKeySequence::Save, [this] { save(); });
+  buttons_->add(tr("C&opy"), QKeySequence::Copy, [this] { copySelected(); });
+  buttons_->add(
+      //: Removes all events
+      tr("C&lear"), {}, [this] { log_.clear(); });
+  buttons_->add(tr("&Close"), QKeySequence(Qt::Key_Escape), [this] { close(); });
 
-  resize(usualLines * fontMetrics().lineSpacing());
+  resize(initialLines * fontMetrics().lineSpacing());
   restoreGeometry(settings.geometry(geometryName));
 }
 
@@ -104,7 +104,7 @@ void EventWindow::hideEvent(QHideEvent* event) {
 }
 
 void EventWindow::followNewest() {
-  // Whoever has scrolled back to look at something is left there.
+  // A user who has scrolled back stays there.
   const QScrollBar* bar = table_.verticalScrollBar();
   if (isVisible() && bar->value() == bar->maximum()) {
     follows_.start();
@@ -112,12 +112,12 @@ void EventWindow::followNewest() {
 }
 
 void EventWindow::save() {
-  const QString path = desk_.askForFile(plainTitle(words_(Word::EventsSave)), suggestedFile,
-                                        words_(Word::TextFiles), textSuffix);
+  const QString path = desk_.askForFile(  //: Title of the file dialog
+      tr("Save"), suggestedFile, tr("Text files (*.txt)"), textSuffix);
   if (!path.isEmpty()) {
     desk_.guard([&] {
       replaceFile(path, log_.text().toUtf8());
-      buttons_->say(words_(Word::SavedAs1, {path}));
+      desk_.tellSaved(path);
     });
   }
 }
@@ -127,7 +127,7 @@ void EventWindow::copySelected() {
   const auto [first, last] = std::minmax_element(rows.begin(), rows.end());
   QGuiApplication::clipboard()->setText(rows.isEmpty() ? log_.text()
                                                        : log_.text(first->row(), last->row()));
-  buttons_->say(words_(Word::CopiedText));
+  desk_.tellCopied();
 }
 
 }  // namespace tessara

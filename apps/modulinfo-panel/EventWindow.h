@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QTableView>
 #include <QTimer>
 #include <QWidget>
@@ -11,13 +12,14 @@
 
 namespace tessara {
 
-/// Shows the events as they come, the newest last, and saves them as text. Hidden, it looks at
-/// nothing. Escape closes it.
+/// Shows the events as they happen, the newest last, and saves them as text. While hidden it is
+/// detached from the log. Escape closes it.
 class EventWindow : public QWidget {
+  Q_DECLARE_TR_FUNCTIONS(EventWindow)
+
  public:
-  /// Log and settings have to outlive the window.
-  EventWindow(EventLog& log, const HostTexts& words, HostSettings& settings,
-              QWidget* parent = nullptr);
+  /// Log and settings must outlive the window.
+  EventWindow(EventLog& log, HostSettings& settings, QWidget* parent = nullptr);
 
   /// Shows the window in front of the others, or hides it.
   void toggle();
@@ -36,9 +38,8 @@ class EventWindow : public QWidget {
   QTableView table_;
   ButtonRow* buttons_;
   RecordDesk desk_;
-  /// The table knows its new rows only after all who hear of them have heard.
+  /// The table knows its new rows only after every receiver of the signal has run.
   QTimer follows_;
-  HostTexts words_;
 };
 
 }  // namespace tessara

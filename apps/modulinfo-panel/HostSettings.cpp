@@ -34,8 +34,8 @@ void HostSettings::keepGeometry(const QString& window, const QByteArray& geometr
 
 std::optional<std::int32_t> HostSettings::baudrate() const {
   const qint64 baudrate = store_ ? store_->value(baudrateName).toLongLong() : 0;
-  const bool makesSense = baudrate > 0 && baudrate <= std::numeric_limits<std::int32_t>::max();
-  return makesSense ? std::optional(static_cast<std::int32_t>(baudrate)) : std::nullopt;
+  const bool isValid = baudrate > 0 && baudrate <= std::numeric_limits<std::int32_t>::max();
+  return isValid ? std::optional(static_cast<std::int32_t>(baudrate)) : std::nullopt;
 }
 
 void HostSettings::keepBaudrate(std::int32_t baudrate) {

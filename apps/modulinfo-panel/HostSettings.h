@@ -8,12 +8,12 @@
 
 namespace tessara {
 
-/// What this program remembers for its user beside the settings of the control: where its windows
-/// stood, the rate and the folder of the records. It lies in Orvane/modulinfo-panel.ini in the
-/// user's configuration folder. A value that makes no sense counts as none.
+/// What this program remembers for its user besides the settings of the control: the geometry of
+/// its windows, the rate and the folder of the records. It is stored in Orvane/modulinfo-panel.ini
+/// in the user's configuration folder. An invalid value counts as missing.
 class HostSettings {
  public:
-  /// With `keeps` false nothing is remembered and nothing is known.
+  /// With `keeps` false, nothing is read or stored.
   explicit HostSettings(bool keeps);
 
   /// The geometry of the window of that name, as Qt writes it; empty if none is known.
@@ -24,7 +24,7 @@ class HostSettings {
   [[nodiscard]] std::optional<std::int32_t> baudrate() const;
   void keepBaudrate(std::int32_t baudrate);
 
-  /// The folder in which a file was chosen last; the user's documents as long as there is none.
+  /// The folder in which a file was chosen last; at first the user's documents.
   [[nodiscard]] QString folder() const;
   void keepFolder(const QString& folder);
 

@@ -4,9 +4,9 @@
 
 namespace tessara {
 
-/// The style of the system, but for one icon: that of the button which a menu bar shows when it is
-/// too narrow. Every menu bar has it made, and with it the plugins for all kinds of pictures
-/// loaded, long before anybody makes a window that narrow.
+/// The system's style, except that the icon of the button that a menu bar shows when it is too
+/// narrow is drawn on first use. QMenuBar requests that icon at once, which would load the image
+/// plugins before the first window is shown.
 class HostStyle : public QProxyStyle {
  public:
   [[nodiscard]] QIcon standardIcon(StandardPixmap which, const QStyleOption* option,

@@ -10,7 +10,6 @@
 #include "HostSettings.h"
 #include "Outputs.h"
 #include "PanelWindow.h"
-#include "QtTexts.h"
 #include "RecordProgram.h"
 #include "common/DeviceLog.h"
 #include "common/HeadlessMessageHelper.h"
@@ -99,7 +98,6 @@ ExitCode showModule(PanelRequest request, const EmbeddedSimulator* simulator) {
   loop.tickFailed = [&window](const std::exception& error) { window.tell(error.what()); };
 
   bringUpPanel(window, platform, request);
-  speakLanguageOf(window.control().texts());
   window.controlIsUp();
   if (request.isUnattended()) {
     return readUnattended(window, platform, log, request);

@@ -14,23 +14,25 @@
 #include "DeferredIcon.h"
 #include "PanelMenu.h"
 #include "RecordWindow.h"
+#include "Translators.h"
 #include "base/Text.h"
 #include "qt/Picture.h"
 #include "qt/QtText.h"
 #include "record/TakeRecord.h"
+#include "words/PanelLanguage.h"
 
 namespace tessara {
 namespace {
 
 constexpr auto geometryName = "Window";
-constexpr int tellMilliseconds = 8000;
+constexpr int messageMilliseconds = 8000;
 constexpr int statusMargin = 6;
 constexpr std::chrono::milliseconds freePause{50};
 
-/// What a host declares with DeviceActive before and after its own work.
-constexpr std::int32_t hostWorks = 1;
-constexpr std::int32_t hostIsDone = 0;
-/// What DataValid says of a module that was read.
+/// The values that a host assigns to DeviceActive before and after its own work.
+constexpr std::int32_t hostBusy = 1;
+constexpr std::int32_t hostIdle = 0;
+/// The value of DataValid after a module was read.
 constexpr std::int32_t dataOfModule = 1;
 
 QIcon applicationIcon() {
@@ -44,6 +46,10 @@ QIcon applicationIcon() {
     icon.addPixmap(pixmap);
   }
   return icon;
+}
+
+QString noModuleRead() {
+  return PanelWindow::tr("No module has been read: nothing to save, print or copy.");
 }
 
 }  // namespace
@@ -76,17 +82,16 @@ void PanelWindow::listen() {
   connect(&panel_, &ModulInfoPanel::LoadConfiguration, this, &PanelWindow::loadRecord);
   connect(&panel_, &ModulInfoPanel::PrintConfiguration, this, &PanelWindow::printRecord);
   connect(&panel_, &ModulInfoPanel::NFCReader, this, &PanelWindow::pathChosen);
-  // Raised for a host that reads DataTrafic, which this one does not.
+  // For hosts that read DataTrafic; this one does not.
   connect(&panel_, &ModulInfoPanel::DataTransfer, this, [this] { logCallback("DataTransfer"); });
 }
 
 void PanelWindow::controlIsUp() {
-  words_ = HostTexts::beside(control().texts());
-  light_.setWords(words_);
-  desk_.setWords(words_);
+  installTranslator(control().texts());
+  light_.retranslate();
   nameWindow();
   showLogo();
-  makeMenus(*menuBar(), panel_, words_,
+  makeMenus(*menuBar(), panel_,
             {.savePdf =
                  [this] {
                    whenFree([this] {
@@ -99,7 +104,7 @@ void PanelWindow::controlIsUp() {
 }
 
 void PanelWindow::showLogo() {
-  // No file of a fixed name: the logo is the one that the settings name, if they do.
+  // An empty name: the logo is the one named in the settings, if any.
   try {
     control().put_ManufactureLogoString(std::u16string());
   } catch (const std::exception& error) {
@@ -120,7 +125,7 @@ std::optional<ModuleRecord> PanelWindow::record() const {
 }
 
 RecordSheet PanelWindow::sheetOf(ModuleRecord record) const {
-  RecordSheet sheet{std::move(record), &ModulInfoFLII::texts(), words_, {}};
+  RecordSheet sheet{std::move(record), &ModulInfoFLII::texts(), {}};
   sheet.logo = Picture::of(panel_.control().panel().widget(u"PictureLogo").state().picture, {});
   return sheet;
 }
@@ -137,11 +142,13 @@ void PanelWindow::openingEnded(const std::string& file, std::int32_t result) {
   const std::string page = help.replace_extension() / "index.html";
   const std::int32_t shown =
       platform_.shell().ShellExecuteA(0, u"Open", fromUtf8(page), {}, {}, Shell::showNormal);
-  tell(words_(shown > Shell::lastFailure ? Word::HelpInBrowser : Word::NoHelpProgram));
+  tell(shown > Shell::lastFailure
+           ? tr("No help viewer is installed: the help is shown in the browser.")
+           : tr("No program for showing the help is installed."));
 }
 
 void PanelWindow::tell(const QString& text) {
-  statusBar()->showMessage(text, tellMilliseconds);
+  statusBar()->showMessage(text, messageMilliseconds);
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event) {
@@ -150,7 +157,7 @@ void PanelWindow::closeEvent(QCloseEvent* event) {
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent* event) {
-  // A field or a label that has something to copy has taken the keys already.
+  // A focused field or label with something to copy handles the keys itself.
   if (event->matches(QKeySequence::Copy)) {
     copy();
     return;
@@ -181,19 +188,19 @@ void PanelWindow::runIfFree() {
 }
 
 void PanelWindow::work(const std::function<void()>& task) {
-  control().put_DeviceActive(hostWorks);
+  control().put_DeviceActive(hostBusy);
   try {
     task();
   } catch (const std::exception& error) {
     showError(error);
   }
-  control().put_DeviceActive(hostIsDone);
+  control().put_DeviceActive(hostIdle);
 }
 
 void PanelWindow::workOnRecord(const std::function<void(const RecordSheet&)>& task) {
   const auto taken = record();
   if (!taken) {
-    tell(words_(Word::NoModule));
+    tell(noModuleRead());
     return;
   }
   work([&] { task(sheetOf(*taken)); });
@@ -203,7 +210,7 @@ void PanelWindow::copy() {
   if (const auto taken = record()) {
     desk_.copy(sheetOf(*taken));
   } else {
-    tell(words_(Word::NoModule));
+    tell(noModuleRead());
   }
 }
 
@@ -217,21 +224,21 @@ void PanelWindow::open() {
 
 void PanelWindow::showEvents() {
   if (events_ == nullptr) {
-    events_ = new EventWindow(log_, words_, settings_, this);
+    events_ = new EventWindow(log_, settings_, this);
   }
   events_->toggle();
 }
 
 void PanelWindow::nameWindow() {
   const QString module = readable(control().panel().widget(u"LabelDeviceName").caption());
-  const QString title = words_(Word::Title);
+  const QString title = programTitle();
   setWindowTitle(module.isEmpty() ? title : module + " - " + title);
 }
 
 void PanelWindow::moduleWasRead() {
-  // The module may be given parameters; the control leaves that to its host to say.
+  // The module accepts parameters; unlocking the button is up to the host.
   control().UnLockCmdStore();
-  // The rate that the person chose: a second attempt of the control goes past the list.
+  // The rate that the user selected; the second attempt of the control may use another one.
   bool isNumber = false;
   const int baudrate = toQt(control().panel().widget(u"ComboBaudrate").text()).toInt(&isNumber);
   const CommunicationObject* object = control().get_CommunicationObject();
@@ -269,7 +276,7 @@ void PanelWindow::activityChanged(int status) {
       tellFailure();
       break;
     case Activity::NoInterface:
-      tell(words_(Word::NoInterface));
+      tell(tr("No port or reader found. Connect one and restart the program."));
       break;
     default:
       break;
@@ -277,7 +284,7 @@ void PanelWindow::activityChanged(int status) {
 }
 
 void PanelWindow::statusChanged(const QString& text) {
-  // Every pass of the scan comes by here, mostly with the text that stands already.
+  // Called with each pass of the scan, mostly with the same text.
   logCallback("StatusChange", '"' + text + '"');
   if (text != status_.text()) {
     statusBar()->clearMessage();
@@ -288,7 +295,9 @@ void PanelWindow::statusChanged(const QString& text) {
 void PanelWindow::storeParameters() {
   logCallback("SetConfiguration");
   work([this] {
-    QMessageBox::information(this, words_(Word::Title), words_(Word::NothingToStore));
+    QMessageBox::information(this, programTitle(),
+                             //: The module read is of the kind that the host expects
+                             tr("The module matches. This program has no parameters to transfer."));
   });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QMainWindow>
 #include <QTimer>
@@ -17,37 +18,39 @@
 
 namespace tessara {
 
-/// A window around the panel, and the host of its control: the status line tells what
-/// the control reports; Save, Open and Print handle the record of the module. This host keeps no
-/// parameter set, and says so when the module is to be given one.
+/// A window around the panel, and the host of its control: the status line shows what the control
+/// reports; Save, Open and Print handle the record of the module. This host keeps no parameter set,
+/// and says so when parameters are to be transferred.
 class PanelWindow : public QMainWindow {
+  Q_DECLARE_TR_FUNCTIONS(PanelWindow)
+
  public:
-  /// All of them have to outlive the window. The log gets the callbacks; the calls to the module
-  /// are told to it by whoever makes the platform.
+  /// All of them must outlive the window. The window adds the callbacks to the log; the calls to
+  /// the module are added by the owner of the platform.
   PanelWindow(Platform& platform, EventLog& log, HostSettings& settings);
 
   [[nodiscard]] ModulInfoFLII& control() { return panel_.control(); }
 
-  /// Takes over the language of the control and makes the menus. To be called when the control is
-  /// up, or has failed to come up.
+  /// Installs the language of the control and makes the menus. To be called once the control has
+  /// started, or has failed to.
   void controlIsUp();
 
-  /// Puts the window where it stood last.
+  /// Restores the position that the window had last.
   void takePlace();
 
-  /// Reads the module as the read button does; what goes wrong beyond that is shown.
+  /// Reads the module as the read button does; an exception is shown in a message box.
   void read();
 
-  /// The record of the module as the panel shows it; nothing if there is none.
+  /// The record of the module as the panel shows it; nothing if no module has been read.
   [[nodiscard]] std::optional<ModuleRecord> record() const;
-  /// What a record of this window is printed and shown with.
+  /// The record with the texts and the logo of this window, to be shown or printed.
   [[nodiscard]] RecordSheet sheetOf(ModuleRecord record) const;
 
-  /// Shows what went wrong in a box.
+  /// Shows the error in a message box.
   void showError(const std::exception& error) const;
 
-  /// To be told what became of a file or an address that was to be opened. Help that no program
-  /// shows is shown by the browser, from the pages that lie beside it.
+  /// To be called with the result of opening a file or address. If no program is installed for help
+  /// files, the browser shows the pages beside the file.
   void openingEnded(const std::string& file, std::int32_t result);
 
   /// Shows a text in the status line for some seconds.
@@ -58,7 +61,7 @@ class PanelWindow : public QMainWindow {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  /// Has the callbacks of the control come to the functions that follow.
+  /// Connects the callbacks of the control to the functions that follow.
   void listen();
   void activityChanged(int status);
   void statusChanged(const QString& text);
@@ -70,18 +73,18 @@ class PanelWindow : public QMainWindow {
 
   void nameWindow();
   void showLogo();
-  /// Writes the callback into the log.
+  /// Adds the callback to the log.
   void logCallback(const QString& name, const QString& text = {});
   void moduleWasRead();
   void tellFailure();
-  /// Runs the task as soon as no access to the module is under way: a dialog in the middle of one
-  /// would hold the connection open. A task that waits already is dropped for a newer one.
+  /// Runs the task as soon as no access to the module is in progress, since a dialog would keep the
+  /// connection open. A newer task replaces one that still waits.
   void whenFree(std::function<void()> task);
   void runIfFree();
-  /// Runs the task with the control told that the host is at work: its buttons are off and it
-  /// leaves the module alone until the task is over.
+  /// Runs the task while the control knows that the host is busy: its buttons are disabled and it
+  /// does not access the module.
   void work(const std::function<void()>& task);
-  /// The same with the record of the module, if there is one; else tells that there is none.
+  /// The same with the record of the module; a message if no module has been read.
   void workOnRecord(const std::function<void(const RecordSheet&)>& task);
   void copy();
   void open();
@@ -90,7 +93,6 @@ class PanelWindow : public QMainWindow {
   Platform& platform_;
   EventLog& log_;
   HostSettings& settings_;
-  HostTexts words_;
   Activity activity_ = Activity::AccessOver;
   ModulInfoPanel panel_;
   QLabel status_;

@@ -8,17 +8,18 @@
 #include <QPageLayout>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
-#include <QRegularExpression>
 
 #include "record/RecordFile.h"
 #include "record/RecordRows.h"
+#include "record/RecordWords.h"
+#include "words/PanelLanguage.h"
 
 namespace tessara {
 namespace {
 
 constexpr auto recordSuffix = "json";
 constexpr auto pdfSuffix = "pdf";
-/// How large the preview comes up, in heights of a line; all of its tools are to be seen.
+/// The initial size of the preview in line heights, wide enough for its whole tool bar.
 constexpr QSize previewLines{60, 52};
 
 QString withSuffix(const QString& file, const char* suffix) {
@@ -26,13 +27,11 @@ QString withSuffix(const QString& file, const char* suffix) {
   return info.completeBaseName() + '.' + suffix;
 }
 
-}  // namespace
-
-QString plainTitle(const QString& text) {
-  static const QRegularExpression accessKey("\\(&.\\)");
-  QString title = text;
-  return title.remove(accessKey).remove('&').remove(QChar(0x2026)).trimmed();
+QString recordFilter() {
+  return RecordDesk::tr("Module records (*.json)");
 }
+
+}  // namespace
 
 RecordDesk::RecordDesk(QWidget& window, HostSettings& settings,
                        std::function<void(const QString&)> tell)
@@ -44,11 +43,11 @@ void RecordDesk::guard(const std::function<void()>& task) {
     task();
     return;
   } catch (const RecordError& error) {
-    failure = error.text(words_);
+    failure = error.text();
   } catch (const std::exception& error) {
     failure = QString::fromUtf8(error.what());
   }
-  QMessageBox box(QMessageBox::Warning, words_(Word::Title), failure, QMessageBox::Ok, &window_);
+  QMessageBox box(QMessageBox::Warning, programTitle(), failure, QMessageBox::Ok, &window_);
   box.setTextFormat(Qt::PlainText);
   box.exec();
 }
@@ -71,29 +70,34 @@ QString RecordDesk::chosenIn(const QFileDialog& dialog) {
   return path;
 }
 
-void RecordDesk::wrote(const QString& path) {
-  tell_(words_(Word::SavedAs1, {QDir::toNativeSeparators(path)}));
+void RecordDesk::tellSaved(const QString& path) {
+  //: %1: a file
+  tell_(tr("Saved as %1").arg(QDir::toNativeSeparators(path)));
+}
+
+void RecordDesk::tellCopied() {
+  tell_(tr("Copied as text"));
 }
 
 void RecordDesk::save(const ModuleRecord& record) {
-  const QString path = askForFile(plainTitle(words_(Word::SaveRecord)), suggestedFileName(record),
-                                  words_(Word::RecordFiles), recordSuffix);
+  const QString path =
+      askForFile(tr("Save record"), suggestedFileName(record), recordFilter(), recordSuffix);
   if (!path.isEmpty()) {
     guard([&] {
       writeRecord(record, path);
-      wrote(path);
+      tellSaved(path);
     });
   }
 }
 
 void RecordDesk::savePdf(const RecordSheet& sheet) {
-  const QString path = askForFile(plainTitle(words_(Word::SavePdf)),
-                                  withSuffix(suggestedFileName(sheet.record), pdfSuffix),
-                                  words_(Word::PdfFiles), pdfSuffix);
+  const QString path =
+      askForFile(tr("Save as PDF"), withSuffix(suggestedFileName(sheet.record), pdfSuffix),
+                 tr("PDF files (*.pdf)"), pdfSuffix);
   if (!path.isEmpty()) {
     guard([&] {
       writeReport(sheet, path);
-      wrote(path);
+      tellSaved(path);
     });
   }
 }
@@ -105,20 +109,20 @@ void RecordDesk::print(const RecordSheet& sheet) {
   QPrintPreviewDialog preview(&printer, &window_);
   preview.resize(previewLines * window_.fontMetrics().lineSpacing());
   preview.setWindowTitle(
-      words_(Word::Captioned2, {plainTitle(words_(Word::PrintRecord)), sheet.record.module.name}));
+      //: Title of the preview; %1: the name of the module
+      tr("Print: %1").arg(sheet.record.module.name));
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &window_,
                    [&sheet](QPrinter* target) { paintReport(sheet, *target); });
   preview.exec();
 }
 
 void RecordDesk::copy(const RecordSheet& sheet) {
-  QGuiApplication::clipboard()->setText(recordText(sheet.record, *sheet.texts, sheet.words));
-  tell_(words_(Word::CopiedText));
+  QGuiApplication::clipboard()->setText(recordText(sheet.record, *sheet.texts));
+  tellCopied();
 }
 
 std::optional<RecordDesk::Opened> RecordDesk::open() {
-  QFileDialog dialog(&window_, plainTitle(words_(Word::OpenRecord)), settings_.folder(),
-                     words_(Word::RecordFiles));
+  QFileDialog dialog(&window_, tr("Open record"), settings_.folder(), recordFilter());
   dialog.setFileMode(QFileDialog::ExistingFile);
   if (dialog.exec() != QDialog::Accepted) {
     return std::nullopt;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QString>
 #include <QWidget>
@@ -11,14 +12,14 @@
 
 namespace tessara {
 
-/// What a person does with a record, with the dialogs for it: modal ones of the window that it
-/// serves. Failures are told in a box.
+/// Saves, opens, prints and copies records, with modal dialogs of the window that it serves.
+/// Failures are shown in a message box.
 class RecordDesk {
- public:
-  /// All of them have to outlive the desk; `tell` shows a line on what was done.
-  RecordDesk(QWidget& window, HostSettings& settings, std::function<void(const QString&)> tell);
+  Q_DECLARE_TR_FUNCTIONS(RecordDesk)
 
-  void setWords(const HostTexts& words) { words_ = words; }
+ public:
+  /// Window and settings must outlive the desk; `tell` shows a message about what was done.
+  RecordDesk(QWidget& window, HostSettings& settings, std::function<void(const QString&)> tell);
 
   /// Asks for a file and writes the record into it.
   void save(const ModuleRecord& record);
@@ -28,31 +29,29 @@ class RecordDesk {
   void savePdf(const RecordSheet& sheet);
   /// Puts the record on the clipboard as text.
   void copy(const RecordSheet& sheet);
-  /// Asks for a file and gives its record; nothing if the person or the file has none.
+  /// Asks for a file and reads its record; nothing if no file is chosen or it holds no record.
   struct Opened {
     ModuleRecord record;
     QString path;
   };
   std::optional<Opened> open();
 
-  /// Asks for a file to save into; empty if the person chose none. `suffix` is that of the files.
+  /// Asks for a file to save to; empty if none is chosen. `suffix` is the default extension.
   QString askForFile(const QString& title, const QString& suggested, const QString& filter,
                      const QString& suffix);
-  /// Runs the task; what goes wrong with a file is told in a box.
+  /// Runs the task; an exception is shown in a message box.
   void guard(const std::function<void()>& task);
+  /// Show what was done.
+  void tellSaved(const QString& path);
+  void tellCopied();
 
  private:
-  /// The file that was chosen, whose folder is kept.
+  /// The file chosen, whose folder is remembered.
   QString chosenIn(const QFileDialog& dialog);
-  void wrote(const QString& path);
 
   QWidget& window_;
   HostSettings& settings_;
   std::function<void(const QString&)> tell_;
-  HostTexts words_;
 };
-
-/// The text of a menu entry or button without its access key and dots: the title of what it opens.
-QString plainTitle(const QString& text);
 
 }  // namespace tessara

@@ -7,8 +7,8 @@
 
 #include "HostSettings.h"
 #include "Outputs.h"
-#include "QtTexts.h"
 #include "RecordWindow.h"
+#include "Translators.h"
 #include "common/HeadlessMessageHelper.h"
 #include "control/ModuleWide.h"
 #include "linux/LinuxPlatform.h"
@@ -52,9 +52,8 @@ ExitCode showRecord(const PanelRequest& request) {
   LinuxPlatform platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr),
                          {.looksForDevices = false, .keepsSettings = false});
   loadTexts(platform, request.module.language);
-  speakLanguageOf(moduleWide());
+  installTranslator(moduleWide());
   sheet.texts = &moduleWide();
-  sheet.words = HostTexts::beside(moduleWide());
 
   HostSettings settings(!request.isUnattended());
   // The window deletes itself when it is closed.

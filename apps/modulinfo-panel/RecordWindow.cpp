@@ -9,6 +9,8 @@
 
 #include "qt/Look.h"
 #include "record/RecordRows.h"
+#include "record/RecordWords.h"
+#include "words/PanelLanguage.h"
 
 namespace tessara {
 namespace {
@@ -16,10 +18,10 @@ namespace {
 constexpr auto geometryName = "Record";
 constexpr int bannerMargin = 8;
 constexpr int pageMargin = 14;
-/// How wide the window is in heights of a line, as long as nobody has changed it.
-constexpr int usualLines = 44;
-/// How much of the screen's height it takes at most.
-constexpr double screenShare = 0.85;
+/// The initial width of the window in line heights.
+constexpr int initialLines = 44;
+/// The largest share of the screen's height that the window takes at first.
+constexpr double maxScreenShare = 0.85;
 
 }  // namespace
 
@@ -29,24 +31,25 @@ RecordWindow::RecordWindow(RecordSheet sheet, const QString& path, HostSettings&
       sheet_(std::move(sheet)),
       settings_(settings),
       buttons_(new ButtonRow(*this)),
-      desk_(*this, settings, [this](const QString& text) { buttons_->say(text); }) {
+      desk_(*this, settings, [this](const QString& text) { buttons_->showMessage(text); }) {
   setAttribute(Qt::WA_DeleteOnClose);
   setObjectName("record");
-  const HostTexts& words = sheet_.words;
-  desk_.setWords(words);
   const QString file = QFileInfo(path).fileName();
-  setWindowTitle(words(Word::RecordWindow1, {file}) + " - " + words(Word::Title));
+  //: Title of a window; "record" is a noun, %1: its file
+  setWindowTitle(tr("Record: %1").arg(file) + " - " + programTitle());
 
   banner_.setObjectName("banner");
   banner_.setTextFormat(Qt::PlainText);
   banner_.setWordWrap(true);
   banner_.setMargin(bannerMargin);
   banner_.setAutoFillBackground(true);
-  banner_.setText(words(Word::RecordNotLive2, {recordTime(sheet_.record, words), file}));
+  //: %1: the date and time of the record, %2: its file
+  banner_.setText(tr("Record of %1 from the file %2: not the current state of the module.")
+                      .arg(recordTime(sheet_.record), file));
   banner_.setToolTip(path);
   page_.setOpenExternalLinks(true);
   page_.setFrameShape(QFrame::NoFrame);
-  page_.setAccessibleName(words(Word::RecordTitle));
+  page_.setAccessibleName(RecordWords::tr("Module record"));
 
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
@@ -62,19 +65,18 @@ RecordWindow::RecordWindow(RecordSheet sheet, const QString& path, HostSettings&
 }
 
 void RecordWindow::makeButtons() {
-  const HostTexts& words = sheet_.words;
-  buttons_->add(words(Word::PrintRecord), QKeySequence::Print, [this] { desk_.print(sheet_); });
-  buttons_->add(words(Word::SavePdf), {}, [this] { desk_.savePdf(sheet_); });
-  buttons_->add(words(Word::Copy), {}, [this] { desk_.copy(sheet_); });
-  buttons_->add(words(Word::Close), QKeySequence(Qt::Key_Escape), [this] { close(); });
+  buttons_->add(tr("&Print…"), QKeySequence::Print, [this] { desk_.print(sheet_); });
+  buttons_->add(tr("Save as P&DF…"), {}, [this] { desk_.savePdf(sheet_); });
+  buttons_->add(tr("C&opy"), {}, [this] { desk_.copy(sheet_); });
+  buttons_->add(tr("&Close"), QKeySequence(Qt::Key_Escape), [this] { close(); });
 }
 
 void RecordWindow::takePlace() {
-  const int width = usualLines * fontMetrics().lineSpacing();
+  const int width = initialLines * fontMetrics().lineSpacing();
   page_.document()->setTextWidth(width);
   const int whole = banner_.heightForWidth(width) + buttons_->sizeHint().height() +
                     qRound(page_.document()->size().height()) + 1;
-  resize(width, std::min(whole, qRound(screen()->availableGeometry().height() * screenShare)));
+  resize(width, std::min(whole, qRound(screen()->availableGeometry().height() * maxScreenShare)));
   restoreGeometry(settings_.geometry(geometryName));
 }
 

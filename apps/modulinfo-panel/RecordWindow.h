@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QTextBrowser>
 #include <QWidget>
@@ -9,11 +10,13 @@
 
 namespace tessara {
 
-/// A record from a file, to be read, copied and printed. It says that it is a record, and of when:
-/// nothing in it is the module as it is at this moment.
+/// Shows a record from a file, to be read, copied and printed. A banner says when it was recorded,
+/// as it does not show the current state of the module.
 class RecordWindow : public QWidget {
+  Q_DECLARE_TR_FUNCTIONS(RecordWindow)
+
  public:
-  /// Settings have to outlive the window.
+  /// The settings must outlive the window.
   RecordWindow(RecordSheet sheet, const QString& path, HostSettings& settings,
                QWidget* parent = nullptr);
 

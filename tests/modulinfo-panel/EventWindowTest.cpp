@@ -28,7 +28,7 @@ class EventWindowTest : public HostBench {
   }
 };
 
-TEST_F(EventWindowTest, ShowsWhatHasHappenedBeforeItWasOpened) {
+TEST_F(EventWindowTest, ShowsEventsFromBeforeItWasOpened) {
   window->read();
   opened();
   EXPECT_EQ(table().model()->rowCount(), log.rowCount());
@@ -44,7 +44,7 @@ TEST_F(EventWindowTest, FollowsTheNewestEvent) {
   }));
 }
 
-TEST_F(EventWindowTest, LeavesWhoeverHasScrolledBackWhereHeIs) {
+TEST_F(EventWindowTest, StaysWhereTheUserHasScrolledTo) {
   for (int i = 0; i < 200; ++i) log.add(HostEvent{QString::number(i), {}});
   opened();
   table().scrollToTop();
@@ -53,23 +53,23 @@ TEST_F(EventWindowTest, LeavesWhoeverHasScrolledBackWhereHeIs) {
   EXPECT_EQ(table().verticalScrollBar()->value(), 0);
 }
 
-TEST_F(EventWindowTest, LooksAtNothingWhileItIsHidden) {
+TEST_F(EventWindowTest, IsDetachedFromTheLogWhileHidden) {
   pressIn(opened(), Qt::Key_Escape);
   EXPECT_FALSE(events()->isVisible());
   EXPECT_EQ(table().model(), nullptr);
 }
 
-TEST_F(EventWindowTest, TheKeysThatOpenItCloseIt) {
+TEST_F(EventWindowTest, ClosesWithTheKeysThatOpenIt) {
   pressIn(opened(), Qt::Key_E, Qt::ControlModifier);
   EXPECT_FALSE(events()->isVisible());
 }
 
-TEST_F(EventWindowTest, TheKeysThatEndTheProgramEndItFromHereToo) {
+TEST_F(EventWindowTest, QuitsTheProgramWithTheSameKeys) {
   pressIn(opened(), Qt::Key_Q, Qt::ControlModifier);
   EXPECT_FALSE(window->isVisible());
 }
 
-TEST_F(EventWindowTest, TheSameKeysOpenItAgain) {
+TEST_F(EventWindowTest, OpensAgainWithTheSameKeys) {
   pressIn(opened(), Qt::Key_Escape);
   opened();
   EXPECT_TRUE(events()->isVisible());
@@ -87,7 +87,7 @@ TEST_F(EventWindowTest, SavesTheEventsAsText) {
   EXPECT_EQ(text.count('\n'), log.rowCount() + 1);
 }
 
-TEST_F(EventWindowTest, TellsThatTheTextCannotBeWritten) {
+TEST_F(EventWindowTest, ReportsAFileThatCannotBeWritten) {
   dialogs.chooseFile(path("absent/events.txt"));
   dialogs.acceptBox();
   pressIn(opened(), Qt::Key_S, Qt::ControlModifier);
@@ -126,7 +126,7 @@ TEST_F(EventWindowTest, ClearsTheEvents) {
 TEST_F(EventWindowTest, KeepsItsPlace) {
   opened().resize(900, 400);
   pressIn(*events(), Qt::Key_Escape);
-  EventWindow again(log, HostTexts(), *settings);
+  EventWindow again(log, *settings);
   EXPECT_EQ(again.size(), QSize(900, 400));
 }
 

@@ -14,12 +14,10 @@
 #include "EventWindow.h"
 #include "HostStyle.h"
 #include "PanelWindow.h"
-#include "QtTexts.h"
 #include "RecordWindow.h"
 #include "SamplePanel.h"
 #include "common/HeadlessMessageHelper.h"
 #include "common/ModuleReading.h"
-#include "control/ModuleWide.h"
 #include "linux/EmbeddedSimulator.h"
 #include "linux/LinuxPlatform.h"
 #include "qt/QtEventLoop.h"
@@ -52,7 +50,6 @@ class Shots {
     request.comPort = simulator.comPort();
     request.language = language;
     bringUp(window.control(), platform, request);
-    speakLanguageOf(moduleWide());
     window.controlIsUp();
     window.show();
     save("window-empty", window);
@@ -65,7 +62,7 @@ class Shots {
     record.setAttribute(Qt::WA_DeleteOnClose, false);
     record.show();
     save("record", record);
-    EventWindow log(events, sheet.words, settings);
+    EventWindow log(events, settings);
     log.show();
     save("events", log);
     preview(sheet, settings, window);
@@ -93,7 +90,6 @@ class Shots {
 
   void preview(const RecordSheet& sheet, HostSettings& settings, QWidget& window) {
     RecordDesk desk(window, settings, [](const QString&) {});
-    desk.setWords(sheet.words);
     QTimer::singleShot(std::chrono::milliseconds(200), [this] {
       if (QWidget* dialog = QApplication::activeModalWidget()) {
         save("preview", *dialog);

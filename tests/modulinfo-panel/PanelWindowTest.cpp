@@ -66,7 +66,7 @@ TEST_F(PanelWindowTest, HelpThatNoProgramShowsIsShownByTheBrowser) {
 TEST_F(PanelWindowTest, TellsThatNeitherViewerNorBrowserShowsTheHelp) {
   platform.programs.result = Shell::noAssociation;
   window->openingEnded("/opt/tessara/Help_001.chm", Shell::noAssociation);
-  EXPECT_EQ(told(), "No program is installed that shows the help.");
+  EXPECT_EQ(told(), "No program for showing the help is installed.");
 }
 
 TEST_F(PanelWindowTest, OpensNothingInPlaceOfWhatWasOpenedOrIsNoHelp) {
@@ -81,7 +81,7 @@ TEST_F(PanelWindowTest, OpensNothingInPlaceOfWhatWasOpenedOrIsNoHelp) {
 TEST_F(PanelWindowTest, TellsThatThereIsNoPort) {
   inside(control()).ReaderMissing = true;
   window->read();
-  EXPECT_TRUE(told().startsWith("No port and no reader was found"));
+  EXPECT_TRUE(told().startsWith("No port or reader found"));
 }
 
 TEST_F(PanelWindowTest, TellsWhyAReadFailed) {
@@ -127,7 +127,7 @@ TEST_F(PanelWindowTest, StoreTellsThatTheModuleFitsAndThatThereIsNothingToTransf
   dialogs.acceptBox();
   press(Qt::Key_F6);
   EXPECT_EQ(dialogs.boxes(),
-            QStringList("The module fits. This program has no parameters to transfer to it."));
+            QStringList("The module matches. This program has no parameters to transfer."));
   EXPECT_FALSE(inside(control()).HostActive);
   EXPECT_TRUE(panel().CmdDeviceInfo.enabled());
 }

@@ -86,7 +86,7 @@ TEST_F(RecordDialogsTest, TellsThatAFileCannotBeWritten) {
 }
 
 TEST_F(RecordDialogsTest, SavesPrintsAndCopiesNothingWithoutAModule) {
-  const QString nothing = "No module has been read, so there is nothing to save, print or copy.";
+  const QString nothing = "No module has been read: nothing to save, print or copy.";
   for (const auto key : {Qt::Key_S, Qt::Key_P, Qt::Key_C}) {
     window->statusBar()->clearMessage();
     press(key, Qt::ControlModifier);
@@ -106,7 +106,7 @@ TEST_F(RecordDialogsTest, OpensWhatItSavedInAWindowThatSaysWhatItIs) {
   EXPECT_TRUE(recordWindow()->isVisible());
   const QString banner = recordWindow()->findChild<QLabel*>("banner")->text();
   EXPECT_TRUE(banner.contains("mine.json")) << banner.toStdString();
-  EXPECT_TRUE(banner.contains("not the module as it is at this moment"));
+  EXPECT_TRUE(banner.contains("not the current state of the module"));
   const QString page = recordWindow()->findChild<QTextBrowser*>()->toPlainText();
   EXPECT_TRUE(page.contains(readRecord(path("mine.json")).module.serialNumber));
   EXPECT_TRUE(recordWindow()->findChild<QTextBrowser*>()->isReadOnly());
@@ -123,9 +123,9 @@ TEST_F(RecordDialogsTest, TheRecordOfAnotherModuleLeavesThePanelAlone) {
 
 TEST_F(RecordDialogsTest, TellsWhatIsWrongWithAFileThatIsNoRecord) {
   const std::vector<std::pair<QByteArray, QString>> files{
-      {"", "wrong.json is no module record: it is no JSON at line 1"},
-      {"hello", "wrong.json is no module record: it is no JSON at line 1"},
-      {R"({"format": "other"})", "wrong.json is no module record: its format is not"},
+      {"", "wrong.json is not a module record: invalid JSON at line 1"},
+      {"hello", "wrong.json is not a module record: invalid JSON at line 1"},
+      {R"({"format": "other"})", "wrong.json is not a module record: its format is not"},
       {R"({"format": "modulinfo-record", "version": 9})",
        "wrong.json was written by a newer program: it has version 9"},
       {R"({"format": "modulinfo-record", "version": 1})",

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "DialogDriver.h"
+#include "InLanguage.h"
 #include "RecordWindow.h"
 #include "SampleRecord.h"
 #include "SampleTexts.h"
@@ -34,9 +35,7 @@ class RecordWindowTest : public ::testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowActive(window));
   }
 
-  RecordSheet sheet() {
-    return {sampleRecord(), &texts.tables, HostTexts(HostTexts::Language::German), {}};
-  }
+  RecordSheet sheet() { return {sampleRecord(), &texts.tables, {}}; }
   QTextBrowser& page() { return *window->findChild<QTextBrowser*>(); }
   QPushButton* button(const QString& text) {
     for (QPushButton* found : window->findChildren<QPushButton*>()) {
@@ -47,12 +46,13 @@ class RecordWindowTest : public ::testing::Test {
 
   QTemporaryDir folder;
   GermanTexts texts;
+  InLanguage german{u"dlg"};
   std::optional<HostSettings> settings;
   QPointer<RecordWindow> window;
   DialogDriver dialogs;
 };
 
-TEST_F(RecordWindowTest, SaysThatItIsARecordAndOfWhen) {
+TEST_F(RecordWindowTest, SaysThatItIsARecordAndOfWhatTime) {
   EXPECT_EQ(window->windowTitle(), "Protokoll: a.json - Modul-Information");
   EXPECT_EQ(window->findChild<QLabel*>("banner")->text(),
             "Protokoll vom 17. Mai 2024, 08:04:59 (UTC+02:00) aus der Datei a.json: nicht der "
@@ -62,8 +62,7 @@ TEST_F(RecordWindowTest, SaysThatItIsARecordAndOfWhen) {
 TEST_F(RecordWindowTest, ShowsEveryValue) {
   constexpr QChar wordJoiner(0x2060);
   const QString shown = page().toPlainText().remove(wordJoiner);
-  for (const RecordSection& section :
-       recordSections(sampleRecord(), texts.tables, HostTexts(HostTexts::Language::German))) {
+  for (const RecordSection& section : recordSections(sampleRecord(), texts.tables)) {
     EXPECT_TRUE(shown.contains(section.title)) << section.title.toStdString();
     for (const RecordRow& row : section.rows) {
       EXPECT_TRUE(shown.contains(row.value)) << row.value.toStdString();
@@ -99,7 +98,7 @@ TEST_F(RecordWindowTest, CopiesTheRecordAsText) {
   QGuiApplication::clipboard()->clear();
   QTest::mouseClick(button("Kopieren"), Qt::LeftButton);
   EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith("Modulprotokoll\n"));
-  EXPECT_EQ(window->findChild<QLabel*>("said")->text(), "Als Text kopiert");
+  EXPECT_EQ(window->findChild<QLabel*>("message")->text(), "Als Text kopiert");
 }
 
 TEST_F(RecordWindowTest, SavesItselfAsPdf) {
@@ -115,12 +114,12 @@ TEST_F(RecordWindowTest, PrintsThroughAPreview) {
   EXPECT_TRUE(came);
 }
 
-TEST_F(RecordWindowTest, EscapeClosesItForGood) {
+TEST_F(RecordWindowTest, EscapeDeletesIt) {
   QTest::keyClick(&page(), Qt::Key_Escape);
   EXPECT_TRUE(QTest::qWaitFor([&] { return window.isNull(); }));
 }
 
-TEST_F(RecordWindowTest, KeepsItsPlace) {
+TEST_F(RecordWindowTest, RemembersItsSize) {
   window->resize(700, 500);
   window->close();
   EXPECT_TRUE(QTest::qWaitFor([&] { return window.isNull(); }));

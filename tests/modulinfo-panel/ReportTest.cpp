@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include "InLanguage.h"
 #include "SampleRecord.h"
 #include "SampleTexts.h"
 #include "report/RecordReport.h"
@@ -17,9 +18,7 @@ namespace {
 
 class ReportTest : public ::testing::Test {
  protected:
-  RecordSheet sheet() {
-    return {record, &texts.tables, HostTexts(HostTexts::Language::German), {}};
-  }
+  RecordSheet sheet() { return {record, &texts.tables, {}}; }
 
   /// The page as it is painted on paper.
   QImage painted() {
@@ -32,6 +31,7 @@ class ReportTest : public ::testing::Test {
 
   ModuleRecord record = sampleRecord();
   GermanTexts texts;
+  InLanguage german{u"dlg"};
   QTemporaryDir folder;
 };
 
@@ -57,7 +57,7 @@ TEST_F(ReportTest, IsOnePage) {
   EXPECT_TRUE(pdf.contains("/MediaBox [0 0 595"));
 }
 
-TEST_F(ReportTest, IsOnePageHoweverLongTheTextsAre) {
+TEST_F(ReportTest, IsOnePageEvenWithLongTexts) {
   for (QString* text : {&record.status.module, &record.status.channel, &record.module.description,
                         &record.catalogue.product}) {
     *text = QString("Bereichsüberschreitung ").repeated(200);
@@ -69,7 +69,7 @@ TEST_F(ReportTest, IsOnePageHoweverLongTheTextsAre) {
   EXPECT_FALSE(rows[rows.size() - 33]);
 }
 
-TEST_F(ReportTest, IsDarkOnWhiteAlsoInADarkWindow) {
+TEST_F(ReportTest, IsDarkOnWhiteEvenInADarkTheme) {
   const QPalette usual = QGuiApplication::palette();
   const QImage light = painted();
   QPalette dark(QColor(0x2b2d31), QColor(0x24262a));
@@ -91,7 +91,7 @@ TEST_F(ReportTest, HasThePictureOfTheState) {
   EXPECT_NE(unknown, healthy);
 }
 
-TEST_F(ReportTest, HasTheLogoWhereThereIsOne) {
+TEST_F(ReportTest, HasTheLogoIfThereIsOne) {
   RecordSheet marked = sheet();
   marked.logo = Picture::application();
   const auto page = recordDocument(marked, RecordInk::paper(), 1);
@@ -113,7 +113,7 @@ TEST_F(ReportTest, NoLineEndsWithinAnArrow) {
   }
 }
 
-TEST_F(ReportTest, TellsAFileThatCannotBeWritten) {
+TEST_F(ReportTest, ReportsAFileThatCannotBeWritten) {
   try {
     writeReport(sheet(), folder.filePath("absent/a.pdf"));
     FAIL() << "written";

@@ -230,7 +230,7 @@ class ProgramTest(Bench):
     def test_a_file_that_is_no_record_ends_with_1_and_says_why(self):
         wrong = self.folder / "wrong.json"
         wrong.write_text("{\n  nonsense\n}", encoding="utf-8")
-        for changes, said in ((None, "wrong.json is no module record: it is no JSON at line 2"),
+        for changes, said in ((None, "wrong.json is not a module record: invalid JSON at line 2"),
                               ({"version": 2}, "written by a newer program"),
                               ({"module": {}}, "the field module.vendorId is missing"),
                               ({"time": "now"}, 'the field time is "now"')):

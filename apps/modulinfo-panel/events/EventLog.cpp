@@ -1,5 +1,7 @@
 #include "events/EventLog.h"
 
+#include <QCoreApplication>
+#include <QLocale>
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -23,10 +25,9 @@ struct ResultText {
   QString operator()(const DeviceWords& words) const { return '[' + listed(words) + ']'; }
 };
 
-/// The cells behind the time.
+/// The cells after the time.
 struct CellText {
   int column;
-  const HostTexts& words;
 
   QString operator()(const HostEvent& event) const {
     switch (column) {
@@ -52,7 +53,7 @@ struct CellText {
         return call.error ? QString::fromStdString(*call.error)
                           : std::visit(ResultText{}, call.result);
       default:
-        return words.locale().toString(call.milliseconds, 'f', decimals);
+        return QLocale().toString(call.milliseconds, 'f', decimals);
     }
   }
 };
@@ -62,15 +63,25 @@ QVariant alignment(int column) {
   return QVariant::fromValue(side | Qt::AlignVCenter);
 }
 
-constexpr std::array<Word, EventLog::columns> titles{
-    Word::EventTime, Word::EventOrigin, Word::EventWhat, Word::EventResult, Word::EventMs};
+/// In the order of EventLog::Column.
+constexpr std::array<const char*, EventLog::columns> titles{
+    //: Title of a column: when the event happened
+    QT_TRANSLATE_NOOP("EventLog", "Time"),
+    //: Title of a column: the object that the event came from
+    QT_TRANSLATE_NOOP("EventLog", "From"),
+    //: Title of a column: the callback or call with its arguments
+    QT_TRANSLATE_NOOP("EventLog", "Event"),
+    //: Title of a column: what the call returned, or its error
+    QT_TRANSLATE_NOOP("EventLog", "Result"),
+    //: Title of a column: the duration of the call in milliseconds
+    QT_TRANSLATE_NOOP("EventLog", "ms"),
+};
+
+QString titleOf(std::size_t column) {
+  return QCoreApplication::translate("EventLog", titles.at(column));
+}
 
 }  // namespace
-
-void EventLog::setWords(const HostTexts& words) {
-  words_ = words;
-  Q_EMIT headerDataChanged(Qt::Horizontal, 0, columns - 1);
-}
 
 void EventLog::keep(std::variant<HostEvent, DeviceCall> what) {
   if (entries_.size() == capacity_) {
@@ -111,7 +122,7 @@ QString EventLog::failureCause() const {
 QString EventLog::cell(int row, int column) const {
   const Entry& entry = entries_.at(static_cast<std::size_t>(row));
   return column == Time ? entry.time.toString("HH:mm:ss.zzz")
-                        : std::visit(CellText{column, words_}, entry.what);
+                        : std::visit(CellText{column}, entry.what);
 }
 
 QString EventLog::text(int first, int last) const {
@@ -119,7 +130,7 @@ QString EventLog::text(int first, int last) const {
   for (int row = first; row <= last; ++row) {
     QStringList cells;
     for (int column = 0; column < columns; ++column) {
-      // What a driver says of a failure may have lines of its own.
+      // The message of a driver may span several lines.
       cells += cell(row, column).simplified();
     }
     lines += cells.join('\t') + '\n';
@@ -130,11 +141,12 @@ QString EventLog::text(int first, int last) const {
 QString EventLog::text() const {
   QString text;
   if (dropped_ > 0) {
-    text = words_(Word::EventsDropped1, {QString::number(dropped_)}) + '\n';
+    text =
+        QCoreApplication::translate("EventLog", "Older events dropped: %1.").arg(dropped_) + '\n';
   }
   QStringList headings;
-  for (const Word title : titles) {
-    headings += words_(title);
+  for (std::size_t column = 0; column < columns; ++column) {
+    headings += titleOf(column);
   }
   return text + headings.join('\t') + '\n' + this->text(0, rowCount() - 1);
 }
@@ -165,7 +177,7 @@ QVariant EventLog::headerData(int section, Qt::Orientation orientation, int role
   }
   switch (role) {
     case Qt::DisplayRole:
-      return words_(titles.at(static_cast<std::size_t>(section)));
+      return titleOf(static_cast<std::size_t>(section));
     case Qt::TextAlignmentRole:
       return alignment(section);
     default:

@@ -8,47 +8,41 @@
 #include <variant>
 
 #include "drivers/TracedObject.h"
-#include "words/HostTexts.h"
 
 namespace tessara {
 
-/// A callback of the control as the host heard it: "ModulActive(1)", and what the host then saw, if
-/// there was something to see.
+/// A callback of the control, such as "ModulActive(1)", and what the host saw then, if anything.
 struct HostEvent {
   QString callback;
   QString seen;
 };
 
-/// What has happened between host, control and module, the newest last, as far as memory is set
-/// aside for it; also the table of what an event view shows. Keeping an event costs little more
-/// than its own values: texts are made when somebody reads them.
+/// The latest events between host, control and module, the newest last, as the table that an event
+/// view shows. Adding an event stores its values only; texts are made when they are read.
 class EventLog : public QAbstractTableModel {
  public:
   enum Column { Time, Origin, What, Result, Milliseconds };
   static constexpr int columns = 5;
 
   /// About two hours of a module that is scanned every four seconds.
-  static constexpr std::size_t usualCapacity = 10'000;
+  static constexpr std::size_t defaultCapacity = 10'000;
 
-  explicit EventLog(std::size_t capacity = usualCapacity) : capacity_(capacity) {}
-
-  /// The words of the column titles and of the saved text.
-  void setWords(const HostTexts& words);
+  explicit EventLog(std::size_t capacity = defaultCapacity) : capacity_(capacity) {}
 
   void add(HostEvent event) { keep(std::move(event)); }
   void add(const DeviceCall& call) { keep(call); }
   void clear();
 
-  /// How many events have had to make room for newer ones since the last clearing.
+  /// The number of events that made room for newer ones since the log was last cleared.
   [[nodiscard]] std::size_t dropped() const { return dropped_; }
 
-  /// The first error of a call to the module since a connection was tried last; empty if there was
+  /// The first error of a call to the module since the last attempt to connect; empty if there was
   /// none.
   [[nodiscard]] QString failureCause() const;
 
   /// Those rows as text, a line each, columns separated by tabs.
   [[nodiscard]] QString text(int first, int last) const;
-  /// All of them, with the titles of the columns and a note on those that were dropped in front.
+  /// All rows, preceded by the column titles and, if events were dropped, a note of their number.
   [[nodiscard]] QString text() const;
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -69,7 +63,6 @@ class EventLog : public QAbstractTableModel {
   std::size_t capacity_;
   std::size_t dropped_ = 0;
   std::deque<Entry> entries_;
-  HostTexts words_;
 };
 
 }  // namespace tessara

@@ -1,16 +1,16 @@
 #pragma once
 
+#include <QString>
+#include <QStringList>
 #include <optional>
 #include <stdexcept>
-#include <utility>
-
-#include "words/HostTexts.h"
 
 namespace tessara {
 
-/// A word and what fills its places.
+/// A message and the values for its places, that for %1 first.
 struct Phrase {
-  Word word = Word::Count;
+  /// English; one of those in RecordMessages.h.
+  const char* source = "";
   QStringList arguments{};
 };
 
@@ -19,26 +19,13 @@ struct Phrase {
 class RecordError : public std::runtime_error {
  public:
   /// With `kind`, that phrase fills the last place of the message.
-  explicit RecordError(Phrase message, std::optional<Phrase> kind = std::nullopt)
-      : std::runtime_error(said(HostTexts(), message, kind).toStdString()),
-        message_(std::move(message)),
-        kind_(std::move(kind)) {}
+  explicit RecordError(const Phrase& message, const std::optional<Phrase>& kind = std::nullopt);
 
-  /// The same in the language of the user.
-  [[nodiscard]] QString text(const HostTexts& words) const { return said(words, message_, kind_); }
+  /// The same in the language that was installed when the error was thrown.
+  [[nodiscard]] const QString& text() const { return text_; }
 
  private:
-  static QString said(const HostTexts& words, const Phrase& message,
-                      const std::optional<Phrase>& kind) {
-    QStringList arguments = message.arguments;
-    if (kind) {
-      arguments += words(kind->word, kind->arguments);
-    }
-    return words(message.word, arguments);
-  }
-
-  Phrase message_;
-  std::optional<Phrase> kind_;
+  QString text_;
 };
 
 }  // namespace tessara

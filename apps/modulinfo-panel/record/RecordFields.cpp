@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string>
 
+#include "record/RecordMessages.h"
+
 namespace tessara {
 namespace {
 
@@ -38,8 +40,8 @@ LineAndColumn placeOf(const QByteArray& text, std::size_t byte) {
 }
 
 RecordError noJson(const QString& name, const LineAndColumn& place, const QString& cause) {
-  return RecordError(
-      {Word::NotJson4, {name, QString::number(place.line), QString::number(place.column), cause}});
+  return RecordError({record_message::invalidJson,
+                      {name, QString::number(place.line), QString::number(place.column), cause}});
 }
 
 }  // namespace
@@ -59,20 +61,20 @@ Json parseRecord(const QByteArray& text, const QString& name) {
   }
 }
 
-void RecordFields::fail(Word word, const QStringList& arguments) const {
-  throw RecordError({word, QStringList{name_} + arguments});
+void RecordFields::fail(const char* message, const QStringList& arguments) const {
+  throw RecordError({message, QStringList{name_} + arguments});
 }
 
 void RecordFields::failKind(const char* key, const Phrase& kind) const {
   const QString value =
       QString::fromStdString(at(key).dump(-1, ' ', false, Json::error_handler_t::replace));
-  throw RecordError({Word::FieldWrong4, {name_, path_ + key, shortened(value)}}, kind);
+  throw RecordError({record_message::fieldWrong, {name_, path_ + key, shortened(value)}}, kind);
 }
 
 const Json& RecordFields::at(const char* key) const {
   const auto found = json_.is_object() ? json_.find(key) : json_.end();
   if (found == json_.end()) {
-    fail(Word::FieldMissing2, {path_ + key});
+    fail(record_message::fieldMissing, {path_ + key});
   }
   return *found;
 }
@@ -84,21 +86,21 @@ bool RecordFields::holdsText(const char* key, const char* text) const {
 
 RecordFields RecordFields::object(const char* key) const {
   if (!at(key).is_object()) {
-    failKind(key, {Word::KindObject});
+    failKind(key, {record_kind::object});
   }
   return {at(key), name_, path_ + key + '.'};
 }
 
 QString RecordFields::text(const char* key) const {
   if (!at(key).is_string()) {
-    failKind(key, {Word::KindText});
+    failKind(key, {record_kind::text});
   }
   return QString::fromStdString(at(key).get_ref<const std::string&>());
 }
 
 bool RecordFields::truth(const char* key) const {
   if (!at(key).is_boolean()) {
-    failKind(key, {Word::KindTruth});
+    failKind(key, {record_kind::truth});
   }
   return at(key).get<bool>();
 }
@@ -107,7 +109,7 @@ QDateTime RecordFields::time(const char* key) const {
   QDateTime time =
       at(key).is_string() ? QDateTime::fromString(text(key), Qt::ISODate) : QDateTime();
   if (!time.isValid()) {
-    failKind(key, {Word::KindTime});
+    failKind(key, {record_kind::time});
   }
   return time;
 }
@@ -115,7 +117,7 @@ QDateTime RecordFields::time(const char* key) const {
 std::size_t RecordFields::choice(const char* key, const QStringList& texts) const {
   const qsizetype place = at(key).is_string() ? texts.indexOf(text(key)) : -1;
   if (place < 0) {
-    failKind(key, {Word::KindOneOf1, {texts.join(", ")}});
+    failKind(key, {record_kind::oneOf, {texts.join(", ")}});
   }
   return static_cast<std::size_t>(place);
 }
@@ -126,7 +128,7 @@ std::int64_t RecordFields::wholeNumber(const char* key, std::int64_t low, std::i
                     !(value.is_number_unsigned() && value.get<std::uint64_t>() > INT64_MAX) &&
                     value.get<std::int64_t>() >= low && value.get<std::int64_t>() <= high;
   if (!fits) {
-    failKind(key, {Word::KindNumber2, {QString::number(low), QString::number(high)}});
+    failKind(key, {record_kind::number, {QString::number(low), QString::number(high)}});
   }
   return value.get<std::int64_t>();
 }

@@ -45,7 +45,7 @@ class RecordFields {
   [[nodiscard]] bool holdsText(const char* key, const char* text) const;
 
   /// Throws the error, its first argument the name of the file.
-  [[noreturn]] void fail(Word word, const QStringList& arguments) const;
+  [[noreturn]] void fail(const char* message, const QStringList& arguments) const;
 
  private:
   RecordFields(const Json& json, const QString& name, QString path)

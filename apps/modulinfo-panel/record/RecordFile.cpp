@@ -6,13 +6,14 @@
 #include <QSaveFile>
 
 #include "record/RecordJson.h"
+#include "record/RecordMessages.h"
 
 namespace tessara {
 namespace {
 
-/// A record has two or three thousand bytes; whoever opens a film by mistake need not wait for it.
 constexpr qint64 kilobyte = 1024;
-constexpr qint64 largest = 256 * kilobyte;
+/// A record takes two or three kilobytes; a film that was opened by mistake is not read whole.
+constexpr qint64 maxBytes = 256 * kilobyte;
 
 QString shown(const QString& path) {
   return QFileInfo(path).fileName();
@@ -25,7 +26,7 @@ void replaceFile(const QString& path, const QByteArray& bytes) {
   const bool isWritten =
       file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
   if (!isWritten) {
-    throw RecordError({Word::FileUnwritable2, {path, file.errorString()}});
+    throw RecordError({record_message::unwritable, {path, file.errorString()}});
   }
 }
 
@@ -36,14 +37,15 @@ void writeRecord(const ModuleRecord& record, const QString& path) {
 ModuleRecord readRecord(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) {
-    throw RecordError({Word::FileUnreadable2, {path, file.errorString()}});
+    throw RecordError({record_message::unreadable, {path, file.errorString()}});
   }
-  const QByteArray bytes = file.read(largest + 1);
+  const QByteArray bytes = file.read(maxBytes + 1);
   if (file.error() != QFileDevice::NoError) {
-    throw RecordError({Word::FileUnreadable2, {path, file.errorString()}});
+    throw RecordError({record_message::unreadable, {path, file.errorString()}});
   }
-  if (bytes.size() > largest) {
-    throw RecordError({Word::FileTooLarge2, {shown(path), QString::number(largest / kilobyte)}});
+  if (bytes.size() > maxBytes) {
+    throw RecordError(
+        {record_message::tooLarge, {shown(path), QString::number(maxBytes / kilobyte)}});
   }
   return recordFromJson(bytes, shown(path));
 }

@@ -7,15 +7,15 @@
 
 namespace tessara {
 
-/// Writes the record as JSON. What stood in the file before is replaced in one step, or stays whole
-/// with a RecordError.
+/// Writes the record as JSON and replaces the file in one step. RecordError if that fails; the file
+/// then stays as it was.
 void writeRecord(const ModuleRecord& record, const QString& path);
 
-/// The record of that file. RecordError for a file that cannot be read or holds none.
+/// Reads the record in that file. RecordError if the file cannot be read or holds no record.
 ModuleRecord readRecord(const QString& path);
 
 /// A file name for the record, without folder: name and serial number of the module, with a hyphen
-/// for each run of signs that a file system or a shell might stumble over.
+/// for each run of characters that are awkward in file names.
 QString suggestedFileName(const ModuleRecord& record);
 
 /// Writes the bytes to the file in one step. RecordError if that fails.

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "record/RecordFields.h"
+#include "record/RecordMessages.h"
 
 namespace tessara {
 namespace {
@@ -41,12 +42,13 @@ CatalogResult resultIn(const RecordFields& fields, const char* key) {
 
 void requireFormat(const RecordFields& fields) {
   if (!fields.holdsText("format", recordFormat)) {
-    fields.fail(Word::OtherFormat2, {recordFormat});
+    fields.fail(record_message::otherFormat, {recordFormat});
   }
   const auto version =
       fields.number<std::int32_t>("version", 1, std::numeric_limits<std::int32_t>::max());
   if (version > recordVersion) {
-    fields.fail(Word::NewerVersion3, {QString::number(version), QString::number(recordVersion)});
+    fields.fail(record_message::newerVersion,
+                {QString::number(version), QString::number(recordVersion)});
   }
 }
 

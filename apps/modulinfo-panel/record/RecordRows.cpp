@@ -1,8 +1,10 @@
 #include "record/RecordRows.h"
 
+#include <QLocale>
 #include <algorithm>
 
 #include "qt/QtText.h"
+#include "record/RecordWords.h"
 
 namespace tessara {
 namespace {
@@ -19,22 +21,22 @@ QString hexadecimal(std::uint32_t word) {
   return "0x" + QString::number(word, base).toUpper().rightJustified(digits, '0');
 }
 
-Word resultWord(CatalogResult result) {
+QString resultText(CatalogResult result) {
   switch (result) {
     case CatalogResult::CatalogNoDevice:
-      return Word::CatalogueNoDevice;
+      return RecordWords::tr("Not in the catalogue");
     case CatalogResult::CatalogNoVersion:
-      return Word::CatalogueNoVersion;
+      return RecordWords::tr("Known; no entry for this firmware");
     case CatalogResult::CatalogFwNewer:
-      return Word::CatalogueNewer;
+      return RecordWords::tr("Known; the firmware is newer than the catalogue");
     case CatalogResult::CatalogExact:
-      return Word::CatalogueExact;
+      return RecordWords::tr("Known with this firmware");
     case CatalogResult::CatalogFwOlder:
-      return Word::CatalogueOlder;
+      return RecordWords::tr("Known; the firmware is older than the catalogue");
     case CatalogResult::CatalogFileError:
       break;
   }
-  return Word::CatalogueUnusable;
+  return RecordWords::tr("The catalogue could not be used");
 }
 
 /// "Modbus", "HART", "NFC".
@@ -62,23 +64,23 @@ std::vector<RecordRow> identificationRows(const ModuleRecord& record) {
           {"Device ID", QString::number(record.module.deviceId)}};
 }
 
-std::vector<RecordRow> statusRows(const ModuleRecord& record, const TextTables& texts,
-                                  const HostTexts& words) {
+std::vector<RecordRow> statusRows(const ModuleRecord& record, const TextTables& texts) {
   const auto& status = record.status;
   const QString both = hexadecimal(static_cast<std::uint16_t>(status.word)) + " / " +
                        hexadecimal(static_cast<std::uint32_t>(status.led));
   return {{captionOf(texts.TextModulInfo[21]), status.module},
           {captionOf(texts.TextModulInfo[22]), status.channel},
-          {words(Word::StatusWords), both},
-          {words(Word::StatusLine), status.line}};
+          {RecordWords::tr("Status word / LED word"), both},
+          //: The line of the panel that reports what the control does
+          {RecordWords::tr("Status line"), status.line}};
 }
 
-std::vector<RecordRow> connectionRows(const ModuleRecord& record, const TextTables& texts,
-                                      const HostTexts& words) {
+std::vector<RecordRow> connectionRows(const ModuleRecord& record, const TextTables& texts) {
   const auto& [port, adapter, object, baudrate, address] = record.connection;
   std::vector<RecordRow> rows{
       {captionOf(texts.TextModulInfo[1]), adapter.contains(port) ? adapter : port + " " + adapter},
-      {words(Word::Path), pathOf(object)}};
+      {//: How the module was accessed: Modbus, HART or NFC
+       RecordWords::tr("Path"), pathOf(object)}};
   if (object == modbusObject) {
     rows.push_back({captionOf(texts.TextModulInfo[2]), QString::number(baudrate)});
   }
@@ -86,15 +88,17 @@ std::vector<RecordRow> connectionRows(const ModuleRecord& record, const TextTabl
   return rows;
 }
 
-std::vector<RecordRow> catalogueRows(const ModuleRecord& record, const HostTexts& words) {
+std::vector<RecordRow> catalogueRows(const ModuleRecord& record) {
   const auto& catalogue = record.catalogue;
-  return {{words(Word::CatalogueEntry), words(resultWord(catalogue.result))},
-          {words(Word::ProductPage), catalogue.product},
-          {words(Word::Datasheet), catalogue.datasheet},
-          {words(Word::Leaflet), catalogue.leaflet}};
+  return {{//: Whether the catalogue knows the module
+           RecordWords::tr("Entry"), resultText(catalogue.result)},
+          {RecordWords::tr("Product page"), catalogue.product},
+          {RecordWords::tr("Data sheet"), catalogue.datasheet},
+          {//: The instructions that come with the module
+           RecordWords::tr("Package leaflet"), catalogue.leaflet}};
 }
 
-/// How many columns of a terminal a text takes: East Asian signs take two.
+/// The number of terminal columns that a text takes; East Asian characters take two.
 qsizetype columns(const QString& text) {
   constexpr char16_t firstWide = 0x2E80;
   return text.size() +
@@ -103,29 +107,38 @@ qsizetype columns(const QString& text) {
 
 }  // namespace
 
-std::vector<RecordSection> recordSections(const ModuleRecord& record, const TextTables& texts,
-                                          const HostTexts& words) {
+std::vector<RecordSection> recordSections(const ModuleRecord& record, const TextTables& texts) {
   std::vector<RecordSection> sections{
-      {RecordPart::Module, words(Word::SectionModule), moduleRows(record, texts)},
-      {RecordPart::Identification, words(Word::SectionIdentification), identificationRows(record)},
-      {RecordPart::Status, captionOf(texts.TextModulInfo[7]), statusRows(record, texts, words)},
-      {RecordPart::Connection, words(Word::SectionConnection),
-       connectionRows(record, texts, words)},
-      {RecordPart::Catalogue, words(Word::SectionCatalogue), catalogueRows(record, words)}};
+      {RecordPart::Module,
+       //: Heading above name, description, serial number and firmware
+       RecordWords::tr("Module"), moduleRows(record, texts)},
+      {RecordPart::Identification,  //: Heading above the identification words of the module
+       RecordWords::tr("Identification"), identificationRows(record)},
+      {RecordPart::Status, captionOf(texts.TextModulInfo[7]), statusRows(record, texts)},
+      {RecordPart::Connection,
+       //: Heading above port, path, rate and address
+       RecordWords::tr("Connection"), connectionRows(record, texts)},
+      {RecordPart::Catalogue,  //: Heading above what the device catalogue says of the module
+       RecordWords::tr("Catalogue"), catalogueRows(record)}};
   for (RecordSection& section : sections) {
     std::erase_if(section.rows, [](const RecordRow& row) { return row.value.isEmpty(); });
   }
   return sections;
 }
 
-QString recordTime(const ModuleRecord& record, const HostTexts& words) {
+QString recordTime(const ModuleRecord& record) {
   const QDateTime& time = record.time;
-  return words.locale().toString(time.toOffsetFromUtc(time.offsetFromUtc()), words(Word::Moment));
+  //: Not a text but the pattern of QLocale for a date and time with its time zone: 17 May 2024,
+  //: 08:04:59 (UTC+02:00)
+  const QString pattern = RecordWords::tr("d MMMM yyyy, HH:mm:ss (t)");
+  return QLocale().toString(time.toOffsetFromUtc(time.offsetFromUtc()), pattern);
 }
 
-QString recordText(const ModuleRecord& record, const TextTables& texts, const HostTexts& words) {
-  const std::vector<RecordSection> sections = recordSections(record, texts, words);
-  qsizetype width = columns(words(Word::Recorded));
+QString recordText(const ModuleRecord& record, const TextTables& texts) {
+  const std::vector<RecordSection> sections = recordSections(record, texts);
+  //: Caption of the time at which the module was read
+  const QString recorded = RecordWords::tr("Recorded");
+  qsizetype width = columns(recorded);
   for (const RecordSection& section : sections) {
     for (const RecordRow& row : section.rows) {
       width = std::max(width, columns(row.caption));
@@ -135,8 +148,7 @@ QString recordText(const ModuleRecord& record, const TextTables& texts, const Ho
     const QString gap(width - columns(caption) + 2, ' ');
     return "  " + caption + ':' + gap + value + '\n';
   };
-  QString text =
-      words(Word::RecordTitle) + '\n' + line(words(Word::Recorded), recordTime(record, words));
+  QString text = RecordWords::tr("Module record") + '\n' + line(recorded, recordTime(record));
   for (const RecordSection& section : sections) {
     text += '\n' + section.title + '\n';
     for (const RecordRow& row : section.rows) {

@@ -6,11 +6,10 @@
 
 #include "localisation/TextTables.h"
 #include "record/ModuleRecord.h"
-#include "words/HostTexts.h"
 
 namespace tessara {
 
-/// A caption and what stands beside it.
+/// A caption and the value beside it.
 struct RecordRow {
   QString caption;
   QString value;
@@ -26,17 +25,15 @@ struct RecordSection {
 };
 
 /// The record as people read it: module, status, connection and catalogue, in the texts of the
-/// control and the words of the host. What the record does not know, or the panel does not show, is
+/// control and the language installed. Unknown values, and those that the panel does not show, are
 /// left out.
-std::vector<RecordSection> recordSections(const ModuleRecord& record, const TextTables& texts,
-                                          const HostTexts& words);
+std::vector<RecordSection> recordSections(const ModuleRecord& record, const TextTables& texts);
 
-/// The moment of the record as it was where the module was read, with the offset from UTC:
+/// The local time at which the module was read, with the offset from UTC:
 /// "17 May 2024, 08:04:59 (UTC+02:00)".
-QString recordTime(const ModuleRecord& record, const HostTexts& words);
+QString recordTime(const ModuleRecord& record);
 
-/// The record as plain text, for mails: a title, then a line for each row, the values below each
-/// other.
-QString recordText(const ModuleRecord& record, const TextTables& texts, const HostTexts& words);
+/// The record as plain text, for e-mails: a title, then a line for each row, the values aligned.
+QString recordText(const ModuleRecord& record, const TextTables& texts);
 
 }  // namespace tessara

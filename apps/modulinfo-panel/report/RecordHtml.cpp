@@ -3,18 +3,19 @@
 #include <algorithm>
 
 #include "record/RecordRows.h"
+#include "record/RecordWords.h"
 
 namespace tessara {
 namespace {
 
-/// The width of the captions' column in heights of the values.
+/// The width of the caption column, in text heights.
 constexpr int captionWidth = 15;
 
 bool isLink(const QString& value) {
   return value.startsWith("https://") || value.startsWith("http://");
 }
 
-/// Status texts are joined by arrows of two signs, between which no line is to end.
+/// Status texts are joined by arrows of two characters, which must stay on one line.
 constexpr auto arrow = "-&gt;";
 constexpr auto wholeArrow = "-&#8288;&gt;";
 
@@ -68,8 +69,7 @@ QString statusHtml(const std::vector<RecordRow>& rows, const RecordInk& ink) {
            statePictureName, QString::number(side));
 }
 
-QString titleHtml(const ModuleRecord& record, const HostTexts& words, const RecordInk& ink,
-                  const QSize& logo) {
+QString titleHtml(const ModuleRecord& record, const RecordInk& ink, const QSize& logo) {
   const QString mark = logo.isEmpty()
                            ? QString()
                            : QString("<td align='right'><img src='%1' width='%2' height='%3'></td>")
@@ -80,10 +80,11 @@ QString titleHtml(const ModuleRecord& record, const HostTexts& words, const Reco
         .arg(QString::number(ink.pixels / 3), QString::number(pixels), style, text.toHtmlEscaped());
   };
   return "<table width='100%' cellspacing='0' cellpadding='0'><tr><td>" +
-         line(ink.pixels * 2, "font-weight:600", words(Word::RecordTitle)) +
+         line(ink.pixels * 2, "font-weight:600", RecordWords::tr("Module record")) +
          line(ink.pixels * 4 / 3, {}, record.module.name) +
          line(ink.pixels, "color:" + ink.caption.name(),
-              words(Word::Captioned2, {words(Word::Recorded), recordTime(record, words)})) +
+              //: A caption and its value
+              RecordWords::tr("%1: %2").arg(RecordWords::tr("Recorded"), recordTime(record))) +
          "</td>" + mark + "</tr></table>";
 }
 
@@ -98,12 +99,12 @@ RecordInk RecordInk::paper() {
   return ink;
 }
 
-QString recordHtml(const ModuleRecord& record, const TextTables& texts, const HostTexts& words,
-                   const RecordInk& ink, const RecordPictures& pictures) {
+QString recordHtml(const ModuleRecord& record, const TextTables& texts, const RecordInk& ink,
+                   const RecordPictures& pictures) {
   QString html = QString("<body style='color:%1; font-size:%2px'>")
                      .arg(ink.text.name(), QString::number(ink.pixels));
-  html += titleHtml(record, words, ink, pictures.logo);
-  for (const RecordSection& section : recordSections(record, texts, words)) {
+  html += titleHtml(record, ink, pictures.logo);
+  for (const RecordSection& section : recordSections(record, texts)) {
     html += headingHtml(section.title, ink);
     if (section.part == RecordPart::Identification) {
       html += columnsHtml(section.rows, ink);

@@ -6,7 +6,6 @@
 
 #include "localisation/TextTables.h"
 #include "record/ModuleRecord.h"
-#include "words/HostTexts.h"
 
 namespace tessara {
 
@@ -14,7 +13,7 @@ namespace tessara {
 struct RecordInk {
   QColor text;
   QColor caption;
-  /// The ground of headings.
+  /// The background of headings.
   QColor ground;
   /// The colour of links.
   QColor link;
@@ -24,20 +23,20 @@ struct RecordInk {
   static RecordInk paper();
 };
 
-/// The names by which the page asks for its pictures.
+/// The names of the pictures in the page.
 inline constexpr const char* statePictureName = "state";
 inline constexpr const char* logoPictureName = "logo";
 
-/// The pictures that there are for the page.
+/// The pictures available for the page.
 struct RecordPictures {
   bool hasState = false;
-  /// How large the logo is to be; empty for none.
+  /// The size of the logo; empty for none.
   QSize logo;
 };
 
 /// The record as a page of HTML for a QTextDocument: a title with the module's name, then its
 /// tables.
-QString recordHtml(const ModuleRecord& record, const TextTables& texts, const HostTexts& words,
-                   const RecordInk& ink, const RecordPictures& pictures);
+QString recordHtml(const ModuleRecord& record, const TextTables& texts, const RecordInk& ink,
+                   const RecordPictures& pictures);
 
 }  // namespace tessara

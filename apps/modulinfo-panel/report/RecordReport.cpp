@@ -8,11 +8,12 @@
 #include <QPdfWriter>
 
 #include "record/RecordFile.h"
+#include "record/RecordWords.h"
 
 namespace tessara {
 namespace {
 
-/// The page is laid out in pixels of 1/96 inch, whatever the device has.
+/// The page is laid out in pixels of 1/96 inch on every device.
 constexpr double pixelsPerInch = 96;
 constexpr double marginMillimetres = 15;
 /// The pictures of a printed page, in dots for each such pixel.
@@ -21,7 +22,7 @@ constexpr int logoHeight = 48;
 constexpr int logoWidth = 200;
 constexpr int footPixels = 11;
 constexpr int footHeight = 28;
-/// By how much a page that is too long is made smaller at a time.
+/// The factor by which a page that is too long is scaled down at a time.
 constexpr double shrink = 0.95;
 
 QImage drawn(const Picture& picture, const QSize& size, Qt::Alignment alignment, double ratio) {
@@ -55,7 +56,7 @@ void drawFoot(QPainter& painter, const QRectF& foot, const RecordSheet& sheet,
   painter.setPen(QPen(ink.caption, 0.5));
   painter.drawLine(foot.topLeft(), foot.topRight());
   const QRectF line = foot.adjusted(0, footPixels / 2.0, 0, 0);
-  const QString page = sheet.words(Word::Page2, {"1", "1"});
+  const QString page = RecordWords::tr("Page %1 of %2").arg(1).arg(1);
   const double taken = QFontMetricsF(painter.font()).horizontalAdvance(page) + footPixels;
   QStringList parts{name, serial, sheet.record.program};
   parts.removeAll(QString());
@@ -91,7 +92,7 @@ std::unique_ptr<QTextDocument> recordDocument(const RecordSheet& sheet, const Re
     document->addResource(QTextDocument::ImageResource, QUrl(logoPictureName),
                           drawn(sheet.logo, pictures.logo, Qt::AlignRight, ratio));
   }
-  document->setHtml(recordHtml(sheet.record, *sheet.texts, sheet.words, ink, pictures));
+  document->setHtml(recordHtml(sheet.record, *sheet.texts, ink, pictures));
   return document;
 }
 
@@ -131,7 +132,7 @@ void writeReport(const RecordSheet& sheet, const QString& path) {
     QPdfWriter writer(&buffer);
     writer.setPageSize(QPageSize(QPageSize::A4));
     writer.setPageMargins(reportMargins(), QPageLayout::Millimeter);
-    writer.setTitle(sheet.words(Word::RecordTitle) + " " + sheet.record.module.name);
+    writer.setTitle(RecordWords::tr("Module record") + " " + sheet.record.module.name);
     writer.setCreator(sheet.record.program);
     paintReport(sheet, writer);
   }

@@ -13,26 +13,25 @@ namespace tessara {
 /// What a report is made from, whether it is shown, printed or written. Cheap to copy.
 struct RecordSheet {
   ModuleRecord record;
-  /// The texts of the control, which have to outlive the sheet.
+  /// The texts of the control, which must outlive the sheet.
   const TextTables* texts = nullptr;
-  HostTexts words;
   /// The maker's logo, if there is one.
   Picture logo;
 };
 
-/// The page of the sheet as a document in these inks, in the font of the application. `ratio` is
-/// how many pixels of the device its pictures have for each of their own.
+/// The page of the sheet as a document in these colours, in the font of the application. `ratio` is
+/// the number of device pixels for each pixel of its pictures.
 std::unique_ptr<QTextDocument> recordDocument(const RecordSheet& sheet, const RecordInk& ink,
                                               double ratio);
 
 /// The margins of the page in millimetres.
 QMarginsF reportMargins();
 
-/// Draws the sheet on a page of that size in pixels of 1/96 inch, with a foot that names program,
-/// module and page; what is too long for the page is drawn smaller.
+/// Draws the sheet on a page of that size in pixels of 1/96 inch, with a footer that names program,
+/// module and page. A sheet that is too long for the page is scaled down.
 void paintPage(const RecordSheet& sheet, QPainter& painter, const QSizeF& size);
 
-/// Draws the sheet on the one page that it takes.
+/// Draws the sheet on one page of the device.
 void paintReport(const RecordSheet& sheet, QPagedPaintDevice& device);
 
 /// Writes the sheet as a PDF file of one A4 page, in one step. RecordError if that fails.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "InLanguage.h"
 #include "events/EventLog.h"
 
 namespace tessara::testing {
@@ -47,7 +48,7 @@ TEST(EventLog, ShowsTruthValuesNothingAndErrors) {
   EXPECT_EQ(cell(log, 2, EventLog::Result), "COM3: no answer within 500 ms");
 }
 
-TEST(EventLog, TellsTheTimeToTheMillisecond) {
+TEST(EventLog, ShowsTheTimeToTheMillisecond) {
   EventLog log;
   log.add(HostEvent{"StatusChange", {}});
   EXPECT_TRUE(QTime::fromString(cell(log, 0, EventLog::Time), "HH:mm:ss.zzz").isValid());
@@ -62,7 +63,7 @@ TEST(EventLog, DropsTheOldestOnceItIsFull) {
   EXPECT_EQ(cell(log, 2, EventLog::What), "4");
 }
 
-TEST(EventLog, TellsAViewOfEachChange) {
+TEST(EventLog, NotifiesAViewOfEachChange) {
   EventLog log(1);
   QStringList changes;
   QObject::connect(&log, &QAbstractItemModel::rowsInserted, [&] { changes += "inserted"; });
@@ -76,9 +77,9 @@ TEST(EventLog, TellsAViewOfEachChange) {
   EXPECT_EQ(log.dropped(), 0U);
 }
 
-TEST(EventLog, TextHasTitlesALineForEachEventAndANoteOnDroppedOnes) {
+TEST(EventLog, TextHasColumnTitlesALineForEachEventAndANoteOnDroppedOnes) {
+  const InLanguage german(u"dlg");
   EventLog log(2);
-  log.setWords(HostTexts(HostTexts::Language::German));
   log.add(HostEvent{"dropped", {}});
   log.add(HostEvent{"ModulActive(1)", {}});
   DeviceCall call = readCall();
@@ -115,9 +116,9 @@ TEST(EventLog, TheCauseOfAFailureIsTheFirstErrorSinceTheLastConnect) {
   EXPECT_EQ(log.failureCause(), "no such port");
 }
 
-TEST(EventLog, TheTitlesOfTheColumnsAreInTheLanguageOfTheHost) {
-  EventLog log;
-  log.setWords(HostTexts(HostTexts::Language::German));
+TEST(EventLog, NamesTheColumnsInTheLanguageInstalled) {
+  const InLanguage german(u"dlg");
+  const EventLog log;
   EXPECT_EQ(log.headerData(EventLog::Time, Qt::Horizontal, Qt::DisplayRole), QVariant("Zeit"));
   EXPECT_EQ(log.headerData(EventLog::Time, Qt::Vertical, Qt::DisplayRole), QVariant());
 }

@@ -62,14 +62,14 @@ TEST_F(RecordFileTest, NamesAFileThatCannotBeRead) {
 
 TEST_F(RecordFileTest, RefusesAFileThatIsTooLarge) {
   write("film.json", QByteArray(qsizetype{300} * 1024, ' '));
-  EXPECT_EQ(refusal("film.json"), "film.json is no module record: it is larger than 256 KB.");
+  EXPECT_EQ(refusal("film.json"), "film.json is not a module record: it is larger than 256 KB.");
 }
 
 TEST_F(RecordFileTest, RefusesAnEmptyFileAndAPicture) {
   write("empty.json", "");
-  EXPECT_TRUE(refusal("empty.json").startsWith("empty.json is no module record: it is no JSON"));
+  EXPECT_TRUE(refusal("empty.json").startsWith("empty.json is not a module record: invalid JSON"));
   write("picture.json", "\x89PNG\r\n\x1a\n");
-  EXPECT_TRUE(refusal("picture.json").startsWith("picture.json is no module record: it is no"));
+  EXPECT_TRUE(refusal("picture.json").startsWith("picture.json is not a module record: invalid"));
 }
 
 TEST(SuggestedFileName, IsMadeOfNameAndSerialNumber) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "InLanguage.h"
 #include "SampleRecord.h"
 #include "record/RecordJson.h"
 
@@ -16,7 +17,7 @@ Json sampleJson() {
   return Json::parse(recordJson(sampleRecord()).toStdString());
 }
 
-/// What the reader says of the text as file "a.json"; empty if it takes it.
+/// The error message for the text as file "a.json"; empty if it is accepted.
 std::string complaint(const std::string& text) {
   try {
     (void)recordFromJson(QByteArray::fromStdString(text), "a.json");
@@ -26,11 +27,11 @@ std::string complaint(const std::string& text) {
   return {};
 }
 
-TEST(RecordJson, GivesBackWhatItWasGiven) {
+TEST(RecordJson, ReadsWhatItHasWritten) {
   EXPECT_EQ(recordFromJson(recordJson(sampleRecord()), "a.json"), sampleRecord());
 }
 
-TEST(RecordJson, GivesBackEveryResultOfTheCatalogueAndAnAbsentPicture) {
+TEST(RecordJson, ReadsEveryResultOfTheCatalogueAndAnAbsentPicture) {
   ModuleRecord record = sampleRecord();
   record.status.picture.reset();
   for (int result = 0; result <= 5; ++result) {
@@ -52,32 +53,33 @@ TEST(RecordJson, NamesItsFormatAndVersionFirst) {
   EXPECT_EQ(json["version"], 1);
 }
 
-TEST(RecordJson, KeepsTextsOfEveryScript) {
+TEST(RecordJson, KeepsTextsInEveryScript) {
   ModuleRecord record = sampleRecord();
   record.status.module = QString::fromUtf8("Обрыв датчика \"а\" \n 传感器断线 \U0001F600");
   EXPECT_EQ(recordFromJson(recordJson(record), "a.json"), record);
 }
 
-TEST(RecordJson, PassesOverFieldsThatItDoesNotKnow) {
+TEST(RecordJson, IgnoresUnknownFields) {
   Json json = sampleJson();
   json["remark"] = "bench 3";
   json["module"]["colour"] = {1, 2};
   EXPECT_EQ(complaint(json.dump()), "");
 }
 
-TEST(RecordJson, TellsLineAndColumnOfWhatIsNoJson) {
-  EXPECT_EQ(complaint("").substr(0, 65),
-            "a.json is no module record: it is no JSON at line 1, column 1 (un");
+TEST(RecordJson, NamesLineAndColumnOfInvalidJson) {
+  EXPECT_TRUE(complaint("").starts_with(
+      "a.json is not a module record: invalid JSON at line 1, column 1 (un"))
+      << complaint("");
   EXPECT_NE(complaint("{\n  \"format\": nonsense\n}").find("line 2, column 14"), std::string::npos)
       << complaint("{\n  \"format\": nonsense\n}");
   EXPECT_NE(complaint("{}\nx").find("line 2, column 1"), std::string::npos) << complaint("{}\nx");
-  EXPECT_NE(complaint(std::string("\x89PNG\r\n\0\0", 8)).find("no JSON"), std::string::npos);
-  EXPECT_NE(complaint("{\"format\": \"\xff\"}").find("no JSON"), std::string::npos);
+  EXPECT_NE(complaint(std::string("\x89PNG\r\n\0\0", 8)).find("invalid JSON"), std::string::npos);
+  EXPECT_NE(complaint("{\"format\": \"\xff\"}").find("invalid JSON"), std::string::npos);
 }
 
-TEST(RecordJson, TellsTheNumberThatNoTypeHolds) {
+TEST(RecordJson, NamesANumberThatNoTypeHolds) {
   EXPECT_EQ(complaint("{\n  \"version\": -1e999\n}"),
-            "a.json is no module record: it is no JSON at line 2, column 14 (number overflow: "
+            "a.json is not a module record: invalid JSON at line 2, column 14 (number overflow: "
             "-1e999).");
   EXPECT_LT(complaint(std::string(10000, '9') + "e9").size(), 200U);
 }
@@ -86,20 +88,20 @@ TEST(RecordJson, RefusesJsonOfAnotherFormat) {
   for (const std::string text :
        {"{}", "[]", "null", "7", R"("modulinfo-record")", R"({"format": 1})",
         R"({"format": "modulinfo-settings", "version": 1})"}) {
-    EXPECT_EQ(complaint(text), "a.json is no module record: its format is not modulinfo-record.")
+    EXPECT_EQ(complaint(text), "a.json is not a module record: its format is not modulinfo-record.")
         << text;
   }
 }
 
-TEST(RecordJson, RefusesANewerVersionAndSaysSo) {
+TEST(RecordJson, RefusesANewerVersion) {
   Json json = sampleJson();
   json["version"] = 2;
   EXPECT_EQ(complaint(json.dump()),
-            "a.json was written by a newer program: it has version 2, this program reads up to "
+            "a.json was written by a newer program: it has version 2; this program reads up to "
             "version 1.");
 }
 
-TEST(RecordJson, RefusesAVersionThatIsNone) {
+TEST(RecordJson, RefusesAnInvalidVersion) {
   for (const Json& version : {Json(0), Json(-1), Json("1"), Json(1.5), Json()}) {
     Json json = sampleJson();
     json["version"] = version;
@@ -130,26 +132,26 @@ TEST(RecordJson, NamesAFieldThatIsMissing) {
   forEachField([](Json& json, Json& owner, const std::string& key, const std::string& path) {
     owner.erase(key);
     const std::string expected =
-        path == "format" ? "a.json is no module record: its format is not "
+        path == "format" ? "a.json is not a module record: its format is not "
                            "modulinfo-record."
                          : "a.json is a damaged module record: the field " + path + " is missing.";
     EXPECT_EQ(complaint(json.dump()), expected);
   });
 }
 
-TEST(RecordJson, NamesAFieldOfTheWrongKindWithItsValue) {
+TEST(RecordJson, NamesAFieldOfTheWrongKindAndItsValue) {
   forEachField([](Json& json, Json& owner, const std::string& key, const std::string& path) {
     if (path == "format") return;
     owner[key] = {1.5, "nonsense"};
     EXPECT_EQ(complaint(json.dump())
                   .find("a.json is a damaged module record: the field " + path +
-                        " is [1.5,\"nonsense\"] and has to be "),
+                        " is [1.5,\"nonsense\"] but must be "),
               0U)
         << complaint(json.dump());
   });
 }
 
-TEST(RecordJson, TellsTheRangeOfANumber) {
+TEST(RecordJson, NamesTheRangeOfANumber) {
   const std::vector<std::pair<const char*, std::vector<Json>>> wrong{
       {"vendorId", {Json(32768), Json(-32769), Json(18446744073709551615U), Json(49.5)}},
       {"deviceId", {Json("151"), Json(true)}}};
@@ -160,7 +162,7 @@ TEST(RecordJson, TellsTheRangeOfANumber) {
       EXPECT_EQ(complaint(json.dump()), std::string("a.json is a damaged module record: the field "
                                                     "module.") +
                                             key + " is " + value.dump() +
-                                            " and has to be a whole number from -32768 to 32767.");
+                                            " but must be a whole number from -32768 to 32767.");
     }
   }
   Json json = sampleJson();
@@ -177,7 +179,7 @@ TEST(RecordJson, TellsTheRangeOfANumber) {
   EXPECT_NE(complaint(json.dump()).find("from 0 to 2147483647"), std::string::npos);
 }
 
-TEST(RecordJson, TellsTheChoiceOfACatalogueResult) {
+TEST(RecordJson, NamesTheValidResultsOfTheCatalogue) {
   Json json = sampleJson();
   json["catalogue"]["result"] = "perfect";
   EXPECT_NE(complaint(json.dump())
@@ -185,11 +187,11 @@ TEST(RecordJson, TellsTheChoiceOfACatalogueResult) {
             std::string::npos);
 }
 
-TEST(RecordJson, RefusesATimeThatIsNone) {
+TEST(RecordJson, RefusesAnInvalidTime) {
   for (const std::string time : {"yesterday", "2024-13-01T00:00:00Z", ""}) {
     Json json = sampleJson();
     json["time"] = time;
-    EXPECT_NE(complaint(json.dump()).find("has to be a date and time"), std::string::npos) << time;
+    EXPECT_NE(complaint(json.dump()).find("must be a date and time"), std::string::npos) << time;
   }
 }
 
@@ -199,10 +201,10 @@ TEST(RecordJson, ShortensAWrongValue) {
   EXPECT_LT(complaint(json.dump()).size(), 200U);
 }
 
-TEST(RecordJson, ValuesThatLieDeepInOneAnotherExhaustNothing) {
+TEST(RecordJson, SurvivesDeeplyNestedValues) {
   constexpr std::size_t depth = 100000;
   const std::string deep = std::string(depth, '[') + std::string(depth, ']');
-  EXPECT_EQ(complaint(deep), "a.json is no module record: its format is not modulinfo-record.");
+  EXPECT_EQ(complaint(deep), "a.json is not a module record: its format is not modulinfo-record.");
 
   std::string json = sampleJson().dump();
   json.insert(1, "\"remark\":" + deep + ",");
@@ -217,27 +219,28 @@ TEST(RecordJson, ValuesThatLieDeepInOneAnotherExhaustNothing) {
       0U);
 }
 
-TEST(RecordJson, SpeaksTheLanguageOfTheUser) {
+TEST(RecordJson, ReportsErrorsInTheLanguageInstalled) {
+  const InLanguage german(u"dlg");
   Json json = sampleJson();
   json["module"]["vendorId"] = "49";
   try {
     (void)recordFromJson(QByteArray::fromStdString(json.dump()), "a.json");
     FAIL() << "taken";
   } catch (const RecordError& error) {
-    EXPECT_EQ(error.text(HostTexts(HostTexts::Language::German)).toStdString(),
+    EXPECT_EQ(error.text().toStdString(),
               "a.json ist ein beschädigtes Modulprotokoll: Das Feld module.vendorId ist \"49\" und "
               "muss eine ganze Zahl von -32768 bis 32767 sein.");
   }
 }
 
-TEST(RecordJson, EveryTruncationIsRefusedByItsOwnError) {
+TEST(RecordJson, RefusesEveryTruncation) {
   const std::string whole = recordJson(sampleRecord()).trimmed().toStdString();
   for (std::size_t length = 0; length < whole.size(); ++length) {
     EXPECT_NE(complaint(whole.substr(0, length)), "") << length;
   }
 }
 
-TEST(RecordJson, NoBrokenByteMakesItFailOtherwise) {
+TEST(RecordJson, ThrowsNothingElseForABrokenByte) {
   const std::string whole = recordJson(sampleRecord()).toStdString();
   for (std::size_t place = 0; place < whole.size(); ++place) {
     for (const char byte : {'\0', '"', '{', '9', '\xc3'}) {
