@@ -19,9 +19,9 @@ tessara_require("nlohmann-json" nlohmann-json3-dev CMAKE nlohmann_json)
 tessara_require("expat" libexpat1-dev CMAKE EXPAT)
 find_package(Threads REQUIRED)
 
+# Debian's own Python finds the Debian packages that the tests use; another one may not.
+tessara_require("Python 3" python3 PROGRAM TESSARA_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH)
 if(BUILD_TESTING)
-  # Debian's own Python finds the Debian packages that the tests use; another one may not.
-  tessara_require("Python 3" python3 PROGRAM TESSARA_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH)
   tessara_require("GoogleMock" libgmock-dev HEADER TESSARA_GMOCK gmock/gmock.h)
   tessara_require("GoogleTest" libgtest-dev CMAKE GTest)
 endif()
@@ -31,6 +31,9 @@ endif()
 
 tessara_require("Qt 6" qt6-base-dev CMAKE Qt6 Core Gui PrintSupport Widgets)
 tessara_require("Qt SVG" qt6-svg-dev CMAKE Qt6 Svg)
+set(qt_tools "${QT6_INSTALL_PREFIX}/${QT6_INSTALL_BINS}")
+tessara_require("lrelease" qt6-l10n-tools PROGRAM TESSARA_LRELEASE lrelease HINTS "${qt_tools}")
+tessara_require("lupdate" qt6-l10n-tools PROGRAM TESSARA_LUPDATE lupdate HINTS "${qt_tools}")
 if(BUILD_TESTING)
   tessara_require("Qt Test" qt6-base-dev CMAKE Qt6 Test)
 endif()

@@ -79,7 +79,9 @@ class Requirements(unittest.TestCase):
                 if file.stem != argument:
                     (folder / file.name).symlink_to(file)
             return self.configure({"PKG_CONFIG_LIBDIR": str(folder)})
-        ignored = [self.found[name]] if kind == "HEADER" else [*os.get_exec_path(), "/usr/bin", "/bin"]
+        found = pathlib.Path(self.found[name])
+        ignored = ([str(found)] if kind == "HEADER"
+                   else [*os.get_exec_path(), "/usr/bin", "/bin", str(found.parent)])
         return self.configure(**{name: None, "CMAKE_IGNORE_PATH": ";".join(ignored)})
 
     def test_what_is_missing_is_named_with_its_package(self):
