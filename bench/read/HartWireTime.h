@@ -5,7 +5,7 @@
 namespace tessara::bench {
 
 /// A module behind a HART modem, healthy.
-inline constexpr const char* kHartModule = "hart-healthy.json";
+inline constexpr const char* hartModuleFile = "hart-healthy.json";
 
 /// The time of a whole read of that module on the wire at 1200 bit/s: its characters, the 33
 /// characters of silence that a master keeps before it starts, the 8 characters that it leaves to

@@ -58,7 +58,7 @@ Seconds twn4WireTime(int rate) {
   conversation.ask(twn4::searchRequest(), tag);
   // The mailbox is off at first.
   conversation.askTag(readControlRequest(), 1);
-  conversation.askTag(writeControlRequest(mailboxBits::kEnabled), 0);
+  conversation.askTag(writeControlRequest(mailboxBits::enabled), 0);
   conversation.askModule(identificationRequest(unit), identification);
   struct Registers {
     std::int32_t start;

@@ -60,9 +60,9 @@ int main(int argc, char** argv) {
     for (const int rate : {19200, 115200}) {
       measureModbus(tessara::bench::healthyModule(), rate);
       measureModbus(tessara::bench::faultyModule(), rate);
-      measure(tessara::bench::kTwn4Module, rate, rate, tessara::bench::twn4WireTime(rate), runs);
+      measure(tessara::bench::twn4ModuleFile, rate, rate, tessara::bench::twn4WireTime(rate), runs);
     }
-    measure(tessara::bench::kHartModule, 19200, 1200, tessara::bench::hartWireTime(), hartRuns);
+    measure(tessara::bench::hartModuleFile, 19200, 1200, tessara::bench::hartWireTime(), hartRuns);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "bench_read: %s\n", error.what());
     return 1;

@@ -41,9 +41,9 @@ void useFrame(const HartFrame& frame) {
   const HartFrame request = hartRequest(frame.address, frame.commandNumber());
   (void)isHartAnswer(frame, request);
   (void)hartMismatch(frame, request);
-  (void)hartStationText(frame.address);
+  (void)hartAddressText(frame.address);
   require(frame.payload().size() <= frame.data.size());
-  if (!frame.isFromStation()) return;
+  if (!frame.isFromModule()) return;
   const HartStatus status({frame.data[0], frame.data[1]});
   (void)status.outcome();
   require(!status.text().empty());

@@ -31,7 +31,7 @@ void readAnswer(const ModbusRequest& request, std::span<const std::uint8_t> fram
 void readOwnAnswer(const ModbusRequest& request, std::span<const std::uint8_t> data) {
   Bytes counted{static_cast<std::uint8_t>(data.size())};
   counted.insert(counted.end(), data.begin(), data.end());
-  const Bytes frame = modbusFrame(request.unit(), kReportServerId, counted);
+  const Bytes frame = modbusFrame(request.address(), reportServerIdFunction, counted);
   require(holdsWholeFrame(frame) && request.isAnsweredBy(frame));
   const auto read = request.dataOf(frame);
   require(Bytes(read.begin(), read.end()) == Bytes(data.begin(), data.end()));

@@ -79,7 +79,7 @@ void exchangeMessages(Input bytes) {
   MailboxExchange::Clock::time_point now{1h};
   MailboxExchange exchange(Bytes(bytes.empty() ? 1 : 1 + bytes.front(), 0x11), {}, now);
   while (!bytes.empty() && !exchange.isDone()) {
-    require(encodeAirRequest(exchange.request()).size() <= cr95hf::kReportData);
+    require(encodeAirRequest(exchange.request()).size() <= cr95hf::maxReportData);
     now += exchange.pause(now) + 1ms;
     if (bytes.front() == 0xFF) {
       exchange.refused("refused", now);
@@ -92,7 +92,7 @@ void exchangeMessages(Input bytes) {
   }
 }
 
-constexpr std::array kReaders{readAirRequest, readAirAnswer, readReport,
+constexpr std::array decoders{readAirRequest, readAirAnswer, readReport,
                               readVersion,    readSearch,    readTagData,
                               readLine,       assemble,      exchangeMessages};
 
@@ -102,10 +102,10 @@ constexpr std::array kReaders{readAirRequest, readAirAnswer, readReport,
 /// The first byte says who reads the others. None of them fails in another way than by its own
 /// fault.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using tessara::kReaders;
+  using tessara::decoders;
   if (size == 0) return 0;
   try {
-    kReaders[data[0] % kReaders.size()]({data + 1, size - 1});
+    decoders[data[0] % decoders.size()]({data + 1, size - 1});
   } catch (const tessara::NfcFault&) {
     return 0;
   }

@@ -25,14 +25,14 @@ SimulatedNfcModule module() {
 void askTwn4(std::span<const std::uint8_t> bytes) {
   SimulatedTwn4 reader(module());
   for (const SimulatedAnswer& answer : reader.receive(bytes)) {
-    require(!answer.bytes.empty() && answer.bytes.back() == twn4::kLineEnd);
+    require(!answer.bytes.empty() && answer.bytes.back() == twn4::lineEnd);
   }
 }
 
 /// Reports of a client, each behind its length.
 void askBoard(std::span<const std::uint8_t> bytes) {
   SimulatedBoard board(module());
-  (void)board.answer(cr95hf::reportOf(cr95hf::ReportId::ToChip, cr95hf::kSelectIso15693));
+  (void)board.answer(cr95hf::reportOf(cr95hf::ReportId::ToChip, cr95hf::selectIso15693));
   while (!bytes.empty()) {
     const std::size_t length = std::min<std::size_t>(bytes.front(), bytes.size() - 1);
     const auto report = board.answer(bytes.subspan(1, length));

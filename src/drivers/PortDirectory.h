@@ -6,7 +6,7 @@
 
 namespace tessara {
 
-/// Knows which device node stands behind a port number.
+/// Translates port numbers to device nodes.
 class PortDirectory {
  public:
   PortDirectory() = default;
@@ -14,7 +14,7 @@ class PortDirectory {
   PortDirectory& operator=(const PortDirectory&) = delete;
   virtual ~PortDirectory() = default;
 
-  /// The device node of COM<comPort>, "/dev/ttyUSB0"; nothing if no such port is known.
+  /// The device node of COM<comPort>, "/dev/ttyUSB0"; nothing if there is no such port.
   [[nodiscard]] virtual std::optional<std::string> deviceOf(std::int16_t comPort) const = 0;
 };
 

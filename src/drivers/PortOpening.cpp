@@ -1,21 +1,19 @@
 #include "drivers/PortOpening.h"
 
-#include <cerrno>
 #include <exception>
 
-#include "drivers/PortLock.h"
-#include "drivers/PortText.h"
+#include "serial/PortError.h"
 
 namespace tessara {
 
 PortOpening::PortOpening(const PortDirectory& ports, std::int16_t comPort)
-    : ports_(ports), comPort_(comPort), port_(portText(comPort)) {}
+    : ports_(ports), comPort_(comPort), port_("COM" + std::to_string(comPort)) {}
 
 std::string PortOpening::failureOf(const std::function<void(const std::string& device)>& open) {
   try {
     const auto device = ports_.deviceOf(comPort_);
-    if (!device) throw PortError::fromErrno(ENODEV);
-    port_ = portText(comPort_, *device);
+    if (!device) throw PortError::notThere();
+    port_ += " (" + *device + ")";
     open(*device);
     return {};
   } catch (const PortError& error) {

@@ -8,17 +8,17 @@
 
 namespace tessara {
 
-/// The way from a port number to an open port, which ends in a sentence if it does not lead there.
+/// Opens a port by its number and puts failures into words.
 class PortOpening {
  public:
   PortOpening(const PortDirectory& ports, std::int16_t comPort);
 
-  /// Has `open` take the port's device node; it throws PortError or another exception if it cannot.
-  /// Gives why the port is not open, "COM3 (/dev/ttyUSB0) is in use by another program", or nothing
-  /// if it is.
+  /// Calls `open` with the port's device node; it throws PortError or another exception if it
+  /// fails. Returns why the port is not open, "COM3 (/dev/ttyUSB0) is in use by another program",
+  /// or an empty text if it is.
   std::string failureOf(const std::function<void(const std::string& device)>& open);
 
-  /// The port as messages name it.
+  /// The port as messages name it: "COM3 (/dev/ttyUSB0)", or "COM3" if it has no device.
   [[nodiscard]] const std::string& port() const { return port_; }
 
  private:

@@ -6,15 +6,16 @@
 
 namespace tessara {
 
-/// A read from a module has failed. The message names all that a technician needs to know:
-/// "COM3 (/dev/ttyUSB0), input registers 5..8 of unit 192: no answer within 500 ms, asked twice".
+/// A read from a module has failed. The message tells a technician port, request and cause:
+/// "COM3 (/dev/ttyUSB0), input registers 5..8 at address 192: no answer within 500 ms, asked
+/// twice".
 class ReadError : public std::runtime_error {
  public:
   ReadError(const std::string& port, const std::string& request, const std::string& cause)
       : std::runtime_error(port + ", " + request + ": " + cause) {}
 };
 
-/// What `read` gives; whatever goes wrong in it becomes a ReadError.
+/// Returns what `read` returns; any exception of it becomes a ReadError.
 template <class Read>
 auto readFrom(const std::string& port, const std::string& request, Read read) {
   try {

@@ -14,7 +14,7 @@ namespace tessara {
 
 namespace {
 
-/// Forwards to an object what all communication objects have in common, and tells of each call.
+/// Forwards the operations that all communication objects share, and reports each call.
 template <class Base>
 class TracedObject : public Base {
  public:
@@ -22,25 +22,25 @@ class TracedObject : public Base {
       : object_(std::move(object)), sink_(std::move(sink)) {}
 
   bool ConnectWithSerialDevice(std::int16_t& comPort, std::int32_t& baudrate) override {
-    return tell<bool>("ConnectWithSerialDevice", {comPort, baudrate},
-                      [&] { return object_->ConnectWithSerialDevice(comPort, baudrate); });
+    return report<bool>("ConnectWithSerialDevice", {comPort, baudrate},
+                        [&] { return object_->ConnectWithSerialDevice(comPort, baudrate); });
   }
 
   DeviceWords ReadDeviceIdentifier(std::uint8_t& devAddr) override {
-    return tell<DeviceWords>("ReadDeviceIdentifier", {devAddr},
-                             [&] { return object_->ReadDeviceIdentifier(devAddr); });
+    return report<DeviceWords>("ReadDeviceIdentifier", {devAddr},
+                               [&] { return object_->ReadDeviceIdentifier(devAddr); });
   }
 
   DeviceWords ReadInputRegisters(std::int16_t slave, std::int32_t startAddress, std::int16_t count,
                                  std::int32_t access) override {
-    return tell<DeviceWords>("ReadInputRegisters", {slave, startAddress, count, access}, [&] {
+    return report<DeviceWords>("ReadInputRegisters", {slave, startAddress, count, access}, [&] {
       return object_->ReadInputRegisters(slave, startAddress, count, access);
     });
   }
 
   std::int16_t CMD48(Cmd48Reply& reply) override {
     std::int16_t count = 0;
-    tell<DeviceWords>("CMD48", {}, [&] {
+    report<DeviceWords>("CMD48", {}, [&] {
       count = object_->CMD48(reply);
       const auto shown = std::clamp<std::ptrdiff_t>(count, 0, std::ssize(reply));
       return DeviceWords(reply.begin(), reply.begin() + shown);
@@ -49,15 +49,15 @@ class TracedObject : public Base {
   }
 
   void CloseSerialConnection() override {
-    tellOf("CloseSerialConnection", [&] { object_->CloseSerialConnection(); });
+    reportOf("CloseSerialConnection", [&] { object_->CloseSerialConnection(); });
   }
 
   [[nodiscard]] std::string connectFailure() const override { return object_->connectFailure(); }
 
  protected:
-  /// Tells of a call of `operation` that `action` makes, and gives what it gave.
+  /// Makes the call `action`, reports it as `operation`, and returns its result.
   template <class Value, class Action>
-  Value tell(const char* operation, std::vector<std::int64_t> arguments, Action action) const {
+  Value report(const char* operation, std::vector<std::int64_t> arguments, Action action) const {
     DeviceCall call{toUtf8(this->name()), operation, std::move(arguments), {}, std::nullopt, 0};
     const auto begun = std::chrono::steady_clock::now();
     const auto finish = [&] {
@@ -80,8 +80,8 @@ class TracedObject : public Base {
 
   /// The same for a call without arguments and without a result.
   template <class Action>
-  void tellOf(const char* operation, Action action) const {
-    tell<std::monostate>(operation, {}, [&] {
+  void reportOf(const char* operation, Action action) const {
+    report<std::monostate>(operation, {}, [&] {
       action();
       return std::monostate{};
     });
@@ -98,10 +98,10 @@ class TracedModbusObject final : public TracedObject<ModbusCommObject> {
  public:
   using TracedObject::TracedObject;
   void InitModbusObject() override {
-    tellOf("InitModbusObject", [this] { object().InitModbusObject(); });
+    reportOf("InitModbusObject", [this] { object().InitModbusObject(); });
   }
   void ShutDown() override {
-    tellOf("ShutDown", [this] { object().ShutDown(); });
+    reportOf("ShutDown", [this] { object().ShutDown(); });
   }
 };
 
@@ -109,7 +109,7 @@ class TracedHartObject final : public TracedObject<HartCommObject> {
  public:
   using TracedObject::TracedObject;
   void InitHartObject() override {
-    tellOf("InitHartObject", [this] { object().InitHartObject(); });
+    reportOf("InitHartObject", [this] { object().InitHartObject(); });
   }
 };
 
@@ -117,7 +117,7 @@ class TracedNfcObject final : public TracedObject<NfcCommObject> {
  public:
   using TracedObject::TracedObject;
   void InitNFCObject() override {
-    tellOf("InitNFCObject", [this] { object().InitNFCObject(); });
+    reportOf("InitNFCObject", [this] { object().InitNFCObject(); });
   }
 };
 
@@ -130,7 +130,7 @@ std::string listText(const Numbers& numbers) {
   return text;
 }
 
-/// With three decimals behind a point, whatever the locale.
+/// With three decimals after a point, whatever the locale.
 std::string durationText(double milliseconds) {
   std::array<char, 32> text{};
   const auto end = std::to_chars(text.data(), text.data() + text.size(), milliseconds,

@@ -14,7 +14,7 @@ constexpr std::uint16_t twn4Product = 0x0420;
 KnownPort simulatedKnownPort(std::int16_t comPort, const std::string& deviceName,
                              const std::string& deviceNode) {
   KnownPort port{comPort, deviceName, deviceNode};
-  if (deviceName.starts_with(kTwn4Prefix)) {
+  if (deviceName.starts_with(twn4Prefix)) {
     port.usb = UsbIdentity{twn4Vendor, twn4Product, "SIM" + std::to_string(comPort)};
   }
   return port;

@@ -8,8 +8,8 @@
 
 namespace tessara {
 
-/// Words as a module delivers them, index from 0. A driver that reads 16-bit registers gives each
-/// as a signed 16-bit number; one that reads bytes gives 0 to 255.
+/// Words as a module delivers them, index from 0. A driver that reads 16-bit registers returns each
+/// as a signed 16-bit number; one that reads bytes returns 0 to 255.
 using DeviceWords = std::vector<std::int32_t>;
 
 /// The reply buffer of HART command 48.
@@ -17,9 +17,10 @@ using Cmd48Reply = std::array<std::uint8_t, 256>;
 
 /// The way to a module: what the control asks of a driver, whichever path it serves.
 ///
-/// Every failed read is an exception derived from std::exception whose message names port, request
-/// and cause. A port that is absent, busy or refused is no exception: the connect gives false.
-/// All calls come from the control's own thread, one at a time.
+/// A failed read is an exception derived from std::exception whose message names port, request and
+/// cause. Two operations report by value and never throw: ConnectWithSerialDevice returns false if
+/// the port is absent, busy or refused, and CMD48 returns 0 if there is no reply. All calls come
+/// from the control's own thread, one at a time.
 class CommunicationObject {
  public:
   CommunicationObject() = default;
@@ -30,29 +31,30 @@ class CommunicationObject {
   /// The name under which hosts know the object: "ModbusCommObject" and so on.
   [[nodiscard]] virtual std::u16string_view name() const = 0;
 
-  /// Opens port COM<comPort> at `baudrate` bit/s; 999 stands for the USB NFC reader.
-  /// True if the connection is open. Called on an open connection it starts over.
+  /// Opens port COM<comPort> at `baudrate` bit/s; 999 stands for the USB NFC reader. True if the
+  /// connection is open; `connectFailure` says why it is not. An open connection is closed first.
   virtual bool ConnectWithSerialDevice(std::int16_t& comPort, std::int32_t& baudrate) = 0;
 
   /// The identification record: at least VendorID, GroupID, FamilyID and DeviceID.
   virtual DeviceWords ReadDeviceIdentifier(std::uint8_t& devAddr) = 0;
 
   /// `count` words from `startAddress` on of the module at `slave` (0 to 255).
-  /// `access` is 2 on the register path and 12 on the HART path; it travels to the driver and no
-  /// driver needs it.
+  /// `access` is 2 on the register path and 12 on the HART path; no driver needs it.
   virtual DeviceWords ReadInputRegisters(std::int16_t slave, std::int32_t startAddress,
                                          std::int16_t count, std::int32_t access) = 0;
 
-  /// HART command 48. Fills `reply` from index 0 and gives the number of bytes; 0 or less means
-  /// that there is no reply to look at.
+  /// HART command 48. Fills `reply` from index 0 and returns the number of bytes. 0 or less means
+  /// that there is no reply: the module refused the command, was busy or did not answer, the answer
+  /// was damaged, no connection is open, or the path carries no HART commands. `reply` is unchanged
+  /// then.
   virtual std::int16_t CMD48(Cmd48Reply& reply) = 0;
 
   /// Closes the connection; harmless when there is none.
   virtual void CloseSerialConnection() = 0;
 
-  /// Why the last connect gave false, in a sentence that names the port (UTF-8): not there, in use
-  /// by another program, no permission. Empty after a connect that gave true. For the people at the
-  /// screen; the control makes no difference between the causes.
+  /// Why the last connect returned false, in a sentence that names the port (UTF-8): not there, in
+  /// use by another program, no permission. Empty after a successful connect. Meant for display; the
+  /// control does not distinguish the causes.
   [[nodiscard]] virtual std::string connectFailure() const { return {}; }
 };
 
@@ -60,7 +62,7 @@ class CommunicationObject {
 class ModbusCommObject : public CommunicationObject {
  public:
   [[nodiscard]] std::u16string_view name() const final { return u"ModbusCommObject"; }
-  /// Makes the object ready; may be called any number of times.
+  /// Prepares the object; may be called any number of times.
   virtual void InitModbusObject() = 0;
   /// The last call that the object gets from a control.
   virtual void ShutDown() = 0;
@@ -70,7 +72,7 @@ class ModbusCommObject : public CommunicationObject {
 class HartCommObject : public CommunicationObject {
  public:
   [[nodiscard]] std::u16string_view name() const final { return u"HartCommObject"; }
-  /// Makes the object ready; may be called any number of times.
+  /// Prepares the object; may be called any number of times.
   virtual void InitHartObject() = 0;
 };
 
@@ -78,7 +80,7 @@ class HartCommObject : public CommunicationObject {
 class NfcCommObject : public CommunicationObject {
  public:
   [[nodiscard]] std::u16string_view name() const final { return u"NfcCommObject"; }
-  /// Makes the object ready; may be called any number of times.
+  /// Prepares the object; may be called any number of times.
   virtual void InitNFCObject() = 0;
 };
 

@@ -18,7 +18,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "simulator/FileDescriptor.h"
+#include "serial/linux/FileDescriptor.h"
 
 namespace tessara {
 
@@ -27,8 +27,8 @@ namespace {
 namespace fs = std::filesystem;
 using nlohmann::json;
 
-constexpr std::string_view kPrefix = "COM";
-constexpr ::mode_t kOwnerOnly = 0700;
+constexpr std::string_view filePrefix = "COM";
+constexpr ::mode_t ownerOnly = 0700;
 
 /// While it lives, no other process changes the announcements.
 class FolderLock {
@@ -52,7 +52,7 @@ bool isOwnFolder(const fs::path& folder) {
 }
 
 void makeOwnFolder(const fs::path& folder) {
-  if (::mkdir(folder.c_str(), kOwnerOnly) != 0 && errno != EEXIST) {
+  if (::mkdir(folder.c_str(), ownerOnly) != 0 && errno != EEXIST) {
     throw std::system_error(errno, std::generic_category(), folder.string());
   }
   if (!isOwnFolder(folder)) {
@@ -63,16 +63,16 @@ void makeOwnFolder(const fs::path& folder) {
 
 std::optional<int> portNumber(const fs::path& file) {
   const std::string name = file.filename().string();
-  if (!name.starts_with(kPrefix)) return std::nullopt;
+  if (!name.starts_with(filePrefix)) return std::nullopt;
   int number = 0;
   const auto* end = name.data() + name.size();
-  const auto result = std::from_chars(name.data() + kPrefix.size(), end, number);
+  const auto result = std::from_chars(name.data() + filePrefix.size(), end, number);
   if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
   return number;
 }
 
 fs::path fileOf(const fs::path& folder, int number) {
-  return folder / (std::string(kPrefix) + std::to_string(number));
+  return folder / (std::string(filePrefix) + std::to_string(number));
 }
 
 bool isAlive(::pid_t process) {
@@ -155,7 +155,7 @@ std::vector<RunningPort> runningPorts() {
 Announcement::Announcement(const std::string& device, std::string namePrefix)
     : folder_(announcementFolder()),
       namePrefix_(std::move(namePrefix)),
-      number_(kFirstSimulatedPort) {
+      number_(firstSimulatedPort) {
   makeOwnFolder(folder_.parent_path());
   makeOwnFolder(folder_);
   const FolderLock lock(folder_);

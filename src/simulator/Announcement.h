@@ -17,10 +17,10 @@ struct RunningPort {
 };
 
 /// Lowest number of a simulated port; those below belong to real ones.
-inline constexpr int kFirstSimulatedPort = 100;
+inline constexpr int firstSimulatedPort = 100;
 
 /// How the device names of serial adapters begin that lead to Modbus modules.
-inline constexpr const char* kSerialAdapterPrefix = "\\Device\\Silabser";
+inline constexpr const char* serialAdapterPrefix = "\\Device\\Silabser";
 
 /// The simulated ports that are to be had now, by number: announced by a process that lives, and
 /// plugged in. Entries that processes have left behind are removed on the way. Never fails: what
@@ -40,7 +40,7 @@ class Announcement {
   /// it tells what kind of adapter the port is. Throws std::system_error or
   /// std::filesystem::filesystem_error if the folder cannot be had or does not belong to this user
   /// alone.
-  explicit Announcement(const std::string& device, std::string namePrefix = kSerialAdapterPrefix);
+  explicit Announcement(const std::string& device, std::string namePrefix = serialAdapterPrefix);
   ~Announcement();
   Announcement(const Announcement&) = delete;
   Announcement& operator=(const Announcement&) = delete;

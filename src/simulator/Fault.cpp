@@ -15,7 +15,7 @@ struct Spoiler {
   void operator()(const faults::ExceptionReply& fault) const {
     answer.bytes = modbusExceptionFrame(request.address, request.function, fault.code);
   }
-  void operator()(const faults::WrongUnit& fault) const {
+  void operator()(const faults::WrongAddress& fault) const {
     answer.bytes.resize(answer.bytes.size() - 2);
     answer.bytes.front() = fault.address;
     answer.bytes = withModbusCrc(std::move(answer.bytes));
@@ -73,8 +73,8 @@ struct Checker {
 
 /// Evenly distributed from 0 to below 1, the same on every system.
 double fraction(std::mt19937_64& random) {
-  constexpr double kStep = 1.0 / 9007199254740992.0;  // 2 to the power of -53
-  return static_cast<double>(random() >> 11) * kStep;
+  constexpr double unit = 1.0 / 9007199254740992.0;  // 2 to the power of -53
+  return static_cast<double>(random() >> 11) * unit;
 }
 
 std::mt19937_64 generatorOf(const FaultTrigger& trigger) {

@@ -22,7 +22,7 @@ struct ExceptionReply {
 };
 
 /// The answer carries another station's address.
-struct WrongUnit {
+struct WrongAddress {
   std::uint8_t address;
 };
 
@@ -77,7 +77,7 @@ struct ByChance {
 }  // namespace faults
 
 using FaultEffect =
-    std::variant<faults::ExceptionReply, faults::WrongUnit, faults::BadChecksum, faults::CutOff,
+    std::variant<faults::ExceptionReply, faults::WrongAddress, faults::BadChecksum, faults::CutOff,
                  faults::Unplug, faults::Echo, faults::Noise, faults::LateReply, faults::NoReply>;
 using FaultTrigger = std::variant<faults::At, faults::Every, faults::ByChance>;
 

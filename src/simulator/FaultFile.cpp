@@ -20,7 +20,7 @@ const std::vector<FaultKind<FaultEffect>>& kinds() {
       {"wrongUnit",
        {"address"},
        [](const Node& node) -> FaultEffect {
-         return faults::WrongUnit{readByte(node["address"])};
+         return faults::WrongAddress{readByte(node["address"])};
        }},
       {"exception",
        {"code"},
@@ -30,7 +30,7 @@ const std::vector<FaultKind<FaultEffect>>& kinds() {
       {"cutOff",
        {"bytes"},
        [](const Node& node) -> FaultEffect {
-         return faults::CutOff{node["bytes"].number(0, kModbusFrameLimit)};
+         return faults::CutOff{node["bytes"].number(0, maxModbusFrame)};
        }},
       {"noise",
        {"bytes"},
@@ -38,7 +38,7 @@ const std::vector<FaultKind<FaultEffect>>& kinds() {
       {"echo", {}, [](const Node&) -> FaultEffect { return faults::Echo{}; }},
       {"unplug",
        {"bytes", "replugAfter"},
-       [](const Node& node) -> FaultEffect { return readUnplug(node, kModbusFrameLimit); }},
+       [](const Node& node) -> FaultEffect { return readUnplug(node, maxModbusFrame); }},
   };
   return kinds;
 }

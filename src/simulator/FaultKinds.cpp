@@ -7,8 +7,8 @@ namespace tessara {
 
 namespace {
 
-constexpr std::uint64_t kMostRequests = std::numeric_limits<std::uint64_t>::max();
-constexpr std::uint64_t kLongestDelay = 3'600'000;  // an hour, in milliseconds
+constexpr std::uint64_t maxRequests = std::numeric_limits<std::uint64_t>::max();
+constexpr std::uint64_t maxDelay = 3'600'000;  // an hour, in milliseconds
 
 FaultTrigger uncheckedTrigger(const JsonNode& node) {
   if (node.has("at") + node.has("every") + node.has("probability") != 1) {
@@ -17,9 +17,9 @@ FaultTrigger uncheckedTrigger(const JsonNode& node) {
   if (node.has("seed") && !node.has("probability")) {
     node["seed"].fail("goes with the key \"probability\" only");
   }
-  if (node.has("at")) return faults::At{node["at"].number(1, kMostRequests)};
-  if (node.has("every")) return faults::Every{node["every"].number(1, kMostRequests)};
-  return faults::ByChance{node["probability"].real(), node["seed"].number(0, kMostRequests)};
+  if (node.has("at")) return faults::At{node["at"].number(1, maxRequests)};
+  if (node.has("every")) return faults::Every{node["every"].number(1, maxRequests)};
+  return faults::ByChance{node["probability"].real(), node["seed"].number(0, maxRequests)};
 }
 
 }  // namespace
@@ -45,7 +45,7 @@ Bytes readBytes(const JsonNode& node) {
 }
 
 std::chrono::milliseconds readDelay(const JsonNode& node) {
-  return std::chrono::milliseconds(node.number(0, kLongestDelay));
+  return std::chrono::milliseconds(node.number(0, maxDelay));
 }
 
 faults::Unplug readUnplug(const JsonNode& node, std::size_t longest) {

@@ -1,24 +1,21 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
+
+#include "serial/linux/TerminalRate.h"
 
 namespace tessara {
 
 /// Rate of a line in bit/s.
 using LineRate = std::uint32_t;
 
-/// The rate that modules are delivered with.
-inline constexpr LineRate kDefaultLineRate = 19200;
+/// The factory-default rate of modules.
+inline constexpr LineRate defaultLineRate = 19200;
 
-/// What one character takes on the wire: 11 bits, with parity or with a second stop bit.
-std::chrono::nanoseconds characterTime(LineRate rate);
-
-/// The silence that ends a Modbus frame: 3.5 characters, and 1.75 ms above 19200 bit/s.
-std::chrono::nanoseconds silentTime(LineRate rate);
-
-/// The rate that the terminal behind the descriptor is set to, unusual ones included. Either end of
-/// a pseudo-terminal tells the same. kDefaultLineRate if there is none to be had.
-LineRate lineRateOf(int descriptor);
+/// The rate of the terminal behind the descriptor; defaultLineRate if it has none.
+inline LineRate lineRateOf(int descriptor) {
+  const LineRate rate = terminalRate(descriptor);
+  return rate == 0 ? defaultLineRate : rate;
+}
 
 }  // namespace tessara

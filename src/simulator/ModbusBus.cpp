@@ -52,7 +52,7 @@ std::optional<SimulatedAnswer> ModbusBus::answer(const Bytes& frame) {
   } else {
     ++counters_.foreign;
   }
-  if (log_.size() == kLogLimit) log_.pop_front();
+  if (log_.size() == maxLogged) log_.pop_front();
   log_.push_back({std::move(*request), reply ? reply->bytes : Bytes()});
   return reply;
 }

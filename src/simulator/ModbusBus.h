@@ -31,7 +31,7 @@ struct LineCounters {
 class ModbusBus final : public SimulatedLine {
  public:
   /// Requests that the log keeps; older ones leave it.
-  static constexpr std::size_t kLogLimit = 1000;
+  static constexpr std::size_t maxLogged = 1000;
 
   /// Throws std::invalid_argument if there is no module, if two share an address, or if a module is
   /// impossible.

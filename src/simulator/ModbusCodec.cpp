@@ -8,9 +8,9 @@ namespace tessara {
 
 namespace {
 
-constexpr std::size_t kCrcLength = 2;
-constexpr std::size_t kShortestFrame = 4;
-constexpr std::uint8_t kExceptionBit = 0x80;
+constexpr std::size_t crcLength = 2;
+constexpr std::size_t minFrameLength = 4;
+constexpr std::uint8_t exceptionBit = 0x80;
 
 using CrcTable = std::array<std::uint16_t, 256>;
 
@@ -28,14 +28,14 @@ constexpr CrcTable makeCrcTable() {
   return table;
 }
 
-constexpr CrcTable kCrcTable = makeCrcTable();
+constexpr CrcTable crcTable = makeCrcTable();
 
 /// Length of a request frame with that function; nothing if only silence ends it.
 std::optional<std::size_t> requestLength(std::uint8_t function) {
   switch (function) {
-    case kReadInputRegisters:
+    case readInputRegistersFunction:
       return 8;
-    case kReportServerId:
+    case reportServerIdFunction:
       return 4;
     default:
       return std::nullopt;
@@ -52,7 +52,7 @@ bool checksumIsRight(std::span<const std::uint8_t> frame) {
 std::uint16_t modbusCrc(std::span<const std::uint8_t> bytes) {
   std::uint16_t crc = 0xFFFF;
   for (const std::uint8_t byte : bytes) {
-    crc = static_cast<std::uint16_t>((crc >> 8) ^ kCrcTable[(crc ^ byte) & 0xFFU]);
+    crc = static_cast<std::uint16_t>((crc >> 8) ^ crcTable[(crc ^ byte) & 0xFFU]);
   }
   return crc;
 }
@@ -71,25 +71,24 @@ Bytes modbusFrame(std::uint8_t address, std::uint8_t function, std::span<const s
 }
 
 Bytes modbusExceptionFrame(std::uint8_t address, std::uint8_t function, std::uint8_t code) {
-  return withModbusCrc({address, static_cast<std::uint8_t>(function | kExceptionBit), code});
+  return withModbusCrc({address, static_cast<std::uint8_t>(function | exceptionBit), code});
 }
 
 std::optional<MasterRequest> decodeModbusRequest(std::span<const std::uint8_t> frame) {
-  if (frame.size() < kShortestFrame || frame.size() > kModbusFrameLimit ||
-      !checksumIsRight(frame)) {
+  if (frame.size() < minFrameLength || frame.size() > maxModbusFrame || !checksumIsRight(frame)) {
     return std::nullopt;
   }
-  const auto data = frame.subspan(2, frame.size() - 2 - kCrcLength);
+  const auto data = frame.subspan(2, frame.size() - 2 - crcLength);
   return MasterRequest{frame[0], frame[1], Bytes(data.begin(), data.end())};
 }
 
 void ModbusFrameAssembler::append(std::span<const std::uint8_t> bytes) {
-  const auto taken = bytes.first(std::min(bytes.size(), kModbusFrameLimit + 1 - received_.size()));
+  const auto taken = bytes.first(std::min(bytes.size(), maxModbusFrame + 1 - received_.size()));
   received_.insert(received_.end(), taken.begin(), taken.end());
 }
 
 std::optional<Bytes> ModbusFrameAssembler::takeComplete() {
-  if (received_.size() < kShortestFrame) return std::nullopt;
+  if (received_.size() < minFrameLength) return std::nullopt;
   const auto length = requestLength(received_[1]);
   if (!length || received_.size() < *length ||
       !checksumIsRight(std::span(received_).first(*length))) {

@@ -11,11 +11,11 @@ namespace tessara {
 using Bytes = std::vector<std::uint8_t>;
 
 /// Longest Modbus RTU frame, address and checksum included.
-inline constexpr std::size_t kModbusFrameLimit = 256;
+inline constexpr std::size_t maxModbusFrame = 256;
 
 /// The functions that a module answers.
-inline constexpr std::uint8_t kReadInputRegisters = 0x04;
-inline constexpr std::uint8_t kReportServerId = 0x11;
+inline constexpr std::uint8_t readInputRegistersFunction = 0x04;
+inline constexpr std::uint8_t reportServerIdFunction = 0x11;
 
 /// The exception codes that a healthy module gives.
 enum class ModbusException : std::uint8_t {

@@ -8,11 +8,11 @@ namespace tessara {
 
 namespace {
 
-constexpr std::size_t kReadRequestLength = 4;  // first register, count
-constexpr std::size_t kMostRegisters = 125;
-constexpr std::size_t kLastRegister = 0xFFFF;
-constexpr std::uint8_t kServerId = 0x01;
-constexpr std::uint8_t kRunning = 0xFF;
+constexpr std::size_t readArgumentLength = 4;  // first register, count
+constexpr std::size_t maxRegisters = 125;
+constexpr std::size_t maxRegister = 0xFFFF;
+constexpr std::uint8_t serverId = 0x01;
+constexpr std::uint8_t runIndicatorOn = 0xFF;
 
 std::size_t wordAt(const Bytes& bytes, std::size_t index) {
   return static_cast<std::size_t>(bytes[index]) << 8 | bytes[index + 1];
@@ -34,10 +34,9 @@ Bytes counted(const Bytes& contents) {
 
 ModbusSlave::ModbusSlave(SimulatedModule module)
     : module_(std::move(module)), plan_(std::exchange(module_.faults, {})) {
-  if (module_.address == 0 || module_.address > kHighestStation) {
-    throw std::invalid_argument("a station has an address from 1 to " +
-                                std::to_string(kHighestStation) + ", not " +
-                                std::to_string(module_.address));
+  if (module_.address == 0 || module_.address > maxAddress) {
+    throw std::invalid_argument("a station has an address from 1 to " + std::to_string(maxAddress) +
+                                ", not " + std::to_string(module_.address));
   }
 }
 
@@ -55,9 +54,9 @@ void ModbusSlave::setRegister(std::uint16_t number, std::uint16_t word) {
 
 Bytes ModbusSlave::healthyAnswer(const MasterRequest& request) const {
   switch (request.function) {
-    case kReadInputRegisters:
+    case readInputRegistersFunction:
       return readInputRegisters(request);
-    case kReportServerId:
+    case reportServerIdFunction:
       return reportServerId();
     default:
       return refuse(request, ModbusException::IllegalFunction);
@@ -65,17 +64,17 @@ Bytes ModbusSlave::healthyAnswer(const MasterRequest& request) const {
 }
 
 Bytes ModbusSlave::readInputRegisters(const MasterRequest& request) const {
-  if (request.data.size() != kReadRequestLength) {
+  if (request.data.size() != readArgumentLength) {
     return refuse(request, ModbusException::IllegalDataValue);
   }
   const std::size_t first = wordAt(request.data, 0);
   const std::size_t count = wordAt(request.data, 2);
-  if (count == 0 || count > kMostRegisters) {
+  if (count == 0 || count > maxRegisters) {
     return refuse(request, ModbusException::IllegalDataValue);
   }
   Bytes words;
   for (std::size_t number = first; number < first + count; ++number) {
-    const auto found = number <= kLastRegister
+    const auto found = number <= maxRegister
                            ? module_.registers.find(static_cast<std::uint16_t>(number))
                            : module_.registers.end();
     if (found == module_.registers.end()) {
@@ -87,9 +86,9 @@ Bytes ModbusSlave::readInputRegisters(const MasterRequest& request) const {
 }
 
 Bytes ModbusSlave::reportServerId() const {
-  Bytes contents{kServerId, kRunning};
+  Bytes contents{serverId, runIndicatorOn};
   for (const std::uint16_t word : module_.identification) appendWord(contents, word);
-  return modbusFrame(address(), kReportServerId, counted(contents));
+  return modbusFrame(address(), reportServerIdFunction, counted(contents));
 }
 
 Bytes ModbusSlave::refuse(const MasterRequest& request, ModbusException code) const {

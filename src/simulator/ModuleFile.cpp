@@ -15,12 +15,12 @@ namespace tessara {
 
 namespace {
 
-constexpr std::size_t kSerialNumberWords = 4;
+constexpr std::size_t serialNumberWords = 4;
 
 /// The word of a version "1.234": four decimal digits, most significant first. Missing ones are 0.
 std::optional<std::uint16_t> versionWord(std::string_view text) {
-  constexpr std::size_t kLongest = 5;
-  if (text.empty() || text.size() == 2 || text.size() > kLongest) return std::nullopt;
+  constexpr std::size_t maxLength = 5;
+  if (text.empty() || text.size() == 2 || text.size() > maxLength) return std::nullopt;
   unsigned int word = 0;
   int shift = 12;
   for (std::size_t place = 0; place < text.size(); ++place) {
@@ -47,12 +47,12 @@ class ModuleReader {
     keys.insert(keys.end(), otherKeys.begin(), otherKeys.end());
     root_.allowOnly(keys);
     if (root_.has("address")) {
-      module_.address = static_cast<std::uint8_t>(root_["address"].number(1, kHighestStation));
+      module_.address = static_cast<std::uint8_t>(root_["address"].number(1, maxAddress));
     }
     module_.identification = {root_["vendorId"].word(), root_["groupId"].word(),
                               root_["familyId"].word(), root_["deviceId"].word()};
-    readVersion("firmware", kFirmwareRegister);
-    readVersion("secondVersion", kSecondVersionRegister);
+    readVersion("firmware", firmwareRegister);
+    readVersion("secondVersion", secondVersionRegister);
     readSerialNumber();
     readName();
     readRegisters("status");
@@ -76,13 +76,13 @@ class ModuleReader {
 
   void readSerialNumber() {
     if (!root_.has("serialNumber")) return;
-    constexpr std::uint64_t kHighest = std::numeric_limits<std::uint64_t>::max();
+    constexpr std::uint64_t maxNumber = std::numeric_limits<std::uint64_t>::max();
     const JsonNode node = root_["serialNumber"];
     const auto serial =
-        node.isText() ? unsignedFromText(node.text(), kHighest) : node.number(0, kHighest);
+        node.isText() ? unsignedFromText(node.text(), maxNumber) : node.number(0, maxNumber);
     if (!serial) node.fail("must be a number of 64 bits, not \"" + node.text() + "\"");
-    for (std::size_t index = 0; index < kSerialNumberWords; ++index) {
-      const auto number = static_cast<std::uint16_t>(kSerialNumberRegister + index);
+    for (std::size_t index = 0; index < serialNumberWords; ++index) {
+      const auto number = static_cast<std::uint16_t>(serialNumberRegister + index);
       module_.registers[number] = static_cast<std::uint16_t>(*serial >> (16 * index));
     }
   }
@@ -94,8 +94,8 @@ class ModuleReader {
     }
     module_.name = root_["name"].text();
     const Bytes name = readPaddedName(root_);
-    for (std::size_t index = 0; index < kNameLength; index += 2) {
-      const auto number = static_cast<std::uint16_t>(kNameRegister + index / 2);
+    for (std::size_t index = 0; index < nameLength; index += 2) {
+      const auto number = static_cast<std::uint16_t>(nameRegister + index / 2);
       module_.registers[number] = static_cast<std::uint16_t>(name[index] << 8 | name[index + 1]);
     }
   }

@@ -9,7 +9,7 @@ namespace tessara {
 
 namespace {
 
-constexpr char16_t kHighestCharacter = 0xFF;
+constexpr char16_t maxCharacter = 0xFF;
 
 std::uint8_t paddingByte(const JsonNode& root) {
   if (!root.has("namePadding")) return 0;
@@ -29,7 +29,7 @@ Bytes readLatin1(const JsonNode& node, std::size_t most) {
   }
   Bytes bytes;
   for (const char16_t character : characters) {
-    if (character > kHighestCharacter) {
+    if (character > maxCharacter) {
       node.fail("\"" + toUtf8({&character, 1}) + "\" is no character of Latin-1");
     }
     bytes.push_back(static_cast<std::uint8_t>(character));
@@ -38,8 +38,8 @@ Bytes readLatin1(const JsonNode& node, std::size_t most) {
 }
 
 Bytes readPaddedName(const JsonNode& root) {
-  Bytes name = readLatin1(root["name"], kNameLength);
-  name.resize(kNameLength, paddingByte(root));
+  Bytes name = readLatin1(root["name"], nameLength);
+  name.resize(nameLength, paddingByte(root));
   return name;
 }
 

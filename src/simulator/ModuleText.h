@@ -11,7 +11,7 @@ namespace tessara {
 /// if it has more than `most` characters or one that Latin-1 has not.
 Bytes readLatin1(const JsonNode& node, std::size_t most);
 
-/// The name in the key "name" of a module file, padded to kNameLength with what "namePadding"
+/// The name in the key "name" of a module file, padded to nameLength with what "namePadding"
 /// says: zero bytes or blanks. Throws ModuleFileError.
 Bytes readPaddedName(const JsonNode& root);
 

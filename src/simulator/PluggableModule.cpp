@@ -18,37 +18,35 @@ namespace tessara {
 
 namespace {
 
-constexpr std::string_view kUsbReaderLink = "nfc-usb";
-constexpr const char* kHartModemPrefix = "\\Device\\ViatorSim";
+constexpr std::string_view usbReaderLink = "nfc-usb";
+constexpr const char* hartModemPrefix = "\\Device\\ViatorSim";
 
 struct Link {
   std::string_view name;
   PluggableModule (*read)(const JsonNode& root);
 };
 
-constexpr std::array kLinks{
+constexpr std::array knownLinks{
     Link{"modbus",
          [](const JsonNode& root) -> PluggableModule {
            SimulatedModule module = readModule(root);
            std::string name = module.name;
-           return {std::move(name), kSerialAdapterPrefix,
+           return {std::move(name), serialAdapterPrefix,
                    std::make_unique<ModbusBus>(std::vector{std::move(module)})};
          }},
-    Link{
-        "hart",
-        [](const JsonNode& root) -> PluggableModule {
-          SimulatedHartModule module = readHartModule(root);
-          std::string name = module.name;
-          return {std::move(name), kHartModemPrefix, std::make_unique<HartLine>(std::move(module))};
-        }},
-    Link{
-        "nfc-twn4",
-        [](const JsonNode& root) -> PluggableModule {
-          SimulatedNfcModule module = readNfcModule(root);
-          std::string name = module.module.name;
-          return {std::move(name), kTwn4Prefix, std::make_unique<SimulatedTwn4>(std::move(module))};
-        }},
-    Link{kUsbReaderLink,
+    Link{"hart",
+         [](const JsonNode& root) -> PluggableModule {
+           SimulatedHartModule module = readHartModule(root);
+           std::string name = module.name;
+           return {std::move(name), hartModemPrefix, std::make_unique<HartLine>(std::move(module))};
+         }},
+    Link{"nfc-twn4",
+         [](const JsonNode& root) -> PluggableModule {
+           SimulatedNfcModule module = readNfcModule(root);
+           std::string name = module.module.name;
+           return {std::move(name), twn4Prefix, std::make_unique<SimulatedTwn4>(std::move(module))};
+         }},
+    Link{usbReaderLink,
          [](const JsonNode& root) -> PluggableModule {
            root["link"].fail(
                "the USB NFC reader is no port: it can only be simulated inside the "
@@ -57,13 +55,13 @@ constexpr std::array kLinks{
 };
 
 const Link& linkOf(const JsonNode& root) {
-  if (!root.has("link")) return kLinks.front();
+  if (!root.has("link")) return knownLinks.front();
   const JsonNode node = root["link"];
   const std::string name = node.text();
-  const auto* const link = std::ranges::find(kLinks, name, &Link::name);
-  if (link == kLinks.end()) {
+  const auto* const link = std::ranges::find(knownLinks, name, &Link::name);
+  if (link == knownLinks.end()) {
     std::string known;
-    for (const Link& one : kLinks) known += (known.empty() ? "" : ", ") + std::string(one.name);
+    for (const Link& one : knownLinks) known += (known.empty() ? "" : ", ") + std::string(one.name);
     node.fail("\"" + name + "\" is no link that can be simulated; these are: " + known);
   }
   return *link;
@@ -73,7 +71,7 @@ const Link& linkOf(const JsonNode& root) {
 
 std::optional<SimulatedNfcModule> loadUsbReaderModule(const std::filesystem::path& file) {
   const JsonNode root = parseModuleFile(file);
-  if (linkOf(root).name != kUsbReaderLink) return std::nullopt;
+  if (linkOf(root).name != usbReaderLink) return std::nullopt;
   return readNfcModule(root);
 }
 

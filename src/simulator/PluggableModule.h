@@ -12,7 +12,7 @@
 namespace tessara {
 
 /// What stands before the number in the device name of a TWN4 reader's port.
-inline constexpr const char* kTwn4Prefix = "\\Device\\USBSER";
+inline constexpr const char* twn4Prefix = "\\Device\\USBSER";
 
 /// A simulated module, with the adapter that leads to it, ready to be put behind a port.
 struct PluggableModule {

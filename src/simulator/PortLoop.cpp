@@ -9,6 +9,8 @@
 #include <asio/error_code.hpp>
 #include <asio/steady_timer.hpp>
 
+#include "serial/LineTiming.h"
+
 namespace tessara {
 
 namespace {
@@ -17,14 +19,14 @@ using namespace std::chrono_literals;
 
 /// What ends a frame of unknown length. Far above 3.5 characters, because the kernel hands over a
 /// client's bytes in pieces that need not follow each other closely.
-constexpr auto kFrameEnd = 20ms;
+constexpr auto frameEnd = 20ms;
 
 /// How much of an answer is put on a paced line at once, if it is more than one character.
-constexpr auto kPaceStep = 1ms;
+constexpr auto paceStep = 1ms;
 
 /// How long a client may take to read the bytes that it is still to get before the port goes away.
-constexpr auto kLastReadLimit = 100ms;
-constexpr auto kLastReadStep = 1ms;
+constexpr auto maxLastRead = 100ms;
+constexpr auto lastReadStep = 1ms;
 
 void makeLink(const std::filesystem::path& link, const std::filesystem::path& target) {
   const std::filesystem::path fresh = link.string() + ".new";
@@ -121,8 +123,8 @@ void PortLoop::take(const Bytes& bytes) {
 }
 
 void PortLoop::waitForSilence() {
-  at(lastByte_ + kFrameEnd, [this] {
-    if (!line_->isFrameOpen() || Clock::now() < lastByte_ + kFrameEnd) return;
+  at(lastByte_ + frameEnd, [this] {
+    if (!line_->isFrameOpen() || Clock::now() < lastByte_ + frameEnd) return;
     if (auto answer = line_->silence()) prepare(std::move(*answer));
   });
 }
@@ -156,7 +158,7 @@ void PortLoop::transmit(Transmission transmission) {
   const std::size_t left = transmission.answer.bytes.size() - transmission.sent;
   if (left == 0) return finish(std::move(transmission.answer));
   const auto step = static_cast<std::size_t>(
-      std::max<std::int64_t>(1, std::chrono::nanoseconds(kPaceStep) / transmission.character));
+      std::max<std::int64_t>(1, std::chrono::nanoseconds(paceStep) / transmission.character));
   const std::size_t count = std::min(left, step);
   const auto due = transmission.begin + transmission.character * (transmission.sent + count);
   at(due, [this, count, transmission = std::move(transmission)]() mutable {
@@ -174,12 +176,12 @@ void PortLoop::finish(SimulatedAnswer answer) {
     answer.more.erase(answer.more.begin());
     at(start, [this, start, answer = std::move(answer)] { begin(answer, start); });
   } else if (answer.unplug) {
-    unplugWhenRead(*answer.unplug, Clock::now() + kLastReadLimit);
+    unplugWhenRead(*answer.unplug, Clock::now() + maxLastRead);
   }
 }
 
 void PortLoop::unplugWhenRead(const faults::Unplug& fault, Clock::time_point deadline) {
-  at(Clock::now() + kLastReadStep, [this, fault, deadline] {
+  at(Clock::now() + lastReadStep, [this, fault, deadline] {
     if (!port_->isRead() && Clock::now() < deadline) return unplugWhenRead(fault, deadline);
     unplug();
     if (fault.replugAfter == 0ms) {

@@ -15,8 +15,8 @@ namespace tessara {
 
 namespace {
 
-constexpr int kServed = 0;
-constexpr int kNotServed = 2;
+constexpr int servedCode = 0;
+constexpr int notServedCode = 2;
 
 /// Keeps the signals that end the simulator for waitForEnd(), in this thread and in those that it
 /// starts.
@@ -114,10 +114,10 @@ int runSimulator(const std::vector<std::string>& moduleFiles, bool paced, std::o
                                                       paced, report));
     }
     signals.waitForEnd();
-    return kServed;
+    return servedCode;
   } catch (const std::exception& error) {
     report.error(error.what());
-    return kNotServed;
+    return notServedCode;
   }
 }
 

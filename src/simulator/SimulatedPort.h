@@ -42,7 +42,7 @@ class SimulatedPort {
   /// The frames seen so far.
   [[nodiscard]] LineCounters counters() const;
 
-  /// The latest sound requests, oldest first, at most ModbusBus::kLogLimit.
+  /// The latest sound requests, oldest first, at most ModbusBus::maxLogged.
   [[nodiscard]] std::vector<SeenRequest> log() const;
 
  private:

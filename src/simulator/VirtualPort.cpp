@@ -18,7 +18,7 @@ namespace tessara {
 
 namespace {
 
-constexpr std::size_t kReceiveRoom = 4096;
+constexpr std::size_t receiveRoom = 4096;
 
 [[noreturn]] void fail(const std::string& what) {
   throw std::system_error(errno, std::generic_category(), "no virtual port: " + what);
@@ -103,7 +103,7 @@ void VirtualPort::clearLeavings() {
 }
 
 Bytes VirtualPort::receive() const {
-  Bytes received(kReceiveRoom);
+  Bytes received(receiveRoom);
   const ssize_t length = ::read(master_.number(), received.data(), received.size());
   received.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
   return received;

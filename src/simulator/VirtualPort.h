@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <span>
 
-#include "simulator/FileDescriptor.h"
+#include "serial/linux/FileDescriptor.h"
 #include "simulator/LineRate.h"
 #include "simulator/ModbusCodec.h"
 
@@ -19,7 +19,7 @@ namespace tessara {
 /// Nothing here waits; whoever owns the object waits on its descriptor.
 class VirtualPort {
  public:
-  /// A port of its own, at kDefaultLineRate and in raw mode. Throws std::system_error.
+  /// A port of its own, at defaultLineRate and in raw mode. Throws std::system_error.
   VirtualPort();
 
   /// The device node that clients open.

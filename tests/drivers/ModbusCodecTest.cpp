@@ -25,13 +25,13 @@ ModbusFaultKind kindOf(const ModbusRequest& request, const Bytes& frame) {
 TEST(ModbusCodec, AsksForRegistersWithStartAndCountHighByteFirst) {
   const auto request = ModbusRequest::inputRegisters(192, 0x1234, 125);
   EXPECT_THAT(request.bytes(), ElementsAre(0xC0, 0x04, 0x12, 0x34, 0x00, 0x7D));
-  EXPECT_EQ(request.longestAnswer(), 255U);
+  EXPECT_EQ(request.maxAnswerLength(), 255U);
 }
 
 TEST(ModbusCodec, AsksForIdentificationWithUnitAndFunctionAlone) {
   const auto request = ModbusRequest::identification(1);
   EXPECT_THAT(request.bytes(), ElementsAre(0x01, 0x11));
-  EXPECT_EQ(request.longestAnswer(), 256U);
+  EXPECT_EQ(request.maxAnswerLength(), 256U);
 }
 
 TEST(ModbusCodec, TakesTheDataOutOfAPublishedAnswer) {
@@ -45,7 +45,7 @@ TEST(ModbusCodec, TakesTheDataOutOfAPublishedAnswer) {
 TEST(ModbusCodec, NamesTheUnitThatAnsweredInsteadOfTheOneAsked) {
   const auto request = ModbusRequest::inputRegisters(192, 4, 1);
   const Bytes frame = registersAnswer(7, {1});
-  EXPECT_EQ(errorOf([&] { (void)request.dataOf(frame); }), "answer from unit 7");
+  EXPECT_EQ(errorOf([&] { (void)request.dataOf(frame); }), "answer from address 7");
   EXPECT_EQ(kindOf(request, frame), ModbusFaultKind::Foreign);
 }
 
@@ -72,7 +72,7 @@ TEST(ModbusCodec, NamesEachExceptionCode) {
       {2, "exception 2: illegal data address"},
       {3, "exception 3: illegal data value"},
       {4, "exception 4: device failure"},
-      {5, "exception 5: acknowledged, takes long"},
+      {5, "exception 5: acknowledged, needs more time"},
       {6, "exception 6: busy"},
       {7, "exception 7: negative acknowledge"},
       {8, "exception 8: memory parity error"},
@@ -83,7 +83,8 @@ TEST(ModbusCodec, NamesEachExceptionCode) {
   for (const auto& [code, name] : names) {
     const Bytes frame = framed({192, 0x84, code});
     EXPECT_EQ(errorOf([&] { (void)request.dataOf(frame); }), name);
-    EXPECT_EQ(kindOf(request, frame), ModbusFaultKind::Refusal);
+    const bool isBusy = code == 5 || code == 6;
+    EXPECT_EQ(kindOf(request, frame), isBusy ? ModbusFaultKind::Busy : ModbusFaultKind::Refusal);
   }
 }
 

@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 using ::testing::ElementsAre;
 
-constexpr ModbusTimings kTimings{.answer = 400ms};
+constexpr ModbusTimings lateTimings{.answer = 400ms};
 
 Reply at(std::chrono::milliseconds after, std::uint16_t word) {
   return {{after, registersAnswer(192, {word})}};
@@ -29,14 +29,14 @@ ScriptedSlave::Script lateForRegister1(std::chrono::milliseconds first,
   };
 }
 
-TEST(ModbusLateAnswer, InTheInputBeforeARequestIsThrownAway) {
-  ModbusLine line(lateForRegister1(0ms, 0ms), kTimings);
+TEST(ModbusLateAnswer, InTheInputBeforeARequestIsDiscarded) {
+  ModbusLine line(lateForRegister1(0ms, 0ms), lateTimings);
   ASSERT_TRUE(line.connect());
   line.slave.sendUnasked(registersAnswer(192, {9}));
   EXPECT_THAT(line.registers(2, 1), ElementsAre(2));
 }
 
-TEST(ModbusLateAnswer, BehindAnAnswerIsThrownAway) {
+TEST(ModbusLateAnswer, AfterAnAnswerIsDiscarded) {
   const Bytes answer = registersAnswer(192, {1});
   Bytes twice = answer;
   twice.insert(twice.end(), answer.begin(), answer.end());
@@ -44,30 +44,30 @@ TEST(ModbusLateAnswer, BehindAnAnswerIsThrownAway) {
       [&](const Bytes&, std::size_t index) {
         return index == 0 ? Reply{{0ms, twice}} : at(0ms, 2);
       },
-      kTimings);
+      lateTimings);
   ASSERT_TRUE(line.connect());
   EXPECT_THAT(line.registers(1, 1), ElementsAre(1));
   EXPECT_THAT(line.registers(2, 1), ElementsAre(2));
 }
 
 TEST(ModbusLateAnswer, ToTheFirstTryServesTheRepeatAndItsTwinIsNotTakenForTheNextAnswer) {
-  ModbusLine line(lateForRegister1(600ms, 600ms), kTimings);
+  ModbusLine line(lateForRegister1(600ms, 600ms), lateTimings);
   ASSERT_TRUE(line.connect());
   EXPECT_THAT(line.registers(1, 1), ElementsAre(1));
   EXPECT_THAT(line.registers(2, 1), ElementsAre(2));
   EXPECT_EQ(line.slave.requests().size(), 3U);
 }
 
-TEST(ModbusLateAnswer, OfAModuleThatWorksOffOneRequestAfterTheOtherIsNotTakenForTheNext) {
+TEST(ModbusLateAnswer, OfAModuleThatHandlesOneRequestAfterTheOtherIsNotTakenForTheNext) {
   // The second answer comes as long after the first as the first took.
-  ModbusLine line(lateForRegister1(600ms, 800ms), kTimings);
+  ModbusLine line(lateForRegister1(600ms, 800ms), lateTimings);
   ASSERT_TRUE(line.connect());
   EXPECT_THAT(line.registers(1, 1), ElementsAre(1));
   EXPECT_THAT(line.registers(2, 1), ElementsAre(2));
 }
 
 TEST(ModbusLateAnswer, ToAReadThatWasGivenUpIsNotTakenForTheNext) {
-  ModbusLine line(lateForRegister1(1000ms, 1000ms), kTimings);
+  ModbusLine line(lateForRegister1(1000ms, 1000ms), lateTimings);
   ASSERT_TRUE(line.connect());
   EXPECT_NE(errorOf([&] { line.registers(1, 1); }), "");
   EXPECT_THAT(line.registers(2, 1), ElementsAre(2));
@@ -75,7 +75,7 @@ TEST(ModbusLateAnswer, ToAReadThatWasGivenUpIsNotTakenForTheNext) {
 }
 
 TEST(ModbusLateAnswer, IsNotTakenForTheNextAfterAReconnectionEither) {
-  ModbusLine line(lateForRegister1(1000ms, 1000ms), kTimings);
+  ModbusLine line(lateForRegister1(1000ms, 1000ms), lateTimings);
   ASSERT_TRUE(line.connect());
   EXPECT_NE(errorOf([&] { line.registers(1, 1); }), "");
   line.driver.CloseSerialConnection();
@@ -83,20 +83,20 @@ TEST(ModbusLateAnswer, IsNotTakenForTheNextAfterAReconnectionEither) {
   EXPECT_THAT(line.registers(2, 1), ElementsAre(2));
 }
 
-TEST(ModbusLateAnswer, BehindAnAnswerFromAnotherUnitIsNotTakenForTheNext) {
+TEST(ModbusLateAnswer, AfterAnAnswerFromAnotherAddressIsNotTakenForTheNext) {
   ModbusLine line(
       [](const Bytes&, std::size_t index) {
         return index == 0
                    ? Reply{{0ms, registersAnswer(7, {1})}, {150ms, registersAnswer(192, {1})}}
                    : at(0ms, 2);
       },
-      kTimings);
+      lateTimings);
   ASSERT_TRUE(line.connect());
   EXPECT_NE(errorOf([&] { line.registers(1, 1); }), "");
   EXPECT_THAT(line.registers(2, 1), ElementsAre(2));
 }
 
-TEST(ModbusLateAnswer, BehindNoiseIsNotTakenForTheNext) {
+TEST(ModbusLateAnswer, AfterNoiseIsNotTakenForTheNext) {
   const Bytes noise{0x55, 0x12, 0x34, 0x56, 0x78};
   ModbusLine line(
       [&](const Bytes& request, std::size_t index) {
@@ -105,7 +105,7 @@ TEST(ModbusLateAnswer, BehindNoiseIsNotTakenForTheNext) {
         }
         return index == 0 ? Reply{{0ms, noise}, {200ms, registersAnswer(192, {1})}} : at(300ms, 1);
       },
-      kTimings);
+      lateTimings);
   ASSERT_TRUE(line.connect());
   EXPECT_THAT(line.registers(1, 1), ElementsAre(1));
   EXPECT_THAT(line.registers(2, 1), ElementsAre(2));

@@ -20,7 +20,9 @@ struct ModbusLine {
     return driver.ConnectWithSerialDevice(comPort, rate);
   }
 
-  DeviceWords identification(std::uint8_t unit = 192) { return driver.ReadDeviceIdentifier(unit); }
+  DeviceWords identification(std::uint8_t address = 192) {
+    return driver.ReadDeviceIdentifier(address);
+  }
 
   DeviceWords registers(std::int32_t start, std::int16_t count) {
     return driver.ReadInputRegisters(192, start, count, 2);

@@ -16,7 +16,7 @@
 #include <unistd.h>
 
 #include "drivers/ModbusLine.h"
-#include "drivers/PseudoTerminal.h"
+#include "serial/PseudoTerminal.h"
 
 namespace tessara::testing {
 namespace {
@@ -135,7 +135,7 @@ TEST_F(ModbusPeer, IdentificationIsRead) {
 
 TEST_F(ModbusPeer, ARegisterThatIsNotThereIsAnException) {
   EXPECT_THAT(errorOf([this] { (void)driver_.ReadInputRegisters(192, 100, 1, 2); }),
-              EndsWith("input register 100 of unit 192: exception 2: illegal data address"));
+              EndsWith("input register 100 at address 192: exception 2: illegal data address"));
 }
 
 TEST_F(ModbusPeer, OneReadAfterTheOtherGivesItsOwnAnswer) {

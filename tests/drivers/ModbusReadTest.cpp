@@ -53,7 +53,7 @@ TEST(ModbusRead, IdentificationMayCarryMoreThanTheFourWords) {
   EXPECT_THAT(line.identification(), ElementsAre(1, 2, 3, 4));
 }
 
-TEST(ModbusRead, TheFourthArgumentChangesNothing) {
+TEST(ModbusRead, TheFourthArgumentMakesNoDifference) {
   ModbusLine line(always(registersAnswer(192, {1})), patient());
   ASSERT_TRUE(line.connect());
   (void)line.driver.ReadInputRegisters(192, 4, 1, 2);
@@ -63,7 +63,7 @@ TEST(ModbusRead, TheFourthArgumentChangesNothing) {
   EXPECT_EQ(requests[0], requests[1]);
 }
 
-TEST(ModbusRead, OutermostRegistersAndUnitsCanBeRead) {
+TEST(ModbusRead, OutermostRegistersAndAddressesCanBeRead) {
   std::vector<std::uint16_t> words(125, 3);
   ModbusLine line([&](const Bytes& request,
                       std::size_t) { return at(0ms, registersAnswer(request[0], words)); },
@@ -91,7 +91,7 @@ TEST(ModbusRead, NoAnswerIsAskedForTwiceAndNamesPortRequestAndCause) {
   const auto begun = std::chrono::steady_clock::now();
   EXPECT_EQ(
       errorOf([&] { line.registers(5, 4); }),
-      line.port() + ", input registers 5..8 of unit 192: no answer within 500 ms, asked twice");
+      line.port() + ", input registers 5..8 at address 192: no answer within 500 ms, asked twice");
   EXPECT_GE(std::chrono::steady_clock::now() - begun, 1s);
   EXPECT_EQ(line.slave.requests().size(), 2U);
 }
@@ -100,9 +100,9 @@ TEST(ModbusRead, IdentificationAndSingleRegisterAreNamedInMessages) {
   ModbusLine line(always(framed({192, 0x91, 4})), patient());
   ASSERT_TRUE(line.connect());
   EXPECT_EQ(errorOf([&] { line.identification(); }),
-            line.port() + ", identification of unit 192: exception 4: device failure");
+            line.port() + ", identification at address 192: exception 4: device failure");
   EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
-            line.port() + ", input register 4 of unit 192: answer to function 17");
+            line.port() + ", input register 4 at address 192: answer to function 17");
 }
 
 TEST(ModbusRead, AFailedReadIsAReadError) {
@@ -132,7 +132,7 @@ TEST(ModbusRead, AnAnswerDamagedTwiceIsAChecksumError) {
   ModbusLine line(always(withBadChecksum(registersAnswer(192, {7}))), patient());
   ASSERT_TRUE(line.connect());
   EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
-            line.port() + ", input register 4 of unit 192: checksum error, asked twice");
+            line.port() + ", input register 4 at address 192: checksum error, asked twice");
   EXPECT_EQ(line.slave.requests().size(), 2U);
 }
 
@@ -140,15 +140,15 @@ TEST(ModbusRead, AnExceptionCodeIsFinal) {
   ModbusLine line(always(framed({192, 0x84, 2})), patient());
   ASSERT_TRUE(line.connect());
   EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
-            line.port() + ", input register 4 of unit 192: exception 2: illegal data address");
+            line.port() + ", input register 4 at address 192: exception 2: illegal data address");
   EXPECT_EQ(line.slave.requests().size(), 1U);
 }
 
-TEST(ModbusRead, AnAnswerFromAnotherUnitIsFinal) {
+TEST(ModbusRead, AnAnswerFromAnotherAddressIsFinal) {
   ModbusLine line(always(registersAnswer(7, {1})), patient());
   ASSERT_TRUE(line.connect());
   EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
-            line.port() + ", input register 4 of unit 192: answer from unit 7");
+            line.port() + ", input register 4 at address 192: answer from address 7");
   EXPECT_EQ(line.slave.requests().size(), 1U);
 }
 
@@ -157,7 +157,7 @@ TEST(ModbusRead, AnAnswerWithAnotherNumberOfRegistersIsRefused) {
   ASSERT_TRUE(line.connect());
   EXPECT_EQ(
       errorOf([&] { line.registers(5, 4); }),
-      line.port() + ", input registers 5..8 of unit 192: answer with 4 data bytes instead of 8");
+      line.port() + ", input registers 5..8 at address 192: answer with 4 data bytes instead of 8");
 }
 
 TEST(ModbusRead, AnAnswerThatBreaksOffTwiceSaysSo) {
@@ -165,12 +165,13 @@ TEST(ModbusRead, AnAnswerThatBreaksOffTwiceSaysSo) {
   frame.resize(5);
   ModbusLine line(always(frame), {.answer = 20s, .pauses = 100ms});
   ASSERT_TRUE(line.connect());
-  EXPECT_EQ(errorOf([&] { line.registers(5, 2); }),
-            line.port() + ", input registers 5..6 of unit 192: the answer broke off, asked twice");
+  EXPECT_EQ(
+      errorOf([&] { line.registers(5, 2); }),
+      line.port() + ", input registers 5..6 at address 192: the answer broke off, asked twice");
   EXPECT_EQ(line.slave.requests().size(), 2U);
 }
 
-TEST(ModbusRead, AnAnswerThatDripsInIsGivenUp) {
+TEST(ModbusRead, AnAnswerThatTricklesInIsGivenUp) {
   const Bytes frame = registersAnswer(192, std::vector<std::uint16_t>(20, 1));
   Reply reply;
   for (std::size_t i = 0; i < frame.size(); ++i) {
@@ -193,89 +194,125 @@ TEST(ModbusRead, NoiseBeforeTheAnswerIsADamagedAnswer) {
   EXPECT_EQ(line.slave.requests().size(), 2U);
 }
 
-TEST(ModbusRead, AUnitDamagedOnTheWayIsAChecksumErrorAndNotAnAnswerFromAnother) {
+TEST(ModbusRead, AnAddressDamagedOnTheWayIsAChecksumErrorAndNotAnAnswerFromAnother) {
   Bytes frame = registersAnswer(192, {7});
   frame[0] = 7;
   ModbusLine line(always(frame), {.answer = 300ms});
   ASSERT_TRUE(line.connect());
   EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
-            line.port() + ", input register 4 of unit 192: checksum error, asked twice");
+            line.port() + ", input register 4 at address 192: checksum error, asked twice");
 }
 
-TEST(ModbusRead, AnEchoOfTheRequestIsNoAnswer) {
+TEST(ModbusRead, AnEchoOfTheRequestIsNotAnAnswer) {
   ModbusLine line([](const Bytes& request, std::size_t) { return at(0ms, request); },
                   {.answer = 300ms, .pauses = 50ms});
   ASSERT_TRUE(line.connect());
   EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
-            line.port() + ", input register 4 of unit 192: checksum error, asked twice");
+            line.port() + ", input register 4 at address 192: checksum error, asked twice");
   EXPECT_EQ(errorOf([&] { line.identification(); }),
-            line.port() + ", identification of unit 192: the answer broke off, asked twice");
+            line.port() + ", identification at address 192: the answer broke off, asked twice");
 }
 
 TEST(ModbusRead, AnIdentificationThatIsTooShortSaysSo) {
   ModbusLine line(always(identificationAnswer(192, {1, 2, 3})), patient());
   ASSERT_TRUE(line.connect());
-  EXPECT_EQ(
-      errorOf([&] { line.identification(); }),
-      line.port() + ", identification of unit 192: answer too short, 8 of at least 10 data bytes");
+  EXPECT_EQ(errorOf([&] { line.identification(); }),
+            line.port() +
+                ", identification at address 192: answer too short, 8 of at least 10 data bytes");
   EXPECT_EQ(line.slave.requests().size(), 1U);
 }
 
-TEST(ModbusRead, WhatIsNoUnitIsRefusedWithoutAWordOnTheLine) {
+TEST(ModbusRead, AnInvalidAddressIsRefusedAndNothingIsSent) {
   ModbusLine line(always(registersAnswer(0, {1})), patient());
   ASSERT_TRUE(line.connect());
-  EXPECT_EQ(errorOf([&] { line.identification(0); }),
-            line.port() +
-                ", identification of unit 0: address 0 calls all modules and is answered by none");
+  EXPECT_EQ(
+      errorOf([&] { line.identification(0); }),
+      line.port() +
+          ", identification at address 0: address 0 calls all modules and is answered by none");
   EXPECT_EQ(errorOf([&] { line.identification(248); }),
-            line.port() + ", identification of unit 248: a module has an address from 1 to 247");
+            line.port() + ", identification at address 248: a module has an address from 1 to 247");
   EXPECT_EQ(errorOf([&] { (void)line.driver.ReadInputRegisters(0, 20, 1, 12); }),
             line.port() +
-                ", input register 20 of unit 0: address 0 calls all modules and is answered by "
+                ", input register 20 at address 0: address 0 calls all modules and is answered by "
                 "none");
-  EXPECT_EQ(errorOf([&] { (void)line.driver.ReadInputRegisters(-1, 20, 1, 12); }),
-            line.port() + ", input register 20 of unit -1: a module has an address from 1 to 247");
+  EXPECT_EQ(
+      errorOf([&] { (void)line.driver.ReadInputRegisters(-1, 20, 1, 12); }),
+      line.port() + ", input register 20 at address -1: a module has an address from 1 to 247");
   EXPECT_TRUE(line.slave.requests().empty());
 }
 
-TEST(ModbusRead, WhatIsNoRegisterIsRefusedWithoutAWordOnTheLine) {
+TEST(ModbusRead, AnInvalidRegisterIsRefusedAndNothingIsSent) {
   ModbusLine line(always(registersAnswer(192, {1})), patient());
   ASSERT_TRUE(line.connect());
   const std::string name = line.port() + ", input register";
   EXPECT_EQ(errorOf([&] { line.registers(-1, 1); }),
-            name + " -1 of unit 192: registers have the numbers 0 to 65535");
+            name + " -1 at address 192: registers have the numbers 0 to 65535");
   EXPECT_EQ(errorOf([&] { line.registers(65536, 1); }),
-            name + " 65536 of unit 192: registers have the numbers 0 to 65535");
+            name + " 65536 at address 192: registers have the numbers 0 to 65535");
   EXPECT_EQ(errorOf([&] { line.registers(65535, 2); }),
-            name + "s 65535..65536 of unit 192: registers have the numbers 0 to 65535");
-  EXPECT_EQ(errorOf([&] { line.registers(0x7FFFFFFF, 2); }),
-            name + "s 2147483647..2147483648 of unit 192: registers have the numbers 0 to 65535");
+            name + "s 65535..65536 at address 192: registers have the numbers 0 to 65535");
+  EXPECT_EQ(
+      errorOf([&] { line.registers(0x7FFFFFFF, 2); }),
+      name + "s 2147483647..2147483648 at address 192: registers have the numbers 0 to 65535");
   EXPECT_EQ(errorOf([&] { line.registers(5, 0); }),
-            name + "s from 5 of unit 192: 1 to 125 registers can be read at a time, not 0");
+            name + "s from 5 at address 192: 1 to 125 registers can be read at a time, not 0");
   EXPECT_EQ(errorOf([&] { line.registers(5, -3); }),
-            name + "s from 5 of unit 192: 1 to 125 registers can be read at a time, not -3");
+            name + "s from 5 at address 192: 1 to 125 registers can be read at a time, not -3");
   EXPECT_EQ(errorOf([&] { line.registers(5, 126); }),
-            name + "s 5..130 of unit 192: 1 to 125 registers can be read at a time, not 126");
+            name + "s 5..130 at address 192: 1 to 125 registers can be read at a time, not 126");
   EXPECT_TRUE(line.slave.requests().empty());
 }
 
-TEST(ModbusRead, HartCommandsAreNotServed) {
+TEST(ModbusRead, HartCommand48HasNoReply) {
   ModbusLine line(always(registersAnswer(192, {1})), patient());
+  Cmd48Reply reply{7};
+  EXPECT_EQ(line.driver.CMD48(reply), 0);
   ASSERT_TRUE(line.connect());
-  Cmd48Reply reply{};
-  EXPECT_EQ(errorOf([&] { (void)line.driver.CMD48(reply); }),
-            line.port() + ", HART command 48: modules on a Modbus line know no HART commands");
+  EXPECT_EQ(line.driver.CMD48(reply), 0);
+  EXPECT_EQ(reply, Cmd48Reply{7});
   EXPECT_TRUE(line.slave.requests().empty());
+}
+
+TEST(ModbusRead, ABusyModuleIsAskedAgainUntilItAnswers) {
+  for (const std::uint8_t code : Bytes{5, 6}) {
+    const Bytes busy = framed({192, 0x84, code});
+    ModbusLine line(
+        inTurn({at(0ms, busy), at(0ms, busy), at(0ms, busy), at(0ms, registersAnswer(192, {7}))}),
+        {.answer = 20s, .pauses = 20s, .busyPause = 5ms});
+    ASSERT_TRUE(line.connect());
+    EXPECT_THAT(line.registers(4, 1), ElementsAre(7));
+    EXPECT_EQ(line.slave.requests().size(), 4U);
+  }
+}
+
+TEST(ModbusRead, ABusyModuleIsLeftAPauseBeforeItIsAskedAgain) {
+  const Bytes busy = framed({192, 0x84, 6});
+  ModbusLine line(inTurn({at(0ms, busy), at(0ms, registersAnswer(192, {7}))}),
+                  {.answer = 20s, .pauses = 20s, .busyPause = 80ms});
+  ASSERT_TRUE(line.connect());
+  line.registers(4, 1);
+  EXPECT_THAT(line.slave.silences(), ElementsAre(::testing::Ge(80ms)));
+}
+
+TEST(ModbusRead, AModuleThatStaysBusyIsGivenUpWithTheTimeForAnAnswer) {
+  ModbusLine line(always(framed({192, 0x84, 6})),
+                  {.answer = 200ms, .pauses = 20s, .busyPause = 5ms});
+  ASSERT_TRUE(line.connect());
+  const auto begun = std::chrono::steady_clock::now();
+  EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
+            line.port() + ", input register 4 at address 192: exception 6: busy, asked for 200 ms");
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, 10s);
+  EXPECT_GT(line.slave.requests().size(), 1U);
 }
 
 TEST(ModbusRead, WithoutAConnectionAReadIsAnError) {
   ModbusLine line(always(registersAnswer(192, {1})), impatient());
   EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
-            "Modbus port, input register 4 of unit 192: no connection is open");
+            "Modbus port, input register 4 at address 192: no connection is open");
   ASSERT_TRUE(line.connect());
   line.driver.CloseSerialConnection();
   EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
-            line.port() + ", input register 4 of unit 192: no connection is open");
+            line.port() + ", input register 4 at address 192: no connection is open");
 }
 
 TEST(ModbusRead, SignalsDoNotDisturbARead) {

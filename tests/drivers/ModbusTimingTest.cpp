@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <chrono>
 #include <ctime>
 #include <thread>
@@ -39,33 +40,41 @@ TEST_P(ModbusSilence, IsKeptBetweenAnAnswerAndTheNextRequest) {
 INSTANTIATE_TEST_SUITE_P(BitsPerSecond, ModbusSilence,
                          ::testing::Values(1200, 2400, 4800, 9600, 19200, 38400, 115200));
 
+/// 3.5 characters at 300 bit/s.
+constexpr auto silenceAt300 = 128ms;
+
 TEST(ModbusTiming, ALineThatHasBeenQuietLongEnoughIsUsedAtOnce) {
-  // 3.5 characters take 350 ms at this rate.
   ModbusLine line(always(registersAnswer(192, {1})), patient());
-  ASSERT_TRUE(line.connect(110));
-  line.registers(4, 1);
-  std::this_thread::sleep_for(400ms);
-  const auto begun = std::chrono::steady_clock::now();
-  line.registers(4, 1);
-  EXPECT_LT(std::chrono::steady_clock::now() - begun, 300ms);
+  ASSERT_TRUE(line.connect(300));
+  auto quickest = std::chrono::steady_clock::duration::max();
+  // Other programs may slow down some of the reads, but not all.
+  for (int i = 0; i < 20 && quickest >= silenceAt300; ++i) {
+    line.registers(4, 1);
+    std::this_thread::sleep_for(2 * silenceAt300);
+    const auto begun = std::chrono::steady_clock::now();
+    line.registers(4, 1);
+    quickest = std::min(quickest, std::chrono::steady_clock::now() - begun);
+  }
+  EXPECT_LT(quickest, silenceAt300);
 }
 
 TEST(ModbusTiming, WhatComesUnaskedPutsTheNextRequestOff) {
   ModbusLine line(always(registersAnswer(192, {1})), patient());
-  ASSERT_TRUE(line.connect(110));
-  std::this_thread::sleep_for(400ms);
+  ASSERT_TRUE(line.connect(300));
+  std::this_thread::sleep_for(2 * silenceAt300);
   line.slave.sendUnasked({0x55});
   const auto begun = std::chrono::steady_clock::now();
   line.registers(4, 1);
-  EXPECT_GE(std::chrono::steady_clock::now() - begun, 350ms);
+  EXPECT_GE(std::chrono::steady_clock::now() - begun, silenceAt300);
 }
 
 TEST(ModbusTiming, ALineThatIsNeverQuietIsGivenUp) {
-  ModbusLine line(always(registersAnswer(192, {1})), {.noise = 200ms});
-  ASSERT_TRUE(line.connect(110));
+  // The damaged answer has the link wait until the line settles.
+  ModbusLine line(always({192, 4, 2, 0, 0, 0, 0}), {.settling = 20s, .noise = 200ms});
+  ASSERT_TRUE(line.connect());
   line.slave.makeNoise();
   EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
-            line.port() + ", input register 4 of unit 192: the line does not fall quiet");
+            line.port() + ", input register 4 at address 192: the line does not fall quiet");
 }
 
 TEST(ModbusTiming, APortThatTakesNoCharactersIsAnError) {
@@ -75,7 +84,8 @@ TEST(ModbusTiming, APortThatTakesNoCharactersIsAnError) {
   ASSERT_EQ(::tcflow(line.slave.terminal(), TCOOFF), 0);
   const std::string message = errorOf([&] { line.registers(4, 1); });
   ASSERT_EQ(::tcflow(line.slave.terminal(), TCOON), 0);
-  EXPECT_EQ(message, line.port() + ", input register 4 of unit 192: the port takes no characters");
+  EXPECT_EQ(message,
+            line.port() + ", input register 4 at address 192: the port takes no characters");
 }
 
 TEST(ModbusTiming, AnUnpluggedPortEndsTheWaitAtOnce) {
@@ -83,7 +93,7 @@ TEST(ModbusTiming, AnUnpluggedPortEndsTheWaitAtOnce) {
   ASSERT_TRUE(line.connect());
   const auto begun = std::chrono::steady_clock::now();
   EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
-            line.port() + ", input register 4 of unit 192: the port has gone");
+            line.port() + ", input register 4 at address 192: the port has gone");
   EXPECT_LT(std::chrono::steady_clock::now() - begun, 10s);
   EXPECT_EQ(line.slave.requests().size(), 1U);
 }
@@ -92,7 +102,7 @@ TEST(ModbusTiming, APortUnpluggedInTheMiddleOfAnAnswerHasGone) {
   ModbusLine line(inTurn({{{0ms, {192, 4, 2}}, {50ms, {}, true}}}), patient());
   ASSERT_TRUE(line.connect());
   EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
-            line.port() + ", input register 4 of unit 192: the port has gone");
+            line.port() + ", input register 4 at address 192: the port has gone");
 }
 
 TEST(ModbusTiming, EveryReadFromAnUnpluggedPortFailsAndCostsNoTime) {
@@ -102,7 +112,7 @@ TEST(ModbusTiming, EveryReadFromAnUnpluggedPortFailsAndCostsNoTime) {
   const std::clock_t begun = std::clock();
   for (int i = 0; i < 20; ++i) {
     EXPECT_EQ(errorOf([&] { line.identification(); }),
-              line.port() + ", identification of unit 192: the port has gone");
+              line.port() + ", identification at address 192: the port has gone");
   }
   EXPECT_LT(std::clock() - begun, CLOCKS_PER_SEC);
   line.driver.CloseSerialConnection();

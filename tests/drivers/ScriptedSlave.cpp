@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::uint8_t kReportServerId = 17;
+constexpr std::uint8_t reportServerIdFunction = 17;
 
 void appendWords(Bytes& bytes, const std::vector<std::uint16_t>& words) {
   for (const std::uint16_t word : words) {
@@ -27,7 +27,7 @@ void appendWords(Bytes& bytes, const std::vector<std::uint16_t>& words) {
 }  // namespace
 
 std::size_t modbusRequestLength(const Bytes& begun) {
-  return begun.size() > 1 && begun[1] == kReportServerId ? 4 : 8;
+  return begun.size() > 1 && begun[1] == reportServerIdFunction ? 4 : 8;
 }
 
 ScriptedSlave::ScriptedSlave(Script script, RequestLength requestLength)
@@ -152,7 +152,8 @@ Bytes registersAnswer(std::uint8_t unit, const std::vector<std::uint16_t>& words
 }
 
 Bytes identificationAnswer(std::uint8_t unit, const std::vector<std::uint16_t>& words) {
-  Bytes bytes{unit, kReportServerId, static_cast<std::uint8_t>(2 + 2 * words.size()), 0x01, 0xFF};
+  Bytes bytes{unit, reportServerIdFunction, static_cast<std::uint8_t>(2 + 2 * words.size()), 0x01,
+              0xFF};
   appendWords(bytes, words);
   return framed(bytes);
 }

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "drivers/PseudoTerminal.h"
+#include "serial/PseudoTerminal.h"
 
 namespace tessara::testing {
 

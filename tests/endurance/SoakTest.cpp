@@ -11,9 +11,9 @@
 
 #include "ModuleAtWork.h"
 #include "Resources.h"
-#include "drivers/PortLock.h"
 #include "linux/SettingsFolder.h"
 #include "support/Inside.h"
+#include "serial/SerialLine.h"
 
 namespace tessara::testing {
 namespace {
@@ -120,7 +120,7 @@ void pass(ModuleAtWork& work, Tally& tally) {
 
 void expectPortIsFree(const ModuleAtWork& work) {
   for (const KnownPort& port : work.module.ports()) {
-    EXPECT_NO_THROW(PortLock{port.deviceNode}) << "the port is held between two passes";
+    EXPECT_NO_THROW(SerialLine{port.deviceNode}) << "the port is held between two passes";
   }
 }
 

@@ -171,21 +171,21 @@ TEST_F(AnnouncementTest, LiesInATemporaryFolderWithoutARuntimeFolder) {
 }
 
 TEST_F(AnnouncementTest, GivesEachOfManyProcessesANumberOfItsOwn) {
-  constexpr int kProcesses = 8;
+  constexpr int processCount = 8;
   std::array<int, 2> go{};
   ASSERT_EQ(::pipe(go.data()), 0);
   std::vector<::pid_t> children;
-  for (int index = 0; index < kProcesses; ++index) {
+  for (int index = 0; index < processCount; ++index) {
     children.push_back(::fork());
     if (children.back() == 0) {
       ::close(go[1]);
       const Announcement announcement("/dev/pts/1");
       char end = 0;
       (void)!::read(go[0], &end, 1);  // until the parent closes its end
-      ::_exit(announcement.number() - kFirstSimulatedPort);
+      ::_exit(announcement.number() - firstSimulatedPort);
     }
   }
-  while (numbers().size() < kProcesses) ::usleep(1000);
+  while (numbers().size() < processCount) ::usleep(1000);
   ::close(go[1]);
   std::set<int> taken;
   for (const ::pid_t child : children) {

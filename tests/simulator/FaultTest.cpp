@@ -12,14 +12,14 @@ using namespace std::chrono_literals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-const MasterRequest kRequest{0xC0, 0x04, {0, 4, 0, 1}};
-const Bytes kAnswer = modbusFrame(0xC0, 0x04, Bytes{2, 0x12, 0x34});
+const MasterRequest sampleRequest{0xC0, 0x04, {0, 4, 0, 1}};
+const Bytes soundAnswer = modbusFrame(0xC0, 0x04, Bytes{2, 0x12, 0x34});
 
 SimulatedAnswer spoilt(std::vector<FaultEffect> effects) {
   std::vector<Fault> faults;
   faults.reserve(effects.size());
   for (FaultEffect& effect : effects) faults.push_back({std::move(effect), faults::At{1}});
-  return FaultPlan(std::move(faults)).spoil(kRequest, kAnswer);
+  return FaultPlan(std::move(faults)).spoil(sampleRequest, soundAnswer);
 }
 
 /// Which of the first `count` requests the trigger falls on, counted from 1.
@@ -27,14 +27,14 @@ std::vector<int> hits(FaultTrigger trigger, int count) {
   FaultPlan plan({{faults::NoReply{}, trigger}});
   std::vector<int> hits;
   for (int request = 1; request <= count; ++request) {
-    if (plan.spoil(kRequest, kAnswer).bytes.empty()) hits.push_back(request);
+    if (plan.spoil(sampleRequest, soundAnswer).bytes.empty()) hits.push_back(request);
   }
   return hits;
 }
 
 TEST(FaultPlan, WithoutFaultsLeavesTheAnswerAlone) {
-  const SimulatedAnswer answer = FaultPlan().spoil(kRequest, kAnswer);
-  EXPECT_EQ(answer.bytes, kAnswer);
+  const SimulatedAnswer answer = FaultPlan().spoil(sampleRequest, soundAnswer);
+  EXPECT_EQ(answer.bytes, soundAnswer);
   EXPECT_EQ(answer.delay, 0ms);
   EXPECT_FALSE(answer.unplug);
 }
@@ -45,18 +45,19 @@ TEST(FaultPlan, NoReplySendsNothing) {
 
 TEST(FaultPlan, LateReplySendsTheSameLater) {
   const SimulatedAnswer answer = spoilt({faults::LateReply{300ms}});
-  EXPECT_EQ(answer.bytes, kAnswer);
+  EXPECT_EQ(answer.bytes, soundAnswer);
   EXPECT_EQ(answer.delay, 300ms);
 }
 
 TEST(FaultPlan, BadChecksumSpoilsTheChecksumAlone) {
   const SimulatedAnswer answer = spoilt({faults::BadChecksum{}});
   EXPECT_FALSE(decodeModbusRequest(answer.bytes));
-  EXPECT_EQ(withModbusCrc(Bytes(answer.bytes.begin(), answer.bytes.end() - 2)), kAnswer);
+  EXPECT_EQ(withModbusCrc(Bytes(answer.bytes.begin(), answer.bytes.end() - 2)), soundAnswer);
 }
 
-TEST(FaultPlan, WrongUnitAnswersInAnothersNameWithARightChecksum) {
-  EXPECT_EQ(spoilt({faults::WrongUnit{0xC1}}).bytes, modbusFrame(0xC1, 0x04, Bytes{2, 0x12, 0x34}));
+TEST(FaultPlan, WrongAddressAnswersInAnothersNameWithARightChecksum) {
+  EXPECT_EQ(spoilt({faults::WrongAddress{0xC1}}).bytes,
+            modbusFrame(0xC1, 0x04, Bytes{2, 0x12, 0x34}));
 }
 
 TEST(FaultPlan, ExceptionReplyRefusesWithTheCode) {
@@ -65,7 +66,7 @@ TEST(FaultPlan, ExceptionReplyRefusesWithTheCode) {
 
 TEST(FaultPlan, CutOffSendsTheBeginning) {
   EXPECT_THAT(spoilt({faults::CutOff{3}}).bytes, ElementsAre(0xC0, 0x04, 0x02));
-  EXPECT_EQ(spoilt({faults::CutOff{200}}).bytes, kAnswer);
+  EXPECT_EQ(spoilt({faults::CutOff{200}}).bytes, soundAnswer);
 }
 
 TEST(FaultPlan, NoiseStandsInFrontOfTheAnswer) {
@@ -75,13 +76,13 @@ TEST(FaultPlan, NoiseStandsInFrontOfTheAnswer) {
 
 TEST(FaultPlan, EchoSendsTheRequestInFrontOfTheAnswer) {
   Bytes expected = modbusFrame(0xC0, 0x04, Bytes{0, 4, 0, 1});
-  expected.insert(expected.end(), kAnswer.begin(), kAnswer.end());
+  expected.insert(expected.end(), soundAnswer.begin(), soundAnswer.end());
   EXPECT_EQ(spoilt({faults::Echo{}}).bytes, expected);
 }
 
 TEST(FaultPlan, UnplugSendsAsManyBytesAsOrdered) {
   const SimulatedAnswer whole = spoilt({faults::Unplug{}});
-  EXPECT_EQ(whole.bytes, kAnswer);
+  EXPECT_EQ(whole.bytes, soundAnswer);
   ASSERT_TRUE(whole.unplug);
   EXPECT_FALSE(whole.unplug->replugAfter);
 
@@ -96,7 +97,7 @@ TEST(FaultPlan, UnplugSendsAsManyBytesAsOrdered) {
 TEST(FaultPlan, AppliesSeveralFaultsFromTheContentsToTheTiming) {
   const SimulatedAnswer answer =
       spoilt({faults::LateReply{10ms}, faults::Noise{{0x55}}, faults::CutOff{2},
-              faults::ExceptionReply{4}, faults::LateReply{20ms}, faults::WrongUnit{7}});
+              faults::ExceptionReply{4}, faults::LateReply{20ms}, faults::WrongAddress{7}});
   EXPECT_THAT(answer.bytes, ElementsAre(0x55, 7, 0x84));
   EXPECT_EQ(answer.delay, 30ms);
 }
@@ -129,7 +130,7 @@ TEST(FaultTrigger, OfOneFaultDoesNotDisturbAnothers) {
   FaultPlan plan({{faults::Noise{{0}}, faults::ByChance{0.5, 9}}, {faults::NoReply{}, trigger}});
   std::vector<int> seen;
   for (int request = 1; request <= 100; ++request) {
-    if (plan.spoil(kRequest, kAnswer).bytes.empty()) seen.push_back(request);
+    if (plan.spoil(sampleRequest, soundAnswer).bytes.empty()) seen.push_back(request);
   }
   EXPECT_EQ(seen, hits(trigger, 100));
 }

@@ -79,7 +79,7 @@ TEST_P(MbpollTest, SeesEachFaultAsItself) {
   };
   EXPECT_THAT(output(faults::NoReply{}), HasSubstr("timed out"));
   EXPECT_THAT(output(faults::BadChecksum{}), HasSubstr("Invalid CRC"));
-  EXPECT_THAT(output(faults::WrongUnit{5}), HasSubstr("not from requested slave"));
+  EXPECT_THAT(output(faults::WrongAddress{5}), HasSubstr("not from requested slave"));
   EXPECT_THAT(output(faults::ExceptionReply{4}), HasSubstr("Slave device or server failure"));
   EXPECT_THAT(output(faults::CutOff{4}), HasSubstr("timed out"));
 }

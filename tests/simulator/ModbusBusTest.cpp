@@ -22,17 +22,17 @@ Bytes answerTo(const Bytes& frame, SimulatedModule module = sampleModule()) {
 }
 
 Bytes refusal(std::uint8_t function, std::uint8_t code) {
-  return modbusExceptionFrame(kDefaultStation, function, code);
+  return modbusExceptionFrame(defaultAddress, function, code);
 }
 
 TEST(ModbusBus, ReadsOneRegister) {
   EXPECT_EQ(answerTo(readRequest(4, 1)),
-            modbusFrame(kDefaultStation, kReadInputRegisters, Bytes{2, 0x12, 0x34}));
+            modbusFrame(defaultAddress, readInputRegistersFunction, Bytes{2, 0x12, 0x34}));
 }
 
 TEST(ModbusBus, ReadsSeveralRegistersInOrder) {
-  EXPECT_EQ(answerTo(readRequest(3, 2)),
-            modbusFrame(kDefaultStation, kReadInputRegisters, Bytes{4, 0x10, 0x00, 0x12, 0x34}));
+  EXPECT_EQ(answerTo(readRequest(3, 2)), modbusFrame(defaultAddress, readInputRegistersFunction,
+                                                     Bytes{4, 0x10, 0x00, 0x12, 0x34}));
 }
 
 TEST(ModbusBus, ReadsAsManyRegistersAsAFrameHolds) {
@@ -42,8 +42,9 @@ TEST(ModbusBus, ReadsAsManyRegistersAsAFrameHolds) {
 }
 
 TEST(ModbusBus, RefusesARegisterThatTheModuleHasNot) {
-  EXPECT_EQ(answerTo(readRequest(99, 1)), refusal(kReadInputRegisters, 2));
-  EXPECT_EQ(answerTo(readRequest(4, 2)), refusal(kReadInputRegisters, 2)) << "second one missing";
+  EXPECT_EQ(answerTo(readRequest(99, 1)), refusal(readInputRegistersFunction, 2));
+  EXPECT_EQ(answerTo(readRequest(4, 2)), refusal(readInputRegistersFunction, 2))
+      << "second one missing";
 }
 
 TEST(ModbusBus, RefusesToReadBehindTheLastRegister) {
@@ -51,34 +52,34 @@ TEST(ModbusBus, RefusesToReadBehindTheLastRegister) {
   module.registers[0] = 1;
   module.registers[0xFFFF] = 2;
   EXPECT_EQ(answerTo(readRequest(0xFFFF, 1), module),
-            modbusFrame(kDefaultStation, kReadInputRegisters, Bytes{2, 0, 2}));
-  EXPECT_EQ(answerTo(readRequest(0xFFFF, 2), module), refusal(kReadInputRegisters, 2));
+            modbusFrame(defaultAddress, readInputRegistersFunction, Bytes{2, 0, 2}));
+  EXPECT_EQ(answerTo(readRequest(0xFFFF, 2), module), refusal(readInputRegistersFunction, 2));
 }
 
 TEST(ModbusBus, RefusesABadCount) {
-  EXPECT_EQ(answerTo(readRequest(4, 0)), refusal(kReadInputRegisters, 3));
-  EXPECT_EQ(answerTo(readRequest(4, 126)), refusal(kReadInputRegisters, 3));
+  EXPECT_EQ(answerTo(readRequest(4, 0)), refusal(readInputRegistersFunction, 3));
+  EXPECT_EQ(answerTo(readRequest(4, 126)), refusal(readInputRegistersFunction, 3));
 }
 
 TEST(ModbusBus, RefusesAReadRequestOfAnotherLength) {
   ModbusBus bus({sampleModule()});
-  EXPECT_THAT(bus.receive(modbusFrame(kDefaultStation, kReadInputRegisters, Bytes{0, 4, 0})),
+  EXPECT_THAT(bus.receive(modbusFrame(defaultAddress, readInputRegistersFunction, Bytes{0, 4, 0})),
               IsEmpty());
   const auto answer = bus.silence();
   ASSERT_TRUE(answer);
-  EXPECT_EQ(answer->bytes, refusal(kReadInputRegisters, 3));
+  EXPECT_EQ(answer->bytes, refusal(readInputRegistersFunction, 3));
 }
 
 TEST(ModbusBus, ReportsTheIdentificationWordsHighByteFirst) {
   EXPECT_EQ(answerTo(serverIdRequest()),
-            modbusFrame(kDefaultStation, kReportServerId,
+            modbusFrame(defaultAddress, reportServerIdFunction,
                         Bytes{10, 0x01, 0xFF, 0x00, 0x31, 0x00, 0x02, 0x00, 0x0F, 0x80, 0x97}));
 }
 
 TEST(ModbusBus, RefusesAnyOtherFunctionAfterTheSilence) {
   for (const std::uint8_t function : Bytes{1, 2, 3, 5, 6, 16, 43, 127}) {
     ModbusBus bus({sampleModule()});
-    EXPECT_THAT(bus.receive(modbusFrame(kDefaultStation, function, Bytes{0, 4, 0, 1})), IsEmpty());
+    EXPECT_THAT(bus.receive(modbusFrame(defaultAddress, function, Bytes{0, 4, 0, 1})), IsEmpty());
     EXPECT_TRUE(bus.isFrameOpen());
     const auto answer = bus.silence();
     ASSERT_TRUE(answer) << int{function};
@@ -120,9 +121,9 @@ TEST(ModbusBus, LetsEachModuleAnswerForItself) {
   second.faults = {{faults::NoReply{}, faults::At{2}}};
   ModbusBus bus({sampleModule(), second});
   EXPECT_EQ(bus.receive(readRequest(4, 1)).front().bytes,
-            modbusFrame(kDefaultStation, kReadInputRegisters, Bytes{2, 0x12, 0x34}));
+            modbusFrame(defaultAddress, readInputRegistersFunction, Bytes{2, 0x12, 0x34}));
   EXPECT_EQ(bus.receive(readRequest(4, 1, 7)).front().bytes,
-            modbusFrame(7, kReadInputRegisters, Bytes{2, 0x20, 0x00}));
+            modbusFrame(7, readInputRegistersFunction, Bytes{2, 0x20, 0x00}));
   EXPECT_THAT(bus.receive(readRequest(4, 1, 7)).front().bytes, IsEmpty())
       << "counts only requests of its own";
 }
@@ -152,7 +153,7 @@ TEST(ModbusBus, KeepsALogOfRequestsAndAnswers) {
   bus.receive(readRequest(4, 1));
   bus.receive(serverIdRequest(5));
   ASSERT_THAT(bus.log(), SizeIs(2));
-  EXPECT_EQ(bus.log()[0].request.function, kReadInputRegisters);
+  EXPECT_EQ(bus.log()[0].request.function, readInputRegistersFunction);
   EXPECT_THAT(bus.log()[0].request.data, ElementsAre(0, 4, 0, 1));
   EXPECT_EQ(bus.log()[0].answer, answerTo(readRequest(4, 1)));
   EXPECT_EQ(bus.log()[1].request.address, 5);
@@ -161,12 +162,12 @@ TEST(ModbusBus, KeepsALogOfRequestsAndAnswers) {
 
 TEST(ModbusBus, KeepsTheLatestRequestsOfALongLife) {
   ModbusBus bus({sampleModule()});
-  for (std::size_t count = 0; count <= ModbusBus::kLogLimit; ++count) {
+  for (std::size_t count = 0; count <= ModbusBus::maxLogged; ++count) {
     bus.receive(readRequest(static_cast<std::uint16_t>(count), 1));
   }
-  ASSERT_THAT(bus.log(), SizeIs(ModbusBus::kLogLimit));
+  ASSERT_THAT(bus.log(), SizeIs(ModbusBus::maxLogged));
   EXPECT_THAT(bus.log().front().request.data, ElementsAre(0, 1, 0, 1));
-  EXPECT_EQ(bus.counters().requests, ModbusBus::kLogLimit + 1);
+  EXPECT_EQ(bus.counters().requests, ModbusBus::maxLogged + 1);
 }
 
 TEST(ModbusBus, RefusesModulesThatCannotShareALine) {
@@ -181,7 +182,7 @@ TEST(ModbusBus, RefusesModulesThatCannotShareALine) {
 
 TEST(ModbusBus, FindsItsModulesByAddress) {
   ModbusBus bus({sampleModule()});
-  EXPECT_EQ(bus.slave(kDefaultStation).address(), kDefaultStation);
+  EXPECT_EQ(bus.slave(defaultAddress).address(), defaultAddress);
   EXPECT_THROW(bus.slave(1), std::out_of_range);
 }
 
@@ -205,7 +206,7 @@ TEST(ModbusSlave, TakesNewRegisterValues) {
   ModbusSlave slave(sampleModule());
   slave.setRegister(99, 0xABCD);
   EXPECT_EQ(slave.answer(*decodeModbusRequest(readRequest(99, 1))).bytes,
-            modbusFrame(kDefaultStation, kReadInputRegisters, Bytes{2, 0xAB, 0xCD}));
+            modbusFrame(defaultAddress, readInputRegistersFunction, Bytes{2, 0xAB, 0xCD}));
 }
 
 }  // namespace

@@ -15,8 +15,8 @@ Bytes bytesOf(std::string_view text) {
   return {text.begin(), text.end()};
 }
 
-const Bytes kServerIdRequest{0x01, 0x11, 0xC0, 0x2C};
-const Bytes kReadRequest{0xC0, 0x04, 0x00, 0x04, 0x00, 0x01, 0x60, 0xDA};
+const Bytes serverIdRequest{0x01, 0x11, 0xC0, 0x2C};
+const Bytes readRequest{0xC0, 0x04, 0x00, 0x04, 0x00, 0x01, 0x60, 0xDA};
 
 TEST(ModbusCrc, OfTheCheckTextIsTheKnownValue) {
   EXPECT_EQ(modbusCrc(bytesOf("123456789")), 0x4B37);
@@ -27,7 +27,7 @@ TEST(ModbusCrc, OfNothingIsTheStartValue) {
 }
 
 TEST(ModbusFrame, HasTheChecksumLowByteFirst) {
-  EXPECT_EQ(modbusFrame(0x01, kReportServerId), kServerIdRequest);
+  EXPECT_EQ(modbusFrame(0x01, reportServerIdFunction), serverIdRequest);
 }
 
 TEST(ModbusFrame, MatchesKnownAnswers) {
@@ -59,8 +59,8 @@ TEST(DecodeModbusRequest, TakesAFrameApart) {
 }
 
 TEST(DecodeModbusRequest, RefusesAWrongChecksum) {
-  for (std::size_t place = 0; place < kServerIdRequest.size(); ++place) {
-    Bytes damaged = kServerIdRequest;
+  for (std::size_t place = 0; place < serverIdRequest.size(); ++place) {
+    Bytes damaged = serverIdRequest;
     damaged[place] ^= 0x10;
     EXPECT_FALSE(decodeModbusRequest(damaged)) << "byte " << place;
   }
@@ -69,29 +69,29 @@ TEST(DecodeModbusRequest, RefusesAWrongChecksum) {
 TEST(DecodeModbusRequest, RefusesAFrameThatIsTooShortOrTooLong) {
   EXPECT_FALSE(decodeModbusRequest({}));
   EXPECT_FALSE(decodeModbusRequest(withModbusCrc({0x01})));
-  EXPECT_TRUE(decodeModbusRequest(withModbusCrc(Bytes(kModbusFrameLimit - 2, 1))));
-  EXPECT_FALSE(decodeModbusRequest(withModbusCrc(Bytes(kModbusFrameLimit - 1, 1))));
+  EXPECT_TRUE(decodeModbusRequest(withModbusCrc(Bytes(maxModbusFrame - 2, 1))));
+  EXPECT_FALSE(decodeModbusRequest(withModbusCrc(Bytes(maxModbusFrame - 1, 1))));
 }
 
 TEST(ModbusFrameAssembler, CompletesAFrameWithItsLastByte) {
   ModbusFrameAssembler assembler;
-  for (std::size_t place = 0; place + 1 < kReadRequest.size(); ++place) {
-    assembler.append(std::span(kReadRequest).subspan(place, 1));
+  for (std::size_t place = 0; place + 1 < readRequest.size(); ++place) {
+    assembler.append(std::span(readRequest).subspan(place, 1));
     EXPECT_FALSE(assembler.takeComplete()) << "byte " << place;
     EXPECT_FALSE(assembler.empty());
   }
-  assembler.append(std::span(kReadRequest).last(1));
+  assembler.append(std::span(readRequest).last(1));
   EXPECT_EQ(assembler.takeComplete(), modbusFrame(0xC0, 0x04, Bytes{0, 4, 0, 1}));
   EXPECT_TRUE(assembler.empty());
 }
 
 TEST(ModbusFrameAssembler, TellsApartFramesThatArriveTogether) {
-  Bytes both = kReadRequest;
-  both.insert(both.end(), kServerIdRequest.begin(), kServerIdRequest.end());
+  Bytes both = readRequest;
+  both.insert(both.end(), serverIdRequest.begin(), serverIdRequest.end());
   ModbusFrameAssembler assembler;
   assembler.append(both);
-  EXPECT_EQ(assembler.takeComplete(), kReadRequest);
-  EXPECT_EQ(assembler.takeComplete(), kServerIdRequest);
+  EXPECT_EQ(assembler.takeComplete(), readRequest);
+  EXPECT_EQ(assembler.takeComplete(), serverIdRequest);
   EXPECT_FALSE(assembler.takeComplete());
 }
 
@@ -105,7 +105,7 @@ TEST(ModbusFrameAssembler, LeavesAFrameOfUnknownLengthToTheSilence) {
 }
 
 TEST(ModbusFrameAssembler, LeavesADamagedFrameToTheSilence) {
-  Bytes damaged = kReadRequest;
+  Bytes damaged = readRequest;
   damaged.back() ^= 1;
   ModbusFrameAssembler assembler;
   assembler.append(damaged);
@@ -116,7 +116,7 @@ TEST(ModbusFrameAssembler, LeavesADamagedFrameToTheSilence) {
 TEST(ModbusFrameAssembler, KeepsNoMoreThanShowsAFrameToBeTooLong) {
   ModbusFrameAssembler assembler;
   for (int piece = 0; piece < 100; ++piece) assembler.append(Bytes(100, 0x55));
-  EXPECT_EQ(assembler.takeAll().size(), kModbusFrameLimit + 1);
+  EXPECT_EQ(assembler.takeAll().size(), maxModbusFrame + 1);
   EXPECT_THAT(assembler.takeAll(), IsEmpty());
 }
 

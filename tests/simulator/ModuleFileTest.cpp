@@ -142,7 +142,7 @@ TEST(ModuleFile, TakesEveryKindOfFault) {
   EXPECT_TRUE(std::holds_alternative<faults::NoReply>(effect(R"("kind": "noReply")")));
   EXPECT_EQ(get<faults::LateReply>(effect(R"("kind": "lateReply", "delay": 700)")).delay, 700ms);
   EXPECT_TRUE(std::holds_alternative<faults::BadChecksum>(effect(R"("kind": "badChecksum")")));
-  EXPECT_EQ(get<faults::WrongUnit>(effect(R"("kind": "wrongUnit", "address": 5)")).address, 5);
+  EXPECT_EQ(get<faults::WrongAddress>(effect(R"("kind": "wrongUnit", "address": 5)")).address, 5);
   EXPECT_EQ(get<faults::ExceptionReply>(effect(R"("kind": "exception", "code": 6)")).code, 6);
   EXPECT_EQ(get<faults::CutOff>(effect(R"("kind": "cutOff", "bytes": 4)")).bytes, 4U);
   EXPECT_THAT(get<faults::Noise>(effect(R"("kind": "noise", "bytes": [0, 255])")).bytes,

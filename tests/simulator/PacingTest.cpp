@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "serial/LineTiming.h"
 #include "simulator/LineRate.h"
 #include "simulator/SampleModule.h"
 #include "simulator/SerialClient.h"
@@ -17,23 +18,24 @@ using namespace tessara::testing;
 using Clock = std::chrono::steady_clock;
 using ::testing::SizeIs;
 
-constexpr std::size_t kRequestLength = 8;
-constexpr std::size_t kWords = 100;
-constexpr std::size_t kLongAnswer = 3 + 2 * kWords + 2;
+constexpr std::size_t readRequestLength = 8;
+constexpr std::size_t wordCount = 100;
+constexpr std::size_t longAnswerLength = 3 + 2 * wordCount + 2;
 
 SimulatedModule moduleWithManyRegisters() {
   SimulatedModule module = sampleModule();
-  for (std::uint16_t number = 1000; number < 1000 + kWords; ++number) module.registers[number] = 0;
+  for (std::uint16_t number = 1000; number < 1000 + wordCount; ++number)
+    module.registers[number] = 0;
   return module;
 }
 
 Bytes longRequest() {
-  return readRequest(1000, kWords);
+  return readRequest(1000, wordCount);
 }
 
 /// The time from the first character of the request to the last one of the answer.
 std::chrono::nanoseconds wireTime(LineRate rate, std::size_t answerLength) {
-  return characterTime(rate) * (kRequestLength + answerLength) + silentTime(rate);
+  return characterTime(rate) * (readRequestLength + answerLength) + silentTime(rate);
 }
 
 Clock::duration timeOf(const SerialClient& client, const Bytes& request, std::size_t answerLength) {
@@ -46,7 +48,7 @@ Clock::duration timeOf(const SerialClient& client, const Bytes& request, std::si
 Clock::duration bestTime(const SerialClient& client, std::size_t tries) {
   auto best = Clock::duration::max();
   for (std::size_t count = 0; count < tries; ++count) {
-    best = std::min(best, timeOf(client, longRequest(), kLongAnswer));
+    best = std::min(best, timeOf(client, longRequest(), longAnswerLength));
   }
   return best;
 }
@@ -57,21 +59,21 @@ TEST(Pacing, TakesTheTimeOfTheWireAndHardlyMore) {
        {std::pair<::speed_t, LineRate>{B19200, 19200}, {B115200, 115200}}) {
     const SerialClient client(port.device(), speed);
     const auto taken = bestTime(client, 5);
-    EXPECT_GE(taken, wireTime(rate, kLongAnswer)) << rate;
-    EXPECT_LE(taken, 2 * wireTime(rate, kLongAnswer)) << rate;
+    EXPECT_GE(taken, wireTime(rate, longAnswerLength)) << rate;
+    EXPECT_LE(taken, 2 * wireTime(rate, longAnswerLength)) << rate;
   }
 }
 
 TEST(Pacing, IsNotThereUnlessOrdered) {
   const SimulatedPort port(moduleWithManyRegisters());
   const SerialClient client(port.device(), B1200);
-  EXPECT_LT(timeOf(client, longRequest(), kLongAnswer), wireTime(1200, kLongAnswer) / 2);
+  EXPECT_LT(timeOf(client, longRequest(), longAnswerLength), wireTime(1200, longAnswerLength) / 2);
 }
 
 TEST(Pacing, BeginsTheAnswerBehindTheRequestAndTheSilence) {
   const SimulatedPort port(sampleModule(), {.paced = true});
   const SerialClient client(port.device(), B1200);
-  const auto earliest = characterTime(1200) * (kRequestLength + 1) + silentTime(1200);
+  const auto earliest = characterTime(1200) * (readRequestLength + 1) + silentTime(1200);
   EXPECT_GE(timeOf(client, readRequest(4, 1), 1), earliest);
 }
 
@@ -90,13 +92,14 @@ TEST(Pacing, DeliversTheAnswerCharacterByCharacter) {
   client.send(longRequest());
   ASSERT_THAT(client.receive(1), SizeIs(1));
   const auto first = Clock::now();
-  ASSERT_THAT(client.receive(kLongAnswer / 2), SizeIs(kLongAnswer / 2));
+  ASSERT_THAT(client.receive(longAnswerLength / 2), SizeIs(longAnswerLength / 2));
   const auto middle = Clock::now();
-  ASSERT_THAT(client.receive(kLongAnswer - 1 - kLongAnswer / 2), SizeIs(kLongAnswer / 2));
+  ASSERT_THAT(client.receive(longAnswerLength - 1 - longAnswerLength / 2),
+              SizeIs(longAnswerLength / 2));
   const auto last = Clock::now();
   // Each may have been late by a moment, but the halves cannot have come together.
-  EXPECT_GT(middle - first, characterTime(1200) * (kLongAnswer / 4));
-  EXPECT_GT(last - middle, characterTime(1200) * (kLongAnswer / 4));
+  EXPECT_GT(middle - first, characterTime(1200) * (longAnswerLength / 4));
+  EXPECT_GT(last - middle, characterTime(1200) * (longAnswerLength / 4));
 }
 
 TEST(Pacing, AddsTheDelayOfALateReply) {
@@ -115,7 +118,8 @@ TEST(Pacing, SendsAnswersOneBehindTheOther) {
   const Bytes both = client.receive(14);
   EXPECT_EQ(Bytes(both.begin(), both.begin() + 7), firmwareAnswer());
   EXPECT_EQ(Bytes(both.begin() + 7, both.end()), firmwareAnswer());
-  EXPECT_GE(Clock::now() - start, characterTime(1200) * (kRequestLength + 14) + silentTime(1200));
+  EXPECT_GE(Clock::now() - start,
+            characterTime(1200) * (readRequestLength + 14) + silentTime(1200));
 }
 
 TEST(Pacing, UnplugsWhenTheLastCharacterHasCome) {

@@ -27,10 +27,10 @@ using ::testing::MatchesRegex;
 using ::testing::SizeIs;
 using namespace tessara::testing;
 
-constexpr auto kModule = R"({"vendorId": 49, "groupId": 1, "familyId": 15, "deviceId": 151,
+constexpr auto moduleText = R"({"vendorId": 49, "groupId": 1, "familyId": 15, "deviceId": 151,
   "firmware": "1.234", "name": "TESSARA TM 151"})";
 
-constexpr auto kVanishing = R"({"vendorId": 49, "groupId": 1, "familyId": 15, "deviceId": 151,
+constexpr auto vanishing = R"({"vendorId": 49, "groupId": 1, "familyId": 15, "deviceId": 151,
   "firmware": "1.234",
   "faults": [{"kind": "unplug", "at": 1, "replugAfter": 10}]})";
 
@@ -98,8 +98,8 @@ std::string deviceIn(const std::string& line) {
 }
 
 TEST_F(RunSimulatorTest, PrintsAnnouncesAndServesEachModule) {
-  const std::string first = folder_.write("tm-151.json", kModule);
-  const std::string second = folder_.write("nameless.json", kVanishing);
+  const std::string first = folder_.write("tm-151.json", moduleText);
+  const std::string second = folder_.write("nameless.json", vanishing);
   SimulatorProcess simulator({first, second});
   const std::string firstLine = simulator.line();
   const std::string secondLine = simulator.line();
@@ -114,7 +114,7 @@ TEST_F(RunSimulatorTest, PrintsAnnouncesAndServesEachModule) {
 }
 
 TEST_F(RunSimulatorTest, EndsOrderlyOnEachSignal) {
-  const std::string file = folder_.write("tm-151.json", kModule);
+  const std::string file = folder_.write("tm-151.json", moduleText);
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
     SimulatorProcess simulator({file});
     ASSERT_THAT(simulator.line(), HasSubstr("COM100"));
@@ -125,7 +125,7 @@ TEST_F(RunSimulatorTest, EndsOrderlyOnEachSignal) {
 }
 
 TEST_F(RunSimulatorTest, LeavesNothingThatLastsWhenKilled) {
-  const std::string file = folder_.write("tm-151.json", kModule);
+  const std::string file = folder_.write("tm-151.json", moduleText);
   SimulatorProcess simulator({file});
   ASSERT_THAT(simulator.line(), HasSubstr("COM100"));
   simulator.end(SIGKILL);
@@ -133,7 +133,7 @@ TEST_F(RunSimulatorTest, LeavesNothingThatLastsWhenKilled) {
 }
 
 TEST_F(RunSimulatorTest, TellsWhenAPortGoesAndComesBack) {
-  SimulatorProcess simulator({folder_.write("nameless.json", kVanishing)});
+  SimulatorProcess simulator({folder_.write("nameless.json", vanishing)});
   const std::string device = deviceIn(simulator.line());
   const SerialClient client(device);
   EXPECT_EQ(client.exchange(readRequest(4, 1), 7), firmwareAnswer());
@@ -146,7 +146,7 @@ TEST_F(RunSimulatorTest, TellsWhenAPortGoesAndComesBack) {
 }
 
 TEST_F(RunSimulatorTest, PacesIfOrdered) {
-  SimulatorProcess simulator({folder_.write("tm-151.json", kModule)}, true);
+  SimulatorProcess simulator({folder_.write("tm-151.json", moduleText)}, true);
   const SerialClient client(deviceIn(simulator.line()), B1200);
   const auto start = std::chrono::steady_clock::now();
   EXPECT_EQ(client.exchange(readRequest(4, 1), 7), firmwareAnswer());
@@ -156,7 +156,7 @@ TEST_F(RunSimulatorTest, PacesIfOrdered) {
 TEST_F(RunSimulatorTest, ServesNothingIfOneFileIsBad) {
   std::ostringstream out;
   std::ostringstream err;
-  const std::string good = folder_.write("good.json", kModule);
+  const std::string good = folder_.write("good.json", moduleText);
   const std::string bad = folder_.write("bad.json", "{");
   EXPECT_EQ(runSimulator({good, bad}, false, out, err), 2);
   EXPECT_EQ(out.str(), "");
@@ -168,7 +168,7 @@ TEST_F(RunSimulatorTest, TellsWhyItCannotAnnounce) {
   folder_.write("tessara-conf", "a file in place of the folder");
   std::ostringstream out;
   std::ostringstream err;
-  EXPECT_EQ(runSimulator({folder_.write("good.json", kModule)}, false, out, err), 2);
+  EXPECT_EQ(runSimulator({folder_.write("good.json", moduleText)}, false, out, err), 2);
   EXPECT_THAT(err.str(), HasSubstr("tessara-conf"));
 }
 

@@ -16,20 +16,20 @@ inline SimulatedModule sampleModule() {
 }
 
 inline Bytes readRequest(std::uint16_t first, std::uint16_t count,
-                         std::uint8_t address = kDefaultStation) {
+                         std::uint8_t address = defaultAddress) {
   return modbusFrame(
-      address, kReadInputRegisters,
+      address, readInputRegistersFunction,
       Bytes{static_cast<std::uint8_t>(first >> 8), static_cast<std::uint8_t>(first),
             static_cast<std::uint8_t>(count >> 8), static_cast<std::uint8_t>(count)});
 }
 
-inline Bytes serverIdRequest(std::uint8_t address = kDefaultStation) {
-  return modbusFrame(address, kReportServerId);
+inline Bytes serverIdRequest(std::uint8_t address = defaultAddress) {
+  return modbusFrame(address, reportServerIdFunction);
 }
 
 /// What a healthy sample module answers to readRequest(4, 1).
-inline Bytes firmwareAnswer(std::uint8_t address = kDefaultStation) {
-  return modbusFrame(address, kReadInputRegisters, Bytes{2, 0x12, 0x34});
+inline Bytes firmwareAnswer(std::uint8_t address = defaultAddress) {
+  return modbusFrame(address, readInputRegistersFunction, Bytes{2, 0x12, 0x34});
 }
 
 }  // namespace tessara::testing

@@ -12,9 +12,9 @@
 namespace tessara {
 namespace {
 
-const std::filesystem::path kFolder = TESSARA_MODULES;
+const std::filesystem::path moduleFolder = TESSARA_MODULES;
 
-constexpr std::uint16_t kGood = 0x0080;  // of both channel status words
+constexpr std::uint16_t goodChannel = 0x0080;  // of both channel status words
 
 /// Where a module of that firmware keeps its device status; channel input, device error, channel
 /// output and LED status follow.
@@ -31,24 +31,24 @@ std::uint16_t statusRegister(std::uint16_t firmware) {
 
 std::array<std::uint16_t, 5> statusWords(const SimulatedModule& module) {
   std::array<std::uint16_t, 5> words{};
-  std::uint16_t number = statusRegister(module.registers.at(kFirmwareRegister));
+  std::uint16_t number = statusRegister(module.registers.at(firmwareRegister));
   for (std::uint16_t& word : words) word = module.registers.at(number++);
   return words;
 }
 
 SimulatedModule sample(const std::string& name) {
-  return loadModule(kFolder / (name + ".json"));
+  return loadModule(moduleFolder / (name + ".json"));
 }
 
 class EachSample : public ::testing::TestWithParam<std::filesystem::path> {};
 
 TEST_P(EachSample, HoldsAllThatAReadAsksFor) {
   const SimulatedModule module = loadModule(GetParam());
-  EXPECT_EQ(module.address, kDefaultStation);
+  EXPECT_EQ(module.address, defaultAddress);
   EXPECT_EQ(module.identification[0], 49);
   EXPECT_NE(module.name, "");
   for (const std::uint16_t number :
-       {kSecondVersionRegister, kFirmwareRegister, kSerialNumberRegister, kNameRegister}) {
+       {secondVersionRegister, firmwareRegister, serialNumberRegister, nameRegister}) {
     EXPECT_TRUE(module.registers.contains(number)) << number;
   }
   EXPECT_TRUE(module.faults.empty());
@@ -60,7 +60,7 @@ TEST_P(EachSample, HasARegister0ForReadsWithoutACatalogueEntry) {
 
 std::vector<std::filesystem::path> sampleFiles() {
   std::vector<std::filesystem::path> files;
-  for (const auto& entry : std::filesystem::directory_iterator(kFolder)) {
+  for (const auto& entry : std::filesystem::directory_iterator(moduleFolder)) {
     const bool isModbus = !entry.path().stem().string().starts_with("hart-") &&
                           !entry.path().stem().string().starts_with("nfc-");
     if (isModbus) files.push_back(entry.path());
@@ -84,7 +84,8 @@ TEST(SampleModules, HaveAHealthyOneOfEachFamilySet) {
     const SimulatedModule module = sample(name);
     families.insert(module.identification[2]);
     EXPECT_EQ(module.identification[3], module.identification[2] * 10 + 1) << name;
-    EXPECT_THAT(statusWords(module), ::testing::ElementsAre(0, kGood, 0, kGood, 0)) << name;
+    EXPECT_THAT(statusWords(module), ::testing::ElementsAre(0, goodChannel, 0, goodChannel, 0))
+        << name;
   }
   EXPECT_EQ(families, (std::set<int>{15, 16, 18, 20, 22, 25, 26}));
 }
@@ -104,8 +105,8 @@ TEST(SampleModules, HaveOneThatNoCatalogueKnows) {
 }
 
 TEST(SampleModules, HaveFirmwareBeyondBothEndsOfTheCatalogue) {
-  EXPECT_EQ(sample("vellum-ba-221-newer").registers.at(kFirmwareRegister), 0x3000);
-  EXPECT_EQ(sample("vellum-si-181-older").registers.at(kFirmwareRegister), 0x0500);
+  EXPECT_EQ(sample("vellum-ba-221-newer").registers.at(firmwareRegister), 0x3000);
+  EXPECT_EQ(sample("vellum-si-181-older").registers.at(firmwareRegister), 0x0500);
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 #include <sys/ioctl.h>
 #include <termios.h>
 
-#include "simulator/FileDescriptor.h"
+#include "serial/linux/FileDescriptor.h"
 #include "simulator/ModbusCodec.h"
 
 namespace tessara::testing {

@@ -22,12 +22,12 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
 
-constexpr std::size_t kAnswerLength = 7;  // of firmwareAnswer()
+constexpr std::size_t firmwareAnswerLength = 7;  // of firmwareAnswer()
 
 /// One healthy exchange over a client of its own.
 void expectHealthy(const SimulatedPort& port) {
   const SerialClient client(port.device());
-  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
 }
 
 Fault first(FaultEffect effect) {
@@ -55,26 +55,26 @@ TEST(SimulatedPort, AnswersBothFunctionsAndRefusesOthers) {
   const SimulatedPort port(sampleModule());
   const SerialClient client(port.device());
   EXPECT_EQ(client.exchange(serverIdRequest(), 15),
-            modbusFrame(kDefaultStation, kReportServerId,
+            modbusFrame(defaultAddress, reportServerIdFunction,
                         Bytes{10, 0x01, 0xFF, 0x00, 0x31, 0x00, 0x02, 0x00, 0x0F, 0x80, 0x97}));
-  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
-  EXPECT_EQ(client.exchange(modbusFrame(kDefaultStation, 3, Bytes{0, 4, 0, 1}), 5),
-            modbusExceptionFrame(kDefaultStation, 3, 1));
+  EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.exchange(modbusFrame(defaultAddress, 3, Bytes{0, 4, 0, 1}), 5),
+            modbusExceptionFrame(defaultAddress, 3, 1));
 }
 
 TEST(SimulatedPort, PutsTogetherARequestThatArrivesInPieces) {
   const SimulatedPort port(sampleModule());
   const SerialClient client(port.device());
   for (const std::uint8_t byte : readRequest(4, 1)) client.send({byte});
-  EXPECT_EQ(client.receive(kAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.receive(firmwareAnswerLength), firmwareAnswer());
 }
 
 TEST(SimulatedPort, ForgetsHalfARequestAfterTheSilence) {
   const SimulatedPort port(sampleModule());
   const SerialClient client(port.device());
-  client.send({kDefaultStation, kReadInputRegisters, 0});
+  client.send({defaultAddress, readInputRegistersFunction, 0});
   ASSERT_TRUE(comesTrue([&port] { return port.counters().damaged == 1; }));
-  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
 }
 
 TEST(SimulatedPort, IsSilentToWrongChecksumsForeignersAndBroadcasts) {
@@ -86,7 +86,8 @@ TEST(SimulatedPort, IsSilentToWrongChecksumsForeignersAndBroadcasts) {
   damaged.back() ^= 1;
   client.send(damaged);
   ASSERT_TRUE(comesTrue([&port] { return port.counters().damaged == 1; }));
-  EXPECT_EQ(client.exchange(serverIdRequest(), 15)[1], kReportServerId) << "the first answer";
+  EXPECT_EQ(client.exchange(serverIdRequest(), 15)[1], reportServerIdFunction)
+      << "the first answer";
   EXPECT_EQ(port.counters().foreign, 2U);
 }
 
@@ -95,8 +96,8 @@ TEST(SimulatedPort, ServesABusOfModules) {
   second.address = 7;
   const SimulatedPort port({sampleModule(), second});
   const SerialClient client(port.device());
-  EXPECT_EQ(client.exchange(readRequest(4, 1, 7), kAnswerLength), firmwareAnswer(7));
-  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.exchange(readRequest(4, 1, 7), firmwareAnswerLength), firmwareAnswer(7));
+  EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
 }
 
 TEST(SimulatedPort, CannotServeModulesThatCannotShareALine) {
@@ -139,7 +140,7 @@ TEST(SimulatedPort, NoReplyLeavesOutOneAnswer) {
   port.setFaults({first(faults::NoReply{})});
   const SerialClient client(port.device());
   client.send(serverIdRequest());
-  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
 }
 
 TEST(SimulatedPort, LateReplyComesLater) {
@@ -147,7 +148,7 @@ TEST(SimulatedPort, LateReplyComesLater) {
   port.setFaults({first(faults::LateReply{200ms})});
   const SerialClient client(port.device());
   const auto start = std::chrono::steady_clock::now();
-  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
   EXPECT_GE(std::chrono::steady_clock::now() - start, 200ms);
 }
 
@@ -156,9 +157,9 @@ TEST(SimulatedPort, LateReplyDoesNotHoldUpTheAnswerToARepeat) {
   port.setFaults({first(faults::LateReply{500ms})});
   const SerialClient client(port.device());
   client.send(readRequest(3, 1));
-  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
-  EXPECT_EQ(client.receive(kAnswerLength),
-            modbusFrame(kDefaultStation, kReadInputRegisters, Bytes{2, 0x10, 0x00}));
+  EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.receive(firmwareAnswerLength),
+            modbusFrame(defaultAddress, readInputRegistersFunction, Bytes{2, 0x10, 0x00}));
 }
 
 TEST(SimulatedPort, SpoilsAnswersAsOrdered) {
@@ -168,22 +169,24 @@ TEST(SimulatedPort, SpoilsAnswersAsOrdered) {
     port.setFaults({first(std::move(effect))});
     return client.exchange(readRequest(4, 1), count);
   };
-  EXPECT_FALSE(decodeModbusRequest(answer(faults::BadChecksum{}, kAnswerLength)));
-  EXPECT_EQ(answer(faults::WrongUnit{9}, kAnswerLength), firmwareAnswer(9));
+  EXPECT_FALSE(decodeModbusRequest(answer(faults::BadChecksum{}, firmwareAnswerLength)));
+  EXPECT_EQ(answer(faults::WrongAddress{9}, firmwareAnswerLength), firmwareAnswer(9));
   EXPECT_EQ(answer(faults::ExceptionReply{4}, 5),
-            modbusExceptionFrame(kDefaultStation, kReadInputRegisters, 4));
-  EXPECT_THAT(answer(faults::Noise{{1, 2, 3}}, 3 + kAnswerLength), SizeIs(3 + kAnswerLength));
-  EXPECT_THAT(answer(faults::Echo{}, 8 + kAnswerLength), SizeIs(8 + kAnswerLength));
+            modbusExceptionFrame(defaultAddress, readInputRegistersFunction, 4));
+  EXPECT_THAT(answer(faults::Noise{{1, 2, 3}}, 3 + firmwareAnswerLength),
+              SizeIs(3 + firmwareAnswerLength));
+  EXPECT_THAT(answer(faults::Echo{}, 8 + firmwareAnswerLength), SizeIs(8 + firmwareAnswerLength));
   EXPECT_THAT(answer(faults::CutOff{3}, 3), SizeIs(3));
-  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer()) << "only 3 came";
+  EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer())
+      << "only 3 came";
 }
 
 TEST(SimulatedPort, UnplugsBehindAnAnswerThatTheClientStillGets) {
   SimulatedPort port(sampleModule());
   port.setFaults({{faults::Unplug{}, faults::At{2}}});
   const SerialClient client(port.device());
-  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
-  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
   EXPECT_TRUE(client.isHungUp());
   EXPECT_TRUE(comesTrue([&port] { return port.device().empty(); }));
 }
@@ -192,7 +195,7 @@ TEST(SimulatedPort, UnplugsInTheMiddleOfAnAnswer) {
   SimulatedPort port(sampleModule());
   port.setFaults({first(faults::Unplug{3, {}})});
   const SerialClient client(port.device());
-  EXPECT_THAT(client.exchange(readRequest(4, 1), kAnswerLength), SizeIs(3));
+  EXPECT_THAT(client.exchange(readRequest(4, 1), firmwareAnswerLength), SizeIs(3));
   EXPECT_TRUE(client.isHungUp());
 }
 
@@ -200,7 +203,7 @@ TEST(SimulatedPort, UnplugsWhileTheClientWaits) {
   SimulatedPort port(sampleModule());
   port.setFaults({first(faults::Unplug{0, {}})});
   const SerialClient client(port.device());
-  EXPECT_THAT(client.exchange(readRequest(4, 1), kAnswerLength), IsEmpty());
+  EXPECT_THAT(client.exchange(readRequest(4, 1), firmwareAnswerLength), IsEmpty());
   EXPECT_TRUE(client.isHungUp());
 }
 
@@ -269,7 +272,7 @@ TEST(SimulatedPort, LosesAnswersThatWereUnderWayWhenItWasPulledOut) {
   port.plug();
   const SerialClient client(port.device());
   std::this_thread::sleep_for(200ms);
-  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+  EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
 }
 
 TEST(SimulatedPort, EndsAtOnceWithALateReplyUnderWay) {
@@ -317,13 +320,14 @@ TEST(SimulatedPort, PutsNoLinkInThePlaceOfAFile) {
 TEST(SimulatedPort, TakesNewFaultsAndRegistersWhileItRuns) {
   SimulatedPort port(sampleModule());
   const SerialClient client(port.device());
-  port.setRegister(kDefaultStation, 4, 0x5678);
-  EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength),
-            modbusFrame(kDefaultStation, kReadInputRegisters, Bytes{2, 0x56, 0x78}));
-  port.setFaults(kDefaultStation, {first(faults::ExceptionReply{6})});
+  port.setRegister(defaultAddress, 4, 0x5678);
+  EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength),
+            modbusFrame(defaultAddress, readInputRegistersFunction, Bytes{2, 0x56, 0x78}));
+  port.setFaults(defaultAddress, {first(faults::ExceptionReply{6})});
   EXPECT_THAT(client.exchange(readRequest(4, 1), 5), SizeIs(5));
   port.setFaults({});
-  EXPECT_THAT(client.exchange(readRequest(4, 1), kAnswerLength), SizeIs(kAnswerLength));
+  EXPECT_THAT(client.exchange(readRequest(4, 1), firmwareAnswerLength),
+              SizeIs(firmwareAnswerLength));
 }
 
 TEST(SimulatedPort, RefusesOrdersForModulesThatItHasNot) {
@@ -339,7 +343,7 @@ TEST(SimulatedPort, TellsWhatItWasAsked) {
   expectHealthy(port);
   const auto log = port.log();
   ASSERT_THAT(log, SizeIs(1));
-  EXPECT_EQ(log.front().request.function, kReadInputRegisters);
+  EXPECT_EQ(log.front().request.function, readInputRegistersFunction);
   EXPECT_EQ(log.front().answer, firmwareAnswer());
 }
 
@@ -361,7 +365,7 @@ TEST(SimulatedPort, IsSafeToOrderAroundWhileItAnswers) {
   std::thread orders([&] {
     while (!done) {
       port.setFaults({{faults::LateReply{1ms}, faults::Every{2}}});
-      port.setRegister(kDefaultStation, 100, 1);
+      port.setRegister(defaultAddress, 100, 1);
       EXPECT_EQ(port.counters().damaged, 0U);
       EXPECT_LE(port.log().size(), 100U);
     }
@@ -369,7 +373,7 @@ TEST(SimulatedPort, IsSafeToOrderAroundWhileItAnswers) {
   {
     const SerialClient client(port.device());
     for (int round = 0; round < 100; ++round) {
-      EXPECT_EQ(client.exchange(readRequest(4, 1), kAnswerLength), firmwareAnswer());
+      EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
     }
   }
   done = true;

@@ -22,7 +22,8 @@ class HartBench(Bench):
     """Runs each test with HART modules of its own."""
 
     def hart(self, **changes):
-        """The path of a module file: the healthy transmitter with these changes."""
+        """The path of a module file: the healthy transmitter with these changes; None removes a key."""
         path = self.folder / "hart.json"
-        path.write_text(json.dumps(HEALTHY | changes), encoding="utf-8")
+        module = {key: value for key, value in (HEALTHY | changes).items() if value is not None}
+        path.write_text(json.dumps(module), encoding="utf-8")
         return path

@@ -9,7 +9,7 @@ FATAL = (
     ({"kind": "noReply"}, "no answer within 500 ms"),
     ({"kind": "lateReply", "delay": 3000}, "no answer within 500 ms"),
     ({"kind": "badChecksum"}, "checksum error"),
-    ({"kind": "wrongUnit", "address": 7}, "answer from unit 7"),
+    ({"kind": "wrongUnit", "address": 7}, "answer from address 7"),
     ({"kind": "exception", "code": 2}, "exception 2: illegal data address"),
     ({"kind": "cutOff", "bytes": 4}, "the answer broke off"),
     ({"kind": "noise", "bytes": [1, 2, 3]}, "checksum error"),
@@ -55,7 +55,7 @@ class ReadFaults(Bench):
                       self.fail_with(4, "read", "--json", "--simulate", module))
 
     def test_a_module_at_another_address_does_not_answer(self):
-        self.assertIn("identification of unit 7: no answer",
+        self.assertIn("identification at address 7: no answer",
                       self.fail_with(4, "read", "--simulate", self.module(), "--address", 7))
 
     def test_address_0_is_no_module(self):
@@ -64,7 +64,7 @@ class ReadFaults(Bench):
 
     def test_a_module_without_a_register_is_told(self):
         status = {number: word for number, word in HEALTHY["status"].items() if number != "84"}
-        self.assertIn("input register 84 of unit 192: exception 2",
+        self.assertIn("input register 84 at address 192: exception 2",
                       self.fail_with(4, "read", "--simulate", self.module(status=status)))
 
     def test_a_failing_module_leaves_a_running_simulator_in_order(self):
@@ -75,7 +75,7 @@ class ReadFaults(Bench):
     def test_a_port_that_nobody_answers_on(self):
         with self.silent_port() as device:
             self.write_settings(f"[Ports]\nCOM9\\Device={device}\n")
-            self.assertIn(f"COM9 ({device}), identification of unit 192: no answer",
+            self.assertIn(f"COM9 ({device}), identification at address 192: no answer",
                           self.fail_with(4, "read", "--port", "COM9"))
 
 

@@ -1,5 +1,6 @@
 """`modulinfo read` of modules behind a HART modem."""
 
+import json
 import unittest
 
 from hart_bench import HartBench
@@ -51,6 +52,12 @@ class ReadHart(HartBench):
         faulty = self.succeed("read", "--simulate", self.hart(status=[2, 4]))
         self.assertIn("0 -> ", healthy)
         self.assertNotIn("0 -> ", faulty)
+
+    def test_a_module_without_command_48_is_shown_with_empty_status_labels(self):
+        module = self.hart(status=None)
+        shown = json.loads(self.succeed("read", "--json", "--simulate", module))
+        self.assertEqual(shown["serialNumber"], "S 4711")
+        self.assertEqual((shown["moduleStatus"], shown["channelStatus"]), ("", ""))
 
     def test_a_module_of_a_running_simulator_is_read_at_the_rate_of_its_line(self):
         self.simulator(self.hart(), options=["--paced"])

@@ -6,21 +6,21 @@ from hart_bench import HartBench
 
 # What each fault of every request is told as.
 FATAL = (
-    ({"kind": "noReply"}, "no answer within 305 ms, asked 4 times"),
+    ({"kind": "noReply"}, "no answer within 305 ms, asked 3 times"),
     ({"kind": "lateReply", "delay": 3000}, "no answer"),
-    ({"kind": "badChecksum"}, "the answer has a wrong check byte, asked 4 times"),
+    ({"kind": "badChecksum"}, "the answer has a wrong check byte, asked 3 times"),
     ({"kind": "wrongUnit", "address": 9},
-     "no answer, only one from polling address 9, asked 4 times"),
-    ({"kind": "wrongCommand", "command": 9}, "no answer, only one to command 9, asked 4 times"),
-    ({"kind": "cutOff", "bytes": 12}, "the answer broke off, asked 4 times"),
-    ({"kind": "gap", "after": 9, "pause": 900}, "the answer broke off, asked 4 times"),
-    ({"kind": "preambles", "count": 1}, "no answer within 305 ms, asked 4 times"),
+     "no answer, only one from polling address 9, asked 3 times"),
+    ({"kind": "wrongCommand", "command": 9}, "no answer, only one to command 9, asked 3 times"),
+    ({"kind": "cutOff", "bytes": 12}, "the answer broke off, asked 3 times"),
+    ({"kind": "gap", "after": 9, "pause": 900}, "the answer broke off, asked 3 times"),
+    ({"kind": "preambles", "count": 1}, "no answer within 305 ms, asked 3 times"),
     ({"kind": "communicationError", "bits": 8},
-     "the module reports communication error 88: check byte, asked 4 times"),
+     "the module reports communication error 88: check byte, asked 3 times"),
     ({"kind": "exception", "code": 16}, "response code 16: access restricted"),
     ({"kind": "busy"}, "response code 32: busy"),
     ({"kind": "delayedAnswer", "requests": 1000},
-     "response code 33: delayed answer started, for more than 5000 ms"),
+     "response code 33: delayed answer started, awaited for up to 3000 ms"),
     ({"kind": "unplug"}, "the port has gone"),
 )
 

@@ -6,8 +6,8 @@ from nfc_bench import NfcBench
 
 # What each fault that stays is told as.
 FATAL_OF_READER = (
-    ({"kind": "tagAbsent", "every": 1}, "no module lies in the field of the reader, asked twice"),
-    ({"kind": "tagLeaves", "at": 4}, "no module lies in the field of the reader"),
+    ({"kind": "tagAbsent", "every": 1}, "no module in the reader's field, asked twice"),
+    ({"kind": "tagLeaves", "at": 4}, "no module in the reader's field"),
     ({"kind": "readerSilent", "every": 1}, "the reader does not answer within 400 ms"),
     ({"kind": "mailboxBusy", "at": 1}, "the module's mailbox is busy"),
     ({"kind": "mailboxOff", "at": 1}, "the module does not allow its mailbox to be used"),
@@ -17,7 +17,7 @@ FATAL_OF_MODULE = (
     ({"kind": "noReply", "every": 1}, "fetched the request from its mailbox but did not answer"),
     ({"kind": "lateReply", "delay": 3000, "every": 1}, "the module did not fetch the request"),
     ({"kind": "badChecksum", "every": 1}, "checksum error in the module's answer, asked twice"),
-    ({"kind": "wrongUnit", "address": 9, "every": 1}, "answer from unit 9"),
+    ({"kind": "wrongUnit", "address": 9, "every": 1}, "answer from address 9"),
     ({"kind": "exception", "code": 4, "every": 1}, "exception 4: device failure"),
     ({"kind": "cutOff", "bytes": 4, "every": 1}, "checksum error in the module's answer"),
     ({"kind": "noise", "bytes": [85, 170], "every": 1}, "checksum error in the module's answer"),
@@ -29,7 +29,7 @@ FATAL_OF_MODULE = (
 # air and a tag that is not there.
 FATAL_OF_ONE_READER = (
     ("nfc-usb", {"kind": "airChecksum"}, "checksum error on air"),
-    ("nfc-twn4", {"kind": "airChecksum"}, "no module lies in the field of the reader"),
+    ("nfc-twn4", {"kind": "airChecksum"}, "no module in the reader's field"),
     ("nfc-usb", {"kind": "readerError", "code": 0x86}, "error 86: communication error"),
     ("nfc-usb", {"kind": "readerError", "code": 0x83}, "error 83: no protocol selected"),
     ("nfc-twn4", {"kind": "readerError", "code": 4}, "error 4: invalid function"),

@@ -32,7 +32,7 @@ class ReadPorts(Bench):
 
     def test_a_device_that_is_no_port(self):
         self.enter_port("/dev/null")
-        self.assertIn("COM9 (/dev/null) is no serial port",
+        self.assertIn("COM9 (/dev/null) is not a serial port",
                       self.fail_with(3, "read", "--port", "COM9"))
 
     def test_a_port_in_use_by_another_program(self):

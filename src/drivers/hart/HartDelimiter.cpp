@@ -3,16 +3,16 @@
 namespace tessara {
 
 HartDelimiter HartDelimiter::of(const HartFrame& frame) {
-  const unsigned int length = frame.address.isLong() ? kLongBit : 0U;
+  const unsigned int length = frame.address.isLong() ? longBit : 0U;
   const unsigned int expansion = static_cast<unsigned int>(frame.expansion.size()) << 5U;
-  const unsigned int layer = frame.isPsk ? kPsk : 0U;
-  return HartDelimiter(static_cast<std::uint8_t>(length | (expansion & kExpansionMask) | layer |
+  const unsigned int layer = frame.isPsk ? psk : 0U;
+  return HartDelimiter(static_cast<std::uint8_t>(length | (expansion & expansionMask) | layer |
                                                  static_cast<unsigned int>(frame.kind)));
 }
 
 std::optional<HartDelimiter> HartDelimiter::fromByte(std::uint8_t byte) {
-  if ((byte & kPhysicalLayerMask) > kPsk) return std::nullopt;
-  switch (static_cast<HartFrameKind>(byte & kKindMask)) {
+  if ((byte & physicalLayerMask) > psk) return std::nullopt;
+  switch (static_cast<HartFrameKind>(byte & kindMask)) {
     case HartFrameKind::Burst:
     case HartFrameKind::Request:
     case HartFrameKind::Answer:

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <exception>
 #include <stdexcept>
-#include <utility>
 
 #include "drivers/PortOpening.h"
 #include "drivers/ReadError.h"
@@ -12,37 +11,36 @@ namespace tessara {
 
 namespace {
 
-constexpr std::uint16_t kReadIdentity = 0;
-constexpr std::uint16_t kReadStatus = 48;
-constexpr std::int32_t kLastCommand = 65535;
+constexpr std::uint16_t readIdentity = 0;
+constexpr std::uint16_t readStatus = 48;
+constexpr std::int32_t maxCommand = 65535;
 
 /// What a module behind lossy equipment may need before it is known.
-constexpr std::size_t kFirstContactPreambles = 20;
-constexpr std::size_t kFewestPreambles = 5;
-constexpr std::size_t kMostPreambles = 40;
+constexpr std::size_t firstContactPreambles = 20;
+constexpr std::size_t minPreambles = 5;
 
 std::string requestText(const HartFrame& request) {
-  return "command " + std::to_string(request.commandNumber()) +
-         (request.address.isLong() ? " of " : " at ") + hartStationText(request.address);
+  return "command " + std::to_string(request.commandNumber()) + " at " +
+         hartAddressText(request.address);
 }
 
 std::uint16_t checkedCommand(std::int32_t number) {
-  const bool isCommand = number >= 0 && number <= kLastCommand && number != kHartExtendedCommand &&
+  const bool isCommand = number >= 0 && number <= maxCommand && number != extendedHartCommand &&
                          number != 254 && number != 255;
   if (!isCommand) {
-    throw std::out_of_range("commands have the numbers 0 to 65535 without 31, 254 and 255");
+    throw std::out_of_range("commands have the numbers 0 to 65535 except 31, 254 and 255");
   }
   return static_cast<std::uint16_t>(number);
 }
 
 std::size_t preamblesFor(const HartIdentity& identity) {
-  return std::clamp<std::size_t>(identity.preambles, kFewestPreambles, kMostPreambles);
+  return std::clamp<std::size_t>(identity.preambles, minPreambles, maxHartPreambles);
 }
 
 }  // namespace
 
-HartDriver::HartDriver(const PortDirectory& ports, HartOptions options)
-    : ports_(ports), link_(std::move(options)) {}
+HartDriver::HartDriver(const PortDirectory& ports, const HartOptions& options)
+    : ports_(ports), link_(options) {}
 
 bool HartDriver::ConnectWithSerialDevice(std::int16_t& comPort, std::int32_t& /*baudrate*/) {
   link_.close();
@@ -54,7 +52,7 @@ bool HartDriver::ConnectWithSerialDevice(std::int16_t& comPort, std::int32_t& /*
 }
 
 DeviceWords HartDriver::ReadDeviceIdentifier(std::uint8_t& devAddr) {
-  const HartIdentity identity = identify(devAddr & HartAddress::kLastPollingAddress);
+  const HartIdentity identity = identify(devAddr & HartAddress::maxPollingAddress);
   return {identity.manufacturer, identity.universalRevision, identity.deviceType,
           identity.deviceRevision};
 }
@@ -70,30 +68,34 @@ DeviceWords HartDriver::ReadInputRegisters(std::int16_t /*slave*/, std::int32_t 
 }
 
 std::int16_t HartDriver::CMD48(Cmd48Reply& reply) {
-  const HartFrame answer = answerTo(kReadStatus);
-  const auto data = answer.payload();
-  std::copy(data.begin(), data.end(), reply.begin());
-  return static_cast<std::int16_t>(data.size());
+  try {
+    const HartFrame answer = answerTo(readStatus);
+    const auto data = answer.payload();
+    std::copy(data.begin(), data.end(), reply.begin());
+    return static_cast<std::int16_t>(data.size());
+  } catch (const std::exception&) {
+    return 0;
+  }
 }
 
 void HartDriver::CloseSerialConnection() {
   link_.close();
 }
 
-/// Asks who is at this polling address, and keeps the answer for the port.
+/// Asks which module has this polling address, and keeps the answer for the port.
 HartIdentity HartDriver::identify(std::uint8_t pollingAddress) {
-  Station& station = stations_[comPort_];
-  station = {pollingAddress, std::nullopt};
-  const HartFrame request = hartRequest(HartAddress::polling(pollingAddress), kReadIdentity);
-  station.identity = readFrom(port_, requestText(request), [&] {
-    return hartIdentityOf(link_.ask(request, kFirstContactPreambles).payload());
+  KnownModule& module = modules_[comPort_];
+  module = {pollingAddress, std::nullopt};
+  const HartFrame request = hartRequest(HartAddress::polling(pollingAddress), readIdentity);
+  module.identity = readFrom(port_, requestText(request), [&] {
+    return hartIdentityOf(link_.ask(request, firstContactPreambles).payload());
   });
-  return *station.identity;
+  return *module.identity;
 }
 
 HartIdentity HartDriver::knownIdentity() {
-  const Station& station = stations_[comPort_];
-  return station.identity ? *station.identity : identify(station.pollingAddress);
+  const KnownModule& module = modules_[comPort_];
+  return module.identity ? *module.identity : identify(module.pollingAddress);
 }
 
 /// The answer of the port's module to a command without data.

@@ -14,20 +14,21 @@ namespace tessara {
 
 /// Modules behind a HART modem on a serial port.
 ///
-/// A module is called once by its polling address, with command 0, and from then on by the address
-/// that it has told; that address is kept for later connections to the same port. A read on a port
+/// A module is called once by its polling address, with command 0, and from then on by the unique
+/// address in its answer, which is kept for later connections to the same port. A read on a port
 /// where no module has been identified yet begins with command 0 at the last polling address, or
 /// at 0.
 ///
 /// A failed read is a ReadError. Its cause is one of: no answer, a damaged answer, a request that
-/// arrived badly, a response code that is an error, an answer delayed for too long, the port gone.
-/// With the default timings a command that nobody answers takes about three seconds.
+/// was received badly, a response code that is an error, an answer delayed for too long, the port
+/// gone. With the default timings, connecting to and identifying a silent module ends within three
+/// seconds.
 class HartDriver final : public HartCommObject {
  public:
-  /// `ports` has to outlive the driver.
-  explicit HartDriver(const PortDirectory& ports, HartOptions options = {});
+  /// `ports` must outlive the driver.
+  explicit HartDriver(const PortDirectory& ports, const HartOptions& options = {});
 
-  /// There is nothing to make ready: a connect brings all that a connection needs.
+  /// Does nothing: connecting brings all that a connection needs.
   void InitHartObject() override {}
 
   /// `baudrate` is not used: the line has 1200 bit/s.
@@ -37,9 +38,9 @@ class HartDriver final : public HartCommObject {
   /// and device revision. Always a first contact, with as many preambles as any module needs.
   DeviceWords ReadDeviceIdentifier(std::uint8_t& devAddr) override;
 
-  /// Command `startAddress`, 0 to 65535 without 31, 254 and 255: the two status bytes and then each
-  /// data byte, from 0 to 255 each. Warnings of the module come with the data. `slave`, `count` and
-  /// `access` are not used: the module is the identified one, and an answer is as long as it is.
+  /// Command `startAddress`, 0 to 65535 except 31, 254 and 255: the two status bytes and then each
+  /// data byte, 0 to 255 each. Warnings of the module come with the data. `slave`, `count` and
+  /// `access` are not used: the module is the identified one, and the answer decides its length.
   DeviceWords ReadInputRegisters(std::int16_t slave, std::int32_t startAddress, std::int16_t count,
                                  std::int32_t access) override;
 
@@ -51,8 +52,8 @@ class HartDriver final : public HartCommObject {
   [[nodiscard]] std::string connectFailure() const override { return failure_; }
 
  private:
-  /// What is known of the module on a port.
-  struct Station {
+  /// What is known about the module on a port.
+  struct KnownModule {
     std::uint8_t pollingAddress = 0;
     std::optional<HartIdentity> identity;
   };
@@ -64,8 +65,8 @@ class HartDriver final : public HartCommObject {
   const PortDirectory& ports_;
   HartLink link_;
   std::int16_t comPort_ = 0;
-  std::map<std::int16_t, Station> stations_;  ///< by port number
-  std::string port_ = "HART port";            ///< the last one chosen, as messages name it
+  std::map<std::int16_t, KnownModule> modules_;  ///< by port number
+  std::string port_ = "HART port";               ///< the last one chosen, as messages name it
   std::string failure_;
 };
 

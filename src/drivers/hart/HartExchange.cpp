@@ -20,14 +20,14 @@ bool isSameCommand(const HartFrame& frame, const HartFrame& request) {
 }  // namespace
 
 bool isHartAnswer(const HartFrame& frame, const HartFrame& request) {
-  return isToThisMaster(frame, request) && frame.address.isSameStation(request.address) &&
+  return isToThisMaster(frame, request) && frame.address.isSameAddress(request.address) &&
          isSameCommand(frame, request);
 }
 
 std::optional<std::string> hartMismatch(const HartFrame& frame, const HartFrame& request) {
   if (!isToThisMaster(frame, request)) return std::nullopt;
-  if (!frame.address.isSameStation(request.address)) {
-    return "no answer, only one from " + hartStationText(frame.address);
+  if (!frame.address.isSameAddress(request.address)) {
+    return "no answer, only one from " + hartAddressText(frame.address);
   }
   return "no answer, only one to command " + std::to_string(frame.commandNumber());
 }

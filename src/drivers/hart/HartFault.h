@@ -5,15 +5,15 @@
 
 namespace tessara {
 
-/// How a command to a HART station can end other than by its answer.
+/// How a HART command can end other than by its answer.
 enum class HartFaultKind {
   Silence,        ///< no answer before the deadline; it may still come
-  Damage,         ///< the answer came damaged, or broke off
-  BadlyReceived,  ///< the station says that it has received the request badly
-  Refusal,        ///< the station answered with a response code that is an error
-  Delay,          ///< the station keeps asking for patience
-  Contents,       ///< the answer is whole but does not hold what was asked for
-  NoLine,         ///< the port is closed, has gone, takes nothing or is never quiet
+  Damage,         ///< the answer was damaged, or broke off
+  BadlyReceived,  ///< the module reports that it received the request badly
+  Refusal,        ///< the module answered with a response code that is an error
+  Delay,          ///< the module keeps announcing a delayed answer
+  Contents,       ///< the answer is intact but does not hold what was asked for
+  NoLine,         ///< the port is closed, gone, takes nothing or is never quiet
 };
 
 /// One failed command. The message is the cause alone: "response code 32: busy".
@@ -24,7 +24,7 @@ class HartFault : public std::runtime_error {
 
   [[nodiscard]] HartFaultKind kind() const { return kind_; }
 
-  /// True if asking once more may help.
+  /// True if repeating the request may help.
   [[nodiscard]] bool isWorthRepeating() const {
     return kind_ == HartFaultKind::Silence || kind_ == HartFaultKind::Damage ||
            kind_ == HartFaultKind::BadlyReceived;

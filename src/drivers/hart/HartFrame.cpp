@@ -9,8 +9,8 @@ namespace tessara {
 
 namespace {
 
-constexpr std::size_t kNumberLength = 2;
-constexpr std::size_t kMostData = 255;
+constexpr std::size_t numberLength = 2;
+constexpr std::size_t maxData = 255;
 
 void append(HartBytes& bytes, std::span<const std::uint8_t> more) {
   bytes.insert(bytes.end(), more.begin(), more.end());
@@ -23,16 +23,16 @@ void appendNumber(HartBytes& bytes, std::uint16_t number) {
 
 }  // namespace
 
-HartAddress HartAddress::polling(std::uint8_t station) {
+HartAddress HartAddress::polling(std::uint8_t number) {
   HartAddress address;
-  address.bytes_[0] = static_cast<std::uint8_t>(kPrimaryBit | (station & kStationMask));
+  address.bytes_[0] = static_cast<std::uint8_t>(primaryBit | (number & addressMask));
   return address;
 }
 
 HartAddress HartAddress::unique(std::uint16_t deviceType, std::uint32_t deviceId) {
   HartAddress address;
-  address.length_ = kLongLength;
-  address.bytes_ = {static_cast<std::uint8_t>(kPrimaryBit | ((deviceType >> 8U) & kStationMask)),
+  address.length_ = longLength;
+  address.bytes_ = {static_cast<std::uint8_t>(primaryBit | ((deviceType >> 8U) & addressMask)),
                     static_cast<std::uint8_t>(deviceType & 0xFFU),
                     static_cast<std::uint8_t>((deviceId >> 16U) & 0xFFU),
                     static_cast<std::uint8_t>((deviceId >> 8U) & 0xFFU),
@@ -42,21 +42,21 @@ HartAddress HartAddress::unique(std::uint16_t deviceType, std::uint32_t deviceId
 
 HartAddress HartAddress::fromBytes(std::span<const std::uint8_t> bytes) {
   HartAddress address;
-  address.length_ = bytes.size() < kLongLength ? kShortLength : kLongLength;
+  address.length_ = bytes.size() < longLength ? shortLength : longLength;
   std::copy_n(bytes.begin(), std::min(address.length_, bytes.size()), address.bytes_.begin());
   return address;
 }
 
 bool HartAddress::isBroadcast() const {
-  return isLong() && isSameStation(unique(0, 0));
+  return isLong() && isSameAddress(unique(0, 0));
 }
 
 HartAddress HartAddress::forMaster(bool isPrimary) const {
-  return withFlag(kPrimaryBit, isPrimary);
+  return withFlag(primaryBit, isPrimary);
 }
 
 HartAddress HartAddress::withBurst(bool isBursting) const {
-  return withFlag(kBurstBit, isBursting);
+  return withFlag(burstBit, isBursting);
 }
 
 HartAddress HartAddress::withFlag(std::uint8_t flag, bool isSet) const {
@@ -66,24 +66,24 @@ HartAddress HartAddress::withFlag(std::uint8_t flag, bool isSet) const {
   return changed;
 }
 
-bool HartAddress::isSameStation(const HartAddress& other) const {
+bool HartAddress::isSameAddress(const HartAddress& other) const {
   return forMaster(false).withBurst(false) == other.forMaster(false).withBurst(false);
 }
 
-std::string hartStationText(const HartAddress& address) {
+std::string hartAddressText(const HartAddress& address) {
   if (!address.isLong()) return "polling address " + std::to_string(address.pollingAddress());
-  constexpr const char* kDigits = "0123456789ABCDEF";
-  std::string text = "station";
+  constexpr const char* hexDigits = "0123456789ABCDEF";
+  std::string text = "address";
   for (const std::uint8_t byte : address.bytes()) {
     text += ' ';
-    text += kDigits[byte >> 4U];
-    text += kDigits[byte & 0xFU];
+    text += hexDigits[byte >> 4U];
+    text += hexDigits[byte & 0xFU];
   }
   return text;
 }
 
 bool HartFrame::hasExtendedNumber() const {
-  return command == kHartExtendedCommand && data.size() >= statusLength() + kNumberLength;
+  return command == extendedHartCommand && data.size() >= statusLength() + numberLength;
 }
 
 std::uint16_t HartFrame::commandNumber() const {
@@ -93,7 +93,7 @@ std::uint16_t HartFrame::commandNumber() const {
 }
 
 std::span<const std::uint8_t> HartFrame::payload() const {
-  const std::size_t begin = statusLength() + (hasExtendedNumber() ? kNumberLength : 0);
+  const std::size_t begin = statusLength() + (hasExtendedNumber() ? numberLength : 0);
   return std::span(data).subspan(std::min(begin, data.size()));
 }
 
@@ -101,8 +101,8 @@ HartFrame hartRequest(const HartAddress& address, std::uint16_t number,
                       std::span<const std::uint8_t> payload) {
   HartFrame frame;
   frame.address = address;
-  if (number > kHartLastShortCommand) {
-    frame.command = kHartExtendedCommand;
+  if (number > maxShortHartCommand) {
+    frame.command = extendedHartCommand;
     appendNumber(frame.data, number);
   } else {
     frame.command = static_cast<std::uint8_t>(number);
@@ -126,7 +126,7 @@ HartFrame hartAnswer(const HartFrame& request, std::array<std::uint8_t, 2> statu
 }
 
 HartBytes encodeHart(const HartFrame& frame) {
-  if (frame.expansion.size() > kHartMostExpansion || frame.data.size() > kMostData) {
+  if (frame.expansion.size() > maxHartExpansion || frame.data.size() > maxData) {
     throw std::length_error("a frame has up to 3 expansion bytes and 255 data bytes");
   }
   HartBytes bytes{HartDelimiter::of(frame).byte()};
@@ -140,7 +140,7 @@ HartBytes encodeHart(const HartFrame& frame) {
 }
 
 HartBytes encodeHart(const HartFrame& frame, std::size_t preambles) {
-  HartBytes bytes(preambles, kHartPreamble);
+  HartBytes bytes(preambles, hartPreamble);
   append(bytes, encodeHart(frame));
   return bytes;
 }

@@ -8,18 +8,18 @@ namespace tessara {
 
 namespace {
 
-constexpr std::size_t kShortestIdentity = 12;  // up to revision 5
-constexpr std::uint8_t kExpansionMark = 254;
+constexpr std::size_t minIdentityLength = 12;  // up to revision 5
+constexpr std::uint8_t identityMark = 254;
 
 }  // namespace
 
 HartIdentity hartIdentityOf(std::span<const std::uint8_t> data) {
-  if (data.size() < kShortestIdentity) {
+  if (data.size() < minIdentityLength) {
     throw HartFault(HartFaultKind::Contents, "answer too short, " + std::to_string(data.size()) +
                                                  " of at least " +
-                                                 std::to_string(kShortestIdentity) + " data bytes");
+                                                 std::to_string(minIdentityLength) + " data bytes");
   }
-  if (data[0] != kExpansionMark) {
+  if (data[0] != identityMark) {
     throw HartFault(HartFaultKind::Contents,
                     "the identity begins with " + std::to_string(data[0]) + " instead of 254");
   }

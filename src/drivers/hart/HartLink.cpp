@@ -11,11 +11,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int kMostTries = 4;
-constexpr std::size_t kMostPreambles = 40;
+constexpr int maxTries = 3;
 
-/// The shortest look at the line.
-constexpr auto kGlance = 1ms;
+/// The shortest wait for input.
+constexpr auto minWait = 1ms;
 
 HartStatus statusOf(const HartFrame& answer) {
   return HartStatus({answer.data[0], answer.data[1]});
@@ -34,10 +33,6 @@ HartFault damageFault(HartDamage damage) {
 
 }  // namespace
 
-HartLink::HartLink(HartOptions options)
-    : timings_(options.timings),
-      port_(options.timings, ModemLines(options.carrier, std::move(options.modemLineCall))) {}
-
 void HartLink::open(const std::string& device) {
   close();
   port_.open(device);
@@ -54,50 +49,64 @@ void HartLink::close() noexcept {
 
 HartFrame HartLink::ask(const HartFrame& request, std::size_t preambles) {
   if (!port_.isOpen()) throw HartFault(HartFaultKind::NoLine, "no connection is open");
-  const auto patience = Clock::now() + timings_.delayedAnswer;
+  const auto end = Clock::now() + timings_.delayedAnswer;
+  std::optional<HartFault> delay;
   for (;;) {
-    HartFrame answer = askUntilHeard(request, preambles);
+    const auto begun = Clock::now();
+    HartFrame answer;
+    try {
+      answer = askUntilHeard(request, preambles, delay ? end : Clock::time_point::max());
+    } catch (const HartFault&) {
+      if (delay && Clock::now() >= end) throw *delay;
+      throw;
+    }
     const HartStatus status = statusOf(answer);
     switch (status.outcome()) {
       case HartOutcome::Success:
       case HartOutcome::Warning:
         return answer;
       case HartOutcome::Delayed:
-        if (Clock::now() < patience) break;
-        throw HartFault(HartFaultKind::Delay, status.text() + ", for more than " +
-                                                  std::to_string(timings_.delayedAnswer.count()) +
-                                                  " ms");
+        delay = HartFault(HartFaultKind::Delay, status.text() + ", awaited for up to " +
+                                                    std::to_string(timings_.delayedAnswer.count()) +
+                                                    " ms");
+        break;
       default:
         throw HartFault(HartFaultKind::Refusal, status.text());
     }
+    // The next exchange is expected to take as long as this one.
+    const auto now = Clock::now();
+    if (now + (now - begun) > end) throw *delay;
   }
 }
 
-HartFrame HartLink::askUntilHeard(const HartFrame& request, std::size_t preambles) {
+/// Sends the request until it has an undamaged answer, but not beyond `deadline`.
+HartFrame HartLink::askUntilHeard(const HartFrame& request, std::size_t preambles,
+                                  Clock::time_point deadline) {
   const auto begun = Clock::now();
   int unanswered = 0;
   for (int tries = 1;; ++tries) {
     try {
-      HartFrame answer = exchange(request, preambles);
+      HartFrame answer = exchange(request, preambles, deadline);
       const auto now = Clock::now();
       owed_ = Owed{request, unanswered, now + (now - begun)};
       return answer;
     } catch (const HartFault& fault) {
-      if (!fault.isWorthRepeating()) throw;
+      if (!fault.isWorthRepeating() || Clock::now() >= deadline) throw;
       if (fault.kind() == HartFaultKind::Silence) ++unanswered;
-      if (tries == kMostTries) {
+      if (tries == maxTries) {
         throw HartFault(fault.kind(), std::string(fault.what()) + ", asked " +
-                                          std::to_string(kMostTries) + " times");
+                                          std::to_string(maxTries) + " times");
       }
     }
   }
 }
 
-HartFrame HartLink::exchange(const HartFrame& request, std::size_t preambles) {
-  awaitTurn(request);
+HartFrame HartLink::exchange(const HartFrame& request, std::size_t preambles,
+                             Clock::time_point deadline) {
+  awaitTurn(request, deadline);
   const auto sent = port_.send(encodeHart(request, preambles));
   isTracking_ = true;
-  HartFrame answer = receive(request, sent);
+  HartFrame answer = receive(request, sent, deadline);
   const HartStatus status = statusOf(answer);
   if (status.outcome() == HartOutcome::CommunicationError) {
     throw HartFault(HartFaultKind::BadlyReceived, "the module reports " + status.text());
@@ -105,13 +114,13 @@ HartFrame HartLink::exchange(const HartFrame& request, std::size_t preambles) {
   return answer;
 }
 
-/// Listens until the line is this master's to use.
-void HartLink::awaitTurn(const HartFrame& request) {
-  const auto limit = Clock::now() + timings_.noise;
+/// Listens until this master may send.
+void HartLink::awaitTurn(const HartFrame& request, Clock::time_point deadline) {
+  const auto limit = std::min(Clock::now() + timings_.noise, deadline);
   turn_ = nextTurn();
   bool hasHeard = false;
   while (Clock::now() < limit && hear(Clock::now())) hasHeard = true;
-  // How long ago these frames have come is not known any more.
+  // How long ago these frames came is no longer known.
   if (passFrames(request) || (hasHeard && !isTracking_)) {
     turn_ = std::max(turn_, lastByte_ + timings_.linkQuiet);
   }
@@ -120,7 +129,7 @@ void HartLink::awaitTurn(const HartFrame& request) {
     const bool isOpen = parser_.isFrameOpen();
     if (now >= turn_ && !isOpen && !isOccupied(turn_) && !isOwed(request)) return;
     if (now >= limit) throw HartFault(HartFaultKind::NoLine, "the line does not fall quiet");
-    const auto until = isOpen ? lastByte_ + timings_.gap : std::max(turn_, now + kGlance);
+    const auto until = isOpen ? lastByte_ + timings_.gap : std::max(turn_, now + minWait);
     if (hear(std::min(until, limit))) {
       if (!isTracking_) turn_ = lastByte_ + timings_.linkQuiet;
     } else if (isOpen) {
@@ -130,8 +139,8 @@ void HartLink::awaitTurn(const HartFrame& request) {
   }
 }
 
-/// Has the frames that have come decide when the line is this master's to use; true if there were
-/// any. An answer that is owed to `request` is not owed any more then.
+/// Lets the frames that have come decide when this master may send; true if there were any. An
+/// answer that is owed to `request` is no longer owed then.
 bool HartLink::passFrames(const HartFrame& request) {
   bool wereThere = false;
   while (const auto reception = parser_.next()) {
@@ -144,9 +153,11 @@ bool HartLink::passFrames(const HartFrame& request) {
 }
 
 /// Listens for the answer to a request whose last character has left at `sent`.
-HartFrame HartLink::receive(const HartFrame& request, Clock::time_point sent) {
-  const auto latest = sent + timings_.linkQuiet + timings_.hostMargin +
-                      timings_.characters(kHartLongestFrame + kMostPreambles);
+HartFrame HartLink::receive(const HartFrame& request, Clock::time_point sent,
+                            Clock::time_point deadline) {
+  const Clock::time_point latest =
+      std::min(deadline, sent + timings_.linkQuiet + timings_.hostMargin +
+                             timings_.characters(maxHartFrame + maxHartPreambles));
   auto beginning = sent + timings_.linkQuiet + timings_.hostMargin;
   HartFault outcome(HartFaultKind::Silence,
                     "no answer within " + std::to_string(timings_.linkQuiet.count()) + " ms");
@@ -177,7 +188,7 @@ HartFrame HartLink::receive(const HartFrame& request, Clock::time_point sent) {
   }
 }
 
-/// When the line is this master's to use, if nothing has come since it was last known.
+/// When this master may send, if nothing has come since that was last known.
 HartLink::Clock::time_point HartLink::nextTurn() const {
   const auto lapsed = turn_ + timings_.hold;
   if (!isTracking_ || Clock::now() <= lapsed) return turn_;
@@ -188,13 +199,13 @@ bool HartLink::isOwed(const HartFrame& request) const {
   return owed_ && owed_->count > 0 && Clock::now() < owed_->until && owed_->request == request;
 }
 
-/// True while the modem hears a carrier. One that has carried nothing for so long is no carrier,
-/// but a line of the port that tells nothing.
+/// True while the modem hears a carrier. A carrier that brings nothing for this long is not one:
+/// the port's line says nothing then.
 bool HartLink::isOccupied(Clock::time_point turn) const {
   return Clock::now() < std::max(turn, lastByte_) + timings_.linkQuiet && port_.hearsCarrier();
 }
 
-/// Takes what comes before the deadline; false if nothing does.
+/// Takes what comes before the deadline; false if nothing comes.
 bool HartLink::hear(Clock::time_point deadline) {
   const auto bytes = port_.receive(deadline);
   if (bytes.empty()) return false;
@@ -204,7 +215,7 @@ bool HartLink::hear(Clock::time_point deadline) {
 }
 
 void HartLink::note(const HartReception& reception) {
-  if (reception.damage == HartDamage::None && reception.frame.isFromStation()) {
+  if (reception.damage == HartDamage::None && reception.frame.isFromModule()) {
     isBursting_ =
         reception.frame.kind == HartFrameKind::Burst || reception.frame.address.isBursting();
   }

@@ -11,51 +11,45 @@
 
 namespace tessara {
 
-/// How a link works with its modem.
-struct HartOptions {
-  HartTimings timings{};
-  HartCarrier carrier = HartCarrier::Rts;
-  ModemLineCall modemLineCall = systemModemLineCall;
-};
-
 /// The primary master on a HART line, one request at a time.
 ///
-/// Before each request the line is this master's to use: behind the opening of the port after it
-/// was quiet for RT1, otherwise when the frames on it say so. A request without an undamaged answer
-/// that says that it was well received is sent again, up to three times. While the station
-/// announces a delayed answer, the identical request is sent again.
+/// Before each request the master waits for its turn: after opening the port until the line was
+/// quiet for RT1, later as the frames on the line demand. A request is sent three times at most
+/// until an undamaged answer reports that it was received correctly. While the module announces a
+/// delayed answer, the identical request is sent again.
 ///
-/// Everything that comes is looked at: echoes, burst frames and what is between the other master
-/// and a station are passed over. An answer that comes after its request has been repeated may be
-/// followed by others; an identical request waits until these have come or can no longer come.
+/// Everything that comes is examined: echoes, burst frames and the traffic of the other master are
+/// skipped. An answer that arrives after its request has been repeated may be followed by others;
+/// an identical request waits until these have arrived or can no longer arrive.
 class HartLink {
  public:
-  explicit HartLink(HartOptions options);
+  explicit HartLink(const HartOptions& options) : timings_(options.timings), port_(options) {}
 
-  /// Takes the port and sets it up. Throws PortError; the link is closed then.
+  /// Opens and configures the port. Throws PortError; the link is closed then.
   void open(const std::string& device);
-  /// Hands the port back; harmless when there is none.
+  /// Closes the port; harmless when none is open.
   void close() noexcept;
 
-  /// Sends `request` behind that many preambles, and gives its answer, which is a success or a
+  /// Sends `request` after that many preambles and returns its answer, which is a success or a
   /// warning. Throws HartFault.
   HartFrame ask(const HartFrame& request, std::size_t preambles);
 
  private:
   using Clock = HartPort::Clock;
 
-  /// Answers that may still come, though an answer to the same request has.
+  /// Answers that may still arrive, though one to the same request has arrived.
   struct Owed {
     HartFrame request;
     int count = 0;
     Clock::time_point until;
   };
 
-  HartFrame askUntilHeard(const HartFrame& request, std::size_t preambles);
-  HartFrame exchange(const HartFrame& request, std::size_t preambles);
-  void awaitTurn(const HartFrame& request);
+  HartFrame askUntilHeard(const HartFrame& request, std::size_t preambles,
+                          Clock::time_point deadline);
+  HartFrame exchange(const HartFrame& request, std::size_t preambles, Clock::time_point deadline);
+  void awaitTurn(const HartFrame& request, Clock::time_point deadline);
   bool passFrames(const HartFrame& request);
-  HartFrame receive(const HartFrame& request, Clock::time_point sent);
+  HartFrame receive(const HartFrame& request, Clock::time_point sent, Clock::time_point deadline);
   [[nodiscard]] Clock::time_point nextTurn() const;
   [[nodiscard]] bool isOwed(const HartFrame& request) const;
   [[nodiscard]] bool isOccupied(Clock::time_point turn) const;
@@ -66,9 +60,9 @@ class HartLink {
   HartPort port_;
   HartParser parser_;
   Clock::time_point lastByte_;
-  Clock::time_point turn_;   ///< when the line is this master's to use, if nothing comes before
-  bool isTracking_ = false;  ///< what goes on on the line is known
-  bool isBursting_ = false;  ///< a station in burst mode has been heard
+  Clock::time_point turn_;   ///< when this master may send, if nothing comes before
+  bool isTracking_ = false;  ///< the traffic since the last request is known
+  bool isBursting_ = false;  ///< a module in burst mode has been heard
   std::optional<Owed> owed_;
 };
 

@@ -8,9 +8,9 @@ namespace tessara {
 
 namespace {
 
-constexpr std::size_t kStatusLength = 2;
+constexpr std::size_t statusBytes = 2;
 
-/// Where the parts of a frame stand, counted from its delimiter.
+/// Where the parts of a frame lie, counted from its delimiter.
 struct Head {
   explicit Head(HartDelimiter delimiter)
       : expansion(1 + delimiter.addressLength()),
@@ -53,21 +53,22 @@ void HartParser::reset() {
   isSilent_ = false;
 }
 
-/// Drops what cannot belong to a frame, and all that stands before the delimiter of one.
+/// Drops what cannot belong to a frame, and everything before a delimiter.
 void HartParser::findBeginning() {
   std::size_t preambles = 0;
   std::size_t place = 0;
   isOpen_ = false;
   for (; place < buffer_.size() && !isOpen_; ++place) {
     const std::uint8_t byte = buffer_[place];
-    isOpen_ = preambles >= kHartLeastPreambles && HartDelimiter::fromByte(byte).has_value();
-    preambles = byte == kHartPreamble ? preambles + 1 : 0;
+    isOpen_ = preambles >= minHartPreambles && HartDelimiter::fromByte(byte).has_value();
+    preambles = byte == hartPreamble ? preambles + 1 : 0;
   }
-  const std::size_t kept = isOpen_ ? 1 : std::min(preambles, kHartLeastPreambles);
+  const std::size_t kept = isOpen_ ? 1 : std::min(preambles, minHartPreambles);
   buffer_.erase(buffer_.begin(), buffer_.begin() + static_cast<std::ptrdiff_t>(place - kept));
 }
 
-/// The length of the open frame from delimiter to check byte; nothing before its byte count.
+/// The length of the open frame from delimiter to check byte; nothing before its byte count has
+/// come.
 std::optional<std::size_t> HartParser::frameLength() const {
   const Head head(*HartDelimiter::fromByte(buffer_[0]));
   if (head.byteCount >= buffer_.size()) return std::nullopt;
@@ -91,7 +92,7 @@ HartReception HartParser::reception(std::size_t length) const {
   found.frame.data = part(head.data, length - 1);
   if (hartCheckByte(bytes) != 0) {
     found.damage = HartDamage::CheckByte;
-  } else if (found.frame.isFromStation() && found.frame.data.size() < kStatusLength) {
+  } else if (found.frame.isFromModule() && found.frame.data.size() < statusBytes) {
     found.damage = HartDamage::ByteCount;
   }
   return found;

@@ -8,31 +8,31 @@
 
 namespace tessara {
 
-/// What an answer means for whoever asked.
+/// What an answer means to the master.
 enum class HartOutcome {
   Success,
-  Warning,             ///< the data are there, something is to be minded
+  Warning,             ///< the answer holds data, with a caution
   Error,               ///< no data; asking again gives the same
-  Busy,                ///< no data; the station has other things to do
+  Busy,                ///< no data; the module has other things to do
   Delayed,             ///< no data yet; ask again with the identical request
-  CommunicationError,  ///< the station has received the request badly
+  CommunicationError,  ///< the module received the request badly
 };
 
-/// The response codes that this system itself gives or looks for.
+/// The response codes that this system sends or looks for.
 namespace hart {
-inline constexpr std::uint8_t kSuccess = 0;
-inline constexpr std::uint8_t kTooFewData = 5;
-inline constexpr std::uint8_t kBusy = 32;
-inline constexpr std::uint8_t kDelayStarted = 33;
-inline constexpr std::uint8_t kDelayRunning = 34;
-inline constexpr std::uint8_t kNotImplemented = 64;
+inline constexpr std::uint8_t success = 0;
+inline constexpr std::uint8_t tooFewData = 5;
+inline constexpr std::uint8_t busy = 32;
+inline constexpr std::uint8_t delayStarted = 33;
+inline constexpr std::uint8_t delayRunning = 34;
+inline constexpr std::uint8_t notImplemented = 64;
 
 /// Communication error: bit 7 and the bit of the check byte.
-inline constexpr std::uint8_t kCommunicationError = 0x80;
-inline constexpr std::uint8_t kCheckByteError = 0x08;
+inline constexpr std::uint8_t communicationError = 0x80;
+inline constexpr std::uint8_t checkByteError = 0x08;
 
-inline constexpr std::uint8_t kMoreStatus = 0x10;  ///< device status: command 48 has news
-inline constexpr std::uint8_t kColdStart = 0x20;  ///< device status: the first answer since a start
+inline constexpr std::uint8_t moreStatus = 0x10;  ///< device status: command 48 has news
+inline constexpr std::uint8_t coldStart = 0x20;   ///< device status: the first answer since a start
 }  // namespace hart
 
 /// One bit of the device status, the second status byte of an answer.
@@ -41,7 +41,7 @@ struct HartDeviceStatusBit {
   std::string_view name;  ///< "cold start"
 };
 
-/// All eight, from the highest.
+/// All eight, from the highest bit down.
 std::span<const HartDeviceStatusBit, 8> hartDeviceStatusBits();
 
 /// The two status bytes at the head of every answer.
@@ -55,12 +55,12 @@ class HartStatus {
   /// check byte".
   [[nodiscard]] std::string text() const;
 
-  /// The response code 0 to 127; of no meaning in a communication error.
+  /// The response code 0 to 127; meaningless in a communication error.
   [[nodiscard]] std::uint8_t responseCode() const { return bytes_[0]; }
 
  private:
   [[nodiscard]] bool isCommunicationError() const {
-    return (bytes_[0] & hart::kCommunicationError) != 0;
+    return (bytes_[0] & hart::communicationError) != 0;
   }
 
   std::array<std::uint8_t, 2> bytes_;

@@ -11,22 +11,22 @@ namespace tessara {
 struct HartTimings {
   /// One character: 11 bits.
   std::chrono::nanoseconds character{11'000'000'000 / 1200};
-  /// RT1: the first character of an answer has to come by then; a line that was quiet for as long
-  /// belongs to nobody.
+  /// RT1: the first character of an answer must come within this time; a line that was quiet for as
+  /// long is free.
   std::chrono::milliseconds linkQuiet{305};
-  /// RT2: the turn of the other master behind an own answer.
+  /// RT2: the turn of the other master after an answer to this one.
   std::chrono::milliseconds linkGrant{75};
-  /// How long an own turn lasts that has not been used.
+  /// How long an unused turn of this master lasts.
   std::chrono::milliseconds hold{20};
-  /// A frame that pauses for longer has broken off. Far more than a sender may pause: adapters
-  /// deliver what has come in bursts.
+  /// A frame that pauses for longer has broken off. Much more than a sender may pause, because
+  /// adapters deliver in bursts.
   std::chrono::milliseconds gap{100};
-  /// What all may take beyond the line's own time: adapters, and a system with other things to do.
+  /// Allowance for adapters and a busy system, on top of the line's own time.
   std::chrono::milliseconds hostMargin{200};
-  /// A line that is never quiet is given up after this.
+  /// A line that is never quiet is given up after this time.
   std::chrono::milliseconds noise{5000};
-  /// A station that asks for patience is asked again for this long.
-  std::chrono::milliseconds delayedAnswer{5000};
+  /// A delayed answer is awaited for this long in all.
+  std::chrono::milliseconds delayedAnswer{3000};
 
   [[nodiscard]] std::chrono::nanoseconds characters(std::size_t count) const {
     return character * static_cast<std::int64_t>(count);

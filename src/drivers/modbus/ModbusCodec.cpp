@@ -8,29 +8,32 @@ namespace tessara {
 
 namespace {
 
-constexpr std::uint8_t kReadInputRegisters = 4;
-constexpr std::uint8_t kReportServerId = 17;
-constexpr std::uint8_t kExceptionBit = 0x80;
+constexpr std::uint8_t readInputRegistersFunction = 4;
+constexpr std::uint8_t reportServerIdFunction = 17;
+constexpr std::uint8_t exceptionBit = 0x80;
 
-constexpr std::size_t kHeaderLength = 3;  // unit, function, byte count or exception code
-constexpr std::size_t kChecksumLength = 2;
-constexpr std::size_t kLongestFrame = 256;
+/// The exception codes by which a module asks for more time.
+constexpr std::uint8_t acknowledge = 5;
+constexpr std::uint8_t serverBusy = 6;
 
-constexpr std::size_t kIdentificationOffset = 2;  // server id, run indicator
-constexpr std::size_t kIdentificationLength = 8;
+constexpr std::size_t headerLength = 3;  // address, function, byte count or exception code
+constexpr std::size_t maxFrameLength = 256;
+
+constexpr std::size_t identificationOffset = 2;  // server id, run indicator
+constexpr std::size_t identificationLength = 8;
 
 struct ExceptionName {
   std::uint8_t code;
   const char* name;
 };
 
-constexpr std::array kExceptionNames{
+constexpr std::array exceptionNames{
     ExceptionName{1, "illegal function"},
     ExceptionName{2, "illegal data address"},
     ExceptionName{3, "illegal data value"},
     ExceptionName{4, "device failure"},
-    ExceptionName{5, "acknowledged, takes long"},
-    ExceptionName{6, "busy"},
+    ExceptionName{acknowledge, "acknowledged, needs more time"},
+    ExceptionName{serverBusy, "busy"},
     ExceptionName{7, "negative acknowledge"},
     ExceptionName{8, "memory parity error"},
     ExceptionName{10, "gateway path unavailable"},
@@ -38,10 +41,10 @@ constexpr std::array kExceptionNames{
 };
 
 std::string exceptionText(std::uint8_t code) {
-  const auto* const known = std::find_if(kExceptionNames.begin(), kExceptionNames.end(),
+  const auto* const known = std::find_if(exceptionNames.begin(), exceptionNames.end(),
                                          [code](const auto& row) { return row.code == code; });
   return "exception " + std::to_string(code) + ": " +
-         (known == kExceptionNames.end() ? "unknown code" : known->name);
+         (known == exceptionNames.end() ? "unknown code" : known->name);
 }
 
 /// CRC of Modbus RTU: polynomial A001 reflected, start FFFF.
@@ -58,11 +61,11 @@ std::uint16_t checksum(std::span<const std::uint8_t> bytes) {
 
 }  // namespace
 
-ModbusRequest ModbusRequest::inputRegisters(std::uint8_t unit, std::uint16_t start,
+ModbusRequest ModbusRequest::inputRegisters(std::uint8_t address, std::uint16_t start,
                                             std::uint8_t count) {
   ModbusRequest request;
-  request.bytes_ = {unit,
-                    kReadInputRegisters,
+  request.bytes_ = {address,
+                    readInputRegistersFunction,
                     static_cast<std::uint8_t>(start >> 8U),
                     static_cast<std::uint8_t>(start),
                     0,
@@ -72,34 +75,36 @@ ModbusRequest ModbusRequest::inputRegisters(std::uint8_t unit, std::uint16_t sta
   return request;
 }
 
-ModbusRequest ModbusRequest::identification(std::uint8_t unit) {
+ModbusRequest ModbusRequest::identification(std::uint8_t address) {
   ModbusRequest request;
-  request.bytes_ = {unit, kReportServerId};
+  request.bytes_ = {address, reportServerIdFunction};
   request.length_ = 2;
   return request;
 }
 
-std::size_t ModbusRequest::longestAnswer() const {
-  return dataLength_ == 0 ? kLongestFrame : kHeaderLength + dataLength_ + kChecksumLength;
+std::size_t ModbusRequest::maxAnswerLength() const {
+  return dataLength_ == 0 ? maxFrameLength : headerLength + dataLength_ + modbusChecksumLength;
 }
 
 bool ModbusRequest::isAnsweredBy(std::span<const std::uint8_t> frame) const {
-  return frame.size() >= 2 && frame[0] == unit() && (frame[1] & ~kExceptionBit) == function();
+  return frame.size() >= 2 && frame[0] == address() && (frame[1] & ~exceptionBit) == function();
 }
 
 std::span<const std::uint8_t> ModbusRequest::dataOf(std::span<const std::uint8_t> frame) const {
-  if (frame.size() < kHeaderLength + kChecksumLength) {
+  if (frame.size() < headerLength + modbusChecksumLength) {
     throw ModbusFault(ModbusFaultKind::Damage, "the answer broke off");
   }
-  if (frame[0] != unit()) {
-    throw ModbusFault(ModbusFaultKind::Foreign, "answer from unit " + std::to_string(frame[0]));
+  if (frame[0] != address()) {
+    throw ModbusFault(ModbusFaultKind::Foreign, "answer from address " + std::to_string(frame[0]));
   }
   if (!isAnsweredBy(frame)) {
     throw ModbusFault(ModbusFaultKind::Foreign,
-                      "answer to function " + std::to_string(frame[1] & ~kExceptionBit));
+                      "answer to function " + std::to_string(frame[1] & ~exceptionBit));
   }
-  if ((frame[1] & kExceptionBit) != 0) {
-    throw ModbusFault(ModbusFaultKind::Refusal, exceptionText(frame[2]));
+  if ((frame[1] & exceptionBit) != 0) {
+    const bool isBusy = frame[2] == acknowledge || frame[2] == serverBusy;
+    throw ModbusFault(isBusy ? ModbusFaultKind::Busy : ModbusFaultKind::Refusal,
+                      exceptionText(frame[2]));
   }
   const std::size_t length = frame[2];
   if (dataLength_ != 0 && length != dataLength_) {
@@ -107,10 +112,10 @@ std::span<const std::uint8_t> ModbusRequest::dataOf(std::span<const std::uint8_t
                                                     " data bytes instead of " +
                                                     std::to_string(dataLength_));
   }
-  if (kHeaderLength + length + kChecksumLength > frame.size()) {
+  if (headerLength + length + modbusChecksumLength > frame.size()) {
     throw ModbusFault(ModbusFaultKind::Damage, "the answer broke off");
   }
-  return frame.subspan(kHeaderLength, length);
+  return frame.subspan(headerLength, length);
 }
 
 std::vector<std::uint8_t> frameOf(const ModbusRequest& request) {
@@ -123,12 +128,12 @@ std::vector<std::uint8_t> frameOf(const ModbusRequest& request) {
 }
 
 bool holdsWholeFrame(std::span<const std::uint8_t> buffer) {
-  if (buffer.size() < kHeaderLength + kChecksumLength) {
+  if (buffer.size() < headerLength + modbusChecksumLength) {
     return false;
   }
-  const bool isException = (buffer[1] & kExceptionBit) != 0;
-  const std::size_t length = kHeaderLength + (isException ? 0U : std::size_t{buffer[2]});
-  if (length + kChecksumLength > buffer.size()) {
+  const bool isException = (buffer[1] & exceptionBit) != 0;
+  const std::size_t length = headerLength + (isException ? 0U : std::size_t{buffer[2]});
+  if (length + modbusChecksumLength > buffer.size()) {
     return false;
   }
   const std::uint16_t sum = checksum(buffer.first(length));
@@ -145,13 +150,13 @@ DeviceWords wordsOf(std::span<const std::uint8_t> data) {
 }
 
 DeviceWords identificationOf(std::span<const std::uint8_t> data) {
-  constexpr std::size_t needed = kIdentificationOffset + kIdentificationLength;
+  constexpr std::size_t needed = identificationOffset + identificationLength;
   if (data.size() < needed) {
     throw ModbusFault(ModbusFaultKind::Contents, "answer too short, " +
                                                      std::to_string(data.size()) + " of at least " +
                                                      std::to_string(needed) + " data bytes");
   }
-  return wordsOf(data.subspan(kIdentificationOffset, kIdentificationLength));
+  return wordsOf(data.subspan(identificationOffset, identificationLength));
 }
 
 }  // namespace tessara

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <new>
+#include <string>
 
-#include <poll.h>
 #include <sys/select.h>
-#include <unistd.h>
 
-#include "drivers/modbus/ModbusFault.h"
-#include "drivers/modbus/SerialSettings.h"
+#include "serial/LineError.h"
+#include "serial/LineTiming.h"
+#include "serial/PortError.h"
 
 namespace tessara {
 
@@ -17,22 +17,27 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::size_t kChecksumLength = 2;
-
-/// The silence that ends a frame: 3.5 characters, and a fixed time at the rates above 19200 bit/s.
-std::chrono::nanoseconds silenceAt(std::int32_t rate) {
-  constexpr std::int32_t kLastProportionalRate = 19200;
-  return rate > kLastProportionalRate ? 1750us : characterTime(rate) * 7 / 2;
+ModbusFault portHasGone() {
+  return {ModbusFaultKind::NoLine, LineError(LineProblem::Gone).what()};
 }
 
-ModbusFault portHasGone() {
-  return {ModbusFaultKind::NoLine, "the port has gone"};
+void requireRate(std::int32_t rate) {
+  if (rate >= ModbusLink::minRate) return;
+  throw PortError(PortProblem::Refused, "cannot be opened at " + std::to_string(rate) +
+                                            " bit/s: the lowest rate is " +
+                                            std::to_string(ModbusLink::minRate) + " bit/s");
+}
+
+/// libmodbus waits with select(), which cannot watch a descriptor beyond its set.
+void requireSelectable(std::intptr_t descriptor) {
+  if (descriptor >= FD_SETSIZE) throw PortError::refused("Too many open files");
 }
 
 }  // namespace
 
 void ModbusLink::open(const std::string& device, std::int32_t rate) {
   close();
+  requireRate(rate);
   if (device != device_ || rate != rate_) {
     owedAnswers_ = 0;
     isTroubled_ = false;
@@ -40,18 +45,13 @@ void ModbusLink::open(const std::string& device, std::int32_t rate) {
     rate_ = rate;
   }
   try {
-    port_.emplace(device);
-    // libmodbus waits with select(), which cannot watch a descriptor beyond its set.
-    if (port_->descriptor() >= FD_SETSIZE) {
-      throw PortError::fromErrno(EMFILE);
-    }
-    applySettings(port_->descriptor(), rate);
+    line_.emplace(device);
+    requireSelectable(line_->nativeHandle());
+    line_->configure({.rate = rate, .parity = Parity::Even, .checksParity = true});
     context_.reset(modbus_new_rtu(device.c_str(), rate, 'E', 8, 1));
-    if (!context_) {
-      throw std::bad_alloc();
-    }
-    // The port is the lock's: libmodbus neither opens nor closes it.
-    modbus_set_socket(context_.get(), port_->descriptor());
+    if (!context_) throw std::bad_alloc();
+    // The port stays the line's: libmodbus neither opens nor closes it.
+    modbus_set_socket(context_.get(), static_cast<int>(line_->nativeHandle()));
     modbus_set_byte_timeout(context_.get(), 0, 0);  // the response timeout covers the whole answer
   } catch (...) {
     close();
@@ -62,38 +62,56 @@ void ModbusLink::open(const std::string& device, std::int32_t rate) {
 
 void ModbusLink::close() noexcept {
   context_.reset();
-  port_.reset();
+  line_.reset();
 }
 
 std::span<const std::uint8_t> ModbusLink::ask(const ModbusRequest& request) {
-  if (!port_) {
-    throw ModbusFault(ModbusFaultKind::NoLine, "no connection is open");
+  if (!line_) throw ModbusFault(ModbusFaultKind::NoLine, "no connection is open");
+  try {
+    awaitOwedAnswers();
+    return askUntilAnswered(request);
+  } catch (const LineError& error) {
+    throw ModbusFault(ModbusFaultKind::NoLine, error.what());
   }
-  awaitOwedAnswers();
+}
+
+std::span<const std::uint8_t> ModbusLink::askUntilAnswered(const ModbusRequest& request) {
   const Clock::time_point begun = Clock::now();
-  for (bool isRepeat = false;; isRepeat = true) {
+  std::optional<Clock::time_point> busyUntil;
+  auto silence = silentTime(rate_);
+  for (bool isRepeat = false;;) {
     try {
-      const auto data = exchange(request);
+      const auto data = exchange(request, silence);
       noteOwedAnswers(begun);
       return data;
     } catch (const ModbusFault& fault) {
-      if (fault.leavesAnswerOwed()) {
-        ++owedAnswers_;
-      }
+      if (fault.leavesAnswerOwed()) ++owedAnswers_;
       if (fault.isWorthRepeating() && !isRepeat) {
+        isRepeat = true;
+        continue;
+      }
+      const bool isBusy = fault.kind() == ModbusFaultKind::Busy;
+      const auto now = Clock::now();
+      if (isBusy && now + timings_.busyPause < busyUntil.value_or(now + timings_.answer)) {
+        if (!busyUntil) busyUntil = now + timings_.answer;
+        silence = std::max<std::chrono::nanoseconds>(silence, timings_.busyPause);
         continue;
       }
       noteOwedAnswers(begun);
-      if (isRepeat) {
-        throw ModbusFault(fault.kind(), std::string(fault.what()) + ", asked twice");
+      if (isBusy) {
+        throw ModbusFault(fault.kind(), std::string(fault.what()) + ", asked for " +
+                                            std::to_string(timings_.answer.count()) + " ms");
       }
-      throw;
+      if (!isRepeat || fault.kind() == ModbusFaultKind::NoLine) throw;
+      throw ModbusFault(fault.kind(), std::string(fault.what()) + ", asked twice");
     }
   }
 }
 
-std::span<const std::uint8_t> ModbusLink::exchange(const ModbusRequest& request) {
-  awaitSilence(isTroubled_ ? timings_.settling : silenceAt(rate_));
+/// Sends the request after the line has been silent for `silence`, or has settled.
+std::span<const std::uint8_t> ModbusLink::exchange(const ModbusRequest& request,
+                                                   std::chrono::nanoseconds silence) {
+  awaitSilence(isTroubled_ ? timings_.settling : silence);
   isTroubled_ = true;
   send(request);
   const auto frame = receive(request);
@@ -103,23 +121,23 @@ std::span<const std::uint8_t> ModbusLink::exchange(const ModbusRequest& request)
 
 void ModbusLink::send(const ModbusRequest& request) {
   const auto bytes = request.bytes();
-  modbus_set_slave(context_.get(), request.unit());
+  modbus_set_slave(context_.get(), request.address());
   if (modbus_send_raw_request(context_.get(), bytes.data(), static_cast<int>(bytes.size())) < 0) {
     if (errno == EAGAIN || errno == EMBBADDATA) {
       throw ModbusFault(ModbusFaultKind::NoLine, "the port takes no characters");
     }
     throw portHasGone();
   }
-  lastTraffic_ = Clock::now() + characters(bytes.size() + kChecksumLength);
+  lastTraffic_ = Clock::now() + characters(bytes.size() + modbusChecksumLength);
 }
 
 std::span<const std::uint8_t> ModbusLink::receive(const ModbusRequest& request) {
-  if (!inputComesBefore(lastTraffic_ + timings_.answer)) {
+  if (!line_->waitForInput(lastTraffic_ + timings_.answer)) {
     throw ModbusFault(ModbusFaultKind::Silence,
                       "no answer within " + std::to_string(timings_.answer.count()) + " ms");
   }
   const auto limit = std::chrono::duration_cast<std::chrono::microseconds>(
-      characters(request.longestAnswer()) + timings_.pauses);
+      characters(request.maxAnswerLength()) + timings_.pauses);
   modbus_set_response_timeout(context_.get(), static_cast<std::uint32_t>(limit / 1s),
                               static_cast<std::uint32_t>((limit % 1s).count()));
   buffer_.fill(0);
@@ -129,7 +147,7 @@ std::span<const std::uint8_t> ModbusLink::receive(const ModbusRequest& request) 
   if (length > 0) {
     return std::span(buffer_).first(static_cast<std::size_t>(length));
   }
-  // A frame from another unit is passed on by libmodbus with its checksum unverified.
+  // A frame from another address is passed on by libmodbus with its checksum unverified.
   if (length == 0 && holdsWholeFrame(buffer_)) {
     return buffer_;
   }
@@ -142,10 +160,11 @@ std::span<const std::uint8_t> ModbusLink::receive(const ModbusRequest& request) 
       isCut ? "the answer broke off" : "checksum error");
 }
 
+/// Waits until nothing has come for `silence`, and discards what comes until then.
 void ModbusLink::awaitSilence(std::chrono::nanoseconds silence) {
   const Clock::time_point limit = Clock::now() + timings_.noise;
-  while (inputComesBefore(lastTraffic_ + silence)) {
-    discardInput();
+  while (line_->waitForInput(lastTraffic_ + silence)) {
+    line_->discardInput();
     lastTraffic_ = Clock::now();
     if (lastTraffic_ > limit) {
       throw ModbusFault(ModbusFaultKind::NoLine, "the line does not fall quiet");
@@ -154,7 +173,7 @@ void ModbusLink::awaitSilence(std::chrono::nanoseconds silence) {
 }
 
 void ModbusLink::awaitOwedAnswers() {
-  for (; owedAnswers_ > 0 && inputComesBefore(owedUntil_); --owedAnswers_) {
+  for (; owedAnswers_ > 0 && line_->waitForInput(owedUntil_); --owedAnswers_) {
     awaitSilence(timings_.settling);
   }
   owedAnswers_ = 0;
@@ -163,28 +182,6 @@ void ModbusLink::awaitOwedAnswers() {
 void ModbusLink::noteOwedAnswers(Clock::time_point begun) {
   const Clock::time_point now = Clock::now();
   owedUntil_ = now + std::max<Clock::duration>(now - begun, timings_.answer) + timings_.pauses;
-}
-
-bool ModbusLink::inputComesBefore(Clock::time_point end) {
-  ::pollfd watched{port_->descriptor(), POLLIN, 0};
-  int ready = -1;
-  do {
-    const std::chrono::nanoseconds left = std::max<Clock::duration>(end - Clock::now(), 0ns);
-    const ::timespec wait{static_cast<std::time_t>(left / 1s),
-                          static_cast<long>((left % 1s).count())};
-    ready = ::ppoll(&watched, 1, &wait, nullptr);
-  } while (ready < 0 && errno == EINTR);
-  if (ready != 0 && (watched.revents & POLLIN) == 0) {
-    throw portHasGone();
-  }
-  return ready != 0;
-}
-
-void ModbusLink::discardInput() {
-  const ::ssize_t length = ::read(port_->descriptor(), buffer_.data(), buffer_.size());
-  if (length == 0 || (length < 0 && errno != EAGAIN && errno != EINTR)) {
-    throw portHasGone();
-  }
 }
 
 std::chrono::nanoseconds ModbusLink::characters(std::size_t count) const {

@@ -9,8 +9,8 @@ namespace tessara::cr95hf {
 
 namespace {
 
-constexpr std::size_t kAnswerHeader = 3;  // identifier, result code, length
-constexpr std::size_t kStatusLength = 1;  // what the chip adds behind the tag's checksum
+constexpr std::size_t answerHeader = 3;  // identifier, result code, length
+constexpr std::size_t statusBytes = 1;   // what the chip adds after the tag's checksum
 
 struct ResultMeaning {
   std::uint8_t code;
@@ -18,11 +18,11 @@ struct ResultMeaning {
   const char* text;
 };
 
-constexpr std::array kResultMeanings{
+constexpr std::array resultMeanings{
     ResultMeaning{0x82, NfcFaultKind::ReaderRefusal, "invalid length"},
-    ResultMeaning{kNoProtocol, NfcFaultKind::ReaderRefusal, "no protocol selected"},
-    ResultMeaning{kCommunicationError, NfcFaultKind::Damage, "communication error"},
-    ResultMeaning{kNoAnswer, NfcFaultKind::TagGone, "no answer from a tag"},
+    ResultMeaning{noProtocol, NfcFaultKind::ReaderRefusal, "no protocol selected"},
+    ResultMeaning{communicationError, NfcFaultKind::Damage, "communication error"},
+    ResultMeaning{noAnswer, NfcFaultKind::TagGone, "no answer from a tag"},
     ResultMeaning{0x88, NfcFaultKind::Damage, "invalid start of frame"},
     ResultMeaning{0x89, NfcFaultKind::Damage, "receive buffer overflow"},
     ResultMeaning{0x8A, NfcFaultKind::Damage, "framing error"},
@@ -33,9 +33,9 @@ constexpr std::array kResultMeanings{
 };
 
 NfcFault faultOf(std::uint8_t result) {
-  const auto* const known = std::find_if(kResultMeanings.begin(), kResultMeanings.end(),
+  const auto* const known = std::find_if(resultMeanings.begin(), resultMeanings.end(),
                                          [result](const auto& row) { return row.code == result; });
-  const bool isKnown = known != kResultMeanings.end();
+  const bool isKnown = known != resultMeanings.end();
   return {isKnown ? known->kind : NfcFaultKind::ReaderRefusal,
           "the reader reports error " + hexText(result) + ": " +
               (isKnown ? known->text : "unknown code")};
@@ -44,7 +44,7 @@ NfcFault faultOf(std::uint8_t result) {
 }  // namespace
 
 Bytes sendReceive(std::span<const std::uint8_t> airRequest) {
-  Bytes command{kSendReceive, static_cast<std::uint8_t>(airRequest.size())};
+  Bytes command{sendReceiveCommand, static_cast<std::uint8_t>(airRequest.size())};
   command.insert(command.end(), airRequest.begin(), airRequest.end());
   return command;
 }
@@ -62,26 +62,26 @@ Report reportOf(const Answer& answer) {
 }
 
 Answer decodeReport(std::span<const std::uint8_t> report) {
-  if (report.size() < kAnswerHeader ||
+  if (report.size() < answerHeader ||
       report.front() != static_cast<std::uint8_t>(ReportId::Answer)) {
-    throw NfcFault(NfcFaultKind::Damage, "the reader sent a report that is no answer");
+    throw NfcFault(NfcFaultKind::Damage, "the reader sent a report that is not an answer");
   }
   const std::size_t length = report[2];
-  if (report.size() < kAnswerHeader + length) {
+  if (report.size() < answerHeader + length) {
     throw NfcFault(NfcFaultKind::Damage,
                    "the reader sent an answer of " + std::to_string(length) + " bytes, of which " +
-                       std::to_string(report.size() - kAnswerHeader) + " fit one report");
+                       std::to_string(report.size() - answerHeader) + " fit one report");
   }
-  const auto data = report.subspan(kAnswerHeader, length);
+  const auto data = report.subspan(answerHeader, length);
   return {report[1], Bytes(data.begin(), data.end())};
 }
 
 AirAnswer tagAnswerOf(const Answer& answer) {
-  if (answer.result != kDataFollow) throw faultOf(answer.result);
-  if (answer.data.size() < kStatusLength) {
+  if (answer.result != dataFollow) throw faultOf(answer.result);
+  if (answer.data.size() < statusBytes) {
     throw NfcFault(NfcFaultKind::Damage, "the answer of the tag is empty");
   }
-  const auto received = std::span(answer.data).first(answer.data.size() - kStatusLength);
+  const auto received = std::span(answer.data).first(answer.data.size() - statusBytes);
   return decodeAirAnswer(withoutAirChecksum(received));
 }
 

@@ -6,12 +6,13 @@ namespace tessara {
 
 namespace {
 
-constexpr std::string_view kDigits = "0123456789ABCDEF0123456789abcdef";
+constexpr std::string_view hexDigits = "0123456789ABCDEF0123456789abcdef";
 
 std::uint8_t valueOf(char digit) {
-  const auto place = kDigits.find(digit);
+  const auto place = hexDigits.find(digit);
   if (place == std::string_view::npos) {
-    throw NfcFault(NfcFaultKind::Damage, "the line holds other characters than hexadecimal digits");
+    throw NfcFault(NfcFaultKind::Damage,
+                   "the line contains characters other than hexadecimal digits");
   }
   return static_cast<std::uint8_t>(place % 16);
 }
@@ -22,8 +23,8 @@ std::string hexText(std::span<const std::uint8_t> bytes) {
   std::string text;
   text.reserve(2 * bytes.size());
   for (const std::uint8_t byte : bytes) {
-    text += kDigits[byte >> 4U];
-    text += kDigits[byte & 0x0FU];
+    text += hexDigits[byte >> 4U];
+    text += hexDigits[byte & 0x0FU];
   }
   return text;
 }

@@ -9,8 +9,8 @@
 
 namespace tessara {
 
-/// The USB reader as a device that reports go to and come from. Both functions throw NfcFault
-/// (NoReader) once it has been unplugged.
+/// The USB reader as a device that exchanges reports. Both functions throw NfcFault (NoReader) once
+/// it has been unplugged.
 class HidDevice {
  public:
   HidDevice() = default;
@@ -23,11 +23,11 @@ class HidDevice {
   /// The next report, as soon as it comes; nothing if none comes within the time.
   virtual std::optional<Bytes> read(std::chrono::milliseconds timeout) = 0;
 
-  /// What people call it: "/dev/hidraw0".
+  /// Its name for people: "/dev/hidraw0".
   [[nodiscard]] virtual std::string name() const = 0;
 };
 
-/// Knows the USB readers that there are.
+/// The USB readers that there are.
 class UsbReaders {
  public:
   UsbReaders() = default;
@@ -35,8 +35,8 @@ class UsbReaders {
   UsbReaders& operator=(const UsbReaders&) = delete;
   virtual ~UsbReaders() = default;
 
-  /// Takes the reader, for this one user alone. Throws PortError if there is none, or it is in use,
-  /// or may not be opened.
+  /// Opens the reader for exclusive use. Throws PortError if there is none, or it is in use, or may
+  /// not be opened.
   virtual std::unique_ptr<HidDevice> open() = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace tessara {
 
-/// The USB readers of this computer, by hidapi: USB identity 0483:D0D0. With none plugged in,
+/// The USB readers of this computer, through hidapi: USB identity 0483:D0D0. With none plugged in,
 /// `open` takes a fraction of a millisecond.
 class HidapiReaders final : public UsbReaders {
  public:

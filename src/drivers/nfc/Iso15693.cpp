@@ -10,17 +10,17 @@ namespace tessara {
 
 namespace {
 
-/// The code of the maker of the tags in modules.
-constexpr std::uint8_t kMakerCode = 0x02;
+/// The code of the maker of the tags in the modules.
+constexpr std::uint8_t makerCode = 0x02;
 
-constexpr std::size_t kChecksumLength = 2;
+constexpr std::size_t checksumLength = 2;
 
 struct ErrorName {
   std::uint8_t code;
   const char* name;
 };
 
-constexpr std::array kErrorNames{
+constexpr std::array errorNames{
     ErrorName{0x01, "command not supported"}, ErrorName{0x02, "command not recognised"},
     ErrorName{0x03, "option not supported"},  ErrorName{0x0F, "unknown error"},
     ErrorName{0x10, "block not available"},   ErrorName{0x11, "block already locked"},
@@ -29,10 +29,10 @@ constexpr std::array kErrorNames{
 };
 
 std::string refusalText(std::uint8_t code) {
-  const auto* const known = std::find_if(kErrorNames.begin(), kErrorNames.end(),
+  const auto* const known = std::find_if(errorNames.begin(), errorNames.end(),
                                          [code](const auto& row) { return row.code == code; });
   return "the tag refuses with error " + hexText(code) + ": " +
-         (known == kErrorNames.end() ? "unknown code" : known->name);
+         (known == errorNames.end() ? "unknown code" : known->name);
 }
 
 NfcFault damage(const std::string& what) {
@@ -60,8 +60,8 @@ class Reader {
 }  // namespace
 
 bool isAddressed(const AirRequest& request) {
-  constexpr unsigned int kBits = airFlags::kInventory | airFlags::kAddressed;
-  return (request.flags & kBits) == airFlags::kAddressed;
+  constexpr unsigned int checkedBits = airFlags::inventory | airFlags::addressed;
+  return (request.flags & checkedBits) == airFlags::addressed;
 }
 
 bool isCustomCommand(std::uint8_t command) {
@@ -70,7 +70,7 @@ bool isCustomCommand(std::uint8_t command) {
 
 Bytes encodeAirRequest(const AirRequest& request) {
   Bytes bytes{request.flags, request.command};
-  if (isCustomCommand(request.command)) bytes.push_back(kMakerCode);
+  if (isCustomCommand(request.command)) bytes.push_back(makerCode);
   if (isAddressed(request)) bytes.insert(bytes.end(), request.uid.rbegin(), request.uid.rend());
   bytes.insert(bytes.end(), request.data.begin(), request.data.end());
   return bytes;
@@ -81,7 +81,7 @@ AirRequest decodeAirRequest(std::span<const std::uint8_t> bytes) {
   AirRequest request;
   request.flags = reader.takeByte();
   request.command = reader.takeByte();
-  if (isCustomCommand(request.command) && reader.takeByte() != kMakerCode) {
+  if (isCustomCommand(request.command) && reader.takeByte() != makerCode) {
     throw damage("a request to a tag carries the code of another maker");
   }
   if (isAddressed(request)) {
@@ -132,8 +132,8 @@ Bytes withAirChecksum(Bytes bytes) {
 }
 
 std::span<const std::uint8_t> withoutAirChecksum(std::span<const std::uint8_t> bytes) {
-  if (bytes.size() < kChecksumLength) throw damage("the answer of the tag broke off");
-  const auto contents = bytes.first(bytes.size() - kChecksumLength);
+  if (bytes.size() < checksumLength) throw damage("the answer of the tag broke off");
+  const auto contents = bytes.first(bytes.size() - checksumLength);
   const std::uint16_t sum = airChecksum(contents);
   if (bytes[contents.size()] != (sum & 0xFFU) || bytes.back() != sum >> 8U) {
     throw damage("checksum error on air");

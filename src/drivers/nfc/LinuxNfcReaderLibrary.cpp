@@ -5,8 +5,8 @@
 #include <memory>
 #include <thread>
 
-#include "drivers/PortLock.h"
 #include "drivers/nfc/NfcFault.h"
+#include "serial/PortError.h"
 
 namespace tessara {
 
@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Writes a zero-terminated text into a caller's buffer, as much as there is room for.
+/// Writes a zero-terminated text into a caller's buffer, as far as there is room.
 void put(std::string& buffer, const std::string& text) {
   if (buffer.empty()) return;
   const std::size_t length = std::min(text.size(), buffer.size() - 1);
@@ -57,10 +57,10 @@ std::int32_t LinuxNfcReaderLibrary::CR95HFDLL_getMCUrev(std::string& reply) {
   return status;
 }
 
-/// Leaves the text of the answer in `reply`, or an empty one, and gives the status.
+/// Leaves the text of the answer, or an empty one, in `reply` and returns the status.
 template <class Question>
 std::int32_t LinuxNfcReaderLibrary::ask(std::string& reply, Question question) {
-  // The status alone tells a failure: words would be read as digits of a revision.
+  // The status alone reports a failure: words would be read as digits of a revision.
   put(reply, {});
   if (!reader_) {
     return notConnected;

@@ -11,26 +11,26 @@
 
 namespace tessara {
 
-/// The three functions by which the USB reader is detected, on the device itself.
+/// The three functions that detect the USB reader, on the device itself.
 ///
-/// They are meant to be called one after the other. The reader is held from the first until the
-/// last has its answer or one has failed; afterwards the driver can have it. A missing reader is a
-/// status, never an exception, and every failure leaves an empty reply.
+/// They are called one after the other. The reader is held from the first call until the last has
+/// its answer or one has failed; afterwards the driver can open it. A missing reader is a status,
+/// never an exception, and every failure leaves an empty reply.
 class LinuxNfcReaderLibrary final : public NfcReaderLibrary {
  public:
   /// Statuses beside success.
-  static constexpr std::int32_t notFound = 1;            ///< no reader, or one that cannot be had
+  static constexpr std::int32_t notFound = 1;            ///< no reader, or it cannot be opened
   static constexpr std::int32_t communicationError = 4;  ///< the reader does not answer
   static constexpr std::int32_t notConnected = 5;        ///< the reader has not been opened
 
   struct Timings {
-    /// What the reader has for an answer.
+    /// Time limit for each answer of the reader.
     std::chrono::milliseconds answer{400};
-    /// How long a reader in use by another program is waited for: such use is short and recurrent.
+    /// How long to wait for a reader in use by another program: such use is short and recurrent.
     std::chrono::milliseconds inUse{300};
   };
 
-  /// `readers` has to outlive the library.
+  /// `readers` must outlive the library.
   explicit LinuxNfcReaderLibrary(UsbReaders& readers) : LinuxNfcReaderLibrary(readers, Timings()) {}
   LinuxNfcReaderLibrary(UsbReaders& readers, const Timings& timings)
       : readers_(readers), timings_(timings) {}

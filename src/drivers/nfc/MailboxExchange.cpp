@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::uint8_t kOff = 0x00;
+constexpr std::uint8_t mailboxOff = 0x00;
 
 std::string text(std::chrono::milliseconds duration) {
   return std::to_string(duration.count()) + " ms";
@@ -34,16 +34,16 @@ MailboxExchange::MailboxExchange(std::span<const std::uint8_t> frame, const Mail
 AirRequest MailboxExchange::request() const {
   switch (state_) {
     case State::Disable:
-      return writeControlRequest(kOff);
+      return writeControlRequest(mailboxOff);
     case State::Enable:
-      return writeControlRequest(mailboxBits::kEnabled);
+      return writeControlRequest(mailboxBits::enabled);
     case State::Write:
       return writeMessageRequest(pieces_[written_]);
     case State::Measure:
       return messageLengthRequest();
     case State::Read:
       return readMessageRequest(message_.size(),
-                                std::min(kPieceLength, messageLength_ - message_.size()));
+                                std::min(maxPieceLength, messageLength_ - message_.size()));
     default:
       return readControlRequest();
   }
@@ -84,9 +84,9 @@ void MailboxExchange::answered(std::span<const std::uint8_t> data, Clock::time_p
 void MailboxExchange::refused(const std::string& why, Clock::time_point now) {
   switch (state_) {
     case State::Write:
-      // The module was quicker to put something.
+      // The module has put something first.
       state_ = State::AwaitFree;
-      noteOccupied(mailboxBits::kReaderPut, now);
+      noteOccupied(mailboxBits::readerPut, now);
       break;
     case State::Measure:
     case State::Read:
@@ -100,18 +100,19 @@ void MailboxExchange::refused(const std::string& why, Clock::time_point now) {
 }
 
 void MailboxExchange::noteControl(std::uint8_t control, Clock::time_point now) {
-  if ((control & mailboxBits::kEnabled) == 0) {
+  if ((control & mailboxBits::enabled) == 0) {
     if (isEnabled_ && !hasBegunToWrite()) {
       throw NfcFault(NfcFaultKind::MailboxOff, "the module does not allow its mailbox to be used");
     }
     if (hasBegunToWrite() || isOpen_) {
-      throw NfcFault(NfcFaultKind::TagGone, "the module's mailbox was switched off in the middle");
+      throw NfcFault(NfcFaultKind::TagGone,
+                     "the module's mailbox was switched off during the exchange");
     }
     state_ = State::Enable;
     return;
   }
-  const bool isModulePut = (control & mailboxBits::kModulePut) != 0;
-  const bool isReaderPut = (control & mailboxBits::kReaderPut) != 0;
+  const bool isModulePut = (control & mailboxBits::modulePut) != 0;
+  const bool isReaderPut = (control & mailboxBits::readerPut) != 0;
   if (hasBegunToWrite() && isModulePut) {
     state_ = State::Measure;
   } else if (state_ == State::AwaitAnswer) {
@@ -124,7 +125,7 @@ void MailboxExchange::noteControl(std::uint8_t control, Clock::time_point now) {
   }
 }
 
-/// The mailbox is to take a piece and does not.
+/// The mailbox should take a piece and does not.
 void MailboxExchange::noteOccupied(std::uint8_t control, Clock::time_point now) {
   if (hasBegunToWrite()) return requireTimeForAnswer(now);
   const bool isPatienceOver = now >= waitingSince_ + timings_.free;
@@ -137,8 +138,8 @@ void MailboxExchange::noteOccupied(std::uint8_t control, Clock::time_point now) 
     isEmptied_ = true;
     waitingSince_ = now;
     state_ = State::Disable;
-  } else if ((control & mailboxBits::kModulePut) != 0) {
-    // An answer that nobody has fetched; nobody waits for it any more.
+  } else if ((control & mailboxBits::modulePut) != 0) {
+    // An unfetched answer to an earlier request.
     state_ = State::Disable;
   }
 }
@@ -150,7 +151,7 @@ void MailboxExchange::noteWritten(Clock::time_point now) {
 }
 
 void MailboxExchange::noteFetched(std::span<const std::uint8_t> data, Clock::time_point now) {
-  const std::size_t wanted = std::min(kPieceLength, messageLength_ - message_.size());
+  const std::size_t wanted = std::min(maxPieceLength, messageLength_ - message_.size());
   if (data.size() != wanted) {
     throw NfcFault(NfcFaultKind::Damage, "the tag gave " + std::to_string(data.size()) +
                                              " bytes of a message instead of " +

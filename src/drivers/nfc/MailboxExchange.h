@@ -14,31 +14,31 @@ namespace tessara {
 
 /// How long the two users of a mailbox wait for each other.
 struct MailboxTimings {
-  /// A message that the module does not fetch is thrown away after this; if the mailbox is still
-  /// not free after as long again, it counts as busy.
+  /// A message that the module does not fetch is discarded after this; if the mailbox is still not
+  /// free after as long again, it counts as busy.
   std::chrono::milliseconds free{150};
   /// From the reader's message to the whole answer of the module.
   std::chrono::milliseconds answer{500};
 };
 
-/// One frame to a module and the frame that it answers with, by way of the mailbox of its tag.
-/// Knows no reader and does not wait: it says which request comes next and after which pause, and
-/// is told what became of it.
+/// One frame to a module and the frame that it answers with, through the mailbox of its tag. Knows
+/// no reader and does not wait: it says which request comes next and after which pause, and takes
+/// the outcome.
 ///
 ///     MailboxExchange exchange(frame, timings, now);
 ///     while (!exchange.isDone()) { wait exchange.pause(); exchange.answered(send
 ///     exchange.request()); }
 ///
-/// The mailbox holds one message at a time, for either side. It is emptied of whatever lies in it
-/// before the frame is put into it, so that an answer is never that to an earlier frame: as long as
-/// the frame lies there the module can put nothing, and once it has fetched the frame, its next
+/// The mailbox holds one message at a time, for either side. It is emptied before the frame is put
+/// into it, so that an answer to an earlier frame is never taken for this one's: as long as the
+/// frame is in the mailbox the module can put nothing, and once it has fetched the frame, its next
 /// message is the answer.
 class MailboxExchange {
  public:
   using Clock = std::chrono::steady_clock;
 
-  /// `isOpen`: an exchange before this one has left the mailbox switched on. One that is off then
-  /// has lost its field, or belongs to another tag, and is not simply switched on again.
+  /// `isOpen`: an earlier exchange has left the mailbox switched on. A mailbox that is off then has
+  /// lost its field, or belongs to another tag, and is not simply switched on again.
   MailboxExchange(std::span<const std::uint8_t> frame, const MailboxTimings& timings,
                   Clock::time_point now, bool isOpen = false);
 
@@ -47,16 +47,16 @@ class MailboxExchange {
   /// The next request to the tag.
   [[nodiscard]] AirRequest request() const;
 
-  /// What is to pass before it. The pauses between two looks at the mailbox grow with the time that
-  /// has been waited: none at first, then a tenth of it, from 1 to 50 ms.
+  /// The pause before it. The pauses between two looks at the mailbox grow with the time already
+  /// waited: none at first, then a tenth of it, from 1 to 50 ms.
   [[nodiscard]] std::chrono::milliseconds pause(Clock::time_point now) const;
 
   /// The tag has answered the request with these data at `now`. Throws NfcFault: MailboxOff,
   /// MailboxBusy, ModuleSilent, TagGone or Damage.
   void answered(std::span<const std::uint8_t> data, Clock::time_point now);
 
-  /// The tag has refused the request at `now`, for the cause that `why` tells. Throws NfcFault
-  /// likewise, or TagRefusal.
+  /// The tag has refused the request at `now`, for the cause `why`. Throws NfcFault likewise, or
+  /// TagRefusal.
   void refused(const std::string& why, Clock::time_point now);
 
   /// The frame that the module answered with, once the exchange is done.
@@ -64,8 +64,8 @@ class MailboxExchange {
 
  private:
   enum class State {
-    Disable,      // 00 to the control register: throws away what lies in the mailbox
-    Enable,       // 01 to it
+    Disable,      // 00 to the control register: empties the mailbox
+    Enable,       // 01 to the control register
     AwaitFree,    // looks whether the mailbox is free
     Write,        // puts the next piece
     AwaitAnswer,  // looks whether the module has put a message
@@ -89,7 +89,7 @@ class MailboxExchange {
   State state_ = State::AwaitFree;
   Clock::time_point waitingSince_;
   bool isEnabled_ = false;  // 01 has been written by us
-  bool isEmptied_ = false;  // an untouched message has been thrown away
+  bool isEmptied_ = false;  // an unfetched message has been discarded
   bool isFetched_ = false;  // the module has taken the last piece
 
   Bytes message_;  // what has been fetched of the message in the mailbox

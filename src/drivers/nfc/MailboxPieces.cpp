@@ -10,18 +10,18 @@ namespace tessara {
 
 namespace {
 
-constexpr std::size_t kHeaderLength = 2;
-constexpr std::size_t kPieceContents = kPieceLength - kHeaderLength;
+constexpr std::size_t headerLength = 2;
+constexpr std::size_t pieceContents = maxPieceLength - headerLength;
 
 }  // namespace
 
 std::vector<Bytes> piecesOf(std::span<const std::uint8_t> frame) {
-  if (frame.size() <= kPieceLength) return {Bytes(frame.begin(), frame.end())};
+  if (frame.size() <= maxPieceLength) return {Bytes(frame.begin(), frame.end())};
   std::vector<Bytes> pieces;
-  for (std::size_t offset = 0; offset < frame.size(); offset += kPieceContents) {
-    const auto part = frame.subspan(offset, std::min(kPieceContents, frame.size() - offset));
+  for (std::size_t offset = 0; offset < frame.size(); offset += pieceContents) {
+    const auto part = frame.subspan(offset, std::min(pieceContents, frame.size() - offset));
     const bool isLast = offset + part.size() == frame.size();
-    Bytes piece{kPieceMark, static_cast<std::uint8_t>(pieces.size() | (isLast ? kLastPiece : 0U))};
+    Bytes piece{pieceMark, static_cast<std::uint8_t>(pieces.size() | (isLast ? lastPiece : 0U))};
     piece.insert(piece.end(), part.begin(), part.end());
     pieces.push_back(std::move(piece));
   }
@@ -30,7 +30,7 @@ std::vector<Bytes> piecesOf(std::span<const std::uint8_t> frame) {
 
 std::optional<Bytes> PieceAssembler::add(std::span<const std::uint8_t> message) {
   if (message.empty()) throw NfcFault(NfcFaultKind::Damage, "a message in the mailbox is empty");
-  if (message.front() != kPieceMark) {
+  if (message.front() != pieceMark) {
     *this = {};
     return Bytes(message.begin(), message.end());
   }
@@ -40,19 +40,19 @@ std::optional<Bytes> PieceAssembler::add(std::span<const std::uint8_t> message) 
     *this = {};
     throw;
   }
-  if ((message[1] & kLastPiece) == 0) return std::nullopt;
+  if ((message[1] & lastPiece) == 0) return std::nullopt;
   return std::exchange(*this, {}).frame_;
 }
 
 void PieceAssembler::addPiece(std::span<const std::uint8_t> piece) {
-  const bool isFirst = piece.size() > kHeaderLength && (piece[1] & ~kLastPiece) == 0;
+  const bool isFirst = piece.size() > headerLength && (piece[1] & ~lastPiece) == 0;
   if (isFirst) *this = {};
-  if (piece.size() <= kHeaderLength || (piece[1] & ~kLastPiece) != next_) {
+  if (piece.size() <= headerLength || (piece[1] & ~lastPiece) != next_) {
     throw NfcFault(NfcFaultKind::Damage,
                    "piece " + std::to_string(next_) + " of a message in the mailbox is missing");
   }
-  const auto contents = piece.subspan(kHeaderLength);
-  if (frame_.size() + contents.size() > kLongestFrame) {
+  const auto contents = piece.subspan(headerLength);
+  if (frame_.size() + contents.size() > maxFrameLength) {
     throw NfcFault(NfcFaultKind::Damage, "a message in the mailbox is too long");
   }
   frame_.insert(frame_.end(), contents.begin(), contents.end());

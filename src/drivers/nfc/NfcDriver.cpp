@@ -3,7 +3,6 @@
 #include <memory>
 #include <utility>
 
-#include "drivers/PortLock.h"
 #include "drivers/PortOpening.h"
 #include "drivers/ReadError.h"
 #include "drivers/modbus/ModuleRequest.h"
@@ -11,6 +10,7 @@
 #include "drivers/nfc/Twn4Link.h"
 #include "drivers/nfc/UsbReaderLink.h"
 #include "ports/AdapterWords.h"
+#include "serial/PortError.h"
 
 namespace tessara {
 
@@ -56,7 +56,7 @@ DeviceWords NfcDriver::ReadInputRegisters(std::int16_t slave, std::int32_t start
 }
 
 std::int16_t NfcDriver::CMD48(Cmd48Reply& /*reply*/) {
-  throw ReadError(port_, "HART command 48", "modules with an NFC tag know no HART commands");
+  return 0;
 }
 
 void NfcDriver::CloseSerialConnection() {

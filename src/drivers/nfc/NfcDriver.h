@@ -11,31 +11,31 @@
 
 namespace tessara {
 
-/// Modules in the field of an NFC reader: the USB reader under the port number that stands for it,
-/// a TWN4 reader under the number of its port.
+/// Modules in the field of an NFC reader: the USB reader under the port number reserved for it, a
+/// TWN4 reader under the number of its port.
 ///
-/// A failed read is a ReadError. Its cause is one of: no module in the field, the module taken
-/// away, its mailbox switched off or busy, no answer from the module or from the reader, damage on
+/// A failed read is a ReadError. Its cause is one of: no module in the field, the module
+/// removed, its mailbox switched off or busy, no answer from the module or the reader, damage on
 /// the way, an answer to something else, an exception code of the module, the reader unplugged.
 /// With the default timings a read that fails takes less than two seconds.
 class NfcDriver final : public NfcCommObject {
  public:
-  /// `ports` and `readers` have to outlive the driver.
+  /// `ports` and `readers` must outlive the driver.
   NfcDriver(const PortDirectory& ports, UsbReaders& readers, const NfcTimings& timings = {});
 
-  /// There is nothing to make ready: a connect brings all that a connection needs.
+  /// Does nothing: connecting brings all that a connection needs.
   void InitNFCObject() override {}
 
-  /// Takes the reader. Whether a module lies in its field shows at the first read. `baudrate` is of
-  /// no matter to either reader.
+  /// Opens the reader. Whether a module is in its field shows at the first read. `baudrate` makes
+  /// no difference to either reader.
   bool ConnectWithSerialDevice(std::int16_t& comPort, std::int32_t& baudrate) override;
-  /// The four words that the module reports behind its server id.
+  /// The four words that follow the server id in the module's report.
   DeviceWords ReadDeviceIdentifier(std::uint8_t& devAddr) override;
-  /// `slave` 1 to 247, `startAddress` 0 to 65535, `count` 1 to 125; anything else is a ReadError
-  /// without a word to the module. `access` is not used.
+  /// `slave` 1 to 247, `startAddress` 0 to 65535, `count` 1 to 125; anything else is a ReadError,
+  /// and nothing is sent. `access` is not used.
   DeviceWords ReadInputRegisters(std::int16_t slave, std::int32_t startAddress, std::int16_t count,
                                  std::int32_t access) override;
-  /// Always a ReadError: modules with a tag know no HART commands.
+  /// Always 0: modules with an NFC tag have no HART commands.
   std::int16_t CMD48(Cmd48Reply& reply) override;
   void CloseSerialConnection() override;
 

@@ -1,6 +1,6 @@
 #include "drivers/nfc/NfcSession.h"
 
-#include <exception>
+#include <algorithm>
 #include <thread>
 #include <utility>
 
@@ -11,7 +11,7 @@ namespace tessara {
 
 namespace {
 
-/// A stale answer has been thrown away when the request is repeated.
+/// A stale answer has been discarded when the request is repeated.
 bool isWorthRepeating(const ModbusFault& fault) {
   return fault.isWorthRepeating() || fault.kind() == ModbusFaultKind::Foreign;
 }
@@ -24,22 +24,42 @@ Fault askedTwice(const Fault& fault) {
 }  // namespace
 
 Bytes NfcSession::ask(const ModbusRequest& request) {
-  const auto begun = Clock::now();
-  const auto mayRepeat = [&] { return Clock::now() < begun + timings_.repeatWithin; };
+  const auto end = Clock::now() + timings_.repeatWithin;
   try {
-    return attempt(request);
+    return attemptUntilFree(request, end);
   } catch (const NfcFault& fault) {
-    if (!fault.isWorthRepeating() || !mayRepeat()) throw;
+    if (!fault.isWorthRepeating() || Clock::now() >= end) throw;
   } catch (const ModbusFault& fault) {
-    if (!isWorthRepeating(fault) || !mayRepeat()) throw;
+    if (!isWorthRepeating(fault) || Clock::now() >= end) throw;
   }
   std::this_thread::sleep_for(timings_.settling);
   try {
-    return attempt(request);
+    return attemptUntilFree(request, end);
   } catch (const NfcFault& fault) {
     throw askedTwice(fault);
   } catch (const ModbusFault& fault) {
+    if (fault.kind() == ModbusFaultKind::Busy) throw;
     throw askedTwice(fault);
+  }
+}
+
+/// Repeats the request as long as the module answers that it is busy, but not at or after `end`.
+Bytes NfcSession::attemptUntilFree(const ModbusRequest& request, Clock::time_point end) {
+  std::optional<Clock::time_point> busyUntil;
+  for (;;) {
+    try {
+      return attempt(request);
+    } catch (const ModbusFault& fault) {
+      if (fault.kind() != ModbusFaultKind::Busy) throw;
+      const auto next = Clock::now() + timings_.busyPause;
+      if (!busyUntil) busyUntil = std::min(Clock::now() + timings_.mailbox.answer, end);
+      if (next >= *busyUntil) {
+        throw ModbusFault(fault.kind(), std::string(fault.what()) + ", asked for " +
+                                            std::to_string(timings_.mailbox.answer.count()) +
+                                            " ms");
+      }
+    }
+    std::this_thread::sleep_for(timings_.busyPause);
   }
 }
 
@@ -59,12 +79,12 @@ void NfcSession::findTag() {
   try {
     const TagUid found = link_->selectTag();
     if (tag_.value_or(found) != found) {
-      throw NfcFault(NfcFaultKind::TagGone, "another module lies in the field of the reader now");
+      throw NfcFault(NfcFaultKind::TagGone, "another module is in the reader's field now");
     }
     tag_ = found;
   } catch (const NfcFault& fault) {
     if (fault.kind() != NfcFaultKind::NoTag || !tag_) throw;
-    throw NfcFault(NfcFaultKind::TagGone, "the module has been taken out of the reader's field");
+    throw NfcFault(NfcFaultKind::TagGone, "the module has been removed from the reader's field");
   }
 }
 

@@ -12,33 +12,38 @@
 
 namespace tessara {
 
-/// How long a session waits for what. A request that fails takes less than two seconds with these.
+/// How long a session waits for what. With the defaults a failing request takes less than two
+/// seconds.
 struct NfcTimings {
   MailboxTimings mailbox{};
   /// From a command to the reader's answer.
   std::chrono::milliseconds reader{400};
-  /// What passes before a request is repeated.
+  /// The pause before a request is repeated.
   std::chrono::milliseconds settling{30};
+  /// What a busy module is left before it is asked again, for as long as an answer may take.
+  std::chrono::milliseconds busyPause{50};
   /// A request that has taken longer than this is not repeated.
   std::chrono::milliseconds repeatWithin{800};
 };
 
-/// An open connection by way of a reader to the one module in its field.
+/// An open connection through a reader to the one module in its field.
 ///
-/// The tag is looked for before the first request, and again before the repeat of one that failed.
-/// Once a module has been found, another one that is put in its place is not mistaken for it.
+/// The tag is searched for before the first request, and again before a failed one is repeated.
+/// Once a module has been found, another one in its place is not mistaken for it.
 class NfcSession {
  public:
   NfcSession(std::unique_ptr<ReaderLink> link, const NfcTimings& timings)
       : link_(std::move(link)), timings_(timings) {}
 
-  /// Sends the request, at most twice, and gives the data of its answer. Throws NfcFault or
-  /// ModbusFault.
+  /// Sends the request and returns the data of its answer. A request that failed is repeated once,
+  /// one that the module answers with exception 5 or 6 until the time for an answer is over. Throws
+  /// NfcFault or ModbusFault.
   Bytes ask(const ModbusRequest& request);
 
  private:
   using Clock = MailboxExchange::Clock;
 
+  Bytes attemptUntilFree(const ModbusRequest& request, Clock::time_point end);
   Bytes attempt(const ModbusRequest& request);
   void findTag();
   Bytes exchange(std::span<const std::uint8_t> frame, bool isOpen);

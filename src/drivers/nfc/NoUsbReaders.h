@@ -1,17 +1,16 @@
 #pragma once
 
-#include <cerrno>
 #include <memory>
 
-#include "drivers/PortLock.h"
 #include "drivers/nfc/HidDevice.h"
+#include "serial/PortError.h"
 
 namespace tessara {
 
-/// A computer that no USB reader is plugged into, or is to be looked for on.
+/// A computer without a USB reader, or on which none should be looked for.
 class NoUsbReaders final : public UsbReaders {
  public:
-  std::unique_ptr<HidDevice> open() override { throw PortError::fromErrno(ENODEV); }
+  std::unique_ptr<HidDevice> open() override { throw PortError::notThere(); }
 };
 
 }  // namespace tessara

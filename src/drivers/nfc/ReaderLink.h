@@ -4,9 +4,9 @@
 
 namespace tessara {
 
-/// An open NFC reader, of whatever make. Every function gives up soon after the reader has stopped
-/// answering, and throws NfcFault: ReaderSilent, ReaderRefusal, NoReader or Damage, beside what is
-/// told with it. The field goes off with the object.
+/// An open NFC reader of any make. Every function gives up soon after the reader has stopped
+/// answering, and throws NfcFault: ReaderSilent, ReaderRefusal, NoReader or Damage, and what is
+/// listed with it. Destroying the object switches the field off.
 class ReaderLink {
  public:
   ReaderLink() = default;
@@ -14,12 +14,12 @@ class ReaderLink {
   ReaderLink& operator=(const ReaderLink&) = delete;
   virtual ~ReaderLink() = default;
 
-  /// Switches the field on and finds the tag in it. Answers to earlier requests that the reader has
-  /// given late are done with afterwards. Throws NfcFault, also: NoTag if there is no tag.
+  /// Switches the field on and finds the tag in it, after discarding late answers of the reader to
+  /// earlier requests. Throws NfcFault, also: NoTag if there is no tag.
   virtual TagUid selectTag() = 0;
 
-  /// Sends a request to the tag and gives the data of its answer. Throws NfcFault, also: TagGone if
-  /// the tag does not answer, TagRefusal if it refuses.
+  /// Sends a request to the tag and returns the data of its answer. Throws NfcFault, also: TagGone
+  /// if the tag does not answer, TagRefusal if it refuses.
   virtual Bytes exchange(const AirRequest& request) = 0;
 };
 

@@ -10,17 +10,17 @@ namespace tessara::twn4 {
 
 namespace {
 
-constexpr std::uint8_t kMostBytes = 0xFF;
-constexpr std::uint8_t kLongestUid = 16;
-constexpr std::size_t kUidBits = 64;
+constexpr std::uint8_t maxBytes = 0xFF;
+constexpr std::uint8_t maxUidLength = 16;
+constexpr std::size_t uidBits = 64;
 
-constexpr std::array kStatusNames{
+constexpr std::array statusNames{
     "no error",          "unknown function", "missing parameter",
     "unused parameters", "invalid function", "parser error",
 };
 
 NfcFault damage() {
-  return {NfcFaultKind::Damage, "the reader's answer does not have the form that it should have"};
+  return {NfcFaultKind::Damage, "malformed answer from the reader"};
 }
 
 Bytes requestOf(Function function, std::initializer_list<std::uint8_t> parameters = {}) {
@@ -41,7 +41,7 @@ class Results {
     return byte;
   }
   bool takeTruth() { return takeByte() != 0; }
-  /// An array that begins with its length and is the last of the results.
+  /// An array that begins with its length and ends the results.
   std::span<const std::uint8_t> takeLastArray() {
     if (takeByte() != bytes_.size()) throw damage();
     return bytes_;
@@ -55,33 +55,33 @@ class Results {
 }  // namespace
 
 std::string lineOf(std::span<const std::uint8_t> bytes) {
-  return hexText(bytes) + kLineEnd;
+  return hexText(bytes) + lineEnd;
 }
 
 Bytes versionRequest() {
-  return requestOf(kGetVersion, {kMostBytes});
+  return requestOf(getVersion, {maxBytes});
 }
 
 Bytes tagTypesRequest() {
-  constexpr std::uint8_t kHighFrequencyMask = 1U << (kIso15693Tag & 0x1FU);
-  return requestOf(kSetTagTypes, {0, 0, 0, 0, kHighFrequencyMask, 0, 0, 0});
+  constexpr std::uint8_t highFrequencyMask = 1U << (iso15693Tag & 0x1FU);
+  return requestOf(setTagTypes, {0, 0, 0, 0, highFrequencyMask, 0, 0, 0});
 }
 
 Bytes searchRequest() {
-  return requestOf(kSearchTag, {kLongestUid});
+  return requestOf(searchTag, {maxUidLength});
 }
 
 Bytes fieldOffRequest() {
-  return requestOf(kFieldOff);
+  return requestOf(fieldOff);
 }
 
 Bytes airRequest(std::span<const std::uint8_t> request) {
-  constexpr std::size_t kFlagsAndCommand = 2;
-  const auto data = request.subspan(kFlagsAndCommand);
+  constexpr std::size_t flagsAndCommand = 2;
+  const auto data = request.subspan(flagsAndCommand);
   Bytes bytes =
-      requestOf(kIso15693Command, {request[0], request[1], static_cast<std::uint8_t>(data.size())});
+      requestOf(iso15693Command, {request[0], request[1], static_cast<std::uint8_t>(data.size())});
   bytes.insert(bytes.end(), data.begin(), data.end());
-  bytes.push_back(kMostBytes);
+  bytes.push_back(maxBytes);
   return bytes;
 }
 
@@ -91,7 +91,7 @@ std::span<const std::uint8_t> resultsOf(std::span<const std::uint8_t> answer) {
   if (status != 0) {
     throw NfcFault(NfcFaultKind::ReaderRefusal,
                    "the reader reports error " + std::to_string(status) + ": " +
-                       (status < kStatusNames.size() ? kStatusNames[status] : "unknown code"));
+                       (status < statusNames.size() ? statusNames[status] : "unknown code"));
   }
   return answer.subspan(1);
 }
@@ -111,12 +111,12 @@ std::optional<TagUid> tagOf(std::span<const std::uint8_t> results) {
   const std::uint8_t kind = reader.takeByte();
   const std::size_t bits = reader.takeByte();
   const auto number = reader.takeLastArray();
-  if (kind != kIso15693Tag) {
+  if (kind != iso15693Tag) {
     throw NfcFault(NfcFaultKind::TagRefusal,
-                   "what lies in the field is no module but a tag of kind " + hexText(kind));
+                   "the tag in the reader's field is not a module's, but of kind " + hexText(kind));
   }
   TagUid uid{};
-  if (bits != kUidBits || number.size() != uid.size()) throw damage();
+  if (bits != uidBits || number.size() != uid.size()) throw damage();
   std::copy(number.begin(), number.end(), uid.begin());
   return uid;
 }

@@ -6,43 +6,38 @@
 #include <span>
 #include <string>
 
-#include <asio/io_context.hpp>
-#include <asio/posix/stream_descriptor.hpp>
-
-#include "drivers/PortLock.h"
+#include "drivers/nfc/NfcFault.h"
 #include "drivers/nfc/ReaderLink.h"
+#include "serial/SerialLine.h"
 
 namespace tessara {
 
 /// Modules in the field of a TWN4 reader on a serial port.
 class Twn4Link final : public ReaderLink {
  public:
-  /// Takes the port. Its rate makes no difference to the reader, which is a USB device: a rate that
-  /// the system has none of is replaced by a usual one. `answerTime` is what the reader has for an
-  /// answer. Throws PortError.
+  /// Opens the port. Its rate makes no difference to the reader, which is a USB device: a rate that
+  /// the port cannot have, or that would block the caller for minutes, is replaced by a usual one.
+  /// `answerTime` is the time limit for each answer of the reader. Throws PortError.
   Twn4Link(const std::string& device, std::int32_t rate, std::chrono::milliseconds answerTime);
   ~Twn4Link() override;
 
-  /// Throws NfcFault, also: ReaderRefusal if what is on the port is no TWN4 reader with Simple
-  /// Protocol.
+  /// Throws NfcFault, also: ReaderRefusal if the device on the port is not a TWN4 reader with
+  /// Simple Protocol.
   TagUid selectTag() override;
   Bytes exchange(const AirRequest& request) override;
 
  private:
-  using Clock = std::chrono::steady_clock;
+  using Clock = SerialLine::Clock;
 
   void requireSimpleProtocol();
   std::optional<TagUid> search();
   Bytes ask(std::span<const std::uint8_t> request);
   void send(std::span<const std::uint8_t> request);
   std::string lineBefore(Clock::time_point deadline);
-  template <class Start>
-  void runBefore(Clock::time_point deadline, Start start);
+  [[nodiscard]] NfcFault noAnswer() const;
 
   std::chrono::milliseconds answerTime_;
-  PortLock port_;
-  asio::io_context context_{1};
-  asio::posix::stream_descriptor stream_;
+  SerialLine line_;
   std::string input_;
   bool isAnswering_ = false;  // at the last request
 };

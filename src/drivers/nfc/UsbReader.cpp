@@ -9,24 +9,24 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Far more reports than a system keeps for a reader: what sends as many might go on without an
-/// end.
-constexpr int kMostLateReports = 1000;
+/// Many more reports than a system keeps for a reader: a device that sends as many might go on
+/// without end.
+constexpr int maxLateReports = 1000;
 
 }  // namespace
 
 cr95hf::Answer UsbReader::echo() {
-  send(cr95hf::ReportId::ToChip, cr95hf::kEchoCommand);
+  send(cr95hf::ReportId::ToChip, cr95hf::echoCommand);
   const auto deadline = Clock::now() + answerTime_;
-  for (int late = 0; late < kMostLateReports; ++late) {
+  for (int late = 0; late < maxLateReports; ++late) {
     cr95hf::Answer answer = answerBefore(deadline);
-    if (answer.result == cr95hf::kEcho) return answer;
+    if (answer.result == cr95hf::echo) return answer;
   }
   throw noAnswer();
 }
 
 cr95hf::Answer UsbReader::revision() {
-  return ask(cr95hf::ReportId::ToBoard, std::array{cr95hf::kBoardRevision});
+  return ask(cr95hf::ReportId::ToBoard, std::array{cr95hf::boardRevision});
 }
 
 cr95hf::Answer UsbReader::command(std::span<const std::uint8_t> command) {
@@ -40,8 +40,8 @@ cr95hf::Answer UsbReader::ask(cr95hf::ReportId id, std::span<const std::uint8_t>
 
 void UsbReader::send(cr95hf::ReportId id, std::span<const std::uint8_t> request) {
   for (int late = 0; device_->read(0ms); ++late) {
-    // What has come already answers nothing that is still to be asked.
-    if (late == kMostLateReports) throw noAnswer();
+    // What has come already answers earlier requests.
+    if (late == maxLateReports) throw noAnswer();
   }
   device_->write(cr95hf::reportOf(id, request));
 }

@@ -12,7 +12,7 @@
 namespace tessara {
 
 /// An open USB reader as a board that answers commands, one at a time. Every function throws
-/// NfcFault: ReaderSilent if no answer comes within the time that the board has, NoReader, Damage.
+/// NfcFault: ReaderSilent if no answer comes in time, NoReader, Damage.
 class UsbReader {
  public:
   UsbReader(std::unique_ptr<HidDevice> device, std::chrono::milliseconds answerTime)
@@ -20,8 +20,8 @@ class UsbReader {
 
   [[nodiscard]] std::string name() const { return device_->name(); }
 
-  /// Has the chip answer that it is there. The board answers in the order in which it is asked, so
-  /// whatever comes before this answer was owed to somebody else and is thrown away.
+  /// Checks that the chip answers. The board answers in the order of the requests, so whatever
+  /// comes before this answer belongs to an earlier request and is discarded.
   cr95hf::Answer echo();
 
   /// The revision of the board's own processor.

@@ -10,7 +10,7 @@ namespace tessara {
 UsbReaderLink::~UsbReaderLink() {
   if (!isAnswering_) return;
   try {
-    reader_.command(cr95hf::kFieldOff);
+    reader_.command(cr95hf::fieldOff);
   } catch (const NfcFault&) {
     // A reader that has just gone has no field either.
   }
@@ -20,16 +20,16 @@ TagUid UsbReaderLink::selectTag() {
   isAnswering_ = false;
   reader_.echo();
   askForRevisionOnce();
-  const auto selected = reader_.command(cr95hf::kSelectIso15693);
+  const auto selected = reader_.command(cr95hf::selectIso15693);
   isAnswering_ = true;
-  if (selected.result != cr95hf::kDone) {
-    throw NfcFault(NfcFaultKind::ReaderRefusal, "the reader knows no tags of the kind of modules");
+  if (selected.result != cr95hf::done) {
+    throw NfcFault(NfcFaultKind::ReaderRefusal, "the reader does not support ISO 15693 tags");
   }
   try {
     return uidOf(dataOf(send(inventoryRequest())));
   } catch (const NfcFault& fault) {
     if (fault.kind() != NfcFaultKind::TagGone) throw;
-    throw NfcFault(NfcFaultKind::NoTag, "no module lies in the field of the reader");
+    throw NfcFault(NfcFaultKind::NoTag, "no module in the reader's field");
   }
 }
 
@@ -38,7 +38,7 @@ void UsbReaderLink::askForRevisionOnce() {
   try {
     reader_.revision();
   } catch (const NfcFault& fault) {
-    // An older board knows no revision, and is a reader all the same.
+    // An older board does not know this request, and is a reader all the same.
     if (fault.kind() != NfcFaultKind::ReaderSilent) throw;
   }
 }

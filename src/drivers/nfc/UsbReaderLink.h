@@ -19,7 +19,7 @@ class UsbReaderLink final : public ReaderLink {
   AirAnswer send(const AirRequest& request);
 
   UsbReader reader_;
-  bool isAsked_ = false;      // for its revision, which has newer boards carry long answers whole
+  bool isAsked_ = false;  // for its revision, after which newer boards deliver long answers whole
   bool isAnswering_ = false;  // at the last command
 };
 

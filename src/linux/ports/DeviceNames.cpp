@@ -10,7 +10,7 @@
 #include <linux/tty_flags.h>
 #include <sys/ioctl.h>
 
-#include "simulator/FileDescriptor.h"
+#include "serial/linux/FileDescriptor.h"
 
 namespace tessara {
 namespace {

@@ -3,7 +3,8 @@
 #include <array>
 #include <cstddef>
 
-#include "drivers/PortLock.h"
+#include "serial/PortError.h"
+#include "serial/SerialLine.h"
 
 namespace tessara {
 namespace {
@@ -16,7 +17,7 @@ constexpr std::array<const char*, 5> stateTexts{"free", "in use", "denied", "abs
 
 PortState portState(const std::string& deviceNode) {
   try {
-    const PortLock lock(deviceNode);
+    const SerialLine line(deviceNode);
     return PortState::Free;
   } catch (const PortError& error) {
     switch (error.problem()) {

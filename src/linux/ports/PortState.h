@@ -5,13 +5,13 @@
 
 namespace tessara {
 
-/// What somebody who wants to open a port would meet at this moment.
+/// What a program that opens the port now would find.
 enum class PortState : std::uint8_t {
   Free,    ///< can be opened
-  InUse,   ///< somebody else, or another connection of this program, holds it
+  InUse,   ///< another program, or another connection of this one, holds it
   Denied,  ///< the user may not open it
   Absent,  ///< there is no such device
-  NoPort,  ///< the device is there but is no serial port, or is out of order
+  NoPort,  ///< the device is not a serial port, or is out of order
 };
 
 /// The state of the port at a device node. A port in use is not disturbed: none of its settings and

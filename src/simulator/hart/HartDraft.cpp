@@ -6,15 +6,15 @@
 #include <utility>
 
 #include "drivers/hart/HartStatus.h"
+#include "simulator/hart/SimulatedHartModule.h"
 
 namespace tessara {
 
 namespace {
 
-constexpr std::size_t kUsualPreambles = 5;
-constexpr std::uint8_t kReadVariables = 3;  // what the other master asks for
-constexpr std::uint8_t kReadPrimaryVariable = 1;
-constexpr std::array<std::uint8_t, 5> kPrimaryVariable{0x27, 0x41, 0x48, 0x00, 0x00};  // 12.5 mA
+constexpr std::uint8_t readVariables = 3;  // what the other master asks for
+constexpr std::uint8_t readPrimaryVariable = 1;
+constexpr std::array<std::uint8_t, 5> primaryVariableData{0x27, 0x41, 0x48, 0x00, 0x00};  // 12.5 mA
 
 void append(Bytes& bytes, std::span<const std::uint8_t> more) {
   bytes.insert(bytes.end(), more.begin(), more.end());
@@ -38,22 +38,22 @@ void HartDraft::change(const faults::ResponseCode& fault) {
 }
 
 void HartDraft::change(const faults::CommunicationError& fault) {
-  answer_.data = {static_cast<std::uint8_t>(hart::kCommunicationError | fault.bits), 0};
+  answer_.data = {static_cast<std::uint8_t>(hart::communicationError | fault.bits), 0};
 }
 
 void HartDraft::change(const faults::DelayedAnswer& /*fault*/) {
-  change(faults::ResponseCode{hart::kDelayStarted});
+  change(faults::ResponseCode{hart::delayStarted});
 }
 
 void HartDraft::change(const faults::ColdStart& /*fault*/) {
-  answer_.data[1] = static_cast<std::uint8_t>(answer_.data[1] | hart::kColdStart);
+  answer_.data[1] = static_cast<std::uint8_t>(answer_.data[1] | hart::coldStart);
 }
 
 void HartDraft::change(const faults::WrongCommand& fault) {
   answer_.command = fault.command;
 }
 
-void HartDraft::change(const faults::WrongUnit& fault) {
+void HartDraft::change(const faults::WrongAddress& fault) {
   Bytes address(answer_.address.bytes().begin(), answer_.address.bytes().end());
   address.back() = fault.address;
   answer_.address = HartAddress::fromBytes(address).forMaster(request_.address.isOfPrimaryMaster());
@@ -81,22 +81,23 @@ void HartDraft::change(const faults::Unplug& fault) {
 }
 
 void HartDraft::change(const faults::Echo& /*fault*/) {
-  echo_ = encodeHart(request_, kUsualPreambles);
+  echo_ = encodeHart(request_, defaultHartPreambles);
 }
 
 void HartDraft::change(const faults::OtherMaster& /*fault*/) {
-  const HartFrame request = hartRequest(request_.address.forMaster(false), kReadVariables);
-  append(otherTraffic_, encodeHart(request, kUsualPreambles));
-  append(otherTraffic_, encodeHart(hartAnswer(request, {0, 0}, kPrimaryVariable), kUsualPreambles));
+  const HartFrame request = hartRequest(request_.address.forMaster(false), readVariables);
+  append(otherTraffic_, encodeHart(request, defaultHartPreambles));
+  append(otherTraffic_,
+         encodeHart(hartAnswer(request, {0, 0}, primaryVariableData), defaultHartPreambles));
 }
 
 void HartDraft::change(const faults::BurstFrame& fault) {
   answer_.address = answer_.address.withBurst(true);
   HartFrame burst =
-      hartAnswer(hartRequest(answer_.address, kReadPrimaryVariable), {0, 0}, kPrimaryVariable);
+      hartAnswer(hartRequest(answer_.address, readPrimaryVariable), {0, 0}, primaryVariableData);
   burst.kind = HartFrameKind::Burst;
   burst.address = burst.address.forMaster(fault.isToPrimaryMaster);
-  append(otherTraffic_, encodeHart(burst, kUsualPreambles));
+  append(otherTraffic_, encodeHart(burst, defaultHartPreambles));
 }
 
 void HartDraft::change(const faults::Noise& fault) {

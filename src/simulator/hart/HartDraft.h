@@ -26,7 +26,7 @@ class HartDraft {
   void change(const faults::DelayedAnswer& fault);
   void change(const faults::ColdStart& fault);
   void change(const faults::WrongCommand& fault);
-  void change(const faults::WrongUnit& fault);
+  void change(const faults::WrongAddress& fault);
   void change(const faults::BadChecksum& fault);
   void change(const faults::Preambles& fault);
   void change(const faults::CutOff& fault);

@@ -62,11 +62,11 @@ struct TrailingNoise {
 
 }  // namespace faults
 
-/// What can go wrong with one answer. faults::WrongUnit stands for the last byte of the address,
+/// What can go wrong with one answer. faults::WrongAddress stands for the last byte of the address,
 /// faults::CutOff and faults::Unplug count the preambles.
 using HartEffect =
     std::variant<faults::ResponseCode, faults::CommunicationError, faults::DelayedAnswer,
-                 faults::ColdStart, faults::WrongCommand, faults::WrongUnit, faults::BadChecksum,
+                 faults::ColdStart, faults::WrongCommand, faults::WrongAddress, faults::BadChecksum,
                  faults::Preambles, faults::CutOff, faults::Gap, faults::Unplug, faults::Echo,
                  faults::OtherMaster, faults::BurstFrame, faults::Noise, faults::TrailingNoise,
                  faults::LateReply, faults::NoReply>;

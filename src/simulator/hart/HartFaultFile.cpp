@@ -2,20 +2,20 @@
 
 #include <vector>
 
+#include "drivers/hart/HartFrame.h"
+#include "drivers/hart/HartStatus.h"
 #include "simulator/FaultKinds.h"
 
 namespace tessara {
 
 namespace {
 
-constexpr std::size_t kMostPreambles = 40;
-constexpr std::size_t kLongestAnswer = 310;  // the longest frame behind that many preambles
-constexpr std::uint64_t kHighestCode = 127;
-constexpr std::uint64_t kBusyCode = 32;
-constexpr std::uint64_t kMostDelayed = 1000;
+constexpr std::size_t maxAnswerLength = 310;  // the longest frame after maxHartPreambles
+constexpr std::uint64_t maxCode = 127;
+constexpr std::uint64_t maxDelayed = 1000;
 
 std::uint8_t sevenBits(const JsonNode& node) {
-  return static_cast<std::uint8_t>(node.number(0, kHighestCode));
+  return static_cast<std::uint8_t>(node.number(0, maxCode));
 }
 
 Bytes someBytes(const JsonNode& node) {
@@ -41,7 +41,9 @@ const std::vector<FaultKind<HartEffect>>& kinds() {
       {"badChecksum", {}, [](const Node&) -> HartEffect { return faults::BadChecksum{}; }},
       {"wrongUnit",
        {"address"},
-       [](const Node& node) -> HartEffect { return faults::WrongUnit{readByte(node["address"])}; }},
+       [](const Node& node) -> HartEffect {
+         return faults::WrongAddress{readByte(node["address"])};
+       }},
       {"wrongCommand",
        {"command"},
        [](const Node& node) -> HartEffect {
@@ -52,7 +54,7 @@ const std::vector<FaultKind<HartEffect>>& kinds() {
        [](const Node& node) -> HartEffect {
          return faults::ResponseCode{sevenBits(node["code"])};
        }},
-      {"busy", {}, [](const Node&) -> HartEffect { return faults::ResponseCode{kBusyCode}; }},
+      {"busy", {}, [](const Node&) -> HartEffect { return faults::ResponseCode{hart::busy}; }},
       {"communicationError",
        {"bits"},
        [](const Node& node) -> HartEffect {
@@ -61,23 +63,23 @@ const std::vector<FaultKind<HartEffect>>& kinds() {
       {"delayedAnswer",
        {"requests"},
        [](const Node& node) -> HartEffect {
-         return faults::DelayedAnswer{node["requests"].number(0, kMostDelayed)};
+         return faults::DelayedAnswer{node["requests"].number(0, maxDelayed)};
        }},
       {"coldStart", {}, [](const Node&) -> HartEffect { return faults::ColdStart{}; }},
       {"preambles",
        {"count"},
        [](const Node& node) -> HartEffect {
-         return faults::Preambles{node["count"].number(0, kMostPreambles)};
+         return faults::Preambles{node["count"].number(0, maxHartPreambles)};
        }},
       {"cutOff",
        {"bytes"},
        [](const Node& node) -> HartEffect {
-         return faults::CutOff{node["bytes"].number(1, kLongestAnswer)};
+         return faults::CutOff{node["bytes"].number(1, maxAnswerLength)};
        }},
       {"gap",
        {"after", "pause"},
        [](const Node& node) -> HartEffect {
-         return faults::Gap{node["after"].number(1, kLongestAnswer), readDelay(node["pause"])};
+         return faults::Gap{node["after"].number(1, maxAnswerLength), readDelay(node["pause"])};
        }},
       {"noise",
        {"bytes"},
@@ -96,7 +98,7 @@ const std::vector<FaultKind<HartEffect>>& kinds() {
        }},
       {"unplug",
        {"bytes", "replugAfter"},
-       [](const Node& node) -> HartEffect { return readUnplug(node, kLongestAnswer); }},
+       [](const Node& node) -> HartEffect { return readUnplug(node, maxAnswerLength); }},
   };
   return kinds;
 }

@@ -14,17 +14,15 @@ namespace tessara {
 
 namespace {
 
-constexpr std::size_t kMostData = 253;  // of an answer, beside its status
-constexpr std::size_t kTagCharacters = 8;
-constexpr std::uint64_t kHighestId = 0xFFFFFF;
-constexpr std::uint64_t kUsualPreambles = 5;
-constexpr std::uint64_t kMostPreambles = 40;
-constexpr std::uint8_t kExpansionMark = 254;
-constexpr std::uint8_t kFirstUniversalRevision = 5;
-constexpr std::uint8_t kLastUniversalRevision = 7;
+constexpr std::size_t maxData = 253;  // of an answer, beside its status
+constexpr std::size_t tagCharacters = 8;
+constexpr std::uint64_t maxId = 0xFFFFFF;
+constexpr std::uint8_t identityMark = 254;
+constexpr std::uint8_t minUniversalRevision = 5;
+constexpr std::uint8_t maxUniversalRevision = 7;
 
 /// Bytes of the identity in each universal revision, from the first.
-constexpr std::array<std::size_t, 3> kIdentityLengths{12, 17, 22};
+constexpr std::array<std::size_t, 3> identityLengths{12, 17, 22};
 
 class HartModuleReader {
  public:
@@ -52,14 +50,14 @@ class HartModuleReader {
                      "deviceStatus",
                      "commands",
                      "faults"});
-    module_.pollingAddress = byte("pollingAddress", 0, HartAddress::kLastPollingAddress);
-    module_.preambles = count("answerPreambles", kUsualPreambles, kMostPreambles);
+    module_.pollingAddress = byte("pollingAddress", 0, HartAddress::maxPollingAddress);
+    module_.preambles = count("answerPreambles", defaultHartPreambles, maxHartPreambles);
     module_.identity = root_.has("identity") ? givenIdentity() : builtIdentity();
     readTag();
     readName();
-    readText("firmware", hart::kReadFirmware);
-    readText("serialNumber", hart::kReadSerialNumber);
-    if (root_.has("status")) answer(hart::kReadStatus, root_["status"]);
+    readText("firmware", hart::readFirmware);
+    readText("serialNumber", hart::readSerialNumber);
+    if (root_.has("status")) answer(hart::readStatus, root_["status"]);
     readDeviceStatus();
     readCommands();
     readFaults();
@@ -85,10 +83,10 @@ class HartModuleReader {
       if (root_.has(key)) root_[key].fail("is part of the identity, which is given as bytes");
     }
     Bytes bytes = readBytes(node);
-    if (bytes.size() < kIdentityLengths.front() || bytes.size() > kMostData) {
+    if (bytes.size() < identityLengths.front() || bytes.size() > maxData) {
       node.fail("must have 12 to 253 bytes");
     }
-    if (bytes.front() != kExpansionMark) node.fail("must begin with 254");
+    if (bytes.front() != identityMark) node.fail("must begin with 254");
     return bytes;
   }
 
@@ -96,14 +94,14 @@ class HartModuleReader {
     const auto vendor = static_cast<std::uint8_t>(root_["vendorId"].number(0, 0xFF));
     const auto revision =
         root_.has("universalRevision")
-            ? root_["universalRevision"].number(kFirstUniversalRevision, kLastUniversalRevision)
-            : kLastUniversalRevision;
+            ? root_["universalRevision"].number(minUniversalRevision, maxUniversalRevision)
+            : maxUniversalRevision;
     const auto type = static_cast<std::uint8_t>(root_["deviceType"].number(0, 0xFF));
-    const auto id = root_["uniqueId"].number(0, kHighestId);
-    Bytes bytes{kExpansionMark,
+    const auto id = root_["uniqueId"].number(0, maxId);
+    Bytes bytes{identityMark,
                 vendor,
                 type,
-                byte("requestPreambles", kUsualPreambles, kMostPreambles),
+                byte("requestPreambles", defaultHartPreambles, maxHartPreambles),
                 static_cast<std::uint8_t>(revision),
                 static_cast<std::uint8_t>(root_["deviceRevision"].number(0, 0xFF)),
                 byte("softwareRevision", 1),
@@ -122,15 +120,15 @@ class HartModuleReader {
                 0,
                 vendor,  // manufacturer, distributor
                 1};      // profile: process automation
-    bytes.resize(kIdentityLengths.at(revision - kFirstUniversalRevision));
+    bytes.resize(identityLengths.at(revision - minUniversalRevision));
     return bytes;
   }
 
   void readTag() {
     if (!root_.has("tag")) return;
-    readLatin1(root_["tag"], kTagCharacters);
+    readLatin1(root_["tag"], tagCharacters);
     std::string tag = root_["tag"].text();
-    tag.resize(kTagCharacters, ' ');
+    tag.resize(tagCharacters, ' ');
     std::ranges::copy(packedHartText(tag), module_.tag.begin());
   }
 
@@ -140,17 +138,17 @@ class HartModuleReader {
       return;
     }
     module_.name = root_["name"].text();
-    module_.answers[hart::kReadName] = readPaddedName(root_);
+    module_.answers[hart::readName] = readPaddedName(root_);
   }
 
   void readText(const std::string& key, std::uint16_t command) {
-    if (root_.has(key)) module_.answers[command] = readLatin1(root_[key], kMostData);
+    if (root_.has(key)) module_.answers[command] = readLatin1(root_[key], maxData);
   }
 
   /// A list of bytes, or a text in Latin-1.
   void answer(std::uint16_t command, const JsonNode& node) {
-    Bytes data = node.isText() ? readLatin1(node, kMostData) : readBytes(node);
-    const std::size_t room = command > kHartLastShortCommand ? kMostData - 2 : kMostData;
+    Bytes data = node.isText() ? readLatin1(node, maxData) : readBytes(node);
+    const std::size_t room = command > maxShortHartCommand ? maxData - 2 : maxData;
     if (data.size() > room) {
       node.fail("has " + std::to_string(data.size()) + " bytes; an answer has room for " +
                 std::to_string(room));
@@ -178,11 +176,11 @@ class HartModuleReader {
     if (!root_.has("commands")) return;
     for (const auto& [text, node] : root_["commands"].members()) {
       const auto number = unsignedFromText(text, std::numeric_limits<std::uint16_t>::max());
-      if (!number || *number == kHartExtendedCommand || *number == 254 || *number == 255) {
+      if (!number || *number == extendedHartCommand || *number == 254 || *number == 255) {
         node.fail("the key must be a command number from 1 to 65535 other than 31, 254 and 255");
       }
-      if (*number == hart::kReadIdentity || *number == hart::kReadIdentityByTag ||
-          *number == hart::kReadIdentityByName) {
+      if (*number == hart::readIdentity || *number == hart::readIdentityByTag ||
+          *number == hart::readIdentityByName) {
         node.fail("this command gives the identity");
       }
       answer(static_cast<std::uint16_t>(*number), node);

@@ -13,8 +13,8 @@ namespace tessara {
 
 namespace {
 
-constexpr std::size_t kNumberLength = 2;        // of an extended command
-constexpr std::size_t kShortestStatusEcho = 9;  // in a request that clears "more status available"
+constexpr std::size_t numberLength = 2;   // of an extended command
+constexpr std::size_t minStatusEcho = 9;  // in a request that clears "more status available"
 
 bool begins(std::span<const std::uint8_t> bytes, std::span<const std::uint8_t> with) {
   return bytes.size() >= with.size() && std::equal(with.begin(), with.end(), bytes.begin());
@@ -32,7 +32,7 @@ HartAddress addressIn(const Bytes& identity) {
 
 HartSlave::HartSlave(SimulatedHartModule module)
     : module_(std::move(module)), address_(addressIn(module_.identity)) {
-  if (module_.pollingAddress > HartAddress::kLastPollingAddress) {
+  if (module_.pollingAddress > HartAddress::maxPollingAddress) {
     throw std::invalid_argument("a polling address lies between 0 and 63");
   }
   for (HartMisbehaviour& fault : std::exchange(module_.faults, {})) {
@@ -45,7 +45,7 @@ std::optional<SimulatedAnswer> HartSlave::answer(const HartReception& reception)
   const HartFrame& request = reception.frame;
   if (reception.damage == HartDamage::BrokenOff || !isAddressedBy(request)) return std::nullopt;
   HartDraft draft(request, soundAnswer(reception), module_.preambles);
-  if (isStillDelayed(request)) draft.apply(faults::ResponseCode{hart::kDelayRunning});
+  if (isStillDelayed(request)) draft.apply(faults::ResponseCode{hart::delayRunning});
   ++requests_;
   for (Ordered& fault : faults_) {
     if (!fault.clock.fallsOn(requests_)) continue;
@@ -61,18 +61,18 @@ bool HartSlave::isAddressedBy(const HartFrame& request) const {
   if (request.kind != HartFrameKind::Request) return false;
   if (!request.address.isLong()) {
     return request.address.pollingAddress() == module_.pollingAddress &&
-           request.command == hart::kReadIdentity;
+           request.command == hart::readIdentity;
   }
   const bool isCall =
-      request.command == hart::kReadIdentityByTag || request.command == hart::kReadIdentityByName;
-  if (!isCall) return request.address.isSameStation(address_);
-  return (request.address.isBroadcast() || request.address.isSameStation(address_)) &&
+      request.command == hart::readIdentityByTag || request.command == hart::readIdentityByName;
+  if (!isCall) return request.address.isSameAddress(address_);
+  return (request.address.isBroadcast() || request.address.isSameAddress(address_)) &&
          isCalledBy(request);
 }
 
 bool HartSlave::isCalledBy(const HartFrame& request) const {
-  if (request.command == hart::kReadIdentityByTag) return begins(request.data, module_.tag);
-  const auto name = module_.answers.find(hart::kReadName);
+  if (request.command == hart::readIdentityByTag) return begins(request.data, module_.tag);
+  const auto name = module_.answers.find(hart::readName);
   return name != module_.answers.end() && begins(request.data, name->second);
 }
 
@@ -80,33 +80,33 @@ HartFrame HartSlave::soundAnswer(const HartReception& reception) {
   const HartFrame& request = reception.frame;
   if (reception.damage != HartDamage::None) {
     HartFrame answer = refusal(request, 0);
-    answer.data = {hart::kCommunicationError | hart::kCheckByteError, 0};
+    answer.data = {hart::communicationError | hart::checkByteError, 0};
     return answer;
   }
-  if (request.command == kHartExtendedCommand && request.data.size() < kNumberLength) {
-    return refusal(request, hart::kTooFewData);
+  if (request.command == extendedHartCommand && request.data.size() < numberLength) {
+    return refusal(request, hart::tooFewData);
   }
   switch (request.commandNumber()) {
-    case hart::kReadIdentity:
-    case hart::kReadIdentityByTag:
-    case hart::kReadIdentityByName:
+    case hart::readIdentity:
+    case hart::readIdentityByTag:
+    case hart::readIdentityByName:
       return dataAnswer(request, module_.identity);
-    case hart::kReadStatus:
+    case hart::readStatus:
       return statusAnswer(request);
     default:
       break;
   }
   const auto known = module_.answers.find(request.commandNumber());
-  return known == module_.answers.end() ? refusal(request, hart::kNotImplemented)
+  return known == module_.answers.end() ? refusal(request, hart::notImplemented)
                                         : dataAnswer(request, known->second);
 }
 
 HartFrame HartSlave::statusAnswer(const HartFrame& request) {
-  const auto known = module_.answers.find(hart::kReadStatus);
-  if (known == module_.answers.end()) return refusal(request, hart::kNotImplemented);
+  const auto known = module_.answers.find(hart::readStatus);
+  if (known == module_.answers.end()) return refusal(request, hart::notImplemented);
   const auto echo = request.payload();
-  if (!echo.empty() && echo.size() < kShortestStatusEcho) {
-    return refusal(request, hart::kTooFewData);
+  if (!echo.empty() && echo.size() < minStatusEcho) {
+    return refusal(request, hart::tooFewData);
   }
   const Bytes& status = known->second;
   if (!echo.empty() && begins(status, echo.first(std::min(echo.size(), status.size())))) {
@@ -120,12 +120,12 @@ HartFrame HartSlave::refusal(const HartFrame& request, std::uint8_t code) const 
 }
 
 HartFrame HartSlave::dataAnswer(const HartFrame& request, const Bytes& data) const {
-  return hartAnswer(request, {hart::kSuccess, deviceStatusFor(request)}, data);
+  return hartAnswer(request, {hart::success, deviceStatusFor(request)}, data);
 }
 
 std::uint8_t HartSlave::deviceStatusFor(const HartFrame& request) const {
   const bool isOld = hasSeenStatus_.at(request.address.isOfPrimaryMaster() ? 1 : 0);
-  const unsigned int cleared = isOld ? hart::kMoreStatus : 0U;
+  const unsigned int cleared = isOld ? hart::moreStatus : 0U;
   return static_cast<std::uint8_t>(module_.deviceStatus & ~cleared);
 }
 

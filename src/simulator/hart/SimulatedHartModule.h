@@ -14,17 +14,20 @@ namespace tessara {
 
 /// The commands whose answers a module file gives under names of their own.
 namespace hart {
-inline constexpr std::uint16_t kReadIdentity = 0;
-inline constexpr std::uint16_t kReadIdentityByTag = 11;
-inline constexpr std::uint16_t kReadName = 20;
-inline constexpr std::uint16_t kReadIdentityByName = 21;
-inline constexpr std::uint16_t kReadFirmware = 24;
-inline constexpr std::uint16_t kReadSerialNumber = 27;
-inline constexpr std::uint16_t kReadStatus = 48;
+inline constexpr std::uint16_t readIdentity = 0;
+inline constexpr std::uint16_t readIdentityByTag = 11;
+inline constexpr std::uint16_t readName = 20;
+inline constexpr std::uint16_t readIdentityByName = 21;
+inline constexpr std::uint16_t readFirmware = 24;
+inline constexpr std::uint16_t readSerialNumber = 27;
+inline constexpr std::uint16_t readStatus = 48;
 }  // namespace hart
 
 /// Bytes of the short tag: eight characters of six bits each.
-inline constexpr std::size_t kPackedTagLength = 6;
+inline constexpr std::size_t packedTagLength = 6;
+
+/// Preambles that a module asks for and sends unless its file says otherwise.
+inline constexpr std::size_t defaultHartPreambles = 5;
 
 /// What a module behind a HART modem holds and how it misbehaves.
 struct SimulatedHartModule {
@@ -41,13 +44,13 @@ struct SimulatedHartModule {
   std::map<std::uint16_t, Bytes> answers;
 
   /// The short tag by which command 11 calls it.
-  std::array<std::uint8_t, kPackedTagLength> tag{};
+  std::array<std::uint8_t, packedTagLength> tag{};
 
   /// The second status byte of every answer.
   std::uint8_t deviceStatus = 0;
 
   /// Preambles in front of its answers.
-  std::size_t preambles = 5;
+  std::size_t preambles = defaultHartPreambles;
 
   std::vector<HartMisbehaviour> faults;
 };

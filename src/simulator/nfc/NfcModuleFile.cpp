@@ -11,7 +11,7 @@ namespace tessara {
 namespace {
 
 /// What the number of an ISO 15693 tag begins with.
-constexpr std::uint8_t kFirstUidByte = 0xE0;
+constexpr std::uint8_t firstUidByte = 0xE0;
 
 TagUid readUid(const JsonNode& node) {
   TagUid uid{};
@@ -21,7 +21,7 @@ TagUid readUid(const JsonNode& node) {
   } catch (const NfcFault&) {
     bytes.clear();
   }
-  if (bytes.size() != uid.size() || bytes.front() != kFirstUidByte) {
+  if (bytes.size() != uid.size() || bytes.front() != firstUidByte) {
     node.fail("must be the number of a tag, 16 hexadecimal digits that begin with E0, not \"" +
               node.text() + "\"");
   }

@@ -13,15 +13,15 @@ namespace tessara {
 
 namespace {
 
-constexpr std::string_view kVersion = "TWN4/B1.06/CCF4.51/PRS1.04";
-constexpr std::size_t kLongestRequest = 1024;
+constexpr std::string_view versionText = "TWN4/B1.06/CCF4.51/PRS1.04";
+constexpr std::size_t maxRequestLength = 1024;
 
 enum Status : std::uint8_t {
-  kNoError = 0,
-  kUnknownFunction = 1,
-  kMissingParameter = 2,
-  kUnusedParameters = 3,
-  kParserError = 5,
+  noError = 0,
+  unknownFunction = 1,
+  missingParameter = 2,
+  unusedParameters = 3,
+  parserError = 5,
 };
 
 /// Thrown by a function that cannot be called like that.
@@ -30,12 +30,12 @@ struct CallError {
 };
 
 void requireLength(std::span<const std::uint8_t> parameters, std::size_t length) {
-  if (parameters.size() < length) throw CallError{kMissingParameter};
-  if (parameters.size() > length) throw CallError{kUnusedParameters};
+  if (parameters.size() < length) throw CallError{missingParameter};
+  if (parameters.size() > length) throw CallError{unusedParameters};
 }
 
 Bytes results(std::initializer_list<std::uint8_t> values) {
-  Bytes bytes{kNoError};
+  Bytes bytes{noError};
   bytes.insert(bytes.end(), values);
   return bytes;
 }
@@ -52,8 +52,8 @@ std::vector<SimulatedAnswer> SimulatedTwn4::receive(std::span<const std::uint8_t
   std::vector<SimulatedAnswer> answers;
   for (const std::uint8_t byte : bytes) {
     const auto character = static_cast<char>(byte);
-    if (character != twn4::kLineEnd) {
-      if (line_.size() < kLongestRequest) line_ += character;
+    if (character != twn4::lineEnd) {
+      if (line_.size() < maxRequestLength) line_ += character;
     } else if (auto answer = answerTo(std::exchange(line_, {}))) {
       answers.push_back(std::move(*answer));
     }
@@ -67,7 +67,7 @@ std::optional<SimulatedAnswer> SimulatedTwn4::answerTo(std::string_view line) {
   try {
     answer = execute(bytesOfHex(line));
   } catch (const NfcFault&) {
-    answer = {kParserError};
+    answer = {parserError};
   } catch (const CallError& error) {
     answer = {error.status};
   }
@@ -83,26 +83,26 @@ Bytes SimulatedTwn4::execute(std::span<const std::uint8_t> request) {
     twn4::Function function;
     Bytes (SimulatedTwn4::*execute)(std::span<const std::uint8_t>);
   };
-  static constexpr std::array kFunctions{
-      Entry{twn4::kGetVersion, &SimulatedTwn4::version},
-      Entry{twn4::kSetTagTypes, &SimulatedTwn4::setTagTypes},
-      Entry{twn4::kGetTagTypes, &SimulatedTwn4::getTagTypes},
-      Entry{twn4::kSearchTag, &SimulatedTwn4::search},
-      Entry{twn4::kFieldOff, &SimulatedTwn4::switchFieldOff},
-      Entry{twn4::kIso15693Command, &SimulatedTwn4::sendCommand},
+  static constexpr std::array knownFunctions{
+      Entry{twn4::getVersion, &SimulatedTwn4::version},
+      Entry{twn4::setTagTypes, &SimulatedTwn4::setTagTypes},
+      Entry{twn4::getTagTypes, &SimulatedTwn4::getTagTypes},
+      Entry{twn4::searchTag, &SimulatedTwn4::search},
+      Entry{twn4::fieldOff, &SimulatedTwn4::switchFieldOff},
+      Entry{twn4::iso15693Command, &SimulatedTwn4::sendCommand},
   };
-  if (request.size() < 2) throw CallError{kMissingParameter};
+  if (request.size() < 2) throw CallError{missingParameter};
   const twn4::Function called{request[0], request[1]};
-  const auto* const known = std::find_if(kFunctions.begin(), kFunctions.end(),
+  const auto* const known = std::find_if(knownFunctions.begin(), knownFunctions.end(),
                                          [&](const auto& row) { return row.function == called; });
-  if (known == kFunctions.end()) throw CallError{kUnknownFunction};
+  if (known == knownFunctions.end()) throw CallError{unknownFunction};
   return (this->*known->execute)(request.subspan(2));
 }
 
 Bytes SimulatedTwn4::version(std::span<const std::uint8_t> parameters) {
   requireLength(parameters, 1);
   Bytes answer = results({});
-  appendArray(answer, Bytes(kVersion.begin(), kVersion.end()), parameters[0]);
+  appendArray(answer, Bytes(versionText.begin(), versionText.end()), parameters[0]);
   return answer;
 }
 
@@ -122,14 +122,14 @@ Bytes SimulatedTwn4::getTagTypes(std::span<const std::uint8_t> parameters) {
 Bytes SimulatedTwn4::search(std::span<const std::uint8_t> parameters) {
   requireLength(parameters, 1);
   isSelected_ = false;
-  constexpr std::size_t kHighFrequencyMask = 4;
-  constexpr std::uint8_t kIso15693Bit = 1U << (twn4::kIso15693Tag & 0x1FU);
-  if ((tagTypes_[kHighFrequencyMask] & kIso15693Bit) == 0) return results({0});
+  constexpr std::size_t highFrequencyMask = 4;
+  constexpr std::uint8_t iso15693Bit = 1U << (twn4::iso15693Tag & 0x1FU);
+  if ((tagTypes_[highFrequencyMask] & iso15693Bit) == 0) return results({0});
   const FieldOutcome outcome = send(inventoryRequest());
   if (!outcome.answer || outcome.isDamaged) return results({0});
   isSelected_ = true;
-  constexpr std::uint8_t kUidBits = 64;
-  Bytes answer = results({1, twn4::kIso15693Tag, kUidBits});
+  constexpr std::uint8_t uidBits = 64;
+  Bytes answer = results({1, twn4::iso15693Tag, uidBits});
   appendArray(answer, uidOf(outcome.answer->data), parameters[0]);
   return answer;
 }
@@ -142,12 +142,12 @@ Bytes SimulatedTwn4::switchFieldOff(std::span<const std::uint8_t> parameters) {
 }
 
 Bytes SimulatedTwn4::sendCommand(std::span<const std::uint8_t> parameters) {
-  constexpr std::size_t kHeader = 3;  // flags, command, length of the data
-  if (parameters.size() < kHeader) throw CallError{kMissingParameter};
-  requireLength(parameters, kHeader + parameters[2] + 1U);
+  constexpr std::size_t headerLength = 3;  // flags, command, length of the data
+  if (parameters.size() < headerLength) throw CallError{missingParameter};
+  requireLength(parameters, headerLength + parameters[2] + 1U);
   if (!isSelected_) return results({0});
   Bytes request{parameters[0], parameters[1]};
-  request.insert(request.end(), parameters.begin() + kHeader, parameters.end() - 1);
+  request.insert(request.end(), parameters.begin() + headerLength, parameters.end() - 1);
   const FieldOutcome outcome = send(decodeAirRequest(request));
   if (!outcome.answer || outcome.isDamaged || outcome.answer->isRefusal()) return results({0});
   Bytes answer = results({1});

@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <thread>
 #include <utility>
 
-#include "drivers/PortLock.h"
 #include "drivers/nfc/NfcFault.h"
+#include "serial/PortError.h"
 
 namespace tessara {
 
@@ -15,19 +14,19 @@ namespace {
 
 using cr95hf::Answer;
 
-constexpr std::uint8_t kBadLength = 0x82;
+constexpr std::uint8_t badLength = 0x82;
 
 /// "NFC FS2JAST4" and the checksum of the chip's program.
-constexpr std::array<std::uint8_t, 15> kChipName{0x4E, 0x46, 0x43, 0x20, 0x46, 0x53, 0x32, 0x4A,
-                                                 0x41, 0x53, 0x54, 0x34, 0x00, 0x2A, 0xCE};
-constexpr std::array<std::uint8_t, 3> kBoardProgram{3, 7, 4};
+constexpr std::array<std::uint8_t, 15> chipName{0x4E, 0x46, 0x43, 0x20, 0x46, 0x53, 0x32, 0x4A,
+                                                0x41, 0x53, 0x54, 0x34, 0x00, 0x2A, 0xCE};
+constexpr std::array<std::uint8_t, 3> boardProgram{3, 7, 4};
 
 /// What the chip adds behind an answer: sound, or with a wrong checksum.
-constexpr std::uint8_t kSound = 0x00;
-constexpr std::uint8_t kChecksumError = 0x01;
+constexpr std::uint8_t soundMark = 0x00;
+constexpr std::uint8_t checksumErrorMark = 0x01;
 
-constexpr std::uint8_t kNoProtocol = 0x00;
-constexpr std::uint8_t kIso15693 = 0x01;
+constexpr std::uint8_t noProtocol = 0x00;
+constexpr std::uint8_t iso15693Protocol = 0x01;
 
 Answer failure(std::uint8_t code) {
   return {code, {}};
@@ -37,8 +36,8 @@ Answer failure(std::uint8_t code) {
 Answer received(const AirAnswer& answer, bool isDamaged) {
   Bytes data = withAirChecksum(encodeAirAnswer(answer));
   if (isDamaged) data.back() = static_cast<std::uint8_t>(~data.back());
-  data.push_back(isDamaged ? kChecksumError : kSound);
-  return {cr95hf::kDataFollow, std::move(data)};
+  data.push_back(isDamaged ? checksumErrorMark : soundMark);
+  return {cr95hf::dataFollow, std::move(data)};
 }
 
 }  // namespace
@@ -56,48 +55,48 @@ std::optional<cr95hf::Report> SimulatedBoard::answer(std::span<const std::uint8_
 }
 
 Answer SimulatedBoard::answerOfBoard(std::span<const std::uint8_t> request) {
-  if (request[0] != cr95hf::kBoardRevision) return {cr95hf::kDone, {}};
-  return {cr95hf::kDone, Bytes(kBoardProgram.begin(), kBoardProgram.end())};
+  if (request[0] != cr95hf::boardRevision) return {cr95hf::done, {}};
+  return {cr95hf::done, Bytes(boardProgram.begin(), boardProgram.end())};
 }
 
 std::optional<Answer> SimulatedBoard::answerOfChip(std::span<const std::uint8_t> command) {
-  if (command[0] == cr95hf::kEcho) return failure(cr95hf::kEcho);
+  if (command[0] == cr95hf::echo) return failure(cr95hf::echo);
   if (command.size() < 2 || command.size() < std::size_t{2} + command[1]) {
-    return failure(kBadLength);
+    return failure(badLength);
   }
   const auto data = command.subspan(2, command[1]);
   switch (command[0]) {
-    case cr95hf::kIdentification:
-      return Answer{cr95hf::kDone, Bytes(kChipName.begin(), kChipName.end())};
-    case cr95hf::kProtocolSelect:
+    case cr95hf::identification:
+      return Answer{cr95hf::done, Bytes(chipName.begin(), chipName.end())};
+    case cr95hf::protocolSelect:
       return selectProtocol(data);
-    case cr95hf::kSendReceive:
+    case cr95hf::sendReceiveCommand:
       return sendReceive(data);
     default:
-      return failure(kBadLength);
+      return failure(badLength);
   }
 }
 
 Answer SimulatedBoard::selectProtocol(std::span<const std::uint8_t> data) {
-  if (data.size() != 2) return failure(kBadLength);
-  if (data[0] != kNoProtocol && data[0] != kIso15693) return failure(cr95hf::kNoProtocol);
-  isIso15693_ = data[0] == kIso15693;
+  if (data.size() != 2) return failure(badLength);
+  if (data[0] != noProtocol && data[0] != iso15693Protocol) return failure(cr95hf::noProtocol);
+  isIso15693_ = data[0] == iso15693Protocol;
   if (!isIso15693_) field_.switchOff();
-  return {cr95hf::kDone, {}};
+  return {cr95hf::done, {}};
 }
 
 std::optional<Answer> SimulatedBoard::sendReceive(std::span<const std::uint8_t> data) {
-  if (!isIso15693_) return failure(cr95hf::kNoProtocol);
+  if (!isIso15693_) return failure(cr95hf::noProtocol);
   AirRequest request;
   try {
     request = decodeAirRequest(data);
   } catch (const NfcFault&) {
-    return failure(cr95hf::kNoAnswer);  // no tag understands that
+    return failure(cr95hf::noAnswer);  // no tag understands that
   }
   const FieldOutcome outcome = field_.send(request, SimulatedField::Clock::now());
   if (outcome.isReaderSilent) return std::nullopt;
   if (outcome.readerError) return failure(*outcome.readerError);
-  if (!outcome.answer) return failure(cr95hf::kNoAnswer);
+  if (!outcome.answer) return failure(cr95hf::noAnswer);
   return received(*outcome.answer, outcome.isDamaged);
 }
 
@@ -146,8 +145,8 @@ class SimulatedUsbReader::Device final : public HidDevice {
 SimulatedUsbReader::SimulatedUsbReader(SimulatedNfcModule module) : board_(std::move(module)) {}
 
 std::unique_ptr<HidDevice> SimulatedUsbReader::open() {
-  if (!isPluggedIn()) throw PortError::fromErrno(ENODEV);
-  if (isInUse_) throw PortError::fromErrno(EBUSY);
+  if (!isPluggedIn()) throw PortError::notThere();
+  if (isInUse_) throw PortError::inUse();
   return std::make_unique<Device>(*this);
 }
 

@@ -1,15 +1,18 @@
+#include <chrono>
+#include <string>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <termios.h>
 
-#include "drivers/OtherProcess.h"
-#include "drivers/PortLock.h"
-#include "drivers/PseudoTerminal.h"
+#include "drivers/ReadError.h"
 #include "drivers/hart/HartBench.h"
+#include "serial/OtherProcess.h"
+#include "serial/PortError.h"
+#include "serial/PseudoTerminal.h"
+#include "serial/SerialLine.h"
 
 namespace tessara::testing {
 namespace {
@@ -17,7 +20,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-const std::map<std::uint16_t, HartBytes> kAnswers{{20, bytesOf("41")}};
+const std::map<std::uint16_t, HartBytes> answersByCommand{{20, bytesOf("41")}};
 
 std::string refusal(HartDriver& driver, std::int16_t comPort) {
   std::int32_t rate = 1200;
@@ -26,7 +29,7 @@ std::string refusal(HartDriver& driver, std::int16_t comPort) {
 }
 
 TEST(HartConnect, OpensThePortAndLeavesItsArgumentsAlone) {
-  HartBench bench(kAnswers);
+  HartBench bench(answersByCommand);
   std::int16_t comPort = 3;
   std::int32_t rate = 19200;
   EXPECT_TRUE(bench.driver.ConnectWithSerialDevice(comPort, rate));
@@ -36,7 +39,7 @@ TEST(HartConnect, OpensThePortAndLeavesItsArgumentsAlone) {
 }
 
 TEST(HartConnect, IsMadeForTheObjectOfThatName) {
-  HartBench bench(kAnswers);
+  HartBench bench(answersByCommand);
   EXPECT_EQ(bench.driver.name(), u"HartCommObject");
   bench.driver.InitHartObject();
   bench.driver.InitHartObject();
@@ -44,7 +47,7 @@ TEST(HartConnect, IsMadeForTheObjectOfThatName) {
 }
 
 TEST(HartConnect, Sets1200BitsASecondWhateverRateIsPassed) {
-  HartBench bench(kAnswers);
+  HartBench bench(answersByCommand);
   for (const std::int32_t rate : {19200, 115200, 0, -1}) {
     std::int16_t comPort = 3;
     std::int32_t passed = rate;
@@ -61,8 +64,8 @@ TEST(HartConnect, Sets1200BitsASecondWhateverRateIsPassed) {
   }
 }
 
-TEST(HartConnect, GoesOnWithoutParityOnAPortThatKnowsNone) {
-  HartBench bench(kAnswers);
+TEST(HartConnect, GoesOnWithoutParityOnAPortThatRefusesIt) {
+  HartBench bench(answersByCommand);
   for (int round = 0; round < 3; ++round) {
     ASSERT_TRUE(bench.connect()) << bench.driver.connectFailure();
     EXPECT_THAT(bench.command(20), ElementsAre(0, 0, 0x41));
@@ -71,7 +74,7 @@ TEST(HartConnect, GoesOnWithoutParityOnAPortThatKnowsNone) {
 }
 
 TEST(HartConnect, HandsThePortBackAsItWas) {
-  HartBench bench(kAnswers);
+  HartBench bench(answersByCommand);
   const PortSettings before = bench.slave.settings();
   ASSERT_TRUE(bench.connect());
   EXPECT_NE(bench.slave.settings(), before);
@@ -80,14 +83,14 @@ TEST(HartConnect, HandsThePortBackAsItWas) {
 }
 
 TEST(HartConnect, StartsOverOnAnOpenConnection) {
-  HartBench bench(kAnswers);
+  HartBench bench(answersByCommand);
   ASSERT_TRUE(bench.connect());
   ASSERT_TRUE(bench.connect());
   EXPECT_THAT(bench.command(20), ElementsAre(0, 0, 0x41));
 }
 
 TEST(HartConnect, ToAnUnknownPortSaysThatItIsNotThere) {
-  HartBench bench(kAnswers);
+  HartBench bench(answersByCommand);
   EXPECT_EQ(refusal(bench.driver, 7), "COM7 is not there");
 }
 
@@ -98,17 +101,17 @@ TEST(HartConnect, ToAnAbsentDeviceSaysThatItIsNotThere) {
 }
 
 TEST(HartConnect, ToAPortInUseSaysSo) {
-  HartBench bench(kAnswers);
-  const PortLock other(bench.slave.device());
+  HartBench bench(answersByCommand);
+  const SerialLine other(bench.slave.device());
   EXPECT_EQ(refusal(bench.driver, 3), bench.port() + " is in use by another program");
 }
 
 TEST(HartConnect, HoldsThePortForItselfUntilItIsClosed) {
-  HartBench bench(kAnswers);
+  HartBench bench(answersByCommand);
   ASSERT_TRUE(bench.connect());
-  EXPECT_THROW(PortLock other(bench.slave.device()), PortError);
+  EXPECT_THROW(SerialLine other(bench.slave.device()), PortError);
   bench.driver.CloseSerialConnection();
-  EXPECT_NO_THROW(PortLock other(bench.slave.device()));
+  EXPECT_NO_THROW(SerialLine other(bench.slave.device()));
 }
 
 TEST(HartConnect, ToAPortThatMayNotBeOpenedSaysSo) {
@@ -120,45 +123,46 @@ TEST(HartConnect, ToAPortThatMayNotBeOpenedSaysSo) {
   EXPECT_EQ(inUnprivilegedProcess([&] { return refusal(driver, 3) == expected ? 0 : 1; }), 0);
 }
 
-TEST(HartConnect, ToWhatIsNoSerialPortSaysSo) {
+TEST(HartConnect, ToADeviceThatIsNotASerialPortSaysSo) {
   const NamedPorts ports({{3, "/dev/null"}});
   HartDriver driver(ports);
-  EXPECT_EQ(refusal(driver, 3), "COM3 (/dev/null) is no serial port");
+  EXPECT_EQ(refusal(driver, 3), "COM3 (/dev/null) is not a serial port");
 }
 
 /// Control lines as a port with a modem has them, with a record of what is done to them.
-struct RecordedLines {
-  std::vector<std::string> calls;
-  int state = TIOCM_RTS | TIOCM_DTR;
-  int carrierLooks = 0;  ///< how often the carrier is still there
+class RecordedLines final : public ControlLines {
+ public:
+  bool setRts(bool isOn) override { return record(isOn ? "+RTS" : "-RTS"); }
+  bool setDtr(bool isOn) override { return record(isOn ? "+DTR" : "-DTR"); }
+  [[nodiscard]] bool hasCarrier() const override { return carrierLooks > 0 && carrierLooks-- > 0; }
 
-  int operator()(int /*descriptor*/, unsigned long request, int& lines) {
-    switch (request) {
-      case TIOCMBIS:
-        calls.emplace_back((lines & TIOCM_RTS) != 0 ? "+RTS" : "+DTR");
-        break;
-      case TIOCMBIC:
-        calls.emplace_back((lines & TIOCM_RTS) != 0 ? "-RTS" : "-DTR");
-        break;
-      default:
-        lines = carrierLooks > 0 ? TIOCM_CAR : 0;
-        carrierLooks -= carrierLooks > 0 ? 1 : 0;
-    }
-    return 0;
+  std::vector<std::string> calls;
+  std::vector<std::chrono::steady_clock::time_point> times;
+  mutable int carrierLooks = 0;  ///< how many more times the carrier is there
+
+ private:
+  bool record(const char* call) {
+    calls.emplace_back(call);
+    times.push_back(std::chrono::steady_clock::now());
+    return true;
   }
 };
 
-/// One identification with the control lines in that mode.
-std::vector<std::string> callsWith(HartCarrier carrier) {
-  RecordedLines lines;
-  HartBench bench(kAnswers);
-  HartOptions options{.timings = patient(), .carrier = carrier, .modemLineCall = std::ref(lines)};
-  HartDriver driver(bench.ports, options);
+/// One identification with these control lines.
+DeviceWords identificationWith(ControlLines& lines, HartCarrier carrier = HartCarrier::Rts,
+                               const HartTimings& timings = patient()) {
+  HartBench bench(answersByCommand);
+  HartDriver driver(bench.ports, {.timings = timings, .carrier = carrier, .controlLines = &lines});
   std::int16_t comPort = 3;
   std::int32_t rate = 1200;
   std::uint8_t address = 0;
   EXPECT_TRUE(driver.ConnectWithSerialDevice(comPort, rate));
-  driver.ReadDeviceIdentifier(address);
+  return driver.ReadDeviceIdentifier(address);
+}
+
+std::vector<std::string> callsWith(HartCarrier carrier) {
+  RecordedLines lines;
+  identificationWith(lines, carrier);
   return lines.calls;
 }
 
@@ -166,7 +170,7 @@ TEST(HartModem, SendsWhileRtsIsSet) {
   EXPECT_THAT(callsWith(HartCarrier::Rts), ElementsAre("-RTS", "+RTS", "-RTS"));
 }
 
-TEST(HartModem, HasDtrOppositeToRtsIfOrdered) {
+TEST(HartModem, SetsDtrOppositeToRtsIfOrdered) {
   EXPECT_THAT(callsWith(HartCarrier::RtsAndDtr),
               ElementsAre("-RTS", "+DTR", "-DTR", "+RTS", "-RTS", "+DTR"));
 }
@@ -175,54 +179,41 @@ TEST(HartModem, SwitchesItselfIfOrdered) {
   EXPECT_THAT(callsWith(HartCarrier::Modem), IsEmpty());
 }
 
-TEST(HartModem, SendsUntilTwoCharactersBehindTheLast) {
-  HartBench bench(kAnswers);
-  std::vector<std::chrono::steady_clock::time_point> times;
-  const ModemLineCall record = [&times](int, unsigned long request, int& lines) {
-    if (request == TIOCMBIS || request == TIOCMBIC) {
-      times.push_back(std::chrono::steady_clock::now());
-    } else {
-      lines = 0;
-    }
-    return 0;
-  };
+TEST(HartModem, SendsUntilTwoCharactersAfterTheLast) {
+  RecordedLines lines;
   HartTimings timings = patient();
   timings.character = 2ms;
-  HartDriver driver(bench.ports, {.timings = timings, .modemLineCall = record});
+  identificationWith(lines, HartCarrier::Rts, timings);
+  ASSERT_EQ(lines.times.size(), 3U);
+  EXPECT_GE(lines.times[2] - lines.times[1], 2ms * (25 + 2));
+}
+
+TEST(HartModem, ReceivesAgainAfterThePortHasGone) {
+  HartBench bench(answersByCommand);
+  RecordedLines lines;
+  HartDriver driver(bench.ports, {.timings = patient(), .controlLines = &lines});
   std::int16_t comPort = 3;
   std::int32_t rate = 1200;
   std::uint8_t address = 0;
   ASSERT_TRUE(driver.ConnectWithSerialDevice(comPort, rate));
-  driver.ReadDeviceIdentifier(address);
-  ASSERT_EQ(times.size(), 3U);
-  EXPECT_GE(times[2] - times[1], 2ms * (25 + 2));
+  bench.slave.unplug();
+  EXPECT_THROW(driver.ReadDeviceIdentifier(address), ReadError);
+  EXPECT_EQ(lines.calls.back(), "-RTS");
 }
 
 TEST(HartModem, WaitsUntilTheCarrierOfAnotherHasGone) {
-  HartBench bench(kAnswers);
   RecordedLines lines;
   lines.carrierLooks = 5;
   HartTimings timings = patient();
   timings.linkQuiet = 1s;
-  HartDriver driver(bench.ports, {.timings = timings, .modemLineCall = std::ref(lines)});
-  std::int16_t comPort = 3;
-  std::int32_t rate = 1200;
-  std::uint8_t address = 0;
-  ASSERT_TRUE(driver.ConnectWithSerialDevice(comPort, rate));
-  driver.ReadDeviceIdentifier(address);
+  identificationWith(lines, HartCarrier::Rts, timings);
   EXPECT_EQ(lines.carrierLooks, 0);
 }
 
-TEST(HartModem, TakesACarrierThatNeverGoesForNone) {
-  HartBench bench(kAnswers);
+TEST(HartModem, IgnoresACarrierThatNeverGoes) {
   RecordedLines lines;
   lines.carrierLooks = 1'000'000;
-  HartDriver driver(bench.ports, {.timings = patient(), .modemLineCall = std::ref(lines)});
-  std::int16_t comPort = 3;
-  std::int32_t rate = 1200;
-  std::uint8_t address = 0;
-  ASSERT_TRUE(driver.ConnectWithSerialDevice(comPort, rate));
-  EXPECT_THAT(driver.ReadDeviceIdentifier(address), ElementsAre(0xB0, 7, 0xE2, 1));
+  EXPECT_THAT(identificationWith(lines), ElementsAre(0xB0, 7, 0xE2, 1));
 }
 
 }  // namespace

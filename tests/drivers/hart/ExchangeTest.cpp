@@ -9,9 +9,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const HartFrame kRequest = hartRequest(exampleAddress(), 20);
-const HartFrame kAnswer = hartAnswer(kRequest, {0, 0});
-const HartFrame kExtended = hartRequest(exampleAddress(), 512);
+const HartFrame exchangedRequest = hartRequest(exampleAddress(), 20);
+const HartFrame exchangedAnswer = hartAnswer(exchangedRequest, {0, 0});
+const HartFrame extendedExchange = hartRequest(exampleAddress(), 512);
 
 HartFrame with(HartFrame frame, const HartAddress& address) {
   frame.address = address;
@@ -24,51 +24,58 @@ HartFrame as(HartFrame frame, HartFrameKind kind) {
 }
 
 TEST(HartMatch, TakesTheAnswerOfTheStationThatWasAsked) {
-  EXPECT_TRUE(isHartAnswer(kAnswer, kRequest));
+  EXPECT_TRUE(isHartAnswer(exchangedAnswer, exchangedRequest));
 }
 
 TEST(HartMatch, DoesNotMindTheBurstBit) {
-  EXPECT_TRUE(isHartAnswer(with(kAnswer, exampleAddress().withBurst(true)), kRequest));
+  EXPECT_TRUE(
+      isHartAnswer(with(exchangedAnswer, exampleAddress().withBurst(true)), exchangedRequest));
 }
 
 TEST(HartMatch, RefusesAllThatIsNoAnswer) {
-  EXPECT_FALSE(isHartAnswer(kRequest, kRequest));
-  EXPECT_FALSE(isHartAnswer(as(kAnswer, HartFrameKind::Burst), kRequest));
+  EXPECT_FALSE(isHartAnswer(exchangedRequest, exchangedRequest));
+  EXPECT_FALSE(isHartAnswer(as(exchangedAnswer, HartFrameKind::Burst), exchangedRequest));
 }
 
 TEST(HartMatch, RefusesAnotherStation) {
-  EXPECT_FALSE(isHartAnswer(with(kAnswer, HartAddress::unique(0xE123, 1)), kRequest));
-  EXPECT_FALSE(isHartAnswer(with(kAnswer, HartAddress::polling(0)), kRequest));
+  EXPECT_FALSE(
+      isHartAnswer(with(exchangedAnswer, HartAddress::unique(0xE123, 1)), exchangedRequest));
+  EXPECT_FALSE(isHartAnswer(with(exchangedAnswer, HartAddress::polling(0)), exchangedRequest));
 }
 
 TEST(HartMatch, RefusesAnAnswerToTheOtherMaster) {
-  EXPECT_FALSE(isHartAnswer(with(kAnswer, exampleAddress().forMaster(false)), kRequest));
+  EXPECT_FALSE(
+      isHartAnswer(with(exchangedAnswer, exampleAddress().forMaster(false)), exchangedRequest));
 }
 
 TEST(HartMatch, RefusesAnotherCommand) {
-  EXPECT_FALSE(isHartAnswer(hartAnswer(hartRequest(exampleAddress(), 21), {0, 0}), kRequest));
+  EXPECT_FALSE(
+      isHartAnswer(hartAnswer(hartRequest(exampleAddress(), 21), {0, 0}), exchangedRequest));
 }
 
 TEST(HartMatch, ComparesTheNumberOfAnExtendedCommand) {
-  EXPECT_TRUE(isHartAnswer(hartAnswer(kExtended, {64, 0}), kExtended));
-  EXPECT_FALSE(isHartAnswer(hartAnswer(hartRequest(exampleAddress(), 513), {0, 0}), kExtended));
+  EXPECT_TRUE(isHartAnswer(hartAnswer(extendedExchange, {64, 0}), extendedExchange));
+  EXPECT_FALSE(
+      isHartAnswer(hartAnswer(hartRequest(exampleAddress(), 513), {0, 0}), extendedExchange));
 }
 
 TEST(HartMatch, WantsTheNumberInAllButACommunicationError) {
-  HartFrame answer = hartAnswer(kExtended, {0, 0});
+  HartFrame answer = hartAnswer(extendedExchange, {0, 0});
   answer.data = {64, 0};
-  EXPECT_FALSE(isHartAnswer(answer, kExtended));
+  EXPECT_FALSE(isHartAnswer(answer, extendedExchange));
   answer.data = {0x88, 0};
-  EXPECT_TRUE(isHartAnswer(answer, kExtended));
+  EXPECT_TRUE(isHartAnswer(answer, extendedExchange));
 }
 
 TEST(HartMatch, SaysWhatIsWrongWithAnAnswerToThisMaster) {
-  EXPECT_EQ(hartMismatch(with(kAnswer, HartAddress::unique(0xE123, 1)), kRequest),
-            "no answer, only one from station A1 23 00 00 01");
-  EXPECT_EQ(hartMismatch(hartAnswer(kExtended, {0, 0}), kRequest),
+  EXPECT_EQ(hartMismatch(with(exchangedAnswer, HartAddress::unique(0xE123, 1)), exchangedRequest),
+            "no answer, only one from address A1 23 00 00 01");
+  EXPECT_EQ(hartMismatch(hartAnswer(extendedExchange, {0, 0}), exchangedRequest),
             "no answer, only one to command 512");
-  EXPECT_EQ(hartMismatch(with(kAnswer, exampleAddress().forMaster(false)), kRequest), std::nullopt);
-  EXPECT_EQ(hartMismatch(kRequest, kRequest), std::nullopt);
+  EXPECT_EQ(
+      hartMismatch(with(exchangedAnswer, exampleAddress().forMaster(false)), exchangedRequest),
+      std::nullopt);
+  EXPECT_EQ(hartMismatch(exchangedRequest, exchangedRequest), std::nullopt);
 }
 
 /// After a frame, with times that tell which one it is.
@@ -81,32 +88,33 @@ std::chrono::milliseconds pauseAfter(const HartFrame& frame, bool isBursting = f
 }
 
 TEST(HartTurn, BelongsToTheOtherMasterForRt2BehindAnOwnAnswer) {
-  EXPECT_EQ(pauseAfter(kAnswer), 75ms);
+  EXPECT_EQ(pauseAfter(exchangedAnswer), 75ms);
 }
 
 TEST(HartTurn, BelongsToOthersForRt1BehindAnOwnAnswerWhileAStationIsBursting) {
-  EXPECT_EQ(pauseAfter(kAnswer, true), 305ms);
+  EXPECT_EQ(pauseAfter(exchangedAnswer, true), 305ms);
 }
 
 TEST(HartTurn, ComesAtOnceBehindAnAnswerToTheOtherMaster) {
-  EXPECT_EQ(pauseAfter(with(kAnswer, exampleAddress().forMaster(false))), 0ms);
+  EXPECT_EQ(pauseAfter(with(exchangedAnswer, exampleAddress().forMaster(false))), 0ms);
 }
 
 TEST(HartTurn, ComesRt1BehindARequestOfTheOtherMaster) {
-  EXPECT_EQ(pauseAfter(with(kRequest, exampleAddress().forMaster(false))), 305ms);
+  EXPECT_EQ(pauseAfter(with(exchangedRequest, exampleAddress().forMaster(false))), 305ms);
 }
 
 TEST(HartTurn, ComesRt1BehindADamagedFrame) {
-  EXPECT_EQ(pauseAfter(kAnswer, false, HartDamage::CheckByte), 305ms);
+  EXPECT_EQ(pauseAfter(exchangedAnswer, false, HartDamage::CheckByte), 305ms);
   EXPECT_EQ(pauseAfter({}, false, HartDamage::BrokenOff), 305ms);
 }
 
 TEST(HartTurn, ComesRt1BehindABurstToThisMaster) {
-  EXPECT_EQ(pauseAfter(as(kAnswer, HartFrameKind::Burst), true), 305ms);
+  EXPECT_EQ(pauseAfter(as(exchangedAnswer, HartFrameKind::Burst), true), 305ms);
 }
 
 TEST(HartTurn, ComesAtOnceBehindABurstToTheOtherMaster) {
-  EXPECT_EQ(pauseAfter(as(with(kAnswer, exampleAddress().forMaster(false)), HartFrameKind::Burst)),
+  EXPECT_EQ(pauseAfter(
+                as(with(exchangedAnswer, exampleAddress().forMaster(false)), HartFrameKind::Burst)),
             0ms);
 }
 

@@ -38,11 +38,11 @@ HartBytes paddedName() {
   return {name.begin(), name.end()};
 }
 
-const HartFrame kName = hartRequest(exampleAddress(), 20);
-const HartFrame kStatus = hartRequest(exampleAddress(), 48);
-const HartFrame kExtended = hartRequest(exampleAddress(), 512);
-const HartBytes kShortStatus = bytesOf("00 00 00 00 00 00 02 00 00");
-const HartBytes kPrimaryVariable = bytesOf("27 41 48 00 00");
+const HartFrame nameRequest = hartRequest(exampleAddress(), 20);
+const HartFrame statusRequest = hartRequest(exampleAddress(), 48);
+const HartFrame extendedRequest = hartRequest(exampleAddress(), 512);
+const HartBytes shortStatus = bytesOf("00 00 00 00 00 00 02 00 00");
+const HartBytes primaryVariableData = bytesOf("27 41 48 00 00");
 
 const std::vector<Worked>& workedFrames() {
   static const std::vector<Worked> frames{
@@ -64,35 +64,36 @@ const std::vector<Worked>& workedFrames() {
        hartAnswer(toPolling(5), {0, 0x40},
                   bytesOf("FE E1 23 05 07 01 03 60 01 0A 0B 0C 05 04 01 02 00 60 C1 60 C1 01")),
        "06 85 00 18 00 40 FE E1 23 05 07 01 03 60 01 0A 0B 0C 05 04 01 02 00 60 C1 60 C1 01 88"},
-      {"NameRequest", kName, "82 A1 23 0A 0B 0C 14 00 19"},
-      {"Name", hartAnswer(kName, {0, 0x40}, paddedName()),
+      {"NameRequest", nameRequest, "82 A1 23 0A 0B 0C 14 00 19"},
+      {"Name", hartAnswer(nameRequest, {0, 0x40}, paddedName()),
        "86 A1 23 0A 0B 0C 14 22 00 40 41 4E 41 4C 4F 47 20 4D 4F 44 55 4C 45 20 37 20 4C 49 4E 45 "
        "20 41 20 20 20 20 20 20 20 20 20 20 17"},
-      {"StatusRequest", kStatus, "82 A1 23 0A 0B 0C 30 00 3D"},
-      {"StatusOf9Bytes", hartAnswer(kStatus, {0, 0x50}, kShortStatus),
+      {"StatusRequest", statusRequest, "82 A1 23 0A 0B 0C 30 00 3D"},
+      {"StatusOf9Bytes", hartAnswer(statusRequest, {0, 0x50}, shortStatus),
        "86 A1 23 0A 0B 0C 30 0B 00 50 00 00 00 00 00 00 02 00 00 60"},
-      {"StatusRequestThatClears", hartRequest(exampleAddress(), 48, kShortStatus),
+      {"StatusRequestThatClears", hartRequest(exampleAddress(), 48, shortStatus),
        "82 A1 23 0A 0B 0C 30 09 00 00 00 00 00 00 02 00 00 36"},
       {"StatusOf25Bytes",
-       hartAnswer(kStatus, {0, 0x50},
+       hartAnswer(statusRequest, {0, 0x50},
                   bytesOf("01 00 00 00 00 00 02 00 20 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 "
                           "00")),
        "86 A1 23 0A 0B 0C 30 1B 00 50 01 00 00 00 00 00 02 00 20 00 00 00 00 00 00 00 00 00 00 00 "
        "00 00 00 00 00 51"},
-      {"NotImplemented", hartAnswer(kName, {0x40, 0x40}), "86 A1 23 0A 0B 0C 14 02 40 40 1F"},
-      {"Busy", hartAnswer(kName, {0x20, 0x40}), "86 A1 23 0A 0B 0C 14 02 20 40 7F"},
-      {"CheckByteError", hartAnswer(kName, {0x88, 0}), "86 A1 23 0A 0B 0C 14 02 88 00 97"},
-      {"ParityAndCheckByteError", hartAnswer(kName, {0xC8, 0}), "86 A1 23 0A 0B 0C 14 02 C8 00 D7"},
-      {"ExtendedRequest", kExtended, "82 A1 23 0A 0B 0C 1F 02 02 00 12"},
-      {"ExtendedAnswer", hartAnswer(kExtended, {0, 0x40}, bytesOf("55")),
+      {"NotImplemented", hartAnswer(nameRequest, {0x40, 0x40}), "86 A1 23 0A 0B 0C 14 02 40 40 1F"},
+      {"Busy", hartAnswer(nameRequest, {0x20, 0x40}), "86 A1 23 0A 0B 0C 14 02 20 40 7F"},
+      {"CheckByteError", hartAnswer(nameRequest, {0x88, 0}), "86 A1 23 0A 0B 0C 14 02 88 00 97"},
+      {"ParityAndCheckByteError", hartAnswer(nameRequest, {0xC8, 0}),
+       "86 A1 23 0A 0B 0C 14 02 C8 00 D7"},
+      {"ExtendedRequest", extendedRequest, "82 A1 23 0A 0B 0C 1F 02 02 00 12"},
+      {"ExtendedAnswer", hartAnswer(extendedRequest, {0, 0x40}, bytesOf("55")),
        "86 A1 23 0A 0B 0C 1F 05 00 40 02 00 55 04"},
-      {"ExtendedNotImplemented", hartAnswer(kExtended, {0x40, 0x40}),
+      {"ExtendedNotImplemented", hartAnswer(extendedRequest, {0x40, 0x40}),
        "86 A1 23 0A 0B 0C 1F 04 40 40 02 00 10"},
-      {"BurstToPrimary", burst(exampleAddress().withBurst(true), kPrimaryVariable),
+      {"BurstToPrimary", burst(exampleAddress().withBurst(true), primaryVariableData),
        "81 E1 23 0A 0B 0C 01 07 00 40 27 41 48 00 00 26"},
       {"AnswerOfBurstingToSecondary",
        hartAnswer(hartRequest(exampleAddress().forMaster(false).withBurst(true), 1), {0, 0x40},
-                  kPrimaryVariable),
+                  primaryVariableData),
        "86 61 23 0A 0B 0C 01 07 00 40 27 41 48 00 00 A1"},
       {"CallByTag", hartRequest(HartAddress::unique(0, 0), 11, bytesOf("00 00 00 00 00 00")),
        "82 80 00 00 00 00 0B 06 00 00 00 00 00 00 0F"},
@@ -117,7 +118,7 @@ INSTANTIATE_TEST_SUITE_P(Hart, WorkedFrame, ::testing::ValuesIn(workedFrames()),
                          [](const auto& test) { return std::string(test.param.name); });
 
 TEST(HartFrame, TellsNumberAndPayloadOfAShortCommand) {
-  const HartFrame answer = hartAnswer(kName, {0, 0x40}, bytesOf("41 42"));
+  const HartFrame answer = hartAnswer(nameRequest, {0, 0x40}, bytesOf("41 42"));
   EXPECT_EQ(answer.commandNumber(), 20);
   EXPECT_THAT(answer.payload(), ElementsAre(0x41, 0x42));
 }
@@ -133,7 +134,7 @@ TEST(HartFrame, TellsNumberAndPayloadOfAnExtendedCommand) {
 }
 
 TEST(HartFrame, TakesAnExtendedCommandWithoutANumberForCommand31) {
-  HartFrame request = kExtended;
+  HartFrame request = extendedRequest;
   request.data = {0x02};
   EXPECT_EQ(request.commandNumber(), 31);
   EXPECT_EQ(hartAnswer(request, {5, 0}).data, bytesOf("05 00"));
@@ -145,7 +146,7 @@ TEST(HartFrame, SendsCommandsUpTo253InTheCommandByte) {
 }
 
 TEST(HartFrame, CarriesExpansionBytesInTheCheckByte) {
-  HartFrame frame = kName;
+  HartFrame frame = nameRequest;
   frame.expansion = bytesOf("11 22 33");
   const HartBytes bytes = encodeHart(frame);
   EXPECT_EQ(bytes[0], 0xE2);
@@ -156,7 +157,7 @@ TEST(HartFrame, CarriesExpansionBytesInTheCheckByte) {
 }
 
 TEST(HartFrame, TellsThePhysicalLayer) {
-  HartFrame frame = kName;
+  HartFrame frame = nameRequest;
   frame.isPsk = true;
   EXPECT_EQ(encodeHart(frame)[0], 0x8A);
   const auto found = receptionsOf(behindPreambles(encodeHart(frame)));
@@ -169,7 +170,7 @@ TEST(HartFrame, GoesOnTheLineBehindItsPreambles) {
 }
 
 TEST(HartFrame, HasRoomFor255DataAnd3ExpansionBytes) {
-  HartFrame frame = kName;
+  HartFrame frame = nameRequest;
   frame.data.assign(255, 0x55);
   EXPECT_THAT(encodeHart(frame), SizeIs(264));
   frame.data.push_back(0x55);
@@ -192,9 +193,9 @@ TEST(HartAddress, LeavesOutTheTopBitsOfTheDeviceType) {
 
 TEST(HartAddress, KnowsTheStationUnderAllFlags) {
   const HartAddress address = exampleAddress();
-  EXPECT_TRUE(address.isSameStation(address.forMaster(false).withBurst(true)));
-  EXPECT_FALSE(address.isSameStation(HartAddress::unique(0xE123, 0x0A0B0D)));
-  EXPECT_FALSE(HartAddress::polling(0).isSameStation(HartAddress::unique(0, 0)));
+  EXPECT_TRUE(address.isSameAddress(address.forMaster(false).withBurst(true)));
+  EXPECT_FALSE(address.isSameAddress(HartAddress::unique(0xE123, 0x0A0B0D)));
+  EXPECT_FALSE(HartAddress::polling(0).isSameAddress(HartAddress::unique(0, 0)));
   EXPECT_TRUE(address.isOfPrimaryMaster());
   EXPECT_FALSE(address.forMaster(false).isOfPrimaryMaster());
   EXPECT_TRUE(address.withBurst(true).isBursting());
@@ -208,22 +209,23 @@ TEST(HartAddress, KnowsTheOneThatCallsEverybody) {
 }
 
 TEST(HartAddress, IsShownAsThePeopleAtTheLineKnowIt) {
-  EXPECT_EQ(hartStationText(exampleAddress()), "station A1 23 0A 0B 0C");
-  EXPECT_EQ(hartStationText(HartAddress::polling(5)), "polling address 5");
+  EXPECT_EQ(hartAddressText(exampleAddress()), "address A1 23 0A 0B 0C");
+  EXPECT_EQ(hartAddressText(HartAddress::polling(5)), "polling address 5");
 }
 
 /// Any frame that the line can carry.
 HartFrame randomFrame(std::mt19937& random) {
   const auto byte = [&random] { return static_cast<std::uint8_t>(random() & 0xFFU); };
-  constexpr std::array kKinds{HartFrameKind::Burst, HartFrameKind::Request, HartFrameKind::Answer};
+  constexpr std::array allKinds{HartFrameKind::Burst, HartFrameKind::Request,
+                                HartFrameKind::Answer};
   HartFrame frame;
-  frame.kind = kKinds.at(random() % kKinds.size());
+  frame.kind = allKinds.at(random() % allKinds.size());
   frame.isPsk = random() % 2 == 0;
   frame.address = HartAddress::fromBytes(
       random() % 2 == 0 ? HartBytes{byte()} : HartBytes{byte(), byte(), byte(), byte(), byte()});
   for (std::size_t left = random() % 4; left > 0; --left) frame.expansion.push_back(byte());
-  frame.command = random() % 3 == 0 ? kHartExtendedCommand : byte();
-  const std::size_t least = frame.isFromStation() ? 2 : 0;
+  frame.command = random() % 3 == 0 ? extendedHartCommand : byte();
+  const std::size_t least = frame.isFromModule() ? 2 : 0;
   for (std::size_t left = least + random() % (256 - least); left > 0; --left) {
     frame.data.push_back(byte());
   }

@@ -23,11 +23,11 @@ ScriptedSlave::Script behindIdentity(ScriptedSlave::Script script) {
 }  // namespace
 
 std::size_t hartRequestLength(const Bytes& begun) {
-  constexpr std::uint8_t kLong = 0x80;
+  constexpr std::uint8_t longBit = 0x80;
   const auto delimiter = std::find_if(begun.begin(), begun.end(), [](auto b) { return b != 0xFF; });
   if (delimiter == begun.end()) return begun.size() + 1;
   const auto head = static_cast<std::size_t>(delimiter - begun.begin());
-  const std::size_t count = head + ((*delimiter & kLong) != 0 ? 7 : 3);
+  const std::size_t count = head + ((*delimiter & longBit) != 0 ? 7 : 3);
   return count < begun.size() ? count + begun[count] + 2 : begun.size() + 1;
 }
 

@@ -15,7 +15,7 @@ TEST(HartIdentity, IsReadFromTheShortestAnswer) {
   EXPECT_EQ(identity.preambles, 7);
   EXPECT_EQ(identity.universalRevision, 5);
   EXPECT_EQ(identity.deviceRevision, 2);
-  EXPECT_EQ(hartStationText(identity.address), "station 9A 89 21 63 3F");
+  EXPECT_EQ(hartAddressText(identity.address), "address 9A 89 21 63 3F");
 }
 
 TEST(HartIdentity, IsReadFromAnyLongerAnswer) {

@@ -22,7 +22,7 @@ using namespace std::chrono_literals;
 using ::testing::HasSubstr;
 using ::testing::SizeIs;
 
-const std::filesystem::path kFolder = TESSARA_MODULES;
+const std::filesystem::path moduleFolder = TESSARA_MODULES;
 
 json minimal() {
   return {{"link", "hart"},
@@ -218,7 +218,8 @@ TEST(HartModuleFile, OrdersEachKindOfFault) {
   effectOf<faults::OtherMaster>(every({{"kind", "otherMaster"}}));
   EXPECT_EQ(effectOf<faults::LateReply>(every({{"kind", "lateReply"}, {"delay", 400}})).delay,
             400ms);
-  EXPECT_EQ(effectOf<faults::WrongUnit>(every({{"kind", "wrongUnit"}, {"address", 9}})).address, 9);
+  EXPECT_EQ(effectOf<faults::WrongAddress>(every({{"kind", "wrongUnit"}, {"address", 9}})).address,
+            9);
   EXPECT_EQ(
       effectOf<faults::WrongCommand>(every({{"kind", "wrongCommand"}, {"command", 9}})).command, 9);
   EXPECT_EQ(effectOf<faults::ResponseCode>(every({{"kind", "exception"}, {"code", 7}})).code, 7);
@@ -266,7 +267,7 @@ TEST(HartModuleFile, SaysWhatIsWrongWithAFault) {
 }
 
 TEST(HartModuleFile, IsAsTheManualShowsIt) {
-  std::ifstream manual(kFolder / "../../docs/simulator.md");
+  std::ifstream manual(moduleFolder / "../../docs/simulator.md");
   const std::string text(std::istreambuf_iterator<char>(manual), {});
   const std::size_t link = text.find(R"("link": "hart")");
   ASSERT_NE(link, std::string::npos);
@@ -277,10 +278,10 @@ TEST(HartModuleFile, IsAsTheManualShowsIt) {
 }
 
 TEST(PluggableModule, StandsBehindTheAdapterOfItsLink) {
-  const PluggableModule hart = loadPluggableModule(kFolder / "hart-healthy.json");
+  const PluggableModule hart = loadPluggableModule(moduleFolder / "hart-healthy.json");
   EXPECT_EQ(hart.deviceNamePrefix, "\\Device\\ViatorSim");
   EXPECT_EQ(hart.name, "TESSARA HT 2261 LINE A");
-  const PluggableModule modbus = loadPluggableModule(kFolder / "tessara-tm-151.json");
+  const PluggableModule modbus = loadPluggableModule(moduleFolder / "tessara-tm-151.json");
   EXPECT_EQ(modbus.deviceNamePrefix, "\\Device\\Silabser");
 }
 
@@ -295,7 +296,7 @@ TEST(PluggableModule, HasALinkThatCanBeSimulated) {
 TEST(HartSamples, AreOfTheFamilyThatTheCatalogueKnows) {
   for (const auto& [file, revision, firmware] : {std::tuple("hart-healthy.json", 1, "HV2.00"),
                                                  std::tuple("hart-faulty.json", 2, "HV1.03")}) {
-    const SimulatedHartModule module = readHartModule(parseModuleFile(kFolder / file));
+    const SimulatedHartModule module = readHartModule(parseModuleFile(moduleFolder / file));
     const HartIdentity identity = hartIdentityOf(module.identity);
     EXPECT_EQ(identity.manufacturer, 176);
     EXPECT_EQ(identity.deviceType, 226);
@@ -307,8 +308,10 @@ TEST(HartSamples, AreOfTheFamilyThatTheCatalogueKnows) {
 }
 
 TEST(HartSamples, AreOneHealthyAndOneFaulty) {
-  EXPECT_EQ(readHartModule(parseModuleFile(kFolder / "hart-healthy.json")).answers.at(48).at(1), 0);
-  EXPECT_NE(readHartModule(parseModuleFile(kFolder / "hart-faulty.json")).answers.at(48).at(1), 0);
+  EXPECT_EQ(
+      readHartModule(parseModuleFile(moduleFolder / "hart-healthy.json")).answers.at(48).at(1), 0);
+  EXPECT_NE(readHartModule(parseModuleFile(moduleFolder / "hart-faulty.json")).answers.at(48).at(1),
+            0);
 }
 
 }  // namespace

@@ -12,8 +12,8 @@ namespace {
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-const HartBytes kRequest = bytesOf("82 A1 23 0A 0B 0C 14 00 19");
-const HartBytes kBusy = bytesOf("86 A1 23 0A 0B 0C 14 02 20 40 7F");
+const HartBytes requestBytes = bytesOf("82 A1 23 0A 0B 0C 14 00 19");
+const HartBytes busy = bytesOf("86 A1 23 0A 0B 0C 14 02 20 40 7F");
 
 HartBytes damaged(HartBytes frame) {
   frame.back() = static_cast<std::uint8_t>(frame.back() ^ 0x01U);
@@ -29,7 +29,7 @@ std::vector<HartDamage> damagesIn(const std::vector<HartReception>& found) {
 
 TEST(HartParser, FindsAFrameThatComesByteByByte) {
   HartParser parser;
-  const HartBytes bytes = behindPreambles(kBusy);
+  const HartBytes bytes = behindPreambles(busy);
   for (std::size_t place = 0; place + 1 < bytes.size(); ++place) {
     parser.feed({&bytes[place], 1});
     EXPECT_THAT(receptions(parser), IsEmpty()) << place;
@@ -39,19 +39,19 @@ TEST(HartParser, FindsAFrameThatComesByteByByte) {
 }
 
 TEST(HartParser, NeedsTwoPreambles) {
-  EXPECT_THAT(receptionsOf(behindPreambles(kBusy, 0)), IsEmpty());
-  EXPECT_THAT(receptionsOf(behindPreambles(kBusy, 1)), IsEmpty());
-  EXPECT_THAT(receptionsOf(behindPreambles(kBusy, 2)), SizeIs(1));
-  EXPECT_THAT(receptionsOf(behindPreambles(kBusy, 400)), SizeIs(1));
+  EXPECT_THAT(receptionsOf(behindPreambles(busy, 0)), IsEmpty());
+  EXPECT_THAT(receptionsOf(behindPreambles(busy, 1)), IsEmpty());
+  EXPECT_THAT(receptionsOf(behindPreambles(busy, 2)), SizeIs(1));
+  EXPECT_THAT(receptionsOf(behindPreambles(busy, 400)), SizeIs(1));
 }
 
 TEST(HartParser, WantsTheDelimiterRightBehindThePreambles) {
-  EXPECT_THAT(receptionsOf(joined({bytesOf("FF FF 00"), kBusy})), IsEmpty());
-  EXPECT_THAT(receptionsOf(joined({bytesOf("FF FF 00 FF"), kBusy})), IsEmpty());
+  EXPECT_THAT(receptionsOf(joined({bytesOf("FF FF 00"), busy})), IsEmpty());
+  EXPECT_THAT(receptionsOf(joined({bytesOf("FF FF 00 FF"), busy})), IsEmpty());
 }
 
 TEST(HartParser, PassesOverADamagedPreamble) {
-  EXPECT_THAT(receptionsOf(joined({bytesOf("FF F7 FF 00 FF FF"), kBusy})), SizeIs(1));
+  EXPECT_THAT(receptionsOf(joined({bytesOf("FF F7 FF 00 FF FF"), busy})), SizeIs(1));
 }
 
 TEST(HartParser, PassesOverWhatIsNoDelimiter) {
@@ -65,9 +65,8 @@ TEST(HartParser, PassesOverWhatIsNoDelimiter) {
 }
 
 TEST(HartParser, FindsEachOfSeveralFramesInOneDelivery) {
-  const auto found =
-      receptionsOf(joined({bytesOf("00"), behindPreambles(kRequest), bytesOf("00 00"),
-                           behindPreambles(kBusy), bytesOf("00")}));
+  const auto found = receptionsOf(joined({bytesOf("00"), behindPreambles(requestBytes),
+                                          bytesOf("00 00"), behindPreambles(busy), bytesOf("00")}));
   ASSERT_THAT(found, SizeIs(2));
   EXPECT_EQ(found[0].frame.kind, HartFrameKind::Request);
   EXPECT_EQ(found[1].frame.kind, HartFrameKind::Answer);
@@ -75,13 +74,13 @@ TEST(HartParser, FindsEachOfSeveralFramesInOneDelivery) {
 
 TEST(HartParser, EndsAFrameByItsLengthAndLeavesTrailingBytesAlone) {
   HartParser parser;
-  parser.feed(joined({behindPreambles(kBusy), bytesOf("00 00")}));
+  parser.feed(joined({behindPreambles(busy), bytesOf("00 00")}));
   EXPECT_THAT(receptions(parser), SizeIs(1));
   EXPECT_FALSE(parser.isFrameOpen());
 }
 
 TEST(HartParser, TellsAWrongCheckByteWithTheFrameAsItCame) {
-  const auto found = receptionsOf(behindPreambles(damaged(kBusy)));
+  const auto found = receptionsOf(behindPreambles(damaged(busy)));
   ASSERT_THAT(found, SizeIs(1));
   EXPECT_EQ(found[0].damage, HartDamage::CheckByte);
   EXPECT_EQ(found[0].frame.address, exampleAddress());
@@ -99,7 +98,7 @@ TEST(HartParser, TellsAnAnswerThatIsTooShortForItsStatus) {
 
 TEST(HartParser, WaitsForAnOpenFrameUntilSilence) {
   HartParser parser;
-  parser.feed(behindPreambles(HartBytes(kBusy.begin(), kBusy.end() - 1)));
+  parser.feed(behindPreambles(HartBytes(busy.begin(), busy.end() - 1)));
   EXPECT_THAT(receptions(parser), IsEmpty());
   EXPECT_TRUE(parser.isFrameOpen());
   parser.silence();
@@ -112,13 +111,13 @@ TEST(HartParser, TakesSilenceWithoutAnOpenFrameForNothing) {
   parser.feed(bytesOf("00 FF FF"));
   parser.silence();
   EXPECT_THAT(receptions(parser), IsEmpty());
-  parser.feed(kBusy);
+  parser.feed(busy);
   EXPECT_THAT(receptions(parser), SizeIs(1));
 }
 
 TEST(HartParser, FindsAFrameBehindNoiseThatLookedLikeOne) {
   HartParser parser;
-  parser.feed(joined({bytesOf("FF FF 86 A1 23 0A 0B 0C 14 FF"), behindPreambles(kBusy)}));
+  parser.feed(joined({bytesOf("FF FF 86 A1 23 0A 0B 0C 14 FF"), behindPreambles(busy)}));
   EXPECT_THAT(receptions(parser), IsEmpty());
   parser.silence();
   EXPECT_THAT(damagesIn(receptions(parser)),
@@ -127,7 +126,7 @@ TEST(HartParser, FindsAFrameBehindNoiseThatLookedLikeOne) {
 
 TEST(HartParser, FindsAFrameInsideADamagedOne) {
   const HartBytes begun = bytesOf("FF FF 02 80 00 09");
-  const auto found = receptionsOf(joined({begun, behindPreambles(kBusy)}));
+  const auto found = receptionsOf(joined({begun, behindPreambles(busy)}));
   EXPECT_THAT(damagesIn(found), ::testing::ElementsAre(HartDamage::CheckByte, HartDamage::None));
 }
 
@@ -136,13 +135,13 @@ TEST(HartParser, ForgetsAllOnReset) {
   parser.feed(bytesOf("FF FF 86 A1"));
   parser.reset();
   EXPECT_FALSE(parser.isFrameOpen());
-  parser.feed(kBusy);
+  parser.feed(busy);
   EXPECT_THAT(receptions(parser), IsEmpty());
 }
 
 TEST(HartParser, NeverFailsOnRandomBytesAndFindsTheFrameBehindThem) {
   // One check byte in 256 fits by chance: noise may then swallow the frame.
-  constexpr int kMostSwallowed = 30;
+  constexpr int maxSwallowed = 30;
   int swallowed = 0;
   std::mt19937 random(1200);
   for (int round = 0; round < 3000; ++round) {
@@ -150,11 +149,11 @@ TEST(HartParser, NeverFailsOnRandomBytesAndFindsTheFrameBehindThem) {
     HartBytes noise(random() % 400);
     // Half of the bytes are those that frames begin with.
     for (std::uint8_t& byte : noise) {
-      constexpr std::array<std::uint8_t, 4> kLikely{0xFF, 0xFF, 0x86, 0x02};
-      byte = random() % 2 == 0 ? kLikely.at(random() % kLikely.size())
+      constexpr std::array<std::uint8_t, 4> likely{0xFF, 0xFF, 0x86, 0x02};
+      byte = random() % 2 == 0 ? likely.at(random() % likely.size())
                                : static_cast<std::uint8_t>(random());
     }
-    const HartBytes bytes = joined({noise, bytesOf("00"), behindPreambles(kBusy)});
+    const HartBytes bytes = joined({noise, bytesOf("00"), behindPreambles(busy)});
     std::vector<HartReception> found;
     for (std::size_t place = 0; place < bytes.size();) {
       const std::size_t count = std::min<std::size_t>(1 + random() % 50, bytes.size() - place);
@@ -166,15 +165,15 @@ TEST(HartParser, NeverFailsOnRandomBytesAndFindsTheFrameBehindThem) {
     for (HartReception& one : receptions(parser)) found.push_back(std::move(one));
     EXPECT_FALSE(parser.isFrameOpen());
     const auto isTheFrame = [](const HartReception& one) {
-      return one.damage == HartDamage::None && encodeHart(one.frame) == kBusy;
+      return one.damage == HartDamage::None && encodeHart(one.frame) == busy;
     };
     if (std::ranges::count_if(found, isTheFrame) != 1) ++swallowed;
   }
-  EXPECT_LE(swallowed, kMostSwallowed);
+  EXPECT_LE(swallowed, maxSwallowed);
 }
 
 TEST(HartParser, TakesNoFrameWithOneWrongBitForSound) {
-  const HartBytes sound = behindPreambles(kBusy);
+  const HartBytes sound = behindPreambles(busy);
   for (std::size_t place = 5; place < sound.size(); ++place) {
     for (unsigned int bit = 0; bit < 8; ++bit) {
       HartBytes bytes = sound;

@@ -12,7 +12,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::SizeIs;
 
-constexpr const char* kStation = " of station B0 E2 0A 0B 0C";
+constexpr const char* moduleName = " at address B0 E2 0A 0B 0C";
 
 TEST(HartRead, IdentifiesTheModuleAtThePollingAddressInTheLowSixBits) {
   HartBench bench(std::map<std::uint16_t, HartBytes>{});
@@ -25,21 +25,21 @@ TEST(HartRead, IdentifiesTheModuleAtThePollingAddressInTheLowSixBits) {
   }
 }
 
-TEST(HartRead, AsksForAllElseAtTheAddressThatTheModuleHasTold) {
+TEST(HartRead, AsksForEverythingElseAtTheUniqueAddress) {
   HartBench bench({{20, bytesOf("41 42")}});
   bench.identified();
   bench.command(20);
   EXPECT_EQ(requestIn(bench.requests().at(0)).address, identifiedAddress());
 }
 
-TEST(HartRead, GivesStatusAndDataByteByByte) {
+TEST(HartRead, ReturnsStatusAndDataByteByByte) {
   HartBench bench([](const Bytes& sent, std::size_t) -> Reply {
     return {{0ms, answered(sent, {0, 0x50}, bytesOf("41 FF 00"))}};
   });
   EXPECT_THAT(bench.identified().command(24), ElementsAre(0, 0x50, 0x41, 0xFF, 0));
 }
 
-TEST(HartRead, MindsNeitherSlaveNorCountNorAccess) {
+TEST(HartRead, UsesNeitherSlaveNorCountNorAccess) {
   HartBench bench({{24, bytesOf("41 42")}});
   bench.identified();
   for (const auto any : std::initializer_list<std::int16_t>{-5, 0, 192, 30000}) {
@@ -47,19 +47,19 @@ TEST(HartRead, MindsNeitherSlaveNorCountNorAccess) {
   }
 }
 
-TEST(HartRead, GivesTheDataOfAnExtendedCommandBehindItsNumber) {
+TEST(HartRead, ReturnsTheDataOfAnExtendedCommandWithoutItsNumber) {
   HartBench bench({{512, bytesOf("55 66")}});
   EXPECT_THAT(bench.identified().command(512), ElementsAre(0, 0, 0x55, 0x66));
   EXPECT_EQ(requestIn(bench.requests().at(0)).data, bytesOf("02 00"));
 }
 
-TEST(HartRead, RefusesNumbersThatAreNoCommands) {
+TEST(HartRead, RefusesNumbersThatAreNotCommands) {
   HartBench bench(std::map<std::uint16_t, HartBytes>{});
   bench.identified();
   for (const std::int32_t number : {-1, 31, 254, 255, 65536}) {
     EXPECT_EQ(errorOf([&] { bench.command(number); }),
               bench.port() + ", command " + std::to_string(number) +
-                  ": commands have the numbers 0 to 65535 without 31, 254 and 255");
+                  ": commands have the numbers 0 to 65535 except 31, 254 and 255");
   }
   EXPECT_THAT(bench.requests(), SizeIs(0));
 }
@@ -158,7 +158,7 @@ TEST(HartRead, SendsTheNumberOfPreamblesThatTheModuleNeeds) {
   }
 }
 
-TEST(HartRead, GivesWarningsWithTheirData) {
+TEST(HartRead, ReturnsWarningsWithTheirData) {
   for (const int code : {8, 14, 24, 30, 31, 96, 112, 127}) {
     HartBench bench([code](const Bytes& sent, std::size_t) -> Reply {
       return {{0ms, answered(sent, {static_cast<std::uint8_t>(code), 0}, bytesOf("41"))}};
@@ -181,15 +181,15 @@ TEST(HartRead, SaysWhichErrorTheModuleAnswersWithAndAsksOnce) {
     });
     bench.identified();
     EXPECT_EQ(errorOf([&] { bench.command(20); }),
-              bench.port() + ", command 20" + kStation + ": " + text);
+              bench.port() + ", command 20" + moduleName + ": " + text);
     EXPECT_THAT(bench.requests(), SizeIs(1));
   }
 }
 
 TEST(HartRead, AsksAgainWithTheSameRequestWhileTheAnswerIsDelayed) {
   HartBench bench([](const Bytes& sent, std::size_t index) -> Reply {
-    constexpr std::array<std::uint8_t, 3> kCodes{33, 36, 34};
-    if (index < kCodes.size()) return {{0ms, answered(sent, {kCodes.at(index), 0})}};
+    constexpr std::array<std::uint8_t, 3> delayCodes{33, 36, 34};
+    if (index < delayCodes.size()) return {{0ms, answered(sent, {delayCodes.at(index), 0})}};
     return {{0ms, answered(sent, {0, 0}, bytesOf("41"))}};
   });
   EXPECT_THAT(bench.identified().command(20), ElementsAre(0, 0, 0x41));
@@ -208,8 +208,72 @@ TEST(HartRead, GivesUpAnAnswerThatIsDelayedForTooLong) {
       timings);
   bench.identified();
   EXPECT_EQ(errorOf([&] { bench.command(20); }),
-            bench.port() + ", command 20" + kStation +
-                ": response code 34: delayed answer running, for more than 30 ms");
+            bench.port() + ", command 20" + moduleName +
+                ": response code 34: delayed answer running, awaited for up to 30 ms");
+}
+
+TEST(HartRead, DoesNotAwaitADelayedAnswerBeyondItsTime) {
+  // The module announces a delayed answer and then falls silent.
+  HartTimings timings = patient();
+  timings.delayedAnswer = 300ms;
+  HartBench bench(
+      [](const Bytes& sent, std::size_t index) -> Reply {
+        if (index > 0) return {};
+        return {{0ms, answered(sent, {33, 0})}};
+      },
+      timings);
+  bench.identified();
+  const auto begun = std::chrono::steady_clock::now();
+  EXPECT_EQ(errorOf([&] { bench.command(20); }),
+            bench.port() + ", command 20" + moduleName +
+                ": response code 33: delayed answer started, awaited for up to 300 ms");
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, 10s);
+  EXPECT_THAT(bench.requests(), SizeIs(2));
+}
+
+/// Expects command 48 to have no reply if the module answers it like that.
+void expectNoStatus(ScriptedSlave::Script script) {
+  HartTimings timings = brisk();
+  timings.delayedAnswer = 30ms;
+  HartBench bench(std::move(script), timings);
+  bench.identified();
+  Cmd48Reply reply{7};
+  EXPECT_EQ(bench.driver.CMD48(reply), 0);
+  EXPECT_EQ(reply, Cmd48Reply{7});
+}
+
+TEST(HartRead, CountsNoStatusBytesIfTheModuleRefusesCommand48) {
+  for (const std::uint8_t code : Bytes{64, 32, 16, 34}) {
+    expectNoStatus([code](const Bytes& sent, std::size_t) -> Reply {
+      return {{0ms, answered(sent, {code, 0})}};
+    });
+  }
+}
+
+TEST(HartRead, CountsNoStatusBytesIfTheAnswerIsDamaged) {
+  expectNoStatus([](const Bytes& sent, std::size_t) -> Reply {
+    Bytes bytes = answered(sent, {0, 0}, bytesOf("01 02"));
+    bytes.back() = static_cast<std::uint8_t>(~bytes.back());
+    return {{0ms, bytes}};
+  });
+}
+
+TEST(HartRead, CountsNoStatusBytesIfNothingAnswers) {
+  expectNoStatus([](const Bytes&, std::size_t) { return Reply(); });
+}
+
+TEST(HartRead, CountsNoStatusBytesIfThePortHasGone) {
+  expectNoStatus([](const Bytes&, std::size_t) -> Reply { return {{0ms, {}, true}}; });
+}
+
+TEST(HartRead, CountsNoStatusBytesWithoutAConnection) {
+  HartBench bench({{48, bytesOf("01 02")}});
+  Cmd48Reply reply{7};
+  EXPECT_EQ(bench.driver.CMD48(reply), 0);
+  bench.identified();
+  bench.driver.CloseSerialConnection();
+  EXPECT_EQ(bench.driver.CMD48(reply), 0);
+  EXPECT_EQ(reply, Cmd48Reply{7});
 }
 
 TEST(HartRead, SaysSoWithoutAConnection) {
@@ -220,10 +284,10 @@ TEST(HartRead, SaysSoWithoutAConnection) {
   bench.driver.CloseSerialConnection();
   bench.driver.CloseSerialConnection();
   EXPECT_EQ(errorOf([&] { bench.command(20); }),
-            bench.port() + ", command 20" + kStation + ": no connection is open");
+            bench.port() + ", command 20" + moduleName + ": no connection is open");
 }
 
-TEST(HartRead, RefusesAnIdentityThatIsNone) {
+TEST(HartRead, RefusesAnIdentityThatIsTooShort) {
   ScriptedSlave slave(
       [](const Bytes& sent, std::size_t) -> Reply {
         return {{0ms, answered(sent, {0, 0}, bytesOf("FE 01"))}};

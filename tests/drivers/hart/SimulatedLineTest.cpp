@@ -89,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Survived{"NoReply", faults::NoReply{}}, Survived{"LateReply", faults::LateReply{1000ms}},
         Survived{"BadCheckByte", faults::BadChecksum{}},
-        Survived{"WrongStation", faults::WrongUnit{0x77}},
+        Survived{"WrongStation", faults::WrongAddress{0x77}},
         Survived{"WrongCommand", faults::WrongCommand{21}}, Survived{"CutOff", faults::CutOff{10}},
         Survived{"Noise", faults::Noise{{0x00, 0xFF, 0x55}}},
         Survived{"NoiseLikeAFrame", faults::Noise{{0xFF, 0xFF, 0x86, 0x00}}},
@@ -122,15 +122,15 @@ TEST(SimulatedHart, SaysWhyItCannotBeRead) {
   EXPECT_THAT(failureWith(faults::ResponseCode{32}), EndsWith(": response code 32: busy"));
   EXPECT_THAT(failureWith(faults::ResponseCode{64}),
               EndsWith(": response code 64: command not implemented"));
-  EXPECT_THAT(failureWith(faults::NoReply{}), EndsWith(": no answer within 5 ms, asked 4 times"));
+  EXPECT_THAT(failureWith(faults::NoReply{}), EndsWith(": no answer within 5 ms, asked 3 times"));
   EXPECT_THAT(failureWith(faults::BadChecksum{}),
-              EndsWith(": the answer has a wrong check byte, asked 4 times"));
-  EXPECT_THAT(failureWith(faults::CutOff{15}), EndsWith(": the answer broke off, asked 4 times"));
+              EndsWith(": the answer has a wrong check byte, asked 3 times"));
+  EXPECT_THAT(failureWith(faults::CutOff{15}), EndsWith(": the answer broke off, asked 3 times"));
   EXPECT_THAT(failureWith(faults::CommunicationError{0x48}),
-              EndsWith(": the module reports communication error C8: parity, check byte, asked 4 "
+              EndsWith(": the module reports communication error C8: parity, check byte, asked 3 "
                        "times"));
-  EXPECT_THAT(failureWith(faults::WrongUnit{0x77}),
-              EndsWith(": no answer, only one from station B0 E2 0A 0B 77, asked 4 times"));
+  EXPECT_THAT(failureWith(faults::WrongAddress{0x77}),
+              EndsWith(": no answer, only one from address B0 E2 0A 0B 77, asked 3 times"));
 }
 
 TEST(SimulatedHart, SaysThatItHasBeenUnpluggedAndIsReadWhenItIsBack) {

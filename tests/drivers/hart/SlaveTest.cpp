@@ -35,8 +35,8 @@ SimulatedHartModule faulty(const HartEffect& effect,
   return module;
 }
 
-const HartFrame kName = hartRequest(exampleAddress(), 20);
-const HartFrame kIdentity = hartRequest(HartAddress::polling(5), 0);
+const HartFrame slaveNameRequest = hartRequest(exampleAddress(), 20);
+const HartFrame identityRequest = hartRequest(HartAddress::polling(5), 0);
 
 /// What a line sends for these bytes; the pieces of an answer joined.
 Bytes sentFor(HartLine& line, const HartBytes& bytes) {
@@ -82,14 +82,14 @@ TEST(HartSlave, AnswersTheWorkedRequestsByteForByte) {
 
 TEST(HartSlave, IgnoresARequestWithFewerThanTwoPreambles) {
   HartLine line(sampleModule());
-  EXPECT_THAT(sentFor(line, encodeHart(kName, 0)), IsEmpty());
-  EXPECT_THAT(sentFor(line, encodeHart(kName, 1)), IsEmpty());
-  EXPECT_THAT(sentFor(line, encodeHart(kName, 2)), SizeIs(5 + 8 + 34 + 1));
+  EXPECT_THAT(sentFor(line, encodeHart(slaveNameRequest, 0)), IsEmpty());
+  EXPECT_THAT(sentFor(line, encodeHart(slaveNameRequest, 1)), IsEmpty());
+  EXPECT_THAT(sentFor(line, encodeHart(slaveNameRequest, 2)), SizeIs(5 + 8 + 34 + 1));
 }
 
 TEST(HartSlave, ReportsAWrongCheckByteInAFrameForIt) {
   HartLine line(sampleModule());
-  HartBytes bytes = encodeHart(kName, 5);
+  HartBytes bytes = encodeHart(slaveNameRequest, 5);
   bytes.back() = static_cast<std::uint8_t>(~bytes.back());
   EXPECT_EQ(sentFor(line, bytes), behindPreambles(bytesOf("86 A1 23 0A 0B 0C 14 02 88 00 97")));
 }
@@ -103,20 +103,20 @@ TEST(HartSlave, IsSilentOnAWrongCheckByteInAFrameForOthers) {
 
 TEST(HartSlave, IsSilentOnAFrameThatBreaksOff) {
   HartLine line(sampleModule());
-  HartBytes bytes = encodeHart(kName, 5);
+  HartBytes bytes = encodeHart(slaveNameRequest, 5);
   bytes.pop_back();
   EXPECT_THAT(sentFor(line, bytes), IsEmpty());
   EXPECT_TRUE(line.isFrameOpen());
   EXPECT_EQ(line.silence(), std::nullopt);
   EXPECT_FALSE(line.isFrameOpen());
-  EXPECT_THAT(dataOf(line, kName), SizeIs(34));
+  EXPECT_THAT(dataOf(line, slaveNameRequest), SizeIs(34));
 }
 
 TEST(HartSlave, AnswersARequestThatSilenceFreesFromNoise) {
   HartLine line(sampleModule());
-  EXPECT_THAT(
-      sentFor(line, joined({bytesOf("FF FF 82 00 00 00 00 00 00 FF"), encodeHart(kName, 5)})),
-      IsEmpty());
+  EXPECT_THAT(sentFor(line, joined({bytesOf("FF FF 82 00 00 00 00 00 00 FF"),
+                                    encodeHart(slaveNameRequest, 5)})),
+              IsEmpty());
   EXPECT_TRUE(line.silence().has_value());
 }
 
@@ -138,12 +138,12 @@ TEST(HartSlave, IsSilentAtAddressesOfOthers) {
 
 TEST(HartSlave, IsSilentAtItsPollingAddressOnAllButCommand0) {
   EXPECT_THAT(dataOf(hartRequest(HartAddress::polling(5), 20)), IsEmpty());
-  EXPECT_THAT(dataOf(kIdentity), SizeIs(24));
+  EXPECT_THAT(dataOf(identityRequest), SizeIs(24));
 }
 
 TEST(HartSlave, IsSilentOnAnswersAndBursts) {
   HartLine line(sampleModule());
-  EXPECT_THAT(sentFor(line, hartAnswer(kName, {0, 0})), IsEmpty());
+  EXPECT_THAT(sentFor(line, hartAnswer(slaveNameRequest, {0, 0})), IsEmpty());
 }
 
 TEST(HartSlave, AnswersEitherMasterAtTheAddressOfTheRequest) {
@@ -202,9 +202,9 @@ TEST(HartSlave, ClearsMoreStatusForTheMasterThatHasSeenTheStatus) {
   HartLine line(sampleModule());
   const HartBytes status = bytesOf("00 00 00 00 00 00 02 00 00");
   dataOf(line, hartRequest(exampleAddress(), 48, HartBytes(9, 9)));
-  EXPECT_EQ(dataOf(line, kName).at(1), 0x50);
+  EXPECT_EQ(dataOf(line, slaveNameRequest).at(1), 0x50);
   dataOf(line, hartRequest(exampleAddress(), 48, status));
-  EXPECT_EQ(dataOf(line, kName).at(1), 0x40);
+  EXPECT_EQ(dataOf(line, slaveNameRequest).at(1), 0x40);
   EXPECT_EQ(dataOf(line, hartRequest(exampleAddress().forMaster(false), 20)).at(1), 0x50);
 }
 
@@ -218,7 +218,7 @@ TEST(HartSlave, RefusesAStatusRequestIfItHasNone) {
 TEST(HartSlave, PutsItsPreamblesInFrontOfEachAnswer) {
   SimulatedHartModule module = sampleModule();
   module.preambles = 7;
-  const Bytes sent = answerOf(module, kName);
+  const Bytes sent = answerOf(module, slaveNameRequest);
   EXPECT_EQ(Bytes(sent.begin(), sent.begin() + 8), joined({Bytes(7, 0xFF), bytesOf("86")}));
 }
 
@@ -235,94 +235,95 @@ TEST(HartSlave, CannotBeWhatNoStationIs) {
 
 TEST(HartFault, FallsOnTheRequestsThatItIsOrderedFor) {
   HartLine line(faulty(faults::ResponseCode{32}, faults::At{2}));
-  EXPECT_EQ(dataOf(line, kName).at(0), 0);
-  EXPECT_EQ(dataOf(line, kName).at(0), 32);
-  EXPECT_EQ(dataOf(line, kName).at(0), 0);
+  EXPECT_EQ(dataOf(line, slaveNameRequest).at(0), 0);
+  EXPECT_EQ(dataOf(line, slaveNameRequest).at(0), 32);
+  EXPECT_EQ(dataOf(line, slaveNameRequest).at(0), 0);
 }
 
 TEST(HartFault, CountsOnlyRequestsForTheModule) {
   HartLine line(faulty(faults::ResponseCode{32}, faults::At{2}));
   dataOf(line, hartRequest(HartAddress::polling(9), 0));
-  EXPECT_EQ(dataOf(line, kName).at(0), 0);
-  EXPECT_EQ(dataOf(line, kName).at(0), 32);
+  EXPECT_EQ(dataOf(line, slaveNameRequest).at(0), 0);
+  EXPECT_EQ(dataOf(line, slaveNameRequest).at(0), 32);
 }
 
 TEST(HartFault, AnswersWithAResponseCodeAndDataIfItIsAWarning) {
-  EXPECT_EQ(answerOf(faulty(faults::ResponseCode{7}), kName),
-            encodeHart(hartAnswer(kName, {7, 0x50}), 5));
-  EXPECT_EQ(answerOf(faulty(faults::ResponseCode{8}), kName),
-            encodeHart(hartAnswer(kName, {8, 0x50}, HartBytes(32, 'N')), 5));
+  EXPECT_EQ(answerOf(faulty(faults::ResponseCode{7}), slaveNameRequest),
+            encodeHart(hartAnswer(slaveNameRequest, {7, 0x50}), 5));
+  EXPECT_EQ(answerOf(faulty(faults::ResponseCode{8}), slaveNameRequest),
+            encodeHart(hartAnswer(slaveNameRequest, {8, 0x50}, HartBytes(32, 'N')), 5));
   const HartFrame extended = hartRequest(exampleAddress(), 512);
   EXPECT_EQ(answerOf(faulty(faults::ResponseCode{7}), extended),
             encodeHart(hartAnswer(extended, {7, 0x50}), 5));
 }
 
 TEST(HartFault, ReportsACommunicationError) {
-  EXPECT_EQ(answerOf(faulty(faults::CommunicationError{0x48}), kName),
+  EXPECT_EQ(answerOf(faulty(faults::CommunicationError{0x48}), slaveNameRequest),
             behindPreambles(bytesOf("86 A1 23 0A 0B 0C 14 02 C8 00 D7")));
 }
 
 TEST(HartFault, DelaysTheAnswerForSomeIdenticalRequests) {
   HartLine line(faulty(faults::DelayedAnswer{2}, faults::At{1}));
-  EXPECT_THAT(dataOf(line, kName), ElementsAre(33, 0x50));
-  EXPECT_THAT(dataOf(line, kName), ElementsAre(34, 0x50));
-  EXPECT_EQ(dataOf(line, kIdentity).at(0), 0);
-  EXPECT_THAT(dataOf(line, kName), ElementsAre(34, 0x50));
-  EXPECT_THAT(dataOf(line, kName), SizeIs(34));
+  EXPECT_THAT(dataOf(line, slaveNameRequest), ElementsAre(33, 0x50));
+  EXPECT_THAT(dataOf(line, slaveNameRequest), ElementsAre(34, 0x50));
+  EXPECT_EQ(dataOf(line, identityRequest).at(0), 0);
+  EXPECT_THAT(dataOf(line, slaveNameRequest), ElementsAre(34, 0x50));
+  EXPECT_THAT(dataOf(line, slaveNameRequest), SizeIs(34));
 }
 
 TEST(HartFault, TellsAColdStart) {
-  EXPECT_EQ(dataOf(kName).at(1), 0x50);
+  EXPECT_EQ(dataOf(slaveNameRequest).at(1), 0x50);
   HartLine line(faulty(faults::ColdStart{}, faults::At{1}));
-  EXPECT_EQ(dataOf(line, kName).at(1), 0x70);
-  EXPECT_EQ(dataOf(line, kName).at(1), 0x50);
+  EXPECT_EQ(dataOf(line, slaveNameRequest).at(1), 0x70);
+  EXPECT_EQ(dataOf(line, slaveNameRequest).at(1), 0x50);
 }
 
 TEST(HartFault, AnswersAnotherCommand) {
-  const auto found = receptionsOf(answerOf(faulty(faults::WrongCommand{33}), kName));
+  const auto found = receptionsOf(answerOf(faulty(faults::WrongCommand{33}), slaveNameRequest));
   ASSERT_THAT(found, SizeIs(1));
   EXPECT_EQ(found[0].frame.command, 33);
 }
 
 TEST(HartFault, AnswersAsAnotherStation) {
-  const auto found = receptionsOf(answerOf(faulty(faults::WrongUnit{0x77}), kName));
+  const auto found = receptionsOf(answerOf(faulty(faults::WrongAddress{0x77}), slaveNameRequest));
   ASSERT_THAT(found, SizeIs(1));
   EXPECT_EQ(found[0].frame.address, HartAddress::unique(0xE123, 0x0A0B77));
-  const auto shortly = receptionsOf(answerOf(faulty(faults::WrongUnit{9}), kIdentity));
+  const auto shortly = receptionsOf(answerOf(faulty(faults::WrongAddress{9}), identityRequest));
   ASSERT_THAT(shortly, SizeIs(1));
   EXPECT_EQ(shortly[0].frame.address, HartAddress::polling(9));
 }
 
 TEST(HartFault, SpoilsTheCheckByte) {
-  const auto found = receptionsOf(answerOf(faulty(faults::BadChecksum{}), kName));
+  const auto found = receptionsOf(answerOf(faulty(faults::BadChecksum{}), slaveNameRequest));
   ASSERT_THAT(found, SizeIs(1));
   EXPECT_EQ(found[0].damage, HartDamage::CheckByte);
 }
 
 TEST(HartFault, SendsAnotherNumberOfPreambles) {
   for (const std::size_t count : {0U, 1U, 30U}) {
-    EXPECT_THAT(answerOf(faulty(faults::Preambles{count}), kName), SizeIs(count + 43));
+    EXPECT_THAT(answerOf(faulty(faults::Preambles{count}), slaveNameRequest), SizeIs(count + 43));
   }
 }
 
 TEST(HartFault, CutsTheAnswerOff) {
-  EXPECT_THAT(answerOf(faulty(faults::CutOff{12}), kName), SizeIs(12));
-  EXPECT_THAT(answerOf(faulty(faults::CutOff{300}), kName), SizeIs(48));
+  EXPECT_THAT(answerOf(faulty(faults::CutOff{12}), slaveNameRequest), SizeIs(12));
+  EXPECT_THAT(answerOf(faulty(faults::CutOff{300}), slaveNameRequest), SizeIs(48));
 }
 
 TEST(HartFault, LeavesAGapInTheAnswer) {
   HartLine line(faulty(faults::Gap{10, 60ms}));
-  const auto answers = line.receive(encodeHart(kName, 5));
+  const auto answers = line.receive(encodeHart(slaveNameRequest, 5));
   ASSERT_THAT(answers, SizeIs(1));
   EXPECT_THAT(answers[0].bytes, SizeIs(10));
   ASSERT_THAT(answers[0].more, SizeIs(1));
   EXPECT_EQ(answers[0].more[0].pause, 60ms);
-  EXPECT_EQ(joined({answers[0].bytes, answers[0].more[0].bytes}), answerOf(sampleModule(), kName));
+  EXPECT_EQ(joined({answers[0].bytes, answers[0].more[0].bytes}),
+            answerOf(sampleModule(), slaveNameRequest));
 }
 
 TEST(HartFault, PullsThePortOut) {
   HartLine line(faulty(faults::Unplug{3, 50ms}));
-  const auto answers = line.receive(encodeHart(kName, 5));
+  const auto answers = line.receive(encodeHart(slaveNameRequest, 5));
   ASSERT_THAT(answers, SizeIs(1));
   EXPECT_THAT(answers[0].bytes, SizeIs(3));
   ASSERT_TRUE(answers[0].unplug.has_value());
@@ -330,12 +331,12 @@ TEST(HartFault, PullsThePortOut) {
 }
 
 TEST(HartFault, SendsTheRequestBack) {
-  EXPECT_EQ(answerOf(faulty(faults::Echo{}), kName),
-            joined({encodeHart(kName, 5), answerOf(sampleModule(), kName)}));
+  EXPECT_EQ(answerOf(faulty(faults::Echo{}), slaveNameRequest),
+            joined({encodeHart(slaveNameRequest, 5), answerOf(sampleModule(), slaveNameRequest)}));
 }
 
 TEST(HartFault, LetsTheOtherMasterIn) {
-  const auto found = receptionsOf(answerOf(faulty(faults::OtherMaster{}), kName));
+  const auto found = receptionsOf(answerOf(faulty(faults::OtherMaster{}), slaveNameRequest));
   ASSERT_THAT(found, SizeIs(3));
   EXPECT_EQ(found[0].frame.kind, HartFrameKind::Request);
   EXPECT_EQ(found[1].frame.kind, HartFrameKind::Answer);
@@ -346,7 +347,8 @@ TEST(HartFault, LetsTheOtherMasterIn) {
 
 TEST(HartFault, SendsABurstFrameToEitherMaster) {
   for (const bool isPrimary : {true, false}) {
-    const auto found = receptionsOf(answerOf(faulty(faults::BurstFrame{isPrimary}), kName));
+    const auto found =
+        receptionsOf(answerOf(faulty(faults::BurstFrame{isPrimary}), slaveNameRequest));
     ASSERT_THAT(found, SizeIs(2));
     EXPECT_EQ(found[0].frame.kind, HartFrameKind::Burst);
     EXPECT_EQ(found[0].frame.address.isOfPrimaryMaster(), isPrimary);
@@ -358,16 +360,16 @@ TEST(HartFault, SendsABurstFrameToEitherMaster) {
 TEST(HartFault, MakesNoiseBeforeAndBehind) {
   SimulatedHartModule module = faulty(faults::Noise{{0x00, 0x55}});
   module.faults.push_back({faults::TrailingNoise{{0x00}}, faults::Every{1}});
-  EXPECT_EQ(answerOf(module, kName),
-            joined({bytesOf("00 55"), answerOf(sampleModule(), kName), bytesOf("00")}));
+  EXPECT_EQ(answerOf(module, slaveNameRequest),
+            joined({bytesOf("00 55"), answerOf(sampleModule(), slaveNameRequest), bytesOf("00")}));
 }
 
 TEST(HartFault, AnswersLateOrNotAtAll) {
   HartLine late(faulty(faults::LateReply{400ms}));
-  const auto answers = late.receive(encodeHart(kName, 5));
+  const auto answers = late.receive(encodeHart(slaveNameRequest, 5));
   ASSERT_THAT(answers, SizeIs(1));
   EXPECT_EQ(answers[0].delay, 400ms);
-  EXPECT_THAT(answerOf(faulty(faults::NoReply{}), kName), IsEmpty());
+  EXPECT_THAT(answerOf(faulty(faults::NoReply{}), slaveNameRequest), IsEmpty());
 }
 
 TEST(HartFault, MayComeTogetherWithOthersInAnyOrder) {
@@ -376,7 +378,7 @@ TEST(HartFault, MayComeTogetherWithOthersInAnyOrder) {
   one.faults.push_back({faults::WrongCommand{9}, faults::Every{1}});
   SimulatedHartModule other = one;
   std::reverse(other.faults.begin(), other.faults.end());
-  EXPECT_EQ(answerOf(one, kName), answerOf(other, kName));
+  EXPECT_EQ(answerOf(one, slaveNameRequest), answerOf(other, slaveNameRequest));
 }
 
 }  // namespace

@@ -17,7 +17,7 @@
 namespace tessara {
 namespace {
 
-constexpr int kRounds = 3000;
+constexpr int rounds = 3000;
 
 /// The same messages in each run.
 class NfcCodecs : public ::testing::Test {
@@ -33,7 +33,7 @@ class NfcCodecs : public ::testing::Test {
   }
 
   AirRequest airRequest() {
-    AirRequest request{byte(), byte(), {}, bytes(0, kPieceLength)};
+    AirRequest request{byte(), byte(), {}, bytes(0, maxPieceLength)};
     if (isAddressed(request)) {
       std::generate(request.uid.begin(), request.uid.end(), [this] { return byte(); });
     }
@@ -55,7 +55,7 @@ void survives(Decoder decoder) {
 }
 
 TEST_F(NfcCodecs, DecodeEveryAirRequestToItself) {
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < rounds; ++round) {
     const AirRequest request = airRequest();
     const Bytes air = withAirChecksum(encodeAirRequest(request));
     EXPECT_EQ(decodeAirRequest(withoutAirChecksum(air)), request);
@@ -63,14 +63,14 @@ TEST_F(NfcCodecs, DecodeEveryAirRequestToItself) {
 }
 
 TEST_F(NfcCodecs, DecodeEveryAirAnswerToItself) {
-  for (int round = 0; round < kRounds; ++round) {
-    const AirAnswer answer{byte(), bytes(0, kPieceLength)};
+  for (int round = 0; round < rounds; ++round) {
+    const AirAnswer answer{byte(), bytes(0, maxPieceLength)};
     EXPECT_EQ(decodeAirAnswer(encodeAirAnswer(answer)), answer);
   }
 }
 
 TEST_F(NfcCodecs, FindEveryFlippedBitOnAir) {
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < rounds; ++round) {
     Bytes air = withAirChecksum(bytes(1, 61));
     air[number(0, air.size() - 1)] ^= static_cast<std::uint8_t>(1U << number(0, 7));
     EXPECT_THROW((void)withoutAirChecksum(air), NfcFault);
@@ -78,17 +78,17 @@ TEST_F(NfcCodecs, FindEveryFlippedBitOnAir) {
 }
 
 TEST_F(NfcCodecs, DecodeEveryReportToItself) {
-  for (int round = 0; round < kRounds; ++round) {
-    const cr95hf::Answer answer{byte(), bytes(0, cr95hf::kReportData)};
+  for (int round = 0; round < rounds; ++round) {
+    const cr95hf::Answer answer{byte(), bytes(0, cr95hf::maxReportData)};
     EXPECT_EQ(cr95hf::decodeReport(cr95hf::reportOf(answer)), answer);
   }
 }
 
 TEST_F(NfcCodecs, DecodeEveryLineToItself) {
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < rounds; ++round) {
     const Bytes contents = bytes(0, 100);
     std::string line = twn4::lineOf(contents);
-    ASSERT_EQ(line.back(), twn4::kLineEnd);
+    ASSERT_EQ(line.back(), twn4::lineEnd);
     line.pop_back();
     EXPECT_EQ(bytesOfHex(line), contents);
   }
@@ -96,12 +96,12 @@ TEST_F(NfcCodecs, DecodeEveryLineToItself) {
 
 TEST_F(NfcCodecs, PutEveryFrameTogetherAgain) {
   PieceAssembler assembler;
-  for (int round = 0; round < kRounds; ++round) {
-    Bytes frame = bytes(1, kLongestFrame);
+  for (int round = 0; round < rounds; ++round) {
+    Bytes frame = bytes(1, maxFrameLength);
     frame.front() = static_cast<std::uint8_t>(number(1, 247));
     std::optional<Bytes> assembled;
     for (const Bytes& piece : piecesOf(frame)) {
-      ASSERT_LE(piece.size(), kPieceLength);
+      ASSERT_LE(piece.size(), maxPieceLength);
       assembled = assembler.add(piece);
     }
     EXPECT_EQ(assembled, frame);
@@ -110,7 +110,7 @@ TEST_F(NfcCodecs, PutEveryFrameTogetherAgain) {
 
 TEST_F(NfcCodecs, SurviveBytesOfAnyKind) {
   PieceAssembler assembler;
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < rounds; ++round) {
     const Bytes input = bytes(0, 80);
     survives([&] { return decodeAirRequest(input); });
     survives([&] { return withoutAirChecksum(input); });
@@ -126,7 +126,7 @@ TEST_F(NfcCodecs, SurviveBytesOfAnyKind) {
 }
 
 TEST_F(NfcCodecs, SurviveAnswersThatAreAlmostRight) {
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < rounds; ++round) {
     Bytes report(64);
     const Bytes contents = bytes(1, 63);
     report[0] = 0x07;
@@ -143,12 +143,12 @@ TEST_F(NfcCodecs, SurviveAnswersThatAreAlmostRight) {
 TEST_F(NfcCodecs, OfTheSimulatedReadersSurviveBytesOfAnyKind) {
   SimulatedTwn4 line(SimulatedNfcModule{});
   SimulatedBoard board(SimulatedNfcModule{});
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < rounds; ++round) {
     const Bytes input = bytes(0, 64);
     (void)line.receive(input);
     const std::string request = twn4::lineOf(input);
     for (const auto& answer : line.receive(Bytes(request.begin(), request.end()))) {
-      EXPECT_EQ(answer.bytes.back(), twn4::kLineEnd);
+      EXPECT_EQ(answer.bytes.back(), twn4::lineEnd);
     }
     (void)board.answer(input);
     const AirRequest command = airRequest();

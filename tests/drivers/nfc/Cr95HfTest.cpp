@@ -34,10 +34,10 @@ TEST(Cr95HfReports, GoToTheChipAsListed) {
   const auto toChip = [](std::span<const std::uint8_t> command) {
     return bytesOf(cr95hf::reportOf(ReportId::ToChip, command));
   };
-  EXPECT_EQ(toChip(cr95hf::kEchoCommand), padded("01 55"));
-  EXPECT_EQ(toChip(Bytes{cr95hf::kIdentification, 0}), padded("01 01 00"));
-  EXPECT_EQ(toChip(cr95hf::kSelectIso15693), padded("01 02 02 01 0D"));
-  EXPECT_EQ(toChip(cr95hf::kFieldOff), padded("01 02 02 00 00"));
+  EXPECT_EQ(toChip(cr95hf::echoCommand), padded("01 55"));
+  EXPECT_EQ(toChip(Bytes{cr95hf::identification, 0}), padded("01 01 00"));
+  EXPECT_EQ(toChip(cr95hf::selectIso15693), padded("01 02 02 01 0D"));
+  EXPECT_EQ(toChip(cr95hf::fieldOff), padded("01 02 02 00 00"));
   EXPECT_EQ(toChip(cr95hf::sendReceive(encodeAirRequest(inventoryRequest()))),
             padded("01 04 03 26 01 00"));
   EXPECT_EQ(toChip(cr95hf::sendReceive(encodeAirRequest(writeMessageRequest(hex("11 22 33 44"))))),
@@ -48,12 +48,12 @@ TEST(Cr95HfReports, GoToTheChipAsListed) {
 }
 
 TEST(Cr95HfReports, GoToTheBoardAsListed) {
-  EXPECT_EQ(bytesOf(cr95hf::reportOf(ReportId::ToBoard, Bytes{cr95hf::kBoardRevision})),
+  EXPECT_EQ(bytesOf(cr95hf::reportOf(ReportId::ToBoard, Bytes{cr95hf::boardRevision})),
             padded("02 BC"));
 }
 
 TEST(Cr95HfReports, CarryALongestPieceInOneReport) {
-  const Bytes piece(kPieceLength, 0xA5);
+  const Bytes piece(maxPieceLength, 0xA5);
   const Bytes command = cr95hf::sendReceive(encodeAirRequest(writeMessageRequest(piece)));
   EXPECT_EQ(command.size(), 63U);
   EXPECT_EQ(bytesOf(cr95hf::reportOf(ReportId::ToChip, command)).back(), 0xA5);

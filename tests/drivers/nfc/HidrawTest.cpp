@@ -96,8 +96,9 @@ TEST_F(HidrawReaders, AreNamedByTheirNode) {
     driver.ReadInputRegisters(192, 4, 1, 2);
     FAIL() << "nobody is at the other end";
   } catch (const ReadError& error) {
-    EXPECT_THAT(error.what(), HasSubstr("USB NFC reader (/dev/hidraw0), input register 4 of unit "
-                                        "192: the reader does not answer"));
+    EXPECT_THAT(error.what(),
+                HasSubstr("USB NFC reader (/dev/hidraw0), input register 4 at address "
+                          "192: the reader does not answer"));
   }
 }
 

@@ -15,7 +15,7 @@ namespace {
 
 using ::testing::HasSubstr;
 using testing::hex;
-using testing::kListedUid;
+using testing::listedUid;
 
 /// A request as the protocol page shows it: on air, with its checksum.
 struct Exchange {
@@ -30,21 +30,21 @@ std::vector<Exchange> exchanges() {
   return {
       {"inventory", inventoryRequest(), "26 01 00 F6 0A"},
       {"password",
-       {0x02, tagCommand::kPresentPassword, {}, Bytes(9)},
+       {0x02, tagCommand::presentPassword, {}, Bytes(9)},
        "02 B3 02 00 00 00 00 00 00 00 00 00 4C C5"},
       {"mailboxMode",
-       {0x02, tagCommand::kWriteConfiguration, {}, {kMailboxMode, 0x01}},
+       {0x02, tagCommand::writeConfiguration, {}, {mailboxMode, 0x01}},
        "02 A1 02 0D 01 30 73"},
-      {"mailboxOn", writeControlRequest(mailboxBits::kEnabled), "02 AE 02 0D 01 C9 C1"},
+      {"mailboxOn", writeControlRequest(mailboxBits::enabled), "02 AE 02 0D 01 C9 C1"},
       {"control", readControlRequest(), "02 AD 02 0D 55 DD"},
       {"write", writeMessageRequest(hex("11 22 33 44")), "02 AA 02 03 11 22 33 44 3C 60"},
       {"length", messageLengthRequest(), "02 AB 02 31 1B"},
       {"addressedLength",
-       {0x22, tagCommand::kReadMessageLength, kListedUid, {}},
+       {0x22, tagCommand::readMessageLength, listedUid, {}},
        "22 AB 02 88 77 66 55 44 26 02 E0 F5 57"},
       {"wholeMessage", readMessageRequest(0, 1), "02 AC 02 00 00 4E 59"},
       {"partOfMessage", readMessageRequest(2, 3), "02 AC 02 02 02 EC 49"},
-      {"readBlock", {0x02, tagCommand::kReadBlock, {}, {0x50}}, "02 20 50 C2 02"},
+      {"readBlock", {0x02, tagCommand::readBlock, {}, {0x50}}, "02 20 50 C2 02"},
   };
 }
 
@@ -119,7 +119,7 @@ TEST(AirChecksum, ThatIsMissingIsDamage) {
 }
 
 TEST(TagNumber, StandsInAnInventoryWithItsLeastSignificantByteFirst) {
-  EXPECT_EQ(uidOf(hex("00 88 77 66 55 44 26 02 E0")), kListedUid);
+  EXPECT_EQ(uidOf(hex("00 88 77 66 55 44 26 02 E0")), listedUid);
   EXPECT_EQ(faultOf([] { (void)uidOf(hex("00 88")); }).kind, NfcFaultKind::Damage);
 }
 

@@ -16,10 +16,10 @@ using namespace std::chrono_literals;
 using ::testing::HasSubstr;
 using testing::hex;
 
-constexpr std::uint8_t kFree = mailboxBits::kEnabled;
-constexpr std::uint8_t kRequestLies = 0x85;  // enabled, the reader's message lies in it
-constexpr std::uint8_t kAnswerLies = 0x43;   // enabled, the module's message lies in it
-constexpr std::uint8_t kOff = 0x00;
+constexpr std::uint8_t freeMailbox = mailboxBits::enabled;
+constexpr std::uint8_t requestLies = 0x85;  // enabled, the reader's message lies in it
+constexpr std::uint8_t answerLies = 0x43;   // enabled, the module's message lies in it
+constexpr std::uint8_t mailboxOff = 0x00;
 
 /// An exchange, and the tag that the test plays, at a time that it sets.
 class MailboxExchanges : public ::testing::Test {
@@ -48,7 +48,7 @@ class MailboxExchanges : public ::testing::Test {
 
   void beginAndWrite(const Bytes& frame) {
     begin(frame);
-    look(kFree);
+    look(freeMailbox);
     expectRequest(writeMessageRequest(frame));
     answer();
   }
@@ -61,9 +61,9 @@ class MailboxExchanges : public ::testing::Test {
 
 TEST_F(MailboxExchanges, LookWriteLookMeasureAndFetch) {
   beginAndWrite(request);
-  look(kRequestLies);
-  look(kFree);
-  look(kAnswerLies);
+  look(requestLies);
+  look(freeMailbox);
+  look(answerLies);
   expectRequest(messageLengthRequest());
   answer({6});
   expectRequest(readMessageRequest(0, 7));
@@ -75,25 +75,25 @@ TEST_F(MailboxExchanges, LookWriteLookMeasureAndFetch) {
 
 TEST_F(MailboxExchanges, SwitchTheMailboxOnIfItIsNot) {
   begin(request);
-  look(kOff);
+  look(mailboxOff);
   expectRequest(writeControlRequest(0x01));
   answer();
-  look(kFree);
+  look(freeMailbox);
   expectRequest(writeMessageRequest(request));
 }
 
 TEST_F(MailboxExchanges, EndIfTheMailboxCannotBeSwitchedOn) {
   begin(request);
-  look(kOff);
+  look(mailboxOff);
   answer();
-  const auto fault = faultOf([&] { look(kOff); });
+  const auto fault = faultOf([&] { look(mailboxOff); });
   EXPECT_EQ(fault.kind, NfcFaultKind::MailboxOff);
   EXPECT_THAT(fault.text, HasSubstr("does not allow its mailbox"));
 }
 
 TEST_F(MailboxExchanges, EndIfAMailboxThatWasOnIsOff) {
   exchange.emplace(request, MailboxTimings{}, now, true);
-  EXPECT_EQ(faultOf([&] { look(kOff); }).kind, NfcFaultKind::TagGone);
+  EXPECT_EQ(faultOf([&] { look(mailboxOff); }).kind, NfcFaultKind::TagGone);
 }
 
 TEST_F(MailboxExchanges, EndIfTheTagRefusesTheControlRegister) {
@@ -105,70 +105,70 @@ TEST_F(MailboxExchanges, EndIfTheTagRefusesTheControlRegister) {
 
 TEST_F(MailboxExchanges, ThrowAwayAnAnswerThatNobodyFetched) {
   begin(request);
-  look(kAnswerLies);
+  look(answerLies);
   expectEmptying();
-  look(kFree);
+  look(freeMailbox);
   expectRequest(writeMessageRequest(request));
 }
 
 TEST_F(MailboxExchanges, ThrowAwayAgainWhatTheModulePutsMeanwhile) {
   begin(request);
-  look(kAnswerLies);
+  look(answerLies);
   expectEmptying();
-  look(kAnswerLies);
+  look(answerLies);
   expectEmptying();
-  look(kFree);
+  look(freeMailbox);
   expectRequest(writeMessageRequest(request));
 }
 
 TEST_F(MailboxExchanges, GiveTheModuleTimeToFetchAnEarlierRequest) {
   begin(request);
-  look(kRequestLies);
+  look(requestLies);
   now += 100ms;
-  look(kRequestLies);
-  look(kFree);
+  look(requestLies);
+  look(freeMailbox);
   expectRequest(writeMessageRequest(request));
 }
 
 TEST_F(MailboxExchanges, EmptyAMailboxThatIsStuck) {
   begin(request);
-  look(kRequestLies);
+  look(requestLies);
   now += 150ms;
-  look(kRequestLies);
+  look(requestLies);
   expectEmptying();
-  look(kFree);
+  look(freeMailbox);
   expectRequest(writeMessageRequest(request));
 }
 
 TEST_F(MailboxExchanges, EndIfAnEmptiedMailboxIsStillBusy) {
   begin(request);
   now += 150ms;
-  look(kRequestLies);
+  look(requestLies);
   expectEmptying();
-  look(kRequestLies);
+  look(requestLies);
   now += 150ms;
-  const auto fault = faultOf([&] { look(kRequestLies); });
+  const auto fault = faultOf([&] { look(requestLies); });
   EXPECT_EQ(fault.kind, NfcFaultKind::MailboxBusy);
   EXPECT_EQ(fault.text, "the module's mailbox is busy: it took no message for 300 ms");
 }
 
 TEST_F(MailboxExchanges, LookAgainIfTheTagRefusesTheMessage) {
   begin(request);
-  look(kFree);
+  look(freeMailbox);
   exchange->refused("busy", now);
-  look(kAnswerLies);
+  look(answerLies);
   expectEmptying();
-  look(kFree);
+  look(freeMailbox);
   expectRequest(writeMessageRequest(request));
 }
 
 TEST_F(MailboxExchanges, EndIfTheTagRefusesTheMessageForGood) {
   begin(request);
-  look(kFree);
+  look(freeMailbox);
   now += 150ms;
   exchange->refused("busy", now);
   expectEmptying();
-  look(kFree);
+  look(freeMailbox);
   now += 150ms;
   EXPECT_EQ(faultOf([&] { exchange->refused("busy", now); }).kind, NfcFaultKind::MailboxBusy);
 }
@@ -176,18 +176,18 @@ TEST_F(MailboxExchanges, EndIfTheTagRefusesTheMessageForGood) {
 TEST_F(MailboxExchanges, EndIfTheModuleDoesNotFetchTheRequest) {
   beginAndWrite(request);
   now += 499ms;
-  look(kRequestLies);
+  look(requestLies);
   now += 1ms;
-  const auto fault = faultOf([&] { look(kRequestLies); });
+  const auto fault = faultOf([&] { look(requestLies); });
   EXPECT_EQ(fault.kind, NfcFaultKind::ModuleSilent);
   EXPECT_EQ(fault.text, "the module did not fetch the request from its mailbox within 500 ms");
 }
 
 TEST_F(MailboxExchanges, EndIfTheModuleFetchesTheRequestAndDoesNotAnswer) {
   beginAndWrite(request);
-  look(kFree);
+  look(freeMailbox);
   now += 500ms;
-  const auto fault = faultOf([&] { look(kFree); });
+  const auto fault = faultOf([&] { look(freeMailbox); });
   EXPECT_EQ(fault.kind, NfcFaultKind::ModuleSilent);
   EXPECT_EQ(fault.text,
             "the module fetched the request from its mailbox but did not answer within 500 ms");
@@ -196,23 +196,23 @@ TEST_F(MailboxExchanges, EndIfTheModuleFetchesTheRequestAndDoesNotAnswer) {
 TEST_F(MailboxExchanges, TakeAnAnswerThatTheLastLookFinds) {
   beginAndWrite(request);
   now += 600ms;
-  look(kAnswerLies);
+  look(answerLies);
   expectRequest(messageLengthRequest());
 }
 
 TEST_F(MailboxExchanges, EndIfTheMailboxIsSwitchedOffInTheMiddle) {
   beginAndWrite(request);
-  EXPECT_EQ(faultOf([&] { look(kOff); }).kind, NfcFaultKind::TagGone);
+  EXPECT_EQ(faultOf([&] { look(mailboxOff); }).kind, NfcFaultKind::TagGone);
 }
 
 TEST_F(MailboxExchanges, LookAgainIfTheMessageGoesBeforeItIsMeasured) {
   beginAndWrite(request);
-  look(kAnswerLies);
+  look(answerLies);
   exchange->refused("empty", now);
-  look(kAnswerLies);
+  look(answerLies);
   answer({6});
   exchange->refused("empty", now);
-  look(kAnswerLies);
+  look(answerLies);
   answer({6});
   answer(reply);
   EXPECT_TRUE(exchange->isDone());
@@ -220,7 +220,7 @@ TEST_F(MailboxExchanges, LookAgainIfTheMessageGoesBeforeItIsMeasured) {
 
 TEST_F(MailboxExchanges, FetchALongMessagePartByPart) {
   beginAndWrite(request);
-  look(kAnswerLies);
+  look(answerLies);
   Bytes longReply(115);
   std::iota(longReply.begin(), longReply.end(), std::uint8_t{1});
   answer({114});
@@ -238,7 +238,7 @@ TEST_F(MailboxExchanges, FetchALongMessagePartByPart) {
 
 TEST_F(MailboxExchanges, FetchAMessageOfTheWholeMailbox) {
   beginAndWrite(request);
-  look(kAnswerLies);
+  look(answerLies);
   answer({0xFF});
   for (const std::size_t count : {57U, 57U, 57U, 57U, 28U}) answer(Bytes(count, 0x11));
   EXPECT_EQ(exchange->answer(), Bytes(256, 0x11));
@@ -248,31 +248,31 @@ TEST_F(MailboxExchanges, SendALongFrameAsPiecesOneAfterTheOther) {
   const Bytes frame(100, 0x22);
   const auto pieces = piecesOf(frame);
   begin(frame);
-  look(kFree);
+  look(freeMailbox);
   expectRequest(writeMessageRequest(pieces[0]));
   answer();
-  look(kRequestLies);
-  look(kFree);
+  look(requestLies);
+  look(freeMailbox);
   expectRequest(writeMessageRequest(pieces[1]));
   answer();
-  look(kRequestLies);
-  look(kAnswerLies);
+  look(requestLies);
+  look(answerLies);
   expectRequest(messageLengthRequest());
 }
 
 TEST_F(MailboxExchanges, EndIfTheModuleDoesNotFetchTheFirstPiece) {
   begin(Bytes(100, 0x22));
-  look(kFree);
+  look(freeMailbox);
   answer();
   now += 500ms;
-  EXPECT_EQ(faultOf([&] { look(kRequestLies); }).kind, NfcFaultKind::ModuleSilent);
+  EXPECT_EQ(faultOf([&] { look(requestLies); }).kind, NfcFaultKind::ModuleSilent);
 }
 
 TEST_F(MailboxExchanges, TakeAnAnswerToTheFirstPieceForTheAnswer) {
   begin(Bytes(100, 0x22));
-  look(kFree);
+  look(freeMailbox);
   answer();
-  look(kAnswerLies);
+  look(answerLies);
   expectRequest(messageLengthRequest());
 }
 
@@ -281,7 +281,7 @@ TEST_F(MailboxExchanges, PutAnAnswerInPiecesTogether) {
   const Bytes frame(100, 0x33);
   for (const Bytes& piece : piecesOf(frame)) {
     EXPECT_FALSE(exchange->isDone());
-    look(kAnswerLies);
+    look(answerLies);
     answer({static_cast<std::uint8_t>(piece.size() - 1)});
     answer(piece);
   }
@@ -290,12 +290,12 @@ TEST_F(MailboxExchanges, PutAnAnswerInPiecesTogether) {
 
 TEST_F(MailboxExchanges, EndIfTheRestOfAnAnswerDoesNotCome) {
   beginAndWrite(request);
-  look(kAnswerLies);
+  look(answerLies);
   const Bytes piece = piecesOf(Bytes(100, 0x33)).front();
   answer({static_cast<std::uint8_t>(piece.size() - 1)});
   answer(piece);
   now += 500ms;
-  EXPECT_EQ(faultOf([&] { look(kFree); }).kind, NfcFaultKind::ModuleSilent);
+  EXPECT_EQ(faultOf([&] { look(freeMailbox); }).kind, NfcFaultKind::ModuleSilent);
 }
 
 TEST_F(MailboxExchanges, EndIfTheTagGivesAnotherNumberOfBytes) {
@@ -303,7 +303,7 @@ TEST_F(MailboxExchanges, EndIfTheTagGivesAnotherNumberOfBytes) {
   EXPECT_EQ(faultOf([&] { answer({}); }).kind, NfcFaultKind::Damage);
   EXPECT_EQ(faultOf([&] { answer({1, 2}); }).kind, NfcFaultKind::Damage);
   beginAndWrite(request);
-  look(kAnswerLies);
+  look(answerLies);
   EXPECT_EQ(faultOf([&] { answer({}); }).kind, NfcFaultKind::Damage);
   answer({6});
   EXPECT_EQ(faultOf([&] { answer(hex("C0 04")); }).kind, NfcFaultKind::Damage);
@@ -321,7 +321,7 @@ TEST_F(MailboxExchanges, PauseBetweenLooksForATenthOfTheTimeWaited) {
 TEST_F(MailboxExchanges, DoNotPauseWhenThereIsNothingToWaitFor) {
   beginAndWrite(request);
   now += 100ms;
-  look(kAnswerLies);
+  look(answerLies);
   EXPECT_EQ(exchange->pause(now), 0ms);
 }
 

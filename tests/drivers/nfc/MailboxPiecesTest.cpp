@@ -34,12 +34,12 @@ TEST(MailboxPieces, OfALongerFrameBeginWithTheMarkAndTheirNumber) {
 TEST(MailboxPieces, OfTheLongestFrameAreFive) {
   const auto pieces = piecesOf(frameOfLength(256));
   ASSERT_EQ(pieces.size(), 5U);
-  for (const Bytes& piece : pieces) EXPECT_LE(piece.size(), kPieceLength);
+  for (const Bytes& piece : pieces) EXPECT_LE(piece.size(), maxPieceLength);
   EXPECT_EQ(pieces[4][1], 0x84);
 }
 
 TEST(MailboxPieces, AreEachPutTogetherAgain) {
-  for (std::size_t length = 1; length <= kLongestFrame; ++length) {
+  for (std::size_t length = 1; length <= maxFrameLength; ++length) {
     PieceAssembler assembler;
     std::optional<Bytes> frame;
     for (const Bytes& piece : piecesOf(frameOfLength(length))) {
@@ -85,7 +85,7 @@ TEST(MailboxPieces, ThatHoldNothingAreDamage) {
 TEST(MailboxPieces, ThatMakeMoreThanTheLongestFrameAreDamage) {
   PieceAssembler assembler;
   Bytes piece(202, 0x01);
-  piece[0] = kPieceMark;
+  piece[0] = pieceMark;
   piece[1] = 0x00;
   (void)assembler.add(piece);
   piece[1] = 0x81;

@@ -97,8 +97,8 @@ class BoardOnNode {
     std::size_t length = 0;
     while (!isEnding_) {
       ::pollfd waiting{node_, POLLIN, 0};
-      constexpr int kStep = 20;
-      if (::poll(&waiting, 1, kStep) <= 0) continue;
+      constexpr int unit = 20;
+      if (::poll(&waiting, 1, unit) <= 0) continue;
       const ::ssize_t count = ::read(node_, report.data() + length, report.size() - length);
       if (count <= 0) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));  // nobody has the node open

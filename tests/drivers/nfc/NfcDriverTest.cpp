@@ -105,7 +105,7 @@ TEST_P(NfcDrivers, StartOverIfTheyAreConnectedAlready) {
 
 TEST_P(NfcDrivers, ReadNothingWithoutAConnection) {
   EXPECT_THAT(failureOfFirmware(),
-              HasSubstr("input register 4 of unit 192: no connection is open"));
+              HasSubstr("input register 4 at address 192: no connection is open"));
   ASSERT_TRUE(connect());
   driver.CloseSerialConnection();
   EXPECT_THAT(failureOfFirmware(), HasSubstr("no connection is open"));
@@ -113,19 +113,40 @@ TEST_P(NfcDrivers, ReadNothingWithoutAConnection) {
 
 TEST_P(NfcDrivers, NamePortRequestAndCause) {
   ASSERT_TRUE(connect());
-  EXPECT_THAT(failure([this] { return driver.ReadInputRegisters(192, 7000, 4, 2); }),
-              AllOf(StartsWith(reader->name() + ", "),
-                    HasSubstr("input registers 7000..7003 of unit 192: exception 2: illegal data "
-                              "address")));
+  EXPECT_THAT(
+      failure([this] { return driver.ReadInputRegisters(192, 7000, 4, 2); }),
+      AllOf(StartsWith(reader->name() + ", "),
+            HasSubstr("input registers 7000..7003 at address 192: exception 2: illegal data "
+                      "address")));
 }
 
-TEST_P(NfcDrivers, KnowNoHartCommands) {
+TEST_P(NfcDrivers, HaveNoReplyToHartCommand48) {
+  Cmd48Reply reply{7};
+  EXPECT_EQ(driver.CMD48(reply), 0);
   ASSERT_TRUE(connect());
-  Cmd48Reply reply{};
-  EXPECT_THROW(driver.CMD48(reply), ReadError);
+  EXPECT_EQ(driver.CMD48(reply), 0);
+  EXPECT_EQ(reply, Cmd48Reply{7});
 }
 
-TEST_P(NfcDrivers, AskNoModuleForTheImpossible) {
+TEST_P(NfcDrivers, AskABusyModuleAgainUntilItAnswers) {
+  ASSERT_TRUE(connect());
+  for (const std::uint8_t code : Bytes{5, 6}) {
+    reader->inField([code](SimulatedField& field) {
+      field.tag().module().setFaults({{faults::ExceptionReply{code}, faults::At{1}},
+                                      {faults::ExceptionReply{code}, faults::At{2}},
+                                      {faults::ExceptionReply{code}, faults::At{3}}});
+    });
+    EXPECT_EQ(firmware(), (DeviceWords{0x2000}));
+  }
+}
+
+TEST_P(NfcDrivers, GiveUpAModuleThatStaysBusy) {
+  ASSERT_TRUE(connect());
+  reader->orderOfModule(faults::ExceptionReply{6}, faults::Every{1});
+  EXPECT_THAT(failureOfFirmware(), HasSubstr("exception 6: busy, asked for 500 ms"));
+}
+
+TEST_P(NfcDrivers, RefuseImpossibleRequests) {
   ASSERT_TRUE(connect());
   EXPECT_THAT(failure([this] { return driver.ReadInputRegisters(0, 4, 1, 2); }),
               HasSubstr("answered by none"));
@@ -178,28 +199,28 @@ TEST_P(NfcDrivers, SayThatTheReaderHasBeenUnpluggedWhileTheyWait) {
   EXPECT_THAT(failureOfFirmware(), HasSubstr("the reader has been unplugged"));
 }
 
-TEST_P(NfcDrivers, SayThatNoModuleLiesInTheField) {
+TEST_P(NfcDrivers, SayThatNoModuleIsInTheField) {
   reader->order(fieldFaults::TagAbsent{}, faults::Every{1});
   ASSERT_TRUE(connect());
-  EXPECT_THAT(failureOfFirmware(), HasSubstr("no module lies in the field of the reader"));
+  EXPECT_THAT(failureOfFirmware(), HasSubstr("no module in the reader's field"));
 }
 
-TEST_P(NfcDrivers, SayThatTheModuleHasBeenTakenAwayInTheMiddle) {
+TEST_P(NfcDrivers, SayThatTheModuleHasBeenRemovedDuringARead) {
   for (std::uint64_t request = 2; request < 8; ++request) {
     reader->order(fieldFaults::TagLeaves{}, faults::At{request});
     ASSERT_TRUE(connect());
     EXPECT_THAT(failureOfFirmware(),
-                HasSubstr("the module has been taken out of the reader's field"))
+                HasSubstr("the module has been removed from the reader's field"))
         << request;
   }
 }
 
-TEST_P(NfcDrivers, SayThatTheModuleHasBeenTakenAwayBetweenTwoReads) {
+TEST_P(NfcDrivers, SayThatTheModuleHasBeenRemovedBetweenTwoReads) {
   ASSERT_TRUE(connect());
   firmware();
   reader->order(fieldFaults::TagLeaves{}, faults::At{1});
   EXPECT_THAT(failureOfFirmware(),
-              HasSubstr("the module has been taken out of the reader's field"));
+              HasSubstr("the module has been removed from the reader's field"));
 }
 
 TEST_P(NfcDrivers, GoOnWithAModuleThatComesBack) {
@@ -276,7 +297,7 @@ TEST_P(NfcDrivers, SayThatTheModuleDoesNotAnswer) {
 
 TEST_P(NfcDrivers, AskTwiceIfTheFirstAnswerIsUseless) {
   const std::vector<FaultEffect> effects{
-      faults::NoReply{}, faults::BadChecksum{},       faults::WrongUnit{7},    faults::CutOff{4},
+      faults::NoReply{}, faults::BadChecksum{},       faults::WrongAddress{7}, faults::CutOff{4},
       faults::Echo{},    faults::Noise{{0x55, 0xAA}}, faults::LateReply{700ms}};
   ASSERT_TRUE(connect());
   for (const FaultEffect& effect : effects) {
@@ -300,7 +321,7 @@ TEST_P(NfcDrivers, SayWhatIsWrongWithEachAnswer) {
   EXPECT_THAT(failureWith(faults::BadChecksum{}),
               HasSubstr("checksum error in the module's answer"));
   EXPECT_THAT(failureWith(faults::CutOff{4}), HasSubstr("checksum error in the module's answer"));
-  EXPECT_THAT(failureWith(faults::WrongUnit{7}), HasSubstr("answer from unit 7"));
+  EXPECT_THAT(failureWith(faults::WrongAddress{7}), HasSubstr("answer from address 7"));
   EXPECT_THAT(failureWith(faults::ExceptionReply{4}), HasSubstr("exception 4: device failure"));
 }
 
@@ -317,7 +338,8 @@ TEST_P(NfcDrivers, NeverTakeWhatLiesInTheMailboxForAnAnswer) {
   ASSERT_TRUE(connect());
   firmware();
   reader->inField([](SimulatedField& field) {
-    const Bytes request = modbusFrame(kDefaultStation, kReadInputRegisters, Bytes{0, 4, 0, 1});
+    const Bytes request =
+        modbusFrame(defaultAddress, readInputRegistersFunction, Bytes{0, 4, 0, 1});
     field.send({0x02,
                 0xAA,
                 {},
@@ -331,7 +353,7 @@ TEST_P(NfcDrivers, NeverTakeWhatLiesInTheMailboxForAnAnswer) {
   EXPECT_EQ(driver.ReadInputRegisters(192, 3, 1, 2), (DeviceWords{0x1010}));
 }
 
-TEST_P(NfcDrivers, SayThatAnotherModuleHasBeenPutInThePlaceOfTheFirst) {
+TEST_P(NfcDrivers, SayThatAnotherModuleHasReplacedTheFirst) {
   ASSERT_TRUE(connect());
   firmware();
   reader->inField([](SimulatedField& field) {
@@ -339,7 +361,7 @@ TEST_P(NfcDrivers, SayThatAnotherModuleHasBeenPutInThePlaceOfTheFirst) {
     other.uid.back() = 0x99;
     field.replaceTag(std::move(other));
   });
-  EXPECT_THAT(failureOfFirmware(), HasSubstr("another module lies in the field of the reader now"));
+  EXPECT_THAT(failureOfFirmware(), HasSubstr("another module is in the reader's field now"));
   driver.CloseSerialConnection();
   ASSERT_TRUE(connect());
   EXPECT_EQ(firmware(), (DeviceWords{0x2000}));
@@ -391,7 +413,7 @@ class OlderReaders final : public UsbReaders {
   UsbReaders& readers_;
 };
 
-TEST(OlderNfcReaders, ReadModulesThoughTheyKnowNoRevision) {
+TEST(OlderNfcReaders, ReadModulesThoughTheyReportNoRevision) {
   testing::UsbReaderUnderTest reader(testing::nfcSample());
   OlderReaders readers(reader.usbReaders());
   NfcDriver driver(reader, readers);

@@ -54,7 +54,7 @@ TEST_F(NfcPlatform, ListsAnEmbeddedTwn4UnderItsOwnName) {
 }
 
 TEST_F(NfcPlatform, ListsAnAnnouncedTwn4UnderItsOwnName) {
-  const Announcement announced("/dev/pts/6", kTwn4Prefix);
+  const Announcement announced("/dev/pts/6", twn4Prefix);
   LinuxPlatformOptions options;
   options.looksForDevices = false;
   LinuxPlatform platform(loop, nullptr, options);

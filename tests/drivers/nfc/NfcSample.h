@@ -10,7 +10,7 @@ namespace tessara::testing {
 /// 1000 on that hold their own numbers.
 inline SimulatedNfcModule nfcSample() {
   SimulatedNfcModule sample;
-  sample.uid = kListedUid;
+  sample.uid = listedUid;
   sample.module.identification = {49, 1, 15, 151};
   sample.module.registers = {{3, 0x1010}, {4, 0x2000}, {5, 0xFFFF}};
   for (std::uint16_t number = 1000; number < 1125; ++number) {

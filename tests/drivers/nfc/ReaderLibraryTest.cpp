@@ -11,6 +11,7 @@
 #include "drivers/nfc/LinuxNfcReaderLibrary.h"
 #include "drivers/nfc/ReaderUnderTest.h"
 #include "ports/AdapterWords.h"
+#include "serial/PortError.h"
 
 namespace tessara {
 namespace {
@@ -33,8 +34,8 @@ class MuteDevice final : public HidDevice {
 class EchoingDevice final : public HidDevice {
  public:
   void write(const cr95hf::Report& report) override {
-    if (report == cr95hf::reportOf(cr95hf::ReportId::ToChip, cr95hf::kEchoCommand)) {
-      const cr95hf::Report answer = cr95hf::reportOf(cr95hf::Answer{cr95hf::kEcho});
+    if (report == cr95hf::reportOf(cr95hf::ReportId::ToChip, cr95hf::echoCommand)) {
+      const cr95hf::Report answer = cr95hf::reportOf(cr95hf::Answer{cr95hf::echo});
       waiting_ = Bytes(answer.begin(), answer.end());
     }
   }
@@ -55,7 +56,7 @@ class BabblingDevice final : public HidDevice {
   void write(const cr95hf::Report& /*report*/) override { isBabbling_ = true; }
   std::optional<Bytes> read(std::chrono::milliseconds /*timeout*/) override {
     if (!isBabbling_) return std::nullopt;
-    const cr95hf::Report report = cr95hf::reportOf(cr95hf::Answer{cr95hf::kDone});
+    const cr95hf::Report report = cr95hf::reportOf(cr95hf::Answer{cr95hf::done});
     return Bytes(report.begin(), report.end());
   }
   [[nodiscard]] std::string name() const override { return "babbling"; }

@@ -47,14 +47,14 @@ TEST_P(NfcSamples, GiveAllThatAReadAsksFor) {
   NfcDriver driver(*reader, reader->usbReaders());
   std::int16_t comPort = reader->comPort();
   std::int32_t baudrate = 19200;
-  std::uint8_t address = kDefaultStation;
+  std::uint8_t address = defaultAddress;
   ASSERT_TRUE(driver.ConnectWithSerialDevice(comPort, baudrate));
   EXPECT_EQ(driver.ReadDeviceIdentifier(address),
             DeviceWords(sample.module.identification.begin(), sample.module.identification.end()));
-  EXPECT_EQ(driver.ReadInputRegisters(192, kFirmwareRegister, 1, 2), (DeviceWords{0x2000}));
-  EXPECT_EQ(driver.ReadInputRegisters(192, kSecondVersionRegister, 1, 2), (DeviceWords{0x1010}));
-  EXPECT_EQ(driver.ReadInputRegisters(192, kSerialNumberRegister, 4, 2).size(), 4U);
-  EXPECT_EQ(driver.ReadInputRegisters(192, kNameRegister, 16, 2).size(), 16U);
+  EXPECT_EQ(driver.ReadInputRegisters(192, firmwareRegister, 1, 2), (DeviceWords{0x2000}));
+  EXPECT_EQ(driver.ReadInputRegisters(192, secondVersionRegister, 1, 2), (DeviceWords{0x1010}));
+  EXPECT_EQ(driver.ReadInputRegisters(192, serialNumberRegister, 4, 2).size(), 4U);
+  EXPECT_EQ(driver.ReadInputRegisters(192, nameRegister, 16, 2).size(), 16U);
   for (const std::int32_t status : {0, 100, 101, 102, 103, 104}) {
     EXPECT_EQ(driver.ReadInputRegisters(192, status, 1, 2).size(), 1U) << status;
   }

@@ -4,11 +4,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "drivers/PortLock.h"
 #include "drivers/nfc/FaultOf.h"
 #include "drivers/nfc/NfcSample.h"
 #include "drivers/nfc/TagCommands.h"
 #include "drivers/nfc/UsbReader.h"
+#include "serial/PortError.h"
 #include "simulator/ModbusCodec.h"
 #include "simulator/nfc/SimulatedTwn4.h"
 #include "simulator/nfc/SimulatedUsbReader.h"
@@ -50,14 +50,14 @@ TEST_F(SimulatedTwn4s, AnswerAsListed) {
 TEST_F(SimulatedTwn4s, CarryMailboxMessages) {
   ask("050010");
   ask("0D0002AE03020D01FF");
-  const Bytes request = modbusFrame(kDefaultStation, kReportServerId);
+  const Bytes request = modbusFrame(defaultAddress, reportServerIdFunction);
   EXPECT_EQ(ask("0D0002AA0602" + hexText(static_cast<std::uint8_t>(request.size() - 1)) +
                 hexText(request) + "FF"),
             "000100");
   EXPECT_EQ(ask("0D0002AD02020DFF"), "00010143");
   EXPECT_EQ(ask("0D0002AB0102FF"), "0001010E");
   const Bytes answer =
-      modbusFrame(kDefaultStation, kReportServerId, hex("0A 01 FF 00 31 00 01 00 0F 00 97"));
+      modbusFrame(defaultAddress, reportServerIdFunction, hex("0A 01 FF 00 31 00 01 00 0F 00 97"));
   EXPECT_EQ(ask("0D0002AC03020000FF"), "00010F" + hexText(answer));
 }
 

@@ -15,10 +15,10 @@ namespace {
 
 using namespace std::chrono_literals;
 using testing::hex;
-using testing::kListedUid;
+using testing::listedUid;
 using testing::nfcSample;
 
-constexpr std::uint8_t kOn = 0x01;
+constexpr std::uint8_t mailboxOn = 0x01;
 
 class SimulatedTags : public ::testing::Test {
  protected:
@@ -28,14 +28,14 @@ class SimulatedTags : public ::testing::Test {
     return said.value_or(AirAnswer());
   }
   std::uint8_t control() { return ask(readControlRequest()).data.at(0); }
-  void switchMailboxOn() { ask(writeControlRequest(kOn)); }
+  void switchMailboxOn() { ask(writeControlRequest(mailboxOn)); }
   void order(FaultEffect effect) {
     tag.module().setFaults({{std::move(effect), faults::Every{1}}});
   }
 
-  const Bytes request = modbusFrame(kDefaultStation, kReadInputRegisters, hex("00 04 00 01"));
-  const Bytes answer = modbusFrame(kDefaultStation, kReadInputRegisters, hex("02 20 00"));
-  SimulatedTag tag{nfcSample().module, kListedUid};
+  const Bytes request = modbusFrame(defaultAddress, readInputRegistersFunction, hex("00 04 00 01"));
+  const Bytes answer = modbusFrame(defaultAddress, readInputRegistersFunction, hex("02 20 00"));
+  SimulatedTag tag{nfcSample().module, listedUid};
   SimulatedTag::Clock::time_point now{1h};
 };
 
@@ -44,7 +44,7 @@ TEST_F(SimulatedTags, TellTheirNumber) {
 }
 
 TEST_F(SimulatedTags, LeaveRequestsToOthersAlone) {
-  AirRequest addressed{0x22, tagCommand::kReadMessageLength, kListedUid, {}};
+  AirRequest addressed{0x22, tagCommand::readMessageLength, listedUid, {}};
   EXPECT_NE(tag.answer(addressed, now), std::nullopt);
   addressed.uid[7] = 0x89;
   EXPECT_EQ(tag.answer(addressed, now), std::nullopt);
@@ -114,13 +114,13 @@ TEST_F(SimulatedTags, DropALateAnswerForWhichThereIsNoRoom) {
   tag.module().setFaults({{faults::LateReply{200ms}, faults::At{1}}});
   switchMailboxOn();
   ask(writeMessageRequest(request));
-  const Bytes second = modbusFrame(kDefaultStation, kReadInputRegisters, hex("00 03 00 01"));
+  const Bytes second = modbusFrame(defaultAddress, readInputRegistersFunction, hex("00 03 00 01"));
   EXPECT_FALSE(ask(writeMessageRequest(second)).isRefusal());
   EXPECT_EQ(control(), 0x85) << "the module has no time yet";
   now += 200ms;
   EXPECT_EQ(control(), 0x43);
   EXPECT_EQ(ask(readMessageRequest(0, 1)).data,
-            modbusFrame(kDefaultStation, kReadInputRegisters, hex("02 10 10")));
+            modbusFrame(defaultAddress, readInputRegistersFunction, hex("02 10 10")));
 }
 
 TEST_F(SimulatedTags, MaySeemBusy) {
@@ -138,7 +138,7 @@ TEST_F(SimulatedTags, MaySeemBusy) {
 TEST_F(SimulatedTags, SayNothingToWhatIsNoRequestToTheModule) {
   switchMailboxOn();
   for (const Bytes& message :
-       {hex("C0 04"), hex("C0 04 00 04 00 01 00 00"), modbusFrame(7, kReportServerId)}) {
+       {hex("C0 04"), hex("C0 04 00 04 00 01 00 00"), modbusFrame(7, reportServerIdFunction)}) {
     EXPECT_FALSE(ask(writeMessageRequest(message)).isRefusal());
     EXPECT_EQ(control(), 0x81);
   }
@@ -146,13 +146,14 @@ TEST_F(SimulatedTags, SayNothingToWhatIsNoRequestToTheModule) {
 
 TEST_F(SimulatedTags, TakeAndGiveLongFramesInPieces) {
   switchMailboxOn();
-  const Bytes longRequest = modbusFrame(kDefaultStation, 0x2B, Bytes(100, 0x11));
+  const Bytes longRequest = modbusFrame(defaultAddress, 0x2B, Bytes(100, 0x11));
   for (const Bytes& piece : piecesOf(longRequest)) {
     EXPECT_EQ(control() & 0x06, 0);
     EXPECT_FALSE(ask(writeMessageRequest(piece)).isRefusal());
   }
-  EXPECT_EQ(ask(readMessageRequest(0, 1)).data, modbusExceptionFrame(kDefaultStation, 0x2B, 0x01));
-  ask(writeMessageRequest(modbusFrame(kDefaultStation, kReadInputRegisters, hex("03 E8 00 7D"))));
+  EXPECT_EQ(ask(readMessageRequest(0, 1)).data, modbusExceptionFrame(defaultAddress, 0x2B, 0x01));
+  ask(writeMessageRequest(
+      modbusFrame(defaultAddress, readInputRegistersFunction, hex("03 E8 00 7D"))));
   PieceAssembler assembler;
   std::optional<Bytes> frame;
   for (int piece = 0; piece < 5; ++piece) {
@@ -164,10 +165,10 @@ TEST_F(SimulatedTags, TakeAndGiveLongFramesInPieces) {
 }
 
 TEST_F(SimulatedTags, KeepWhetherTheMailboxMayBeUsedBehindAPassword) {
-  const AirRequest forbid{0x02, tagCommand::kWriteConfiguration, {}, {kMailboxMode, 0x00}};
-  const AirRequest mode{0x02, tagCommand::kReadConfiguration, {}, {kMailboxMode}};
+  const AirRequest forbid{0x02, tagCommand::writeConfiguration, {}, {mailboxMode, 0x00}};
+  const AirRequest mode{0x02, tagCommand::readConfiguration, {}, {mailboxMode}};
   const auto password = [](Bytes data) {
-    return AirRequest{0x02, tagCommand::kPresentPassword, {}, std::move(data)};
+    return AirRequest{0x02, tagCommand::presentPassword, {}, std::move(data)};
   };
   EXPECT_TRUE(ask(forbid).isRefusal());
   EXPECT_TRUE(ask(password(hex("00 00 00 00 00 00 00 00 01"))).isRefusal());
@@ -180,15 +181,15 @@ TEST_F(SimulatedTags, KeepWhetherTheMailboxMayBeUsedBehindAPassword) {
 }
 
 TEST_F(SimulatedTags, RefuseWhatTheyDoNotKnow) {
-  EXPECT_EQ(ask({0x02, tagCommand::kReadBlock, {}, {0x50}}), airRefusal(0x10));
+  EXPECT_EQ(ask({0x02, tagCommand::readBlock, {}, {0x50}}), airRefusal(0x10));
   EXPECT_EQ(ask({0x02, 0xC9, {}, {}}), airRefusal(0x01));
   for (const std::uint8_t command :
-       {tagCommand::kReadDynamic, tagCommand::kWriteDynamic, tagCommand::kReadConfiguration,
-        tagCommand::kWriteConfiguration, tagCommand::kReadMessage, tagCommand::kWriteMessage,
-        tagCommand::kPresentPassword}) {
+       {tagCommand::readDynamic, tagCommand::writeDynamic, tagCommand::readConfiguration,
+        tagCommand::writeConfiguration, tagCommand::readMessage, tagCommand::writeMessage,
+        tagCommand::presentPassword}) {
     EXPECT_EQ(ask({0x02, command, {}, {}}), airRefusal(0x02)) << static_cast<int>(command);
   }
-  for (const std::uint8_t command : {tagCommand::kReadDynamic, tagCommand::kReadConfiguration}) {
+  for (const std::uint8_t command : {tagCommand::readDynamic, tagCommand::readConfiguration}) {
     EXPECT_EQ(ask({0x02, command, {}, {0x55}}), airRefusal(0x10));
   }
 }

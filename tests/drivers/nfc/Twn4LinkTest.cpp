@@ -18,9 +18,9 @@ namespace tessara {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::kListedUid;
+using testing::listedUid;
 
-constexpr const char* kVersionLine = "001A54574E342F42312E30362F434346342E35312F505253312E3034\r";
+constexpr const char* versionLine = "001A54574E342F42312E30362F434346342E35312F505253312E3034\r";
 
 /// A device that answers each line with what the test says.
 class ScriptedDevice final : public SimulatedLine {
@@ -52,7 +52,7 @@ class ScriptedDevice final : public SimulatedLine {
 
 /// Answers as a reader does until it is asked to send something to a tag.
 std::string reader(const std::string& line) {
-  if (line == "0004FF") return kVersionLine;
+  if (line == "0004FF") return versionLine;
   if (line == "050010") return "0001824008E002264455667788\r";
   return "00\r";
 }
@@ -80,7 +80,7 @@ TEST_F(Twn4Links, AskForTheVersionAndForModuleTagsAndSearch) {
     lines.push_back(line);
     return reader(line);
   });
-  EXPECT_EQ(link->selectTag(), kListedUid);
+  EXPECT_EQ(link->selectTag(), listedUid);
   EXPECT_THAT(lines, ::testing::ElementsAre("0004FF", "05020000000004000000", "050010"));
 }
 
@@ -99,14 +99,14 @@ TEST_F(Twn4Links, ThrowAwayAnswersThatComeLate) {
   plugIn([](const std::string& line) {
     return line == "0004FF" ? "0000\r00010143\r" + reader(line) : reader(line);
   });
-  EXPECT_EQ(link->selectTag(), kListedUid);
+  EXPECT_EQ(link->selectTag(), listedUid);
 }
 
 TEST_F(Twn4Links, TakeNoOtherDeviceForAReader) {
   plugIn([](const std::string&) { return "ERROR\r"; });
   const auto fault = faultOfSelection();
   EXPECT_EQ(fault.kind, NfcFaultKind::ReaderRefusal);
-  EXPECT_EQ(fault.text, "what is on the port is no TWN4 reader with Simple Protocol");
+  EXPECT_EQ(fault.text, "the device on the port is not a TWN4 reader with Simple Protocol");
 }
 
 TEST_F(Twn4Links, TakeNoReaderWithoutSimpleProtocolForOne) {
@@ -165,7 +165,7 @@ TEST_F(Twn4Links, TellADamagedLine) {
 TEST(Twn4Rates, AreAllTheSame) {
   for (const std::int32_t rate : {9600, 19200, 115200, 12345}) {
     LinePort port(std::make_unique<ScriptedDevice>(reader));
-    EXPECT_EQ(Twn4Link(port.device(), rate, 300ms).selectTag(), kListedUid) << rate;
+    EXPECT_EQ(Twn4Link(port.device(), rate, 300ms).selectTag(), listedUid) << rate;
   }
 }
 

@@ -15,7 +15,7 @@ namespace {
 
 using ::testing::HasSubstr;
 using testing::hex;
-using testing::kListedUid;
+using testing::listedUid;
 
 struct Line {
   const char* name;
@@ -34,10 +34,10 @@ std::vector<Line> lines() {
       {"onlyIso15693", twn4::tagTypesRequest(), "05020000000004000000\r"},
       {"search", twn4::searchRequest(), "050010\r"},
       {"fieldOff", twn4::fieldOffRequest(), "0501\r"},
-      {"readBlock", air({0x02, tagCommand::kReadBlock, {}, {0x05}}), "0D0002200105FF\r"},
+      {"readBlock", air({0x02, tagCommand::readBlock, {}, {0x05}}), "0D0002200105FF\r"},
       {"writeBlock", air({0x42, 0x21, {}, hex("05 DE AD BE EF")}), "0D0042210505DEADBEEFFF\r"},
       {"control", air(readControlRequest()), "0D0002AD02020DFF\r"},
-      {"mailboxOn", air(writeControlRequest(mailboxBits::kEnabled)), "0D0002AE03020D01FF\r"},
+      {"mailboxOn", air(writeControlRequest(mailboxBits::enabled)), "0D0002AE03020D01FF\r"},
       {"length", air(messageLengthRequest()), "0D0002AB0102FF\r"},
       {"message", air(readMessageRequest(0, 1)), "0D0002AC03020000FF\r"},
       {"write", air(writeMessageRequest(hex("11 22 33 44"))), "0D0002AA06020311223344FF\r"},
@@ -72,14 +72,14 @@ TEST(Twn4Answers, TellSimpleProtocolByTheVersion) {
 }
 
 TEST(Twn4Answers, GiveTheTagThatASearchFound) {
-  EXPECT_EQ(twn4::tagOf(resultsIn("0001824008E002264455667788")), kListedUid);
+  EXPECT_EQ(twn4::tagOf(resultsIn("0001824008E002264455667788")), listedUid);
   EXPECT_EQ(twn4::tagOf(resultsIn("0000")), std::nullopt);
 }
 
-TEST(Twn4Answers, ShowThatWhatWasFoundIsNoModule) {
+TEST(Twn4Answers, ShowThatTheTagIsNotAModules) {
   const auto fault = faultOf([] { (void)twn4::tagOf(resultsIn("000180200404A1B2C3")); });
   EXPECT_EQ(fault.kind, NfcFaultKind::TagRefusal);
-  EXPECT_THAT(fault.text, HasSubstr("no module but a tag of kind 80"));
+  EXPECT_THAT(fault.text, HasSubstr("not a module's, but of kind 80"));
 }
 
 TEST(Twn4Answers, GiveWhatTheTagSaid) {

@@ -10,8 +10,8 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include "drivers/PortLock.h"
 #include "linux/ports/PortState.h"
+#include "serial/linux/PortHold.h"
 
 namespace tessara {
 namespace {
@@ -60,14 +60,14 @@ TEST_F(PortStateTest, APortThatNobodyHoldsIsFree) {
 
 TEST_F(PortStateTest, APortThatIsHeldIsInUseUntilItIsReleased) {
   {
-    const PortLock holder(node);
+    const PortHold holder(node);
     EXPECT_EQ(portState(node), PortState::InUse);
   }
   EXPECT_EQ(portState(node), PortState::Free);
 }
 
 TEST_F(PortStateTest, APortInUseIsNotDisturbed) {
-  const PortLock holder(node);
+  const PortHold holder(node);
   ::termios raw{};
   ASSERT_EQ(::tcgetattr(holder.descriptor(), &raw), 0);
   ::cfmakeraw(&raw);

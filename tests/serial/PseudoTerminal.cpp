@@ -1,4 +1,4 @@
-#include "drivers/PseudoTerminal.h"
+#include "serial/PseudoTerminal.h"
 
 #include <array>
 #include <cerrno>

@@ -9,9 +9,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "drivers/OtherProcess.h"
-#include "drivers/PortLock.h"
-#include "drivers/PseudoTerminal.h"
+#include "serial/OtherProcess.h"
+#include "serial/PseudoTerminal.h"
+#include "serial/linux/PortErrno.h"
+#include "serial/linux/PortHold.h"
 
 namespace tessara::testing {
 namespace {
@@ -19,39 +20,39 @@ namespace {
 std::optional<PortProblem> problemWith(const std::string& device,
                                        std::optional<ExclusiveMark> mark = std::nullopt) {
   try {
-    const PortLock lock(device, mark);
+    const PortHold hold(device, mark);
   } catch (const PortError& error) {
     return error.problem();
   }
   return std::nullopt;
 }
 
-TEST(PortLock, OpensAPortForOneOwnerAlone) {
+TEST(PortHold, OpensAPortForOneOwnerAlone) {
   const PseudoTerminal port;
-  const PortLock lock(port.device());
-  EXPECT_GE(lock.descriptor(), 0);
+  const PortHold hold(port.device());
+  EXPECT_GE(hold.descriptor(), 0);
   EXPECT_EQ(problemWith(port.device()), PortProblem::InUse);
 }
 
-TEST(PortLock, KeepsAnotherProcessOut) {
+TEST(PortHold, KeepsAnotherProcessOut) {
   const PseudoTerminal port;
-  const PortLock lock(port.device());
+  const PortHold hold(port.device());
   EXPECT_EQ(
       inAnotherProcess([&] { return problemWith(port.device()) == PortProblem::InUse ? 0 : 1; }),
       0);
 }
 
-TEST(PortLock, GivesThePortFreeAtItsEnd) {
+TEST(PortHold, ReleasesThePortAtItsEnd) {
   const PseudoTerminal port;
-  { const PortLock lock(port.device()); }
+  { const PortHold hold(port.device()); }
   EXPECT_EQ(problemWith(port.device()), std::nullopt);
 }
 
-TEST(PortLock, OfAProgramThatWasKilledIsGone) {
+TEST(PortHold, OfAKilledProgramIsGone) {
   const PseudoTerminal port;
   ASSERT_EQ(::chmod(port.device().c_str(), 0666), 0);
   EXPECT_EQ(inUnprivilegedProcess([&] {
-              const PortLock lock(port.device());
+              const PortHold hold(port.device());
               return ::raise(SIGKILL);
             }),
             -SIGKILL);
@@ -64,44 +65,44 @@ bool isMarked(const PseudoTerminal& port) {
   return isExclusive != 0;
 }
 
-TEST(PortLock, MarksThePortAsLongAsItIsHeld) {
+TEST(PortHold, MarksThePortAsLongAsItIsHeld) {
   const PseudoTerminal port;
   {
-    const PortLock lock(port.device(), ExclusiveMark::EndsWithHolder);
+    const PortHold hold(port.device(), ExclusiveMark::Put);
     EXPECT_TRUE(isMarked(port));
   }
   EXPECT_FALSE(isMarked(port));
 }
 
-TEST(PortLock, IsRefusedByTheMarkOfAProgramThatLocksNothing) {
+TEST(PortHold, IsRefusedByTheMarkOfAProgramThatLocksNothing) {
   const PseudoTerminal port;
   ASSERT_EQ(::ioctl(port.terminal(), TIOCEXCL), 0);
-  EXPECT_EQ(problemWith(port.device(), ExclusiveMark::EndsWithHolder), PortProblem::InUse);
+  EXPECT_EQ(problemWith(port.device(), ExclusiveMark::Put), PortProblem::InUse);
   EXPECT_TRUE(isMarked(port));
   ASSERT_EQ(::ioctl(port.terminal(), TIOCNXCL), 0);
-  EXPECT_EQ(problemWith(port.device(), ExclusiveMark::EndsWithHolder), std::nullopt);
+  EXPECT_EQ(problemWith(port.device(), ExclusiveMark::Put), std::nullopt);
 }
 
-TEST(PortLock, NeitherMarksAPseudoTerminalNorLooksForAMark) {
+TEST(PortHold, DoesNotMarkAPseudoTerminal) {
   const PseudoTerminal port;
-  {
-    const PortLock lock(port.device());
-    EXPECT_FALSE(isMarked(port));
-  }
+  const PortHold hold(port.device());
+  EXPECT_FALSE(isMarked(port));
+}
+
+TEST(PortHold, TakesAMarkOnAPseudoTerminalForAUserForRootToo) {
+  const PseudoTerminal port;
   ASSERT_EQ(::ioctl(port.terminal(), TIOCEXCL), 0);
-  // Root alone gets to a port with a mark.
-  EXPECT_EQ(problemWith(port.device()),
-            ::geteuid() == 0 ? std::nullopt : std::optional(PortProblem::InUse));
+  EXPECT_EQ(problemWith(port.device()), PortProblem::InUse);
   EXPECT_TRUE(isMarked(port));
 }
 
-TEST(PortLock, IsNotInheritedByProgramsThatAreStarted) {
+TEST(PortHold, IsNotInheritedByProgramsThatAreStarted) {
   const PseudoTerminal port;
-  const PortLock lock(port.device());
-  EXPECT_NE(::fcntl(lock.descriptor(), F_GETFD) & FD_CLOEXEC, 0);
+  const PortHold hold(port.device());
+  EXPECT_NE(::fcntl(hold.descriptor(), F_GETFD) & FD_CLOEXEC, 0);
 }
 
-TEST(PortLock, LeavesTheSettingsOfAPortInUseAlone) {
+TEST(PortHold, LeavesTheSettingsOfAPortInUseAlone) {
   const PseudoTerminal port;
   ASSERT_EQ(::flock(port.terminal(), LOCK_EX), 0);
   const PortSettings before = port.settings();
@@ -109,28 +110,28 @@ TEST(PortLock, LeavesTheSettingsOfAPortInUseAlone) {
   EXPECT_EQ(port.settings(), before);
 }
 
-TEST(PortLock, HandsThePortBackWithTheSettingsThatItHad) {
+TEST(PortHold, HandsThePortBackWithTheSettingsThatItHad) {
   const PseudoTerminal port;
   const PortSettings before = port.settings();
   {
-    const PortLock lock(port.device());
+    const PortHold hold(port.device());
     ::termios changed{};
-    ::tcgetattr(lock.descriptor(), &changed);
+    ::tcgetattr(hold.descriptor(), &changed);
     changed.c_cflag |= CSTOPB;
     changed.c_cc[VMIN] = 9;
     ::cfsetspeed(&changed, B300);
-    ASSERT_EQ(::tcsetattr(lock.descriptor(), TCSANOW, &changed), 0);
+    ASSERT_EQ(::tcsetattr(hold.descriptor(), TCSANOW, &changed), 0);
     EXPECT_NE(port.settings(), before);
   }
   EXPECT_EQ(port.settings(), before);
 }
 
-TEST(PortLock, SaysThatAPortIsNotThere) {
+TEST(PortHold, SaysThatAPortIsNotThere) {
   EXPECT_EQ(problemWith("/dev/no-such-port"), PortProblem::NotThere);
   EXPECT_EQ(problemWith("/dev/null/port"), PortProblem::NotThere);
 }
 
-TEST(PortLock, SaysThatAPortMayNotBeOpened) {
+TEST(PortHold, SaysThatAPortMayNotBeOpened) {
   const PseudoTerminal port;
   ASSERT_EQ(::chmod(port.device().c_str(), 0), 0);
   EXPECT_EQ(inUnprivilegedProcess(
@@ -138,12 +139,12 @@ TEST(PortLock, SaysThatAPortMayNotBeOpened) {
             0);
 }
 
-TEST(PortLock, SaysThatADeviceIsNoSerialPort) {
+TEST(PortHold, SaysThatADeviceIsNotASerialPort) {
   EXPECT_EQ(problemWith("/dev/null"), PortProblem::Refused);
   EXPECT_EQ(problemWith("/dev"), PortProblem::Refused);
 }
 
-TEST(PortLock, LeaksNoDescriptorWhenAPortIsRefused) {
+TEST(PortHold, LeaksNoDescriptorWhenAPortIsRefused) {
   const int before = ::dup(0);
   ::close(before);
   EXPECT_EQ(problemWith("/dev/null"), PortProblem::Refused);
@@ -152,7 +153,7 @@ TEST(PortLock, LeaksNoDescriptorWhenAPortIsRefused) {
   EXPECT_EQ(after, before);
 }
 
-TEST(PortError, TellsWhatEachErrnoMeansForAPort) {
+TEST(PortError, HasAMeaningForEachErrno) {
   struct Meaning {
     int error;
     PortProblem problem;
@@ -161,7 +162,7 @@ TEST(PortError, TellsWhatEachErrnoMeansForAPort) {
   constexpr auto notThere = "is not there";
   constexpr auto inUse = "is in use by another program";
   constexpr auto noPermission = "cannot be opened: no permission";
-  constexpr auto noSerialPort = "is no serial port";
+  constexpr auto notASerialPort = "is not a serial port";
   for (const Meaning& meaning :
        {Meaning{ENOENT, PortProblem::NotThere, notThere},
         Meaning{ENOTDIR, PortProblem::NotThere, notThere},
@@ -171,10 +172,10 @@ TEST(PortError, TellsWhatEachErrnoMeansForAPort) {
         Meaning{EWOULDBLOCK, PortProblem::InUse, inUse},
         Meaning{EACCES, PortProblem::NoPermission, noPermission},
         Meaning{EPERM, PortProblem::NoPermission, noPermission},
-        Meaning{ENOTTY, PortProblem::Refused, noSerialPort},
-        Meaning{EISDIR, PortProblem::Refused, noSerialPort},
+        Meaning{ENOTTY, PortProblem::Refused, notASerialPort},
+        Meaning{EISDIR, PortProblem::Refused, notASerialPort},
         Meaning{EMFILE, PortProblem::Refused, "cannot be opened: Too many open files"}}) {
-    const PortError error = PortError::fromErrno(meaning.error);
+    const PortError error = portErrorOf(meaning.error);
     EXPECT_EQ(error.problem(), meaning.problem) << meaning.error;
     EXPECT_STREQ(error.what(), meaning.message) << meaning.error;
   }

@@ -24,9 +24,9 @@ inline int inAnotherProcess(const std::function<int()>& action) {
 
 /// The same without the rights of root, whom nothing keeps out.
 inline int inUnprivilegedProcess(const std::function<int()>& action) {
-  constexpr ::uid_t kNobody = 65534;
+  constexpr ::uid_t nobody = 65534;
   return inAnotherProcess([&] {
-    if (::geteuid() == 0 && ::setuid(kNobody) != 0) {
+    if (::geteuid() == 0 && ::setuid(nobody) != 0) {
       throw std::runtime_error("root cannot give up its rights");
     }
     return action();
