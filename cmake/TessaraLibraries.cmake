@@ -16,7 +16,6 @@ tessara_require("hidapi" libhidapi-dev PKG_CONFIG hidapi hidapi-hidraw)
 tessara_require("libmodbus" libmodbus-dev PKG_CONFIG libmodbus libmodbus)
 tessara_require("libudev" libudev-dev PKG_CONFIG libudev libudev)
 tessara_require("nlohmann-json" nlohmann-json3-dev CMAKE nlohmann_json)
-tessara_require("expat" libexpat1-dev CMAKE EXPAT)
 find_package(Threads REQUIRED)
 
 # Debian's own Python finds the Debian packages that the tests use; another one may not.

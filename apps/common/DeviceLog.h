@@ -7,10 +7,10 @@
 
 namespace tessara {
 
-/// The calls to the communication objects in one read, and what they tell of its failure.
+/// The calls to the communication objects in one read, and the cause if it fails.
 class DeviceLog {
  public:
-  /// `prints` has each call printed on standard error as it returns.
+  /// With `prints` each call is printed on standard error when it returns.
   explicit DeviceLog(bool prints) : prints_(prints) {}
 
   void add(const DeviceCall& call);

@@ -2,15 +2,15 @@
 
 namespace tessara {
 
-/// How the program ends, for scripts that call it.
+/// How a program ends, for the scripts that call it.
 enum class ExitCode : int {
   Done = 0,
-  /// A command other than reading could not do its work.
+  /// A command other than `read` failed.
   Failed = 1,
   WrongUsage = 2,
   /// No connection to a module was made.
   NoConnection = 3,
-  /// The module was connected and could not be read to the end.
+  /// The module was connected, but could not be read completely.
   ReadFailed = 4,
 };
 

@@ -6,13 +6,13 @@
 
 namespace tessara {
 
-/// Message boxes of a program without a window: one line each on a stream, "title: text", taken as
-/// answered with OK at once.
+/// Message boxes of a program without a window: one line each on a stream, "title: text", answered
+/// with OK at once.
 class HeadlessMessageHelper final : public MessageHelper {
  public:
   static constexpr std::int32_t ok = 1;
 
-  /// `out` has to outlive the helper.
+  /// `out` must outlive the helper.
   explicit HeadlessMessageHelper(std::ostream& out) : out_(out) {}
 
   std::int32_t Show(const std::u16string& text, MessageStyle style,

@@ -4,6 +4,8 @@
 #include <QStandardPaths>
 #include <limits>
 
+#include "common/ModuleRequest.h"
+
 namespace tessara {
 namespace {
 

@@ -3,13 +3,13 @@
 #include <QWidget>
 #include <string>
 
-#include "PanelRequest.h"
+#include "commandline/PanelRequest.h"
 #include "common/ExitCode.h"
 #include "report/RecordReport.h"
 
 namespace tessara {
 
-/// Tells on standard error what went wrong, and gives the code back.
+/// Prints what went wrong on standard error, and returns the code.
 ExitCode fail(ExitCode code, const std::string& message);
 
 /// Writes the report that was asked for, if one was.

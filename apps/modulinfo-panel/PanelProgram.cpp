@@ -24,8 +24,8 @@
 namespace tessara {
 namespace {
 
-/// Brings the panel up as far as it gets. A module that was asked for has to be there; without one
-/// a window tells what is wrong, and a picture is not drawn.
+/// Brings the panel up as far as possible. A module that was asked for must be there; without one a
+/// window shows what is wrong, and a picture is not drawn.
 void bringUpPanel(PanelWindow& window, LinuxPlatform& platform, const PanelRequest& request) {
   if (request.namesModule()) {
     bringUp(window.control(), platform, request.module);
@@ -33,6 +33,8 @@ void bringUpPanel(PanelWindow& window, LinuxPlatform& platform, const PanelReque
   }
   try {
     bringUpAtLastPort(window.control(), platform, request.module);
+  } catch (const ReadFailure&) {
+    throw;
   } catch (const std::exception& error) {
     if (request.isUnattended()) {
       throw ReadFailure(ExitCode::NoConnection, error.what());
@@ -41,7 +43,7 @@ void bringUpPanel(PanelWindow& window, LinuxPlatform& platform, const PanelReque
   }
 }
 
-/// Reads the module and writes what was asked for, also the picture of a read that failed.
+/// Reads the module and writes what was asked for, the picture even of a read that failed.
 ExitCode readUnattended(PanelWindow& window, LinuxPlatform& platform, const DeviceLog& log,
                         const PanelRequest& request) {
   if (window.control().panel().widget(u"ComboComPort").state().items.empty()) {
@@ -64,8 +66,8 @@ ExitCode readUnattended(PanelWindow& window, LinuxPlatform& platform, const Devi
 ExitCode showModule(PanelRequest request, const EmbeddedSimulator* simulator) {
   const bool isSimulated = simulator != nullptr;
   HostSettings settings(!isSimulated);
-  if (!request.namesBaudrate) {
-    request.module.baudrate = settings.baudrate().value_or(request.module.baudrate);
+  if (!request.module.baudrate) {
+    request.module.baudrate = settings.baudrate();
   }
   QtEventLoop loop;
   DeviceLog log(false);

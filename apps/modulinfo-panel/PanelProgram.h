@@ -1,13 +1,13 @@
 #pragma once
 
-#include "PanelRequest.h"
+#include "commandline/PanelRequest.h"
 #include "common/ExitCode.h"
 
 namespace tessara {
 
 /// Shows the panel or the record until its window is closed, or writes the picture and the report
-/// that were asked for and is done. Needs the QApplication. What goes wrong before there is a
-/// window is told on standard error.
+/// that were asked for. Needs the QApplication. What goes wrong before there is a window is printed
+/// on standard error.
 ExitCode runPanel(const PanelRequest& request);
 
 }  // namespace tessara

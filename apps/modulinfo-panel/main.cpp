@@ -2,57 +2,24 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
-#include <memory>
-#include <string>
-
-#include <CLI/CLI.hpp>
 
 #include "HostStyle.h"
 #include "PanelProgram.h"
-#include "common/ModuleOptions.h"
+#include "commandline/CommandLine.h"
 
 namespace {
 
-constexpr const char* exitCodes =
-    "Exit codes: 0 done, 1 failed, 2 wrong usage, 3 no connection to a module, 4 the module could "
-    "not be read.";
-
-/// Pictures and reports are made without a display, unless somebody wants one used.
+/// Pictures and reports are made without a display, unless the environment names one.
 void leaveDisplay() {
   constexpr int keep = 0;
   setenv("QT_QPA_PLATFORM", "offscreen", keep);
 }
 
 int run(int argc, char** argv) {
-  CLI::App app("Shows an analog interface module on its panel, or the record of one.",
-               "modulinfo-panel");
-  app.set_version_flag("--version", "modulinfo-panel " TESSARA_VERSION,
-                       "Print the version and exit");
-  app.footer(exitCodes);
-  const auto module = std::make_shared<tessara::ReadRequest>();
-  tessara::PanelRequest request;
-  tessara::addModuleOptions(app, module, false);
-  app.add_flag("--read", request.reads, "Read the module at once");
-  app.add_option("--record", request.record, "Show the record in this file instead of a module")
-      ->check(CLI::ExistingFile)
-      ->excludes("--port")
-      ->excludes("--simulate")
-      ->excludes("--read");
-  app.add_option("--screenshot", request.screenshot,
-                 "Read the module, draw the window into this PNG file and exit; needs no display");
-  app.add_option("--report", request.report,
-                 "Read the module, write its record into this PDF file and exit; needs no display");
-  try {
-    app.parse(argc, argv);
-  } catch (const CLI::ParseError& error) {
-    const bool isWrong = app.exit(error) != 0;
-    return static_cast<int>(isWrong ? tessara::ExitCode::WrongUsage : tessara::ExitCode::Done);
-  }
-  request.module = *module;
-  request.namesBaudrate = app.count("--baudrate") != 0;
-  if (request.isUnattended()) {
-    leaveDisplay();
-  }
+  const auto parsed = tessara::parsePanelCommandLine(argc, argv);
+  if (const auto* code = std::get_if<tessara::ExitCode>(&parsed)) return static_cast<int>(*code);
+  const auto& request = std::get<tessara::PanelRequest>(parsed);
+  if (request.isUnattended()) leaveDisplay();
   const QApplication application(argc, argv);
   QApplication::setStyle(new tessara::HostStyle);
   QApplication::setApplicationName("modulinfo-panel");

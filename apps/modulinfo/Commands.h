@@ -1,25 +1,21 @@
 #pragma once
 
-#include <functional>
-
-#include <CLI/CLI.hpp>
-
-#include "common/ExitCode.h"
+#include "commandline/CommandRequest.h"
 
 namespace tessara {
 
-/// What the command line asks for, to be run after it was found to be right.
-using Command = std::function<ExitCode()>;
+// The commands. Each carries its request out and returns how the program ends. Standard output
+// takes the result and nothing else; what went wrong is printed on standard error.
 
-/// Each adds one command with its options to `app` and, if it is the one called, leaves its work in
-/// `chosen`. Standard output takes the result and nothing else; what went wrong goes to standard
-/// error.
-void addCatalogueCommand(CLI::App& app, Command& chosen);
-void addLanguageCommand(CLI::App& app, Command& chosen);
-void addPortsCommand(CLI::App& app, Command& chosen);
-void addReadCommand(CLI::App& app, Command& chosen);
-void addServeCommand(CLI::App& app, Command& chosen);
-void addSettingsCommand(CLI::App& app, Command& chosen);
-void addSimulateCommand(CLI::App& app, Command& chosen);
+ExitCode run(const CatalogueCheckRequest& request);
+ExitCode run(const LanguageCheckRequest& request);
+ExitCode run(const LanguageBuildRequest& request);
+ExitCode run(const PortsRequest& request);
+ExitCode run(const ReadRequest& request);
+ExitCode run(const ServeRequest& request);
+ExitCode run(const SettingsListRequest& request);
+ExitCode run(const SettingsGetRequest& request);
+ExitCode run(const SettingsSetRequest& request);
+ExitCode run(const SimulateRequest& request);
 
 }  // namespace tessara

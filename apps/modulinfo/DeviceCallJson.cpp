@@ -4,25 +4,27 @@ namespace tessara {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+template <class Number>
+JsonText listJson(const std::vector<Number>& numbers) {
+  return JsonText::list({numbers.begin(), numbers.end()});
+}
 
 struct ResultJson {
-  Json operator()(std::monostate /*nothing*/) const { return nullptr; }
-  Json operator()(bool value) const { return value; }
-  Json operator()(const DeviceWords& words) const { return words; }
+  JsonText operator()(std::monostate /*nothing*/) const { return nullptr; }
+  JsonText operator()(bool value) const { return value; }
+  JsonText operator()(const DeviceWords& words) const { return listJson(words); }
 };
 
 }  // namespace
 
-Json deviceCallJson(const DeviceCall& call) {
-  Json json{{"object", call.object}, {"operation", call.operation}, {"args", call.arguments}};
-  if (call.error) {
-    json["error"] = *call.error;
-  } else {
-    json["result"] = std::visit(ResultJson{}, call.result);
-  }
-  json["ms"] = call.milliseconds;
-  return json;
+JsonText deviceCallJson(const DeviceCall& call) {
+  return JsonText::object({{"object", call.object},
+                           {"operation", call.operation},
+                           {"args", listJson(call.arguments)},
+                           call.error
+                               ? JsonText::Member("error", *call.error)
+                               : JsonText::Member("result", std::visit(ResultJson{}, call.result)),
+                           {"ms", call.milliseconds}});
 }
 
 }  // namespace tessara

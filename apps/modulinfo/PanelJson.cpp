@@ -1,21 +1,18 @@
 #include "PanelJson.h"
 
-#include <nlohmann/json.hpp>
-
 #include "DeviceCallJson.h"
 #include "PanelText.h"
 #include "base/Text.h"
 #include "base/Variant.h"
+#include "json/JsonText.h"
 #include "knowledge/Firmware.h"
 
 namespace tessara {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-/// HART transmitters give their serial number as text, which only the panel keeps.
-Json serialNumber(const ModulInfoFLII& control) {
+/// The serial number of a HART transmitter is text, which only the panel keeps.
+JsonText serialNumber(const ModulInfoFLII& control) {
   if (control.vendorId() == hartVendor) {
     return withoutPadding(control.panel().widget(u"LblSerialNumber").caption());
   }
@@ -23,25 +20,25 @@ Json serialNumber(const ModulInfoFLII& control) {
 }
 
 /// The number of the picture that shows the module's state: 1 without a fault, 2 with any other.
-Json statePicture(const Widget& image) {
+JsonText statePicture(const Widget& image) {
   const auto* number = std::get_if<std::int32_t>(&image.state().picture);
-  return number != nullptr && image.visible() ? Json(*number) : Json();
+  return number != nullptr && image.visible() ? JsonText(*number) : JsonText();
 }
 
 std::string utf8(const Variant& value) {
   return toUtf8(toText(value, {}));
 }
 
-Json linksOf(const ModulInfoFLII& control) {
-  return {{"product", utf8(control.get_ProductLink())},
-          {"datasheet", utf8(control.get_DatasheetLink())},
-          {"packb", utf8(control.get_PackbLink())}};
+JsonText linksOf(const ModulInfoFLII& control) {
+  return JsonText::object({{"product", utf8(control.get_ProductLink())},
+                           {"datasheet", utf8(control.get_DatasheetLink())},
+                           {"packb", utf8(control.get_PackbLink())}});
 }
 
-Json traceOf(const std::vector<DeviceCall>& calls) {
-  Json trace = Json::array();
+JsonText traceOf(const std::vector<DeviceCall>& calls) {
+  std::vector<JsonText> trace;
   for (const DeviceCall& call : calls) trace.push_back(deviceCallJson(call));
-  return trace;
+  return JsonText::list(trace);
 }
 
 }  // namespace
@@ -49,26 +46,27 @@ Json traceOf(const std::vector<DeviceCall>& calls) {
 std::string panelJson(const ModulInfoFLII& control, const std::vector<DeviceCall>* trace) {
   const WidgetOwner& panel = control.panel();
   const auto caption = [&](std::u16string_view label) { return panel.widget(label).caption(); };
-  Json json{{"port", "COM" + std::to_string(control.get_ComPort())},
-            {"adapter", toUtf8(panel.widget(u"ComboComPort").text())},
-            {"baudrate", control.get_Baudrate()},
-            {"address", control.get_DevAddr()},
-            {"vendorId", control.vendorId()},
-            {"groupId", control.groupId()},
-            {"familyId", control.get_FamilyID()},
-            {"deviceId", control.get_DeviceID()},
-            {"deviceName", withoutPadding(toText(control.get_DeviceName(), {}))},
-            {"description", withoutPadding(caption(u"LabelDeviceDescription"))},
-            {"firmwareVersion", withoutPadding(toText(control.get_FwVersion(), {}))},
-            {"serialNumber", serialNumber(control)},
-            {"moduleStatus", toUtf8(caption(u"LblModulState"))},
-            {"channelStatus", toUtf8(caption(u"LblChnState"))},
-            {"statePicture", statePicture(panel.widget(u"ImageDevState"))},
-            {"links", linksOf(control)},
-            {"statusString", utf8(control.get_StatusString())},
-            {"dataValid", control.get_DataValid()}};
-  if (trace != nullptr) json["trace"] = traceOf(*trace);
-  return json.dump(2) + '\n';
+  std::vector<JsonText::Member> members{
+      {"port", "COM" + std::to_string(control.get_ComPort())},
+      {"adapter", toUtf8(panel.widget(u"ComboComPort").text())},
+      {"baudrate", control.get_Baudrate()},
+      {"address", control.get_DevAddr()},
+      {"vendorId", control.vendorId()},
+      {"groupId", control.groupId()},
+      {"familyId", control.get_FamilyID()},
+      {"deviceId", control.get_DeviceID()},
+      {"deviceName", withoutPadding(toText(control.get_DeviceName(), {}))},
+      {"description", withoutPadding(caption(u"LabelDeviceDescription"))},
+      {"firmwareVersion", withoutPadding(toText(control.get_FwVersion(), {}))},
+      {"serialNumber", serialNumber(control)},
+      {"moduleStatus", toUtf8(caption(u"LblModulState"))},
+      {"channelStatus", toUtf8(caption(u"LblChnState"))},
+      {"statePicture", statePicture(panel.widget(u"ImageDevState"))},
+      {"links", linksOf(control)},
+      {"statusString", utf8(control.get_StatusString())},
+      {"dataValid", control.get_DataValid()}};
+  if (trace != nullptr) members.emplace_back("trace", traceOf(*trace));
+  return JsonText::object(members).indented() + '\n';
 }
 
 }  // namespace tessara

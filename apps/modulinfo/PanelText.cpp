@@ -53,7 +53,7 @@ std::vector<Row> rowsOf(const ModulInfoFLII& control) {
   return rows;
 }
 
-/// How many columns of a terminal a text takes: East Asian signs take two.
+/// The columns that a text takes in a terminal: East Asian characters take two.
 std::size_t columns(const std::string& text) {
   constexpr char16_t firstWide = 0x2E80;
   const std::u16string signs = fromUtf8(text);

@@ -7,21 +7,19 @@
 #include <cstdio>
 #include <ostream>
 
-#include <nlohmann/json.hpp>
-
 #include "base/Text.h"
+#include "json/JsonText.h"
 #include "ports/AdapterWords.h"
 
 namespace tessara {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 /// A row of the table: port or label, state, device node, driver, USB device.
 using Row = std::array<std::string, 5>;
 
 constexpr const char* unlisted =
-    "Not in the list of ports (the setting ShowAllComPorts lists ports of no known kind too):";
+    "Not in the list of ports (the setting ShowAllComPorts lists ports with unrecognised adapters "
+    "too):";
 
 std::string hexText(std::uint16_t number) {
   std::array<char, 8> text{};
@@ -65,29 +63,29 @@ void printRows(std::ostream& out, const std::vector<Row>& rows) {
   }
 }
 
-Json textOrNull(const std::string& text) {
-  return text.empty() ? Json() : Json(text);
+JsonText textOrNull(const std::string& text) {
+  return text.empty() ? JsonText() : JsonText(text);
 }
 
-Json usbJson(const KnownPort& port) {
+JsonText usbJson(const KnownPort& port) {
   if (!port.usb) {
     return {};
   }
-  return {{"vendor", hexText(port.usb->vendor)},
-          {"product", hexText(port.usb->product)},
-          {"serial", textOrNull(port.usb->serial)},
-          {"interface", port.usb->interfaceNumber}};
+  return JsonText::object({{"vendor", hexText(port.usb->vendor)},
+                           {"product", hexText(port.usb->product)},
+                           {"serial", textOrNull(port.usb->serial)},
+                           {"interface", port.usb->interfaceNumber}});
 }
 
-Json lineJson(const PortLine& line) {
+JsonText lineJson(const PortLine& line) {
   const KnownPort known = line.known.value_or(KnownPort());
-  return {{"label", textOrNull(line.label)},
-          {"port", line.port},
-          {"state", portStateText(line.state)},
-          {"deviceName", textOrNull(known.deviceName)},
-          {"device", textOrNull(known.deviceNode)},
-          {"driver", textOrNull(known.driver)},
-          {"usb", usbJson(known)}};
+  return JsonText::object({{"label", textOrNull(line.label)},
+                           {"port", line.port},
+                           {"state", portStateText(line.state)},
+                           {"deviceName", textOrNull(known.deviceName)},
+                           {"device", textOrNull(known.deviceNode)},
+                           {"driver", textOrNull(known.driver)},
+                           {"usb", usbJson(known)}});
 }
 
 }  // namespace
@@ -146,12 +144,14 @@ void printPortTable(std::ostream& out, const std::vector<PortLine>& lines,
 
 void printPortJson(std::ostream& out, const std::vector<PortLine>& lines,
                    const std::vector<std::string>& problems) {
-  Json ports = Json::array();
+  std::vector<JsonText> ports;
   for (const PortLine& line : lines) {
     ports.push_back(lineJson(line));
   }
-  const Json list{{"ports", ports}, {"problems", problems}};
-  out << list.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+  const std::vector<JsonText> texts(problems.begin(), problems.end());
+  out << JsonText::object({{"ports", JsonText::list(ports)}, {"problems", JsonText::list(texts)}})
+             .indented()
+      << '\n';
 }
 
 }  // namespace tessara

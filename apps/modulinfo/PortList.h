@@ -18,7 +18,7 @@ struct PortLine {
   std::string label;
   /// "COM3"; "NFC" for the USB reader, which has no port.
   std::string port;
-  /// What stands behind the port; nothing if nobody knows it any more, and for the USB reader.
+  /// The device of the port; nothing if it is no longer known, and for the USB reader.
   std::optional<KnownPort> known{};
   PortState state = PortState::Free;
 
@@ -26,8 +26,8 @@ struct PortLine {
 };
 
 /// Every line of the control's port list, in its order and with its repetitions, then a line for
-/// the USB reader if it answers, then the other ports that are known. `stateOf` is asked for each
-/// device node once a line.
+/// the USB reader if it answers, then the other known ports. `stateOf` is called for the device
+/// node of each line.
 std::vector<PortLine> portLines(
     const RegEnum& list, bool readerAnswers, const std::vector<KnownPort>& ports,
     const std::function<PortState(const std::string& deviceNode)>& stateOf = portState);

@@ -33,7 +33,9 @@ bool readerAnswers(NfcReaderLibrary& reader) {
          reader.CR95HFDll_Echo(reply) == NfcReaderLibrary::success;
 }
 
-ExitCode listPorts(bool json) {
+}  // namespace
+
+ExitCode run(const PortsRequest& request) {
   AsioEventLoop loop;
   std::vector<std::string> problems;
   LinuxPlatformOptions options;
@@ -45,17 +47,9 @@ ExitCode listPorts(bool json) {
                          std::move(options));
   const auto lines = portLines(listOf(platform), readerAnswers(platform.nfcReaderLibrary()),
                                platform.ports().ports());
-  json ? printPortJson(std::cout, lines, problems) : printPortTable(std::cout, lines, problems);
+  request.json ? printPortJson(std::cout, lines, problems)
+               : printPortTable(std::cout, lines, problems);
   return ExitCode::Done;
-}
-
-}  // namespace
-
-void addPortsCommand(CLI::App& app, Command& chosen) {
-  CLI::App* ports = app.add_subcommand("ports", "List the ports on which a module could be");
-  const auto json = std::make_shared<bool>(false);
-  ports->add_flag("--json", *json, "Print one JSON object");
-  ports->callback([&chosen, json] { chosen = [json] { return listPorts(*json); }; });
 }
 
 }  // namespace tessara

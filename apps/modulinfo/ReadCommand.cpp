@@ -8,7 +8,6 @@
 #include "asio/AsioEventLoop.h"
 #include "common/DeviceLog.h"
 #include "common/HeadlessMessageHelper.h"
-#include "common/ModuleOptions.h"
 #include "common/ModuleReading.h"
 #include "linux/EmbeddedSimulator.h"
 #include "simulator/ModuleFileError.h"
@@ -17,7 +16,7 @@ namespace tessara {
 
 namespace {
 
-/// A host that has nothing to do but wait for the read to end.
+/// A host that does nothing but wait for the end of the read.
 class WaitingHost final : public HostEvents {
  public:
   void ModulActive(std::int32_t& /*lStatus*/) override {}
@@ -35,7 +34,8 @@ void print(const ModulInfoFLII& control, const DeviceLog& log, const ReadRequest
                              : panelText(control));
 }
 
-void readAndPrint(const ReadRequest& request, const EmbeddedSimulator* simulator) {
+void readAndPrint(const ModuleRequest& module, const ReadRequest& request,
+                  const EmbeddedSimulator* simulator) {
   AsioEventLoop loop;
   DeviceLog log(request.trace);
   WaitingHost host;
@@ -49,19 +49,22 @@ void readAndPrint(const ReadRequest& request, const EmbeddedSimulator* simulator
                          std::move(options));
   ModulInfoFLII control(platform, host);
   control.UserControl_Initialize();
-  bringUp(control, platform, request);
+  bringUp(control, platform, module);
   readOnce(control, platform, log);
   print(control, log, request);
 }
 
-ExitCode read(ReadRequest request) {
+}  // namespace
+
+ExitCode run(const ReadRequest& request) {
   try {
+    ModuleRequest module = request.module;
     std::optional<EmbeddedSimulator> simulator;
-    if (!request.moduleFile.empty()) {
-      simulator.emplace(request.moduleFile);
-      request.comPort = simulator->comPort();
+    if (!module.moduleFile.empty()) {
+      simulator.emplace(module.moduleFile);
+      module.comPort = simulator->comPort();
     }
-    readAndPrint(request, simulator ? &*simulator : nullptr);
+    readAndPrint(module, request, simulator ? &*simulator : nullptr);
     return ExitCode::Done;
   } catch (const ReadFailure& failure) {
     std::cerr << "modulinfo: " << failure.what() << '\n';
@@ -70,17 +73,6 @@ ExitCode read(ReadRequest request) {
     std::cerr << "modulinfo: " << error.what() << '\n';
     return ExitCode::WrongUsage;
   }
-}
-
-}  // namespace
-
-void addReadCommand(CLI::App& app, Command& chosen) {
-  CLI::App* reading = app.add_subcommand("read", "Read a module once and print what it is");
-  const auto request = std::make_shared<ReadRequest>();
-  addModuleOptions(*reading, request, true);
-  reading->add_flag("--json", request->json, "Print one JSON object");
-  reading->add_flag("--trace", request->trace, "Print each call to the module on standard error");
-  reading->callback([&chosen, request] { chosen = [request] { return read(*request); }; });
 }
 
 }  // namespace tessara

@@ -20,13 +20,6 @@ namespace tessara {
 
 namespace {
 
-struct ServeArguments {
-  bool trace = false;
-  bool reentrant = false;
-  /// The file of a module to be simulated beside the control; empty for none.
-  std::string moduleFile;
-};
-
 LinuxPlatformOptions platformOptions(const Announcer& announcer, ServeLoop& loop, bool trace,
                                      const EmbeddedSimulator* simulator) {
   LinuxPlatformOptions options;
@@ -35,7 +28,7 @@ LinuxPlatformOptions platformOptions(const Announcer& announcer, ServeLoop& loop
     if (trace) announcer.announce("device", deviceCallJson(call));
   };
   options.launchSink = [&announcer](const std::string& file, std::int32_t result) {
-    announcer.announce("launch", {{"file", file}, {"result", result}});
+    announcer.announce("launch", JsonText::object({{"file", file}, {"result", result}}));
   };
   options.embedded = simulator;
   if (simulator != nullptr && simulator->comPort() == usbReaderPort) {
@@ -44,14 +37,14 @@ LinuxPlatformOptions platformOptions(const Announcer& announcer, ServeLoop& loop
   return options;
 }
 
-/// Serves the client until it quits; gives the number of the error that has kept it from that.
-int serveClient(const ServeArguments& arguments, const EmbeddedSimulator* simulator) {
+/// Serves the client until it quits. Returns the number of the error that ended it early, or 0.
+int serveClient(const ServeRequest& request, const EmbeddedSimulator* simulator) {
   const ClientStreams streams;
   // A client that has gone is an end like any other.
   std::signal(SIGPIPE, SIG_IGN);
   AsioEventLoop events;
   Channel channel(streams.in(), streams.out());
-  Turns turns(arguments.reentrant);
+  Turns turns(request.reentrant);
   ServeLoop loop(events, turns);
   events.tickFailed = [](const std::exception& error) {
     std::cerr << "modulinfo: a tick failed: " << error.what() << '\n';
@@ -60,7 +53,7 @@ int serveClient(const ServeArguments& arguments, const EmbeddedSimulator* simula
   OpenForms forms(announcer, turns);
   ClientEvents host(announcer);
   LinuxPlatform platform(loop, std::make_shared<ClientMessages>(announcer),
-                         platformOptions(announcer, loop, arguments.trace, simulator));
+                         platformOptions(announcer, loop, request.trace, simulator));
   ModulInfoFLII control(platform, host);
   control.setFormObserver(&forms);
   control.UserControl_Initialize();
@@ -69,11 +62,13 @@ int serveClient(const ServeArguments& arguments, const EmbeddedSimulator* simula
   return channel.error();
 }
 
-ExitCode serve(const ServeArguments& arguments) {
+}  // namespace
+
+ExitCode run(const ServeRequest& request) {
   try {
     std::optional<EmbeddedSimulator> simulator;
-    if (!arguments.moduleFile.empty()) simulator.emplace(arguments.moduleFile);
-    const int error = serveClient(arguments, simulator ? &*simulator : nullptr);
+    if (!request.moduleFile.empty()) simulator.emplace(request.moduleFile);
+    const int error = serveClient(request, simulator ? &*simulator : nullptr);
     if (error == 0) return ExitCode::Done;
     std::cerr << "modulinfo: standard output cannot be written: "
               << std::generic_category().message(error) << '\n';
@@ -82,22 +77,6 @@ ExitCode serve(const ServeArguments& arguments) {
     std::cerr << "modulinfo: " << error.what() << '\n';
     return ExitCode::WrongUsage;
   }
-}
-
-}  // namespace
-
-void addServeCommand(CLI::App& app, Command& chosen) {
-  CLI::App* serving = app.add_subcommand(
-      "serve", "Drive a control by JSON-RPC requests on standard input, one a line");
-  const auto arguments = std::make_shared<ServeArguments>();
-  serving->add_flag("--trace", arguments->trace, "Tell of each call to the module");
-  serving
-      ->add_option("--simulate", arguments->moduleFile,
-                   "Simulate the module of this file and offer its port")
-      ->check(CLI::ExistingFile);
-  serving->add_flag("--reentrant", arguments->reentrant,
-                    "Handle a request as soon as it arrives, also in the middle of another");
-  serving->callback([&chosen, arguments] { chosen = [arguments] { return serve(*arguments); }; });
 }
 
 }  // namespace tessara

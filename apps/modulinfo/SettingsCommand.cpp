@@ -1,5 +1,4 @@
 #include <iostream>
-#include <memory>
 #include <string>
 
 #include "Commands.h"
@@ -12,12 +11,6 @@
 namespace tessara {
 
 namespace {
-
-/// The arguments of the command.
-struct SettingsArguments {
-  std::string name;
-  std::string text;
-};
 
 /// Prints the NAME=VALUE lines of one group, and on standard error what is wrong with the others.
 /// Returns false if there are such.
@@ -35,22 +28,6 @@ bool printGroup(const std::string& group, const std::string& prefix) {
   return settings.unusable.empty() && settings.skippedLines.empty();
 }
 
-ExitCode list() {
-  const std::string ports = SettingsPorts::group;
-  const bool isWhole = printGroup(LinuxRegistryHelper::settingsGroup, "");
-  return printGroup(ports, ports + '/') && isWhole ? ExitCode::Done : ExitCode::Failed;
-}
-
-ExitCode get(const SettingsArguments& arguments) {
-  const auto text = SettingsStore().value(settingKey(arguments.name));
-  if (!text) {
-    std::cerr << "modulinfo: " << arguments.name << " is not set\n";
-    return ExitCode::Failed;
-  }
-  std::cout << *text << '\n';
-  return ExitCode::Done;
-}
-
 /// A value that is not usable is set too, and can be removed.
 bool isSet(const SettingsStore& store, const std::string& key) {
   try {
@@ -61,39 +38,35 @@ bool isSet(const SettingsStore& store, const std::string& key) {
   }
 }
 
-ExitCode set(const SettingsArguments& arguments) {
-  const std::string key = settingKey(arguments.name);
+}  // namespace
+
+ExitCode run(const SettingsListRequest& /*request*/) {
+  const std::string ports = SettingsPorts::group;
+  const bool isWhole = printGroup(LinuxRegistryHelper::settingsGroup, "");
+  return printGroup(ports, ports + '/') && isWhole ? ExitCode::Done : ExitCode::Failed;
+}
+
+ExitCode run(const SettingsGetRequest& request) {
+  const auto text = SettingsStore().value(settingKey(request.name));
+  if (!text) {
+    std::cerr << "modulinfo: " << request.name << " is not set\n";
+    return ExitCode::Failed;
+  }
+  std::cout << *text << '\n';
+  return ExitCode::Done;
+}
+
+ExitCode run(const SettingsSetRequest& request) {
+  const std::string key = settingKey(request.name);
   SettingsStore store;
-  const std::string problem = settingProblem(arguments.name, arguments.text);
-  const bool isRemoval = arguments.text.empty() && isSet(store, key);
+  const std::string problem = settingProblem(request.name, request.text);
+  const bool isRemoval = request.text.empty() && isSet(store, key);
   if (!problem.empty() && !isRemoval) {
     std::cerr << "modulinfo: " << problem << '\n';
     return ExitCode::WrongUsage;
   }
-  arguments.text.empty() ? store.remove(key) : store.setValue(key, arguments.text);
+  request.text.empty() ? store.remove(key) : store.setValue(key, request.text);
   return ExitCode::Done;
-}
-
-}  // namespace
-
-void addSettingsCommand(CLI::App& app, Command& chosen) {
-  CLI::App* settings = app.add_subcommand("settings", "List, read and write the settings");
-  settings->require_subcommand(1);
-  const auto arguments = std::make_shared<SettingsArguments>();
-
-  settings->add_subcommand("list", "Print all settings as NAME=VALUE lines")->callback([&chosen] {
-    chosen = list;
-  });
-
-  CLI::App* getting = settings->add_subcommand("get", "Print the value of one setting");
-  getting->add_option("NAME", arguments->name, "Language, Ports/COM9/Device, ...")->required();
-  getting->callback([&chosen, arguments] { chosen = [arguments] { return get(*arguments); }; });
-
-  CLI::App* setting = settings->add_subcommand("set", "Write one setting");
-  setting->add_option("NAME", arguments->name, "Language, Ports/COM9/Device, ...")->required();
-  setting->add_option("VALUE", arguments->text, "The new value; an empty one removes the setting")
-      ->required();
-  setting->callback([&chosen, arguments] { chosen = [arguments] { return set(*arguments); }; });
 }
 
 }  // namespace tessara

@@ -1,40 +1,36 @@
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <string_view>
 
 #include "serve/JsonRpc.h"
 #include "serve/LineSplitter.h"
-#include "serve/Parameters.h"
 #include "serve/VariantJson.h"
 
 namespace {
 
 using namespace tessara;
 
-constexpr std::array<std::string_view, 4> known{"name", "value", "ms", "args"};
-
 /// Takes a request apart as the methods do.
-void useParameters(const Json& params) {
-  const Parameters parameters(params, known);
-  if (parameters.has("name")) (void)parameters.text("name");
-  if (parameters.has("value")) (void)toJson(toVariant(parameters.value("value"), "value"));
-  if (parameters.has("ms")) (void)parameters.number("ms");
-  for (const Json& argument : parameters.list("args")) (void)toVariant(argument, "args");
+void useParameters(const JsonReader& params) {
+  params.allowOnly({"name", "value", "ms", "args"});
+  if (params.has("name")) (void)params["name"].text();
+  if (params.has("value")) (void)toJson(toVariant(params["value"]));
+  if (params.has("ms")) (void)params["ms"].signedNumber(0, 1000);
+  if (!params.has("args")) return;
+  for (const JsonReader& argument : params["args"].elements()) (void)toVariant(argument);
 }
 
-OrderedJson answerOf(const RpcEntry& entry) {
+JsonText answerOf(const RpcEntry& entry) {
   if (const auto* fault = std::get_if<RpcFault>(&entry)) {
     return errorMessage(fault->id, fault->error);
   }
   const auto& request = std::get<RpcRequest>(entry);
-  const Json id = request.id.value_or(Json());
+  const JsonText id = request.id.value_or(JsonText());
   try {
     useParameters(request.params);
     return resultMessage(id, inQuotes(request.method));
-  } catch (const RpcError& error) {
-    return errorMessage(id, error);
+  } catch (const JsonError& error) {
+    return errorMessage(id, wrongParameters(error.what()));
   }
 }
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "simulator/FileDescriptor.h"
+#include "serial/linux/FileDescriptor.h"
 
 namespace tessara {
 

@@ -7,17 +7,20 @@
 #include <cstdlib>
 #include <exception>
 #include <fstream>
+#include <iterator>
+#include <limits>
 #include <optional>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
 #include <fcntl.h>
-#include <nlohmann/json.hpp>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "json/JsonReader.h"
+#include "json/JsonText.h"
 #include "serial/linux/FileDescriptor.h"
 
 namespace tessara {
@@ -25,7 +28,6 @@ namespace tessara {
 namespace {
 
 namespace fs = std::filesystem;
-using nlohmann::json;
 
 constexpr std::string_view filePrefix = "COM";
 constexpr ::mode_t ownerOnly = 0700;
@@ -57,7 +59,7 @@ void makeOwnFolder(const fs::path& folder) {
   }
   if (!isOwnFolder(folder)) {
     throw std::system_error(EPERM, std::generic_category(),
-                            folder.string() + " is no folder that belongs to this user alone");
+                            folder.string() + " is not a folder that belongs to this user alone");
   }
 }
 
@@ -85,8 +87,11 @@ std::optional<RunningPort> readPort(const fs::path& file) {
   if (!number || !fs::is_regular_file(file, ignored)) return std::nullopt;
   try {
     std::ifstream stream(file);
-    const json content = json::parse(stream);
-    return RunningPort{*number, content.at("device"), content.at("name"), content.at("pid")};
+    const std::string text(std::istreambuf_iterator<char>(stream), {});
+    const JsonReader content = JsonReader::parse(text);
+    const auto process = content["pid"].signedNumber(1, std::numeric_limits<::pid_t>::max());
+    return RunningPort{*number, content["device"].text(), content["name"].text(),
+                       static_cast<::pid_t>(process)};
   } catch (const std::exception&) {
     return std::nullopt;
   }
@@ -116,8 +121,10 @@ void writePort(const fs::path& folder, int number, const std::string& namePrefix
   const fs::path file = fileOf(folder, number);
   const fs::path fresh = file.string() + ".new";
   std::ofstream stream(fresh);
-  stream << json{
-      {"device", device}, {"name", namePrefix + std::to_string(number)}, {"pid", ::getpid()}};
+  stream << JsonText::object({{"device", device},
+                              {"name", namePrefix + std::to_string(number)},
+                              {"pid", ::getpid()}})
+                .text();
   stream.close();
   if (!stream) throw std::system_error(errno, std::generic_category(), fresh.string());
   fs::rename(fresh, file);

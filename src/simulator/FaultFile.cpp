@@ -10,7 +10,7 @@ namespace tessara {
 namespace {
 
 const std::vector<FaultKind<FaultEffect>>& kinds() {
-  using Node = JsonNode;
+  using Node = JsonReader;
   static const std::vector<FaultKind<FaultEffect>> kinds{
       {"noReply", {}, [](const Node&) -> FaultEffect { return faults::NoReply{}; }},
       {"lateReply",
@@ -45,7 +45,7 @@ const std::vector<FaultKind<FaultEffect>>& kinds() {
 
 }  // namespace
 
-Fault readFault(const JsonNode& node) {
+Fault readFault(const JsonReader& node) {
   Fault fault{readEffect(node, kinds()), readTrigger(node)};
   try {
     checkFault(fault);

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "json/JsonReader.h"
 #include "simulator/Fault.h"
-#include "simulator/JsonNode.h"
 
 namespace tessara {
 
-/// One entry of the list of faults in a module file. Throws ModuleFileError.
-Fault readFault(const JsonNode& node);
+/// One entry of the list of faults in a module file. Throws JsonError.
+Fault readFault(const JsonReader& node);
 
 }  // namespace tessara

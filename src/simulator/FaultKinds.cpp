@@ -10,7 +10,7 @@ namespace {
 constexpr std::uint64_t maxRequests = std::numeric_limits<std::uint64_t>::max();
 constexpr std::uint64_t maxDelay = 3'600'000;  // an hour, in milliseconds
 
-FaultTrigger uncheckedTrigger(const JsonNode& node) {
+FaultTrigger uncheckedTrigger(const JsonReader& node) {
   if (node.has("at") + node.has("every") + node.has("probability") != 1) {
     node.fail(R"(needs one of the keys "at", "every" and "probability")");
   }
@@ -24,7 +24,7 @@ FaultTrigger uncheckedTrigger(const JsonNode& node) {
 
 }  // namespace
 
-FaultTrigger readTrigger(const JsonNode& node) {
+FaultTrigger readTrigger(const JsonReader& node) {
   const FaultTrigger trigger = uncheckedTrigger(node);
   try {
     checkTrigger(trigger);
@@ -34,21 +34,21 @@ FaultTrigger readTrigger(const JsonNode& node) {
   return trigger;
 }
 
-std::uint8_t readByte(const JsonNode& node) {
+std::uint8_t readByte(const JsonReader& node) {
   return static_cast<std::uint8_t>(node.number(0, 0xFF));
 }
 
-Bytes readBytes(const JsonNode& node) {
+Bytes readBytes(const JsonReader& node) {
   Bytes bytes;
-  for (const JsonNode& element : node.elements()) bytes.push_back(readByte(element));
+  for (const JsonReader& element : node.elements()) bytes.push_back(readByte(element));
   return bytes;
 }
 
-std::chrono::milliseconds readDelay(const JsonNode& node) {
+std::chrono::milliseconds readDelay(const JsonReader& node) {
   return std::chrono::milliseconds(node.number(0, maxDelay));
 }
 
-faults::Unplug readUnplug(const JsonNode& node, std::size_t longest) {
+faults::Unplug readUnplug(const JsonReader& node, std::size_t longest) {
   faults::Unplug unplug;
   if (node.has("bytes")) unplug.bytes = node["bytes"].number(0, longest);
   if (node.has("replugAfter")) unplug.replugAfter = readDelay(node["replugAfter"]);

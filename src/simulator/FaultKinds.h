@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "json/JsonReader.h"
 #include "simulator/Fault.h"
-#include "simulator/JsonNode.h"
 
 namespace tessara {
 
@@ -17,30 +17,30 @@ template <class Effect>
 struct FaultKind {
   std::string_view name;
   std::vector<std::string_view> keys;  ///< beside those of every fault
-  Effect (*read)(const JsonNode&);
+  Effect (*read)(const JsonReader&);
 };
 
-/// When a fault in a module file is to happen. Throws ModuleFileError.
-FaultTrigger readTrigger(const JsonNode& node);
+/// When a fault in a module file is to happen. Throws JsonError.
+FaultTrigger readTrigger(const JsonReader& node);
 
 /// A byte, a list of bytes, and a time in milliseconds of up to an hour.
-std::uint8_t readByte(const JsonNode& node);
-Bytes readBytes(const JsonNode& node);
-std::chrono::milliseconds readDelay(const JsonNode& node);
+std::uint8_t readByte(const JsonReader& node);
+Bytes readBytes(const JsonReader& node);
+std::chrono::milliseconds readDelay(const JsonReader& node);
 
 /// The fault "unplug" of an answer of up to `longest` bytes.
-faults::Unplug readUnplug(const JsonNode& node, std::size_t longest);
+faults::Unplug readUnplug(const JsonReader& node, std::size_t longest);
 
-/// What the fault at `node` does: it must be one of `kinds`. Throws ModuleFileError.
+/// What the fault at `node` does: it must be one of `kinds`. Throws JsonError.
 template <class Effect>
-Effect readEffect(const JsonNode& node, const std::vector<FaultKind<Effect>>& kinds) {
-  const JsonNode named = node["kind"];
+Effect readEffect(const JsonReader& node, const std::vector<FaultKind<Effect>>& kinds) {
+  const JsonReader named = node["kind"];
   const std::string name = named.text();
   const auto kind = std::ranges::find(kinds, name, &FaultKind<Effect>::name);
   if (kind == kinds.end()) {
     std::string known;
     for (const auto& one : kinds) known += (known.empty() ? "" : ", ") + std::string(one.name);
-    named.fail("\"" + name + "\" is no kind of fault; these are: " + known);
+    named.fail(named.shown() + " is not a kind of fault; these are: " + known);
   }
   std::vector<std::string_view> keys{"kind", "at", "every", "probability", "seed"};
   keys.insert(keys.end(), kind->keys.begin(), kind->keys.end());

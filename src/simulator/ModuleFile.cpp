@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "simulator/FaultFile.h"
+#include "simulator/ModuleNumber.h"
 #include "simulator/ModuleText.h"
 
 namespace tessara {
@@ -37,7 +38,7 @@ std::optional<std::uint16_t> versionWord(std::string_view text) {
 
 class ModuleReader {
  public:
-  explicit ModuleReader(const JsonNode& root) : root_(root) {}
+  explicit ModuleReader(const JsonReader& root) : root_(root) {}
 
   SimulatedModule read(const std::vector<std::string_view>& otherKeys) {
     std::vector<std::string_view> keys{"link",         "address",  "vendorId",    "groupId",
@@ -49,8 +50,8 @@ class ModuleReader {
     if (root_.has("address")) {
       module_.address = static_cast<std::uint8_t>(root_["address"].number(1, maxAddress));
     }
-    module_.identification = {root_["vendorId"].word(), root_["groupId"].word(),
-                              root_["familyId"].word(), root_["deviceId"].word()};
+    module_.identification = {readWord(root_["vendorId"]), readWord(root_["groupId"]),
+                              readWord(root_["familyId"]), readWord(root_["deviceId"])};
     readVersion("firmware", firmwareRegister);
     readVersion("secondVersion", secondVersionRegister);
     readSerialNumber();
@@ -64,23 +65,23 @@ class ModuleReader {
  private:
   void readVersion(const std::string& key, std::uint16_t number) {
     if (!root_.has(key)) return;
-    const JsonNode node = root_[key];
+    const JsonReader node = root_[key];
     if (node.isText() && !node.text().starts_with("0x")) {
       const auto word = versionWord(node.text());
-      if (!word) node.fail(R"(must be a version like "1.234", not ")" + node.text() + "\"");
+      if (!word) node.fail(node.shown() + " is not a version such as \"1.234\"");
       module_.registers[number] = *word;
     } else {
-      module_.registers[number] = node.word();
+      module_.registers[number] = readWord(node);
     }
   }
 
   void readSerialNumber() {
     if (!root_.has("serialNumber")) return;
     constexpr std::uint64_t maxNumber = std::numeric_limits<std::uint64_t>::max();
-    const JsonNode node = root_["serialNumber"];
+    const JsonReader node = root_["serialNumber"];
     const auto serial =
         node.isText() ? unsignedFromText(node.text(), maxNumber) : node.number(0, maxNumber);
-    if (!serial) node.fail("must be a number of 64 bits, not \"" + node.text() + "\"");
+    if (!serial) node.fail(node.shown() + " is not a number of 64 bits");
     for (std::size_t index = 0; index < serialNumberWords; ++index) {
       const auto number = static_cast<std::uint16_t>(serialNumberRegister + index);
       module_.registers[number] = static_cast<std::uint16_t>(*serial >> (16 * index));
@@ -89,7 +90,7 @@ class ModuleReader {
 
   void readName() {
     if (!root_.has("name")) {
-      if (root_.has("namePadding")) root_["namePadding"].fail("there is no name to be padded");
+      if (root_.has("namePadding")) root_["namePadding"].fail("there is no name to pad");
       return;
     }
     module_.name = root_["name"].text();
@@ -104,8 +105,8 @@ class ModuleReader {
     if (!root_.has(key)) return;
     for (const auto& [text, node] : root_[key].members()) {
       const auto number = unsignedFromText(text, std::numeric_limits<std::uint16_t>::max());
-      if (!number) node.fail("the key must be a register number from 0 to 65535");
-      if (!module_.registers.emplace(static_cast<std::uint16_t>(*number), node.word()).second) {
+      if (!number) node.fail("the key is not a register number from 0 to 65535");
+      if (!module_.registers.emplace(static_cast<std::uint16_t>(*number), readWord(node)).second) {
         node.fail("register " + std::to_string(*number) + " has been given already");
       }
     }
@@ -113,37 +114,37 @@ class ModuleReader {
 
   void readFaults() {
     if (!root_.has("faults")) return;
-    for (const JsonNode& node : root_["faults"].elements()) {
+    for (const JsonReader& node : root_["faults"].elements()) {
       module_.faults.push_back(readFault(node));
     }
   }
 
-  const JsonNode& root_;
+  const JsonReader& root_;
   SimulatedModule module_;
 };
 
-SimulatedModule readModbusModule(const JsonNode& root) {
+SimulatedModule readModbusModule(const JsonReader& root) {
   if (root.has("link") && root["link"].text() != "modbus") {
-    root["link"].fail("\"" + root["link"].text() + "\" is not the link of a Modbus module");
+    root["link"].fail(root["link"].shown() + " is not the link of a Modbus module");
   }
   return readModule(root);
 }
 
 }  // namespace
 
-SimulatedModule readModule(const JsonNode& root, const std::vector<std::string_view>& otherKeys) {
+SimulatedModule readModule(const JsonReader& root, const std::vector<std::string_view>& otherKeys) {
   return ModuleReader(root).read(otherKeys);
 }
 
 SimulatedModule parseModule(std::string_view text, const std::string& source) {
-  return readModbusModule(JsonNode::parse(text, source));
+  return readModuleText(text, source, readModbusModule);
 }
 
 SimulatedModule loadModule(const std::filesystem::path& file) {
-  return readModbusModule(parseModuleFile(file));
+  return readModuleFile(file, readModbusModule);
 }
 
-JsonNode parseModuleFile(const std::filesystem::path& file) {
+std::string moduleFileText(const std::filesystem::path& file) {
   const auto unreadable = [&file](int error) {
     return ModuleFileError(file.string() +
                            ": cannot be read: " + std::generic_category().message(error));
@@ -151,8 +152,7 @@ JsonNode parseModuleFile(const std::filesystem::path& file) {
   if (std::filesystem::is_directory(file)) throw unreadable(EISDIR);
   std::ifstream stream(file, std::ios::binary);
   if (!stream) throw unreadable(errno);
-  const std::string text(std::istreambuf_iterator<char>(stream), {});
-  return JsonNode::parse(text, file.string());
+  return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 }  // namespace tessara

@@ -4,7 +4,7 @@
 
 namespace tessara {
 
-/// A module file cannot be used. The message names the file, the place in it ("/faults/0/kind") and
+/// A module file cannot be used. The message names the file, the path in it ("faults[0].kind") and
 /// what is wrong there.
 class ModuleFileError : public std::runtime_error {
  public:

@@ -11,17 +11,17 @@ namespace {
 
 constexpr char16_t maxCharacter = 0xFF;
 
-std::uint8_t paddingByte(const JsonNode& root) {
+std::uint8_t paddingByte(const JsonReader& root) {
   if (!root.has("namePadding")) return 0;
-  const JsonNode node = root["namePadding"];
+  const JsonReader node = root["namePadding"];
   if (node.text() == "zero") return 0;
   if (node.text() == "blank") return ' ';
-  node.fail(R"(must be "zero" or "blank", not ")" + node.text() + "\"");
+  node.fail(node.shown() + R"( is not one of "zero" and "blank")");
 }
 
 }  // namespace
 
-Bytes readLatin1(const JsonNode& node, std::size_t most) {
+Bytes readLatin1(const JsonReader& node, std::size_t most) {
   const std::u16string characters = fromUtf8(node.text());
   if (characters.size() > most) {
     node.fail("has " + std::to_string(characters.size()) + " characters; a module has room for " +
@@ -30,14 +30,14 @@ Bytes readLatin1(const JsonNode& node, std::size_t most) {
   Bytes bytes;
   for (const char16_t character : characters) {
     if (character > maxCharacter) {
-      node.fail("\"" + toUtf8({&character, 1}) + "\" is no character of Latin-1");
+      node.fail("\"" + toUtf8({&character, 1}) + "\" is not a character of Latin-1");
     }
     bytes.push_back(static_cast<std::uint8_t>(character));
   }
   return bytes;
 }
 
-Bytes readPaddedName(const JsonNode& root) {
+Bytes readPaddedName(const JsonReader& root) {
   Bytes name = readLatin1(root["name"], nameLength);
   name.resize(nameLength, paddingByte(root));
   return name;

@@ -23,46 +23,46 @@ constexpr const char* hartModemPrefix = "\\Device\\ViatorSim";
 
 struct Link {
   std::string_view name;
-  PluggableModule (*read)(const JsonNode& root);
+  PluggableModule (*read)(const JsonReader& root);
 };
 
 constexpr std::array knownLinks{
     Link{"modbus",
-         [](const JsonNode& root) -> PluggableModule {
+         [](const JsonReader& root) -> PluggableModule {
            SimulatedModule module = readModule(root);
            std::string name = module.name;
            return {std::move(name), serialAdapterPrefix,
                    std::make_unique<ModbusBus>(std::vector{std::move(module)})};
          }},
     Link{"hart",
-         [](const JsonNode& root) -> PluggableModule {
+         [](const JsonReader& root) -> PluggableModule {
            SimulatedHartModule module = readHartModule(root);
            std::string name = module.name;
            return {std::move(name), hartModemPrefix, std::make_unique<HartLine>(std::move(module))};
          }},
     Link{"nfc-twn4",
-         [](const JsonNode& root) -> PluggableModule {
+         [](const JsonReader& root) -> PluggableModule {
            SimulatedNfcModule module = readNfcModule(root);
            std::string name = module.module.name;
            return {std::move(name), twn4Prefix, std::make_unique<SimulatedTwn4>(std::move(module))};
          }},
     Link{usbReaderLink,
-         [](const JsonNode& root) -> PluggableModule {
+         [](const JsonReader& root) -> PluggableModule {
            root["link"].fail(
-               "the USB NFC reader is no port: it can only be simulated inside the "
-               "program that reads the module");
+               "the USB NFC reader is not a port: it can only be simulated inside the program that "
+               "reads the module");
          }},
 };
 
-const Link& linkOf(const JsonNode& root) {
+const Link& linkOf(const JsonReader& root) {
   if (!root.has("link")) return knownLinks.front();
-  const JsonNode node = root["link"];
+  const JsonReader node = root["link"];
   const std::string name = node.text();
   const auto* const link = std::ranges::find(knownLinks, name, &Link::name);
   if (link == knownLinks.end()) {
     std::string known;
     for (const Link& one : knownLinks) known += (known.empty() ? "" : ", ") + std::string(one.name);
-    node.fail("\"" + name + "\" is no link that can be simulated; these are: " + known);
+    node.fail(node.shown() + " is not a link that can be simulated; these are: " + known);
   }
   return *link;
 }
@@ -70,14 +70,14 @@ const Link& linkOf(const JsonNode& root) {
 }  // namespace
 
 std::optional<SimulatedNfcModule> loadUsbReaderModule(const std::filesystem::path& file) {
-  const JsonNode root = parseModuleFile(file);
-  if (linkOf(root).name != usbReaderLink) return std::nullopt;
-  return readNfcModule(root);
+  return readModuleFile(file, [](const JsonReader& root) {
+    const bool isUsbReader = linkOf(root).name == usbReaderLink;
+    return isUsbReader ? std::optional(readNfcModule(root)) : std::nullopt;
+  });
 }
 
 PluggableModule loadPluggableModule(const std::filesystem::path& file) {
-  const JsonNode root = parseModuleFile(file);
-  return linkOf(root).read(root);
+  return readModuleFile(file, [](const JsonReader& root) { return linkOf(root).read(root); });
 }
 
 }  // namespace tessara

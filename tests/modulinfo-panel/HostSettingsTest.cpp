@@ -48,7 +48,7 @@ TEST_F(HostSettingsTest, KnowAndKeepNothingForASimulatedModule) {
 }
 
 TEST_F(HostSettingsTest, TakeAValueThatMakesNoSenseForNone) {
-  for (const QByteArray value : {"fast", "-1", "0", "99999999999", ""}) {
+  for (const QByteArray value : {"fast", "-1", "0", "299", "99999999999", ""}) {
     write("[Connection]\nBaudrate=" + value + "\n# " + QByteArray(value.size(), 'x') + "\n");
     EXPECT_EQ(HostSettings(true).baudrate(), std::nullopt) << value.toStdString();
   }

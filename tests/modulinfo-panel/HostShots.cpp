@@ -46,7 +46,7 @@ class Shots {
     LinuxPlatform platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr),
                            std::move(options));
     PanelWindow window(platform, events, settings);
-    ReadRequest request;
+    ModuleRequest request;
     request.comPort = simulator.comPort();
     request.language = language;
     bringUp(window.control(), platform, request);

@@ -138,8 +138,8 @@ class ProgramTest(Bench):
         self.assertFalse(self.picture.exists())
 
     def test_wrong_usage_ends_with_2(self):
-        for arguments in (["--port", "seven"], ["--simulate", "absent.json"], ["--baudrate", "0"],
-                          ["--address", "256"], ["--language", "12"], ["--unknown"],
+        for arguments in (["--port", "seven"], ["--simulate", "absent.json"], ["--baudrate", "299"],
+                          ["--address", "248"], ["--simulate", self.module(), "--address", "0"], ["--language", "12"], ["--unknown"],
                           ["--port", "COM1", "--simulate", self.module()]):
             with self.subTest(arguments=arguments):
                 ended = self.run_panel(*arguments)

@@ -77,8 +77,8 @@ TEST(PortList, TheTableIsAlignedAndTellsOfPortsThatAreNotListed) {
             "TWN4 NFC-Adapter (COM12)  free    /dev/ttyACM0  cdc_acm  09D8:0420\n"
             "NFC-USB-ZORVEN-ADAPTER    free\n"
             "\n"
-            "Not in the list of ports (the setting ShowAllComPorts lists ports of no known kind "
-            "too):\n"
+            "Not in the list of ports (the setting ShowAllComPorts lists ports with unrecognised "
+            "adapters too):\n"
             "COM1  denied  /dev/ttyS0  port\n"
             "COM9  free    /dev/pts/5\n");
 }

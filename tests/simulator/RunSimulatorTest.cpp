@@ -160,7 +160,7 @@ TEST_F(RunSimulatorTest, ServesNothingIfOneFileIsBad) {
   const std::string bad = folder_.write("bad.json", "{");
   EXPECT_EQ(runSimulator({good, bad}, false, out, err), 2);
   EXPECT_EQ(out.str(), "");
-  EXPECT_THAT(err.str(), HasSubstr(bad + ": parse error"));
+  EXPECT_THAT(err.str(), HasSubstr(bad + ": invalid JSON at line 1"));
   EXPECT_THAT(runningPorts(), IsEmpty());
 }
 

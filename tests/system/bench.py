@@ -1,4 +1,4 @@
-"""A test bench for the real programs: a user of its own, modules, ports and peers."""
+"""A test bench for the real programs: a separate user, modules, ports and peers."""
 
 import contextlib
 import ctypes
@@ -22,8 +22,8 @@ SAMPLES = HERE.parents[1] / "data" / "modules"
 # A generous deadline: the machine may be busy with other tests.
 PATIENCE = 300
 
-# What lets root pass the modes of files: the capabilities CAP_DAC_OVERRIDE and CAP_DAC_READ_SEARCH
-# (linux/capability.h), and the call that gives them up (linux/prctl.h).
+# Why root passes the modes of files: the capabilities CAP_DAC_OVERRIDE and CAP_DAC_READ_SEARCH
+# (linux/capability.h), and the call that drops them (linux/prctl.h).
 CAPABILITIES_OVER_MODES = (1, 2)
 PR_CAPBSET_DROP = 24
 
@@ -46,25 +46,25 @@ HEALTHY = {
 
 
 def wait_for(condition, what):
-    """Waits until the condition is true, and gives what it gave."""
+    """Waits until the condition returns something true, and returns that."""
     deadline = time.monotonic() + PATIENCE
     while time.monotonic() < deadline:
         result = condition()
         if result:
             return result
         time.sleep(0.01)
-    raise AssertionError(f"waited in vain for {what}")
+    raise AssertionError(f"no sign of {what}")
 
 
 def give_up_passing_modes():
-    """Has the program that this process becomes start without what lets root pass modes."""
+    """Makes the program that this process becomes start without root's rights over file modes."""
     for capability in CAPABILITIES_OVER_MODES:
         if LIBC.prctl(PR_CAPBSET_DROP, capability, 0, 0, 0) != 0:
-            raise OSError(ctypes.get_errno(), "the rights of root cannot be given up")
+            raise OSError(ctypes.get_errno(), "root's rights cannot be dropped")
 
 
 class Bench(unittest.TestCase):
-    """Runs each test with configuration and runtime folders of its own."""
+    """Runs each test with separate configuration and runtime folders."""
 
     maxDiff = None
 
@@ -145,7 +145,7 @@ class Bench(unittest.TestCase):
 
     @contextlib.contextmanager
     def silent_port(self):
-        """A port with nobody at its other end that answers; gives its device node."""
+        """A port without a module at its other end; yields its device node."""
         master, slave = pty.openpty()
         tty.setraw(master)
         try:

@@ -19,7 +19,7 @@ HEALTHY = {
 
 
 class HartBench(Bench):
-    """Runs each test with HART modules of its own."""
+    """Runs each test with separate HART modules."""
 
     def hart(self, **changes):
         """The path of a module file: the healthy transmitter with these changes; None removes a key."""

@@ -7,7 +7,7 @@ READERS = {"nfc-twn4": "TWN4 NFC-Adapter (COM100)", "nfc-usb": "NFC-USB-ZORVEN-A
 
 
 class NfcBench(Bench):
-    """Runs each test with tags of its own."""
+    """Runs each test with separate tags."""
 
     def with_each(self, faults_of_reader, faults_of_module, check):
         """Has a module checked on each reader and with each fault. What stands behind a fault, the

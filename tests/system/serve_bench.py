@@ -54,7 +54,7 @@ class Client:
         return json.loads(line) if line else None
 
     def next_answer(self):
-        """The next answer; the notifications before it are heard."""
+        """The next answer; the notifications before it are skipped."""
         while (message := self.next()) is not None and "method" in message:
             self.heard.append((message["method"], message["params"]))
         return message
@@ -67,7 +67,7 @@ class Client:
             assert message is not None, "the program has ended"
 
     def wait_for(self, identity):
-        """The result of that request, which is the next one to be answered."""
+        """The result of that request, which must be answered next."""
         answer = self.next_answer()
         assert answer is not None, "the program has ended: " + self.process.stderr.read().decode()
         assert answer["id"] == identity, answer
@@ -116,7 +116,7 @@ class Client:
         self.process.stdin.close()
 
     def ending(self):
-        """What is still said, the exit code, and what stands on standard error."""
+        """The remaining messages, the exit code, and the text on standard error."""
         rest = []
         while (message := self.next()) is not None:
             rest.append(message)
@@ -136,7 +136,7 @@ class Client:
 
 
 class ServeBench(Bench):
-    """Runs each test with clients of its own."""
+    """Runs each test with separate clients."""
 
     def serve(self, *options):
         """A control that has just been made."""
@@ -145,7 +145,7 @@ class ServeBench(Bench):
         return client
 
     def shown(self, *options):
-        """A control that is shown, in German and at the usual rate; nothing is heard any more."""
+        """A control that is shown, in German and at the usual rate, with all messages read."""
         client = self.serve(*options)
         self.come_up(client)
         return client
@@ -158,7 +158,7 @@ class ServeBench(Bench):
         client.take_heard()
 
     def reading(self, module, *options):
-        """A control that has read this simulated module; nothing is heard any more."""
+        """A control that has read this simulated module, with all messages read."""
         client = self.shown("--simulate", module, *options)
         client.call("AutomaticConnection")
         self.assertEqual(client.get("DataValid"), 1)

@@ -1,4 +1,4 @@
-"""A read of a module that is not ours: pymodbus behind a pair of ports joined by socat."""
+"""A read of a module of other make: pymodbus behind a pair of ports joined by socat."""
 
 import json
 import subprocess
@@ -45,7 +45,7 @@ class Peer(Bench):
         for _ in range(3):
             self.assertIn("Peer", self.succeed("read", "--port", "COM9"))
 
-    def test_a_unit_that_is_not_there_does_not_answer(self):
+    def test_an_absent_address_does_not_answer(self):
         self.assertIn("no answer", self.fail_with(4, "read", "--port", "COM9", "--address", 7))
 
 

@@ -1,4 +1,4 @@
-"""`modulinfo ports`: which ports there are, and what stands behind each."""
+"""`modulinfo ports`: the ports, and the device of each."""
 
 import fcntl
 import json
@@ -84,7 +84,7 @@ class Ports(Bench):
                 "deviceName": "\\Device\\Silabser9", "device": device, "driver": None,
                 "usb": None})
 
-    def test_the_table_tells_the_same(self):
+    def test_the_table_shows_the_same(self):
         with self.silent_port() as device:
             self.enter_port(device)
             first = self.succeed("ports").splitlines()[0]
@@ -134,7 +134,7 @@ class Ports(Bench):
         self.assertEqual(self.state("/dev/no-such-port"), "absent")
         self.assertEqual(self.state("/dev/null"), "no serial port")
 
-    def test_a_port_of_no_known_kind_is_told_apart(self):
+    def test_a_port_with_an_unrecognised_adapter_is_listed_separately(self):
         with self.silent_port() as device:
             self.enter_port(device, "Serial9")
             self.assertIsNone(self.listed()["COM9"]["label"])

@@ -79,7 +79,7 @@ class Read(Bench):
         self.assertEqual(self.read_json("--port", "COM100")["serialNumber"], 1)
         self.assertEqual(self.read_json("--port", "COM101")["serialNumber"], 2)
 
-    def test_a_port_is_told_from_one_whose_number_begins_alike(self):
+    def test_a_port_is_not_confused_with_one_whose_number_begins_with_the_same_digits(self):
         ports = self.simulator(self.module("a.json", serialNumber="1"),
                                self.module("b.json", serialNumber="2"))
         self.write_settings(f"[Ports]\nCOM10\\Device={ports['COM101']}\n")

@@ -4,7 +4,7 @@ import unittest
 
 from bench import HEALTHY, Bench
 
-# What each fault of every request is told as.
+# What is reported for each fault of every request.
 FATAL = (
     ({"kind": "noReply"}, "no answer within 500 ms"),
     ({"kind": "lateReply", "delay": 3000}, "no answer within 500 ms"),
@@ -58,11 +58,7 @@ class ReadFaults(Bench):
         self.assertIn("identification at address 7: no answer",
                       self.fail_with(4, "read", "--simulate", self.module(), "--address", 7))
 
-    def test_address_0_is_no_module(self):
-        self.assertIn("address 0 calls all modules",
-                      self.fail_with(4, "read", "--simulate", self.module(), "--address", 0))
-
-    def test_a_module_without_a_register_is_told(self):
+    def test_a_missing_register_is_reported(self):
         status = {number: word for number, word in HEALTHY["status"].items() if number != "84"}
         self.assertIn("input register 84 at address 192: exception 2",
                       self.fail_with(4, "read", "--simulate", self.module(status=status)))
@@ -72,7 +68,7 @@ class ReadFaults(Bench):
         self.assertIn("4711", self.succeed("read", "--port", "COM100"))
         self.assertIn("4711", self.succeed("read", "--port", "COM100"))
 
-    def test_a_port_that_nobody_answers_on(self):
+    def test_a_port_without_an_answer(self):
         with self.silent_port() as device:
             self.write_settings(f"[Ports]\nCOM9\\Device={device}\n")
             self.assertIn(f"COM9 ({device}), identification at address 192: no answer",

@@ -4,7 +4,7 @@ import unittest
 
 from hart_bench import HartBench
 
-# What each fault of every request is told as.
+# What is reported for each fault of every request.
 FATAL = (
     ({"kind": "noReply"}, "no answer within 305 ms, asked 3 times"),
     ({"kind": "lateReply", "delay": 3000}, "no answer"),

@@ -42,7 +42,7 @@ class ReadNfc(NfcBench):
         self.assertIn(HEALTHY["serialNumber"], self.succeed("read", "--port", "COM100"))
 
     def test_the_usb_reader_cannot_be_served_on_a_port(self):
-        self.assertIn("the USB NFC reader is no port",
+        self.assertIn("the USB NFC reader is not a port",
                       self.fail_with(2, "simulate", self.module(link="nfc-usb")))
 
     def test_without_a_reader_there_is_nothing_to_connect_to(self):

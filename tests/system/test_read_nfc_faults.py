@@ -4,7 +4,7 @@ import unittest
 
 from nfc_bench import NfcBench
 
-# What each fault that stays is told as.
+# What is reported for each lasting fault.
 FATAL_OF_READER = (
     ({"kind": "tagAbsent", "every": 1}, "no module in the reader's field, asked twice"),
     ({"kind": "tagLeaves", "at": 4}, "no module in the reader's field"),
@@ -25,8 +25,8 @@ FATAL_OF_MODULE = (
     ({"kind": "unplug", "every": 1}, "the reader has been unplugged"),
 )
 
-# What the readers tell of themselves and of the air. A TWN4 makes no difference between damage on
-# air and a tag that is not there.
+# What the readers report of themselves and of the field. A TWN4 does not distinguish between damage
+# on air and an absent tag.
 FATAL_OF_ONE_READER = (
     ("nfc-usb", {"kind": "airChecksum"}, "checksum error on air"),
     ("nfc-twn4", {"kind": "airChecksum"}, "no module in the reader's field"),
@@ -45,7 +45,7 @@ class ReadNfcFaults(NfcBench):
     def test_each_fault_that_stays_ends_in_code_4_and_its_cause(self):
         self.with_each(FATAL_OF_READER, FATAL_OF_MODULE, self.expect_cause)
 
-    def test_what_a_reader_tells_of_itself_and_of_the_air(self):
+    def test_what_a_reader_reports_of_itself_and_of_the_field(self):
         for link, fault, cause in FATAL_OF_ONE_READER:
             with self.subTest(link=link, fault=fault):
                 self.expect_cause(

@@ -1,4 +1,4 @@
-"""How `modulinfo read` ends if there is no way to the module."""
+"""How `modulinfo read` ends without a connection to the module."""
 
 import fcntl
 import os
@@ -11,26 +11,26 @@ class ReadPorts(Bench):
     def enter_port(self, device):
         self.write_settings(f"[Ports]\nCOM9\\Device={device}\nCOM9\\Name=\\Device\\Silabser9\n")
 
-    def test_a_port_that_nobody_knows(self):
+    def test_an_unknown_port(self):
         self.simulator(self.module())
         complaint = self.fail_with(3, "read", "--port", "COM77")
         self.assertIn("there is no port COM77; there are COM100", complaint)
 
-    def test_a_port_that_nobody_knows_leaves_the_settings_alone(self):
+    def test_an_unknown_port_leaves_the_settings_alone(self):
         self.simulator(self.module())
         self.fail_with(3, "read", "--port", "COM77")
         self.assertFalse(self.settings_file.exists()
                          and "COM%20Port" in self.settings_file.read_text("utf-8"))
 
-    def test_a_reader_that_is_not_there(self):
+    def test_an_absent_reader(self):
         self.assertIn("no USB NFC reader was found", self.fail_with(3, "read", "--port", "NFC"))
 
-    def test_a_device_that_is_not_there(self):
+    def test_an_absent_device(self):
         self.enter_port("/dev/pts/no-such-port")
         self.assertIn("no connection: COM9 (/dev/pts/no-such-port) is not there",
                       self.fail_with(3, "read", "--port", "COM9"))
 
-    def test_a_device_that_is_no_port(self):
+    def test_a_device_that_is_not_a_port(self):
         self.enter_port("/dev/null")
         self.assertIn("COM9 (/dev/null) is not a serial port",
                       self.fail_with(3, "read", "--port", "COM9"))
@@ -51,20 +51,20 @@ class ReadPorts(Bench):
             complaint = self.fail_with(3, "read", "--port", "COM9", **self.bound_by_modes())
         self.assertIn(f"COM9 ({device}) cannot be opened: no permission", complaint)
 
-    def test_a_port_of_no_known_kind_is_not_listed(self):
+    def test_a_port_with_an_unrecognised_adapter_is_not_listed(self):
         with self.silent_port() as device:
             self.write_settings(f"[Ports]\nCOM9\\Device={device}\nCOM9\\Name=\\Device\\Serial9\n")
             complaint = self.fail_with(3, "read", "--port", "COM9")
         self.assertIn("COM9 is not in the list of ports", complaint)
         self.assertIn("ShowAllComPorts", complaint)
 
-    def test_a_port_of_no_known_kind_is_listed_on_demand(self):
+    def test_a_port_with_an_unrecognised_adapter_is_listed_on_demand(self):
         ports = self.simulator(self.module())
         self.write_settings(f"[Ports]\nCOM9\\Device={ports['COM100']}\n"
                             "COM9\\Name=\\Device\\Serial9\n[Settings]\nShowAllComPorts=1\n")
         self.assertIn("Serial Port (COM9)", self.succeed("read", "--port", "COM9"))
 
-    def test_a_simulator_that_has_ended_takes_its_port_along(self):
+    def test_the_port_of_a_simulator_ends_with_it(self):
         self.simulator(self.module())
         self.end_simulators()
         self.assertIn("there is no port COM100", self.fail_with(3, "read", "--port", "COM100"))

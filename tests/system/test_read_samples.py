@@ -5,7 +5,7 @@ import unittest
 
 from bench import SAMPLES, Bench
 
-# What the list of ports calls each path; %s stands for the port.
+# The line of the port list for each path; %s is the port.
 SERIAL = "USB Adapter OKT (%s)"
 HART = "USB Hart Adapter Viator (%s)"
 TWN4 = "TWN4 NFC-Adapter (%s)"

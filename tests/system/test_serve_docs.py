@@ -1,4 +1,4 @@
-"""What the documents say of `modulinfo serve`, tried out."""
+"""The documents about `modulinfo serve`, tried out."""
 
 import json
 import subprocess
@@ -14,7 +14,7 @@ BRIDGE = ROOT / "docs" / "bridge.md"
 CLIENT = ROOT / "docs" / "examples" / "modulinfo_client.py"
 FOLDER = "/opt/tessara"
 
-# What a tick of the timer tells, which nobody knows the time of.
+# The events of a timer tick, which may come at any time.
 TICK = ({"name": "ModulActive", "args": [4]}, {"name": "StatusChange", "args": []})
 
 
@@ -78,7 +78,7 @@ Datasheet:      https://example.invalid/tessara/tm-151/datasheet-en.pdf
         done = self.run_client("--port", 101, "--language", 1)
         self.assertIn("Serial number:  2\nModule status:  0 -> Kein Fehler\n", done.stdout)
 
-    def test_the_client_tells_why_it_could_not(self):
+    def test_the_client_reports_why_it_failed(self):
         module = self.module(faults=[{"kind": "exception", "code": 4, "every": 1}])
         done = self.run_client("--simulate", module)
         self.assertEqual((done.returncode, done.stdout), (1, ""))

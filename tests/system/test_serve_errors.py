@@ -1,4 +1,4 @@
-"""`modulinfo serve`: requests that make no sense, each with its code and what was wrong."""
+"""`modulinfo serve`: wrong requests, each answered with its code and what was wrong."""
 
 import json
 import unittest
@@ -6,39 +6,40 @@ import unittest
 from bench import PATIENCE
 from serve_bench import ServeBench
 
-NO_JSON = -32700
+INVALID_JSON = -32700
 INVALID = -32600
 UNKNOWN_METHOD = -32601
 WRONG_PARAMETERS = -32602
 
 WRONG = [
     # method, parameters, part of the message
-    ("get", {}, '"name" is missing'),
-    ("get", {"name": 5}, '"name" is no text'),
+    ("get", {}, "params.name: missing"),
+    ("get", {"name": 5}, "params.name: 5 is not text"),
     ("get", {"name": "Nonsense"}, 'no property "Nonsense"'),
     ("get", {"name": "comport"}, 'no property "comport"'),
     ("get", {"name": "GetFWVersion"}, 'no property "GetFWVersion"'),
     ("get", {"name": "StatusChange"}, 'no property "StatusChange"'),
-    ("get", {"name": "ComPort", "value": 1}, '"value" is not known'),
-    ("set", {"name": "ComPort"}, '"value" is missing'),
-    ("set", {"name": "ComPort", "value": [1]}, "ComPort is neither text nor a number"),
-    ("set", {"name": "ComPort", "value": {}}, "ComPort is neither text nor a number"),
+    ("get", {"name": "ComPort", "value": 1}, "params.value: unknown key"),
+    ("set", {"name": "ComPort"}, "params.value: missing"),
+    ("set", {"name": "ComPort", "value": [1]}, "ComPort: [1] is not text, a number"),
+    ("set", {"name": "ComPort", "value": {}}, "ComPort: {} is not text, a number"),
     ("set", {"name": "SetChnStatus", "value": 1}, 'no property "SetChnStatus"'),
     ("call", {"name": "ComPort"}, 'no method of the control "ComPort"'),
     ("call", {"name": "NFCReader"}, 'no method of the control "NFCReader"'),
-    ("call", {"name": "SetChnStatus", "args": {}}, '"args" is no list'),
-    ("call", {"name": "SetChnStatus", "args": [1, []]}, "lOutStatus is neither text nor a number"),
-    ("show", {"now": True}, '"now" is not known'),
-    ("press", {}, '"widget" is missing'),
+    ("call", {"name": "SetChnStatus", "args": {}}, "params.args: {} is not a list"),
+    ("call", {"name": "SetChnStatus", "args": [1, []]}, "lOutStatus: [] is not text, a number"),
+    ("show", {"now": True}, "params.now: unknown key"),
+    ("press", {}, "params.widget: missing"),
     ("press", {"widget": "CmdNothing"}, 'no widget "CmdNothing"'),
-    ("press", {"widget": "LblModulState"}, "LblModulState is no button"),
+    ("press", {"widget": "LblModulState"}, "LblModulState is not a button"),
     ("press", {"widget": "frmLanguage.cmdOK"}, 'no dialog "frmLanguage" is open'),
-    ("select", {"widget": "txtDevAddr", "index": 0}, "txtDevAddr is no list and no option"),
+    ("select", {"widget": "txtDevAddr", "index": 0}, "txtDevAddr is not a list or an option"),
     ("select", {"widget": "ComboBaudrate"}, '"index" or by "text"'),
     ("select", {"widget": "ComboBaudrate", "index": 0, "text": "2400"}, '"index" or by "text"'),
-    ("select", {"widget": "ComboBaudrate", "index": "0"}, '"index" is no whole number'),
-    ("select", {"widget": "ComboBaudrate", "text": 2400}, '"text" is no text'),
-    ("type", {"widget": "txtDevAddr"}, '"text" is missing'),
+    ("select", {"widget": "ComboBaudrate", "index": "0"},
+     'params.index: "0" is not a whole number'),
+    ("select", {"widget": "ComboBaudrate", "text": 2400}, "params.text: 2400 is not text"),
+    ("type", {"widget": "txtDevAddr"}, "params.text: missing"),
     ("type", {"widget": "ComboComPort", "text": "x"}, "nothing can be typed into ComboComPort"),
     ("type", {"widget": "LblModulState", "text": "x"}, "nothing can be typed into LblModulState"),
     ("widget", {"widget": "LngLabel"}, 'no widget "LngLabel"'),
@@ -46,22 +47,24 @@ WRONG = [
     ("widget", {"widget": ""}, 'no widget ""'),
     ("widget", {"widget": "."}, 'no dialog "" is open'),
     ("tick", {"timer": "Timer1"}, 'no widget "Timer1"'),
-    ("tick", {"timer": "CmdHelp"}, "CmdHelp is no timer"),
-    ("wait", {}, '"ms" is missing'),
-    ("wait", {"ms": -1}, '"ms" is negative'),
-    ("wait", {"ms": 1.5}, '"ms" is no whole number'),
-    ("wait", {"ms": 2147483648}, '"ms" is no whole number'),
+    ("tick", {"timer": "CmdHelp"}, "CmdHelp is not a timer"),
+    ("wait", {}, "params.ms: missing"),
+    ("wait", {"ms": -1}, "params.ms: -1 is not within 0 to 2147483647"),
+    ("wait", {"ms": 1.5}, "params.ms: 1.5 is not a whole number"),
+    ("wait", {"ms": 2147483648}, "params.ms: 2147483648 is not within"),
 ]
 
 # Lines, and the answer's id and code.
 LINES = [
-    (b"", None, NO_JSON),
-    (b"hello", None, NO_JSON),
-    (b'{"jsonrpc":"2.0","id":1,"method":"show"', None, NO_JSON),
-    (b'{"jsonrpc":"2.0","id":1,"method":"show"} {}', None, NO_JSON),
-    (b'{"jsonrpc":"2.0","id":1,"method":"\xff"}', None, NO_JSON),
-    (b"\xff\xfe\x00", None, NO_JSON),
-    (b'{"jsonrpc":"2.0","id":1,"method":"show","params":{"x":1e999}}', None, NO_JSON),
+    (b"", None, INVALID_JSON),
+    (b"hello", None, INVALID_JSON),
+    (b'{"jsonrpc":"2.0","id":1,"method":"show"', None, INVALID_JSON),
+    (b'{"jsonrpc":"2.0","id":1,"method":"show"} {}', None, INVALID_JSON),
+    (b'{"jsonrpc":"2.0","id":1,"method":"\xff"}', None, INVALID_JSON),
+    (b"\xff\xfe\x00", None, INVALID_JSON),
+    (b'{"jsonrpc":"2.0","id":1,"method":"show","params":{"x":1e999}}', None, INVALID_JSON),
+    (b"[" * 10_000_000, None, INVALID_JSON),
+    (b'{"a":' * 2_000_000, None, INVALID_JSON),
     (b"5", None, INVALID),
     (b"null", None, INVALID),
     (b'"show"', None, INVALID),
@@ -89,10 +92,10 @@ class Errors(ServeBench):
                 self.assertIn(part, self.fails(WRONG_PARAMETERS, None, client, method, **params))
         self.end_in_order(client)
 
-    def test_every_line_that_makes_no_sense_is_answered_and_the_program_goes_on(self):
+    def test_every_wrong_line_is_answered_and_the_program_goes_on(self):
         client = self.serve()
         for line, identity, code in LINES:
-            with self.subTest(line):
+            with self.subTest(line[:80]):
                 client.write(line + b"\n")
                 answer = client.next()
                 self.assertEqual((answer["jsonrpc"], answer["id"], answer["error"]["code"]),
@@ -111,7 +114,7 @@ class Errors(ServeBench):
             client.send_json({"jsonrpc": "2.0", "id": 1, "method": "members"} | params)
             self.assertIn("result", client.next())
 
-    def test_an_id_comes_back_as_it_was(self):
+    def test_an_id_is_returned_unchanged(self):
         client = self.serve()
         for identity in ("", "a", 0, -7, 1.5, None, 9007199254740993, "Gerät"):
             client.send_json({"jsonrpc": "2.0", "id": identity, "method": "show"})
@@ -168,11 +171,11 @@ class Errors(ServeBench):
         self.assertEqual(json.loads(line.decode("utf-8")),
                          {"jsonrpc": "2.0", "id": identity, "result": "a\nb\r\u2028\u0000ä"})
 
-    def test_half_a_pair_of_surrogates_never_comes_in(self):
+    def test_half_a_surrogate_pair_is_refused(self):
         client = self.serve()
         client.write(b'{"jsonrpc":"2.0","id":1,"method":"set","params":'
                      b'{"name":"DeviceName","value":"\\ud800"}}\n')
-        self.assertEqual(client.next()["error"]["code"], NO_JSON)
+        self.assertEqual(client.next()["error"]["code"], INVALID_JSON)
 
     def test_settings_that_cannot_be_read_are_a_run_time_error(self):
         self.write_settings("nonsense\n")
@@ -181,7 +184,7 @@ class Errors(ServeBench):
         self.assertIn(str(self.settings_file), message)
         self.assertEqual(client.get("Parity"), 2)
 
-    def test_the_options_are_checked(self):
+    def test_wrong_options_are_refused(self):
         self.assertIn("nothing.json", self.fail_with(2, "serve", "--simulate", "nothing.json"))
         wrong = self.folder / "wrong.json"
         wrong.write_text("{}", encoding="utf-8")

@@ -188,7 +188,7 @@ class Members(ServeBench):
                 if before is not None:
                     self.assertEqual(client.get(name), before)
 
-    def test_a_property_without_that_access_is_told(self):
+    def test_a_property_without_that_access_is_refused(self):
         client = self.serve()
         for name, access, _ in PROPERTIES:
             with self.subTest(name):
@@ -199,13 +199,13 @@ class Members(ServeBench):
                     message = self.fails(WRONG_PARAMETERS, None, client, "get", name=name)
                     self.assertEqual(message, f"{name} cannot be read")
 
-    def test_a_write_of_the_status_is_heard_also_of_the_same(self):
+    def test_each_write_of_the_status_is_reported_even_of_the_same_text(self):
         client = self.serve()
         for _ in range(2):
             client.set("StatusString", "x")
             self.assertEqual(client.take_events(), [("StatusChange",)])
 
-    def test_the_data_trafic_is_heard(self):
+    def test_the_data_trafic_is_reported(self):
         client = self.serve()
         self.assertIs(client.get("DataTrafic"), False)
         self.assertEqual(client.take_events(), [("DataTransfer",)])
@@ -311,7 +311,7 @@ class Members(ServeBench):
         client.set("DeviceLogoString", "none.svg")
         self.assertIsNone(client.widget("PictureDevice")["picture"])
 
-    def test_a_description_stands_on_the_panel(self):
+    def test_a_description_appears_on_the_panel(self):
         client = self.shown()
         client.set("DescriptionString", "Pt100, four wires")
         state = client.widget("LabelDeviceDescription")

@@ -1,4 +1,4 @@
-"""`modulinfo serve`: what a host hears, in the order in which it happens."""
+"""`modulinfo serve`: what a host is sent, in the order in which it happens."""
 
 import unittest
 
@@ -78,7 +78,7 @@ class Order(ServeBench):
         return [brief(entry) for entry in client.take_heard()]
 
     def in_both_ways(self, module, action, expected):
-        """Does that with a module, with a trace and without one, and compares what is heard."""
+        """Does that with a module, with a trace and without one, and compares the messages."""
         for options, sequence in ((["--trace"], expected), ([], without_calls(expected))):
             with self.subTest(options):
                 client = self.shown("--simulate", module, *options)
@@ -182,7 +182,7 @@ class Order(ServeBench):
             client.call("AutomaticConnection")
             self.assertIs(client.widget("TimerScanDevice")["enabled"], True)
 
-    def test_a_port_that_has_gone_stops_the_scan_without_a_word(self):
+    def test_a_removed_port_stops_the_scan_silently(self):
         self.simulator(self.module())
         client = self.shown("--trace")
         client.call("AutomaticConnection")

@@ -74,7 +74,7 @@ class Paths(hart_bench.HartBench, ServeBench):
             self.assertEqual(client.caption("LblModulState"),
                              "NFC" if path.startswith("nfc") else "0 -> Kein Fehler")
 
-    def test_a_module_that_does_not_answer_is_told(self):
+    def test_a_module_that_does_not_answer_is_reported(self):
         for path in PATHS:
             with self.subTest(path):
                 module = self.module_of(path, faults=[{"kind": "exception", "code": 4,
@@ -109,7 +109,7 @@ class Paths(hart_bench.HartBench, ServeBench):
         self.assertEqual(client.get("SerialNumber"), 2)
         self.assertEqual(self.succeed("settings", "get", "COM Port"), "101\n")
 
-    def test_the_simulated_module_stands_beside_the_other_ports(self):
+    def test_the_simulated_module_is_listed_with_the_other_ports(self):
         self.simulator(self.module("a.json"))
         self.write_settings("[Ports]\nCOM9\\Device=/dev/null\nCOM9\\Name=\\Device\\Silabser9\n")
         client = self.shown("--simulate", self.module("b.json"))

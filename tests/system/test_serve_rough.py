@@ -1,4 +1,4 @@
-"""`modulinfo serve` with clients that are rude, broken, or gone."""
+"""`modulinfo serve` with clients that misbehave, break off, or disappear."""
 
 import json
 import random
@@ -87,7 +87,7 @@ class Rough(ServeBench):
             client.wait_until_answered("last")
             self.end_in_order(client)
 
-    def test_a_client_that_has_gone_ends_the_program_in_order(self):
+    def test_a_client_that_has_gone_ends_the_program_regularly(self):
         ways = {
             "idle": [],
             "in a wait": [{"method": "wait", "params": {"ms": 600000}}],
@@ -109,7 +109,7 @@ class Rough(ServeBench):
                 self.assertEqual(process.wait(PATIENCE), 0)
                 self.assertEqual(process.stderr.read(), b"")
 
-    def test_a_client_that_reads_no_more_ends_the_program_in_order(self):
+    def test_a_client_that_stops_reading_ends_the_program_regularly(self):
         process = self.process_of("--simulate", self.module())
         process.stdout.close()
         process.stdin.write(b'{"jsonrpc":"2.0","id":1,"method":"get","params":{"name":"Parity"}}\n')

@@ -38,7 +38,7 @@ class Turns(ServeBench):
         sent = [client.send("wait", ms=300), client.send("get", name="Parity")]
         self.assertEqual(self.identities(client, 2), sent)
 
-    def test_a_reentrant_request_comes_into_a_yield_of_a_read(self):
+    def test_a_reentrant_request_is_handled_during_a_read(self):
         client = self.shown("--simulate", self.module(), "--reentrant")
         read = client.send("call", name="AutomaticConnection")
         asked = client.send("get", name="DataValid")
@@ -46,7 +46,7 @@ class Turns(ServeBench):
         self.assertIsNone(client.wait_for(read))
         self.assertEqual(client.get("DataValid"), 1)
 
-    def test_a_reentrant_request_comes_into_a_wait(self):
+    def test_a_reentrant_request_is_handled_during_a_wait(self):
         client = self.shown("--reentrant")
         waiting = client.send("wait", ms=500)
         asked = client.send("get", name="Parity")
@@ -73,7 +73,7 @@ class Turns(ServeBench):
         self.assertIsNone(client.wait_for(query))
         self.assertEqual(client.get("StatusString"), "Lese Daten")
 
-    def test_a_request_never_comes_into_a_scan(self):
+    def test_a_request_is_never_handled_during_a_scan(self):
         # A query that did would wait for the scan for ever, and the scan for it.
         client = self.reading(self.module(faults=[HANGING]), "--trace")
         client.wait_until_heard(("event", {"name": "ModulActive", "args": [4]}))
@@ -90,7 +90,7 @@ class Turns(ServeBench):
                          ["ShutDown"])
         self.assertEqual(client.ending(), ([], 0, ""))
 
-    def test_what_comes_behind_quitting_is_not_handled(self):
+    def test_what_follows_quit_is_not_handled(self):
         client = self.serve()
         client.send("quit")
         client.send("get", name="Parity")
@@ -112,7 +112,7 @@ class Turns(ServeBench):
         client.send("quit")
         self.assertEqual(len(client.ending()[0]), 2)
 
-    def test_the_end_of_input_comes_behind_all_requests(self):
+    def test_the_end_of_input_is_handled_after_all_requests(self):
         client = self.shown("--simulate", self.module(), "--trace")
         sent = [client.send("call", name="AutomaticConnection"),
                 client.send("get", name="DataValid"), client.send("wait", ms=200),

@@ -49,7 +49,7 @@ class Widgets(ServeBench):
         for name, kind in WIDGETS.items():
             self.assertEqual(set(states[name]), KEYS[kind], name)
 
-    def test_one_widget_is_told_as_among_all(self):
+    def test_one_widget_has_the_same_state_as_among_all(self):
         client = self.shown()
         for name, state in client.request("widgets").items():
             self.assertEqual(client.widget(name), state, name)

@@ -32,7 +32,7 @@ class Settings(Bench):
         self.fail_with(1, "settings", "get", "Language")
         self.assertEqual(self.succeed("settings", "set", "Language", ""), "")
 
-    def test_the_system_wide_file_stands_behind_the_users(self):
+    def test_the_system_wide_file_is_the_fallback(self):
         file = self.folder / "system" / "Orvane" / "Tessara-Conf.ini"
         file.parent.mkdir(parents=True)
         file.write_text("[Settings]\nLanguage=3\nLogo=maker.png\n", encoding="utf-8")

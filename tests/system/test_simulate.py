@@ -40,7 +40,7 @@ class Simulate(Bench):
         self.simulator(self.module(), options=["--paced"])
         self.assertIn("4711", self.succeed("read", "--port", "COM100"))
 
-    def test_a_unit_of_its_own(self):
+    def test_a_module_at_another_address(self):
         self.simulator(self.module(address=7, status=HEALTHY["status"]))
         self.assertIn("4711", self.succeed("read", "--port", "COM100", "--address", 7))
 

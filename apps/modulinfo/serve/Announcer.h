@@ -8,15 +8,15 @@
 
 namespace tessara {
 
-/// Tells the client of what happens, when it happens.
+/// Notifies the client of what happens, when it happens.
 class Announcer {
  public:
-  /// Both have to outlive the announcer.
+  /// Both must outlive the announcer.
   Announcer(Channel& channel, ServeLoop& loop) : channel_(channel), loop_(loop) {}
 
-  void announce(std::string_view method, OrderedJson params) const {
+  void announce(std::string_view method, const JsonText& params) const {
     loop_.noteActivity();
-    channel_.send(encodeLine(notificationMessage(method, std::move(params))));
+    channel_.send(encodeLine(notificationMessage(method, params)));
   }
 
  private:

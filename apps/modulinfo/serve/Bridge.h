@@ -10,7 +10,7 @@
 
 namespace tessara {
 
-/// What the requests of a client reach.
+/// What the requests of a client operate on.
 struct Bridge {
   ModulInfoFLII& control;
   OpenForms& forms;
@@ -19,14 +19,14 @@ struct Bridge {
   std::function<void()> quit;
 
   /// The widget of that name: "LngLabel[3]" of the panel, "frmLanguage.OptionFR" of an open dialog.
-  /// An unknown one is an RpcError (wrong parameters) that says what there is not.
+  /// An unknown one is an RpcError (wrong parameters) that names what is unknown.
   [[nodiscard]] Widget& widget(const std::string& name) const;
 
   struct NamedWidget {
     std::string name;
     const Widget* widget;
   };
-  /// All widgets of the panel and then those of the open dialogs, in the order of their making.
+  /// All widgets of the panel and then those of the open dialogs, in the order of their creation.
   [[nodiscard]] std::vector<NamedWidget> widgets() const;
 };
 

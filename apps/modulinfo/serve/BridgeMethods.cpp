@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 #include "serve/MemberRequests.h"
 #include "serve/WidgetRequests.h"
@@ -10,19 +11,18 @@ namespace tessara {
 
 namespace {
 
-OrderedJson show(Bridge& bridge, const Parameters& /*parameters*/) {
+JsonText show(Bridge& bridge, const JsonReader& /*params*/) {
   bridge.control.UserControl_Show();
   return nullptr;
 }
 
-OrderedJson wait(Bridge& bridge, const Parameters& parameters) {
-  const std::int32_t ms = parameters.number("ms");
-  if (ms < 0) throw wrongParameters("the parameter \"ms\" is negative");
+JsonText wait(Bridge& bridge, const JsonReader& params) {
+  const auto ms = params["ms"].signedNumber(0, std::numeric_limits<std::int32_t>::max());
   bridge.loop.runFor(std::chrono::milliseconds(ms));
   return nullptr;
 }
 
-OrderedJson quit(Bridge& bridge, const Parameters& /*parameters*/) {
+JsonText quit(Bridge& bridge, const JsonReader& /*params*/) {
   bridge.quit();
   return nullptr;
 }
@@ -46,11 +46,11 @@ constexpr std::array<BridgeMethod, 13> methods{{
     {"press", ofWidget, pressWidget},
     {"select", ofSelect, selectInWidget},
     {"type", ofType, typeIntoWidget},
-    {"widget", ofWidget, tellWidget},
-    {"widgets", {}, tellWidgets},
+    {"widget", ofWidget, widgetState},
+    {"widgets", {}, widgetStates},
     {"tick", ofTick, tickTimer},
     {"wait", ofWait, wait},
-    {"members", {}, tellMembers},
+    {"members", {}, members},
     {"quit", {}, quit},
 }};
 
@@ -64,18 +64,28 @@ const BridgeMethod& methodOf(const RpcRequest& request) {
   return *method;
 }
 
+/// Fails unless they are an object with no other names than these, or an empty list, which stands
+/// for none.
+void checkNames(const JsonReader& params, std::span<const std::string_view> names) {
+  const bool isEmptyList = params.isList() && params.elements().empty();
+  if (!isEmptyList) params.allowOnly(names);
+}
+
 }  // namespace
 
 std::span<const BridgeMethod> bridgeMethods() {
   return methods;
 }
 
-OrderedJson carryOut(Bridge& bridge, const RpcRequest& request) {
+JsonText carryOut(Bridge& bridge, const RpcRequest& request) {
   try {
     const BridgeMethod& method = methodOf(request);
-    return method.run(bridge, Parameters(request.params, method.parameters));
+    checkNames(request.params, method.parameters);
+    return method.run(bridge, request.params);
   } catch (const RpcError&) {
     throw;
+  } catch (const JsonError& error) {
+    throw wrongParameters(error.what());
   } catch (const RunTimeError& error) {
     throw RpcError(error);
   } catch (const std::exception& error) {

@@ -3,8 +3,10 @@
 #include <span>
 #include <string_view>
 
+#include "json/JsonReader.h"
+#include "json/JsonText.h"
 #include "serve/Bridge.h"
-#include "serve/Parameters.h"
+#include "serve/JsonRpc.h"
 
 namespace tessara {
 
@@ -12,13 +14,13 @@ namespace tessara {
 struct BridgeMethod {
   std::string_view name;
   std::span<const std::string_view> parameters;
-  /// Throws RpcError for parameters that make no sense, and passes on what the control throws.
-  OrderedJson (*run)(Bridge& bridge, const Parameters& parameters);
+  /// Throws RpcError or JsonError for wrong parameters, and passes on what the control throws.
+  JsonText (*run)(Bridge& bridge, const JsonReader& params);
 };
 
 std::span<const BridgeMethod> bridgeMethods();
 
-/// Carries out one request and gives its result. Everything that can go wrong comes as RpcError.
-OrderedJson carryOut(Bridge& bridge, const RpcRequest& request);
+/// Carries out one request and gives its result. Whatever fails is an RpcError.
+JsonText carryOut(Bridge& bridge, const RpcRequest& request);
 
 }  // namespace tessara

@@ -5,11 +5,11 @@
 
 namespace tessara {
 
-/// The host of a control that is driven from outside: each callback becomes an `event`. What goes
-/// by reference comes back as it went.
+/// The host of a control that a client drives: each callback becomes an `event`. Arguments by
+/// reference are returned unchanged.
 class ClientEvents final : public HostEvents {
  public:
-  /// The announcer has to outlive the host.
+  /// The announcer must outlive the host.
   explicit ClientEvents(const Announcer& announcer) : announcer_(announcer) {}
 
   void ModulActive(std::int32_t& lStatus) override { raise("ModulActive", {lStatus}); }
@@ -22,8 +22,9 @@ class ClientEvents final : public HostEvents {
   void NFCReader(bool& bNFCReader) override { raise("NFCReader", {bNFCReader}); }
 
  private:
-  void raise(const char* name, std::vector<OrderedJson> args = {}) const {
-    announcer_.announce("event", {{"name", name}, {"args", OrderedJson::array_t(std::move(args))}});
+  void raise(const char* name, const std::vector<JsonText>& args = {}) const {
+    announcer_.announce("event",
+                        JsonText::object({{"name", name}, {"args", JsonText::list(args)}}));
   }
 
   const Announcer& announcer_;

@@ -6,112 +6,92 @@ namespace tessara {
 
 namespace {
 
-constexpr const char* version = "2.0";
+constexpr const char* rpcVersion = "2.0";
 
-RpcEntry fault(Json id, RpcCode code, const std::string& message) {
+RpcEntry fault(JsonText id, RpcCode code, const std::string& message) {
   return RpcFault{std::move(id), RpcError(code, message)};
 }
 
-bool canBeId(const Json& value) {
-  return value.is_string() || value.is_number() || value.is_null();
+RpcEntry invalidRequest(const std::optional<JsonReader>& id, const std::string& message) {
+  return fault(id ? id->json() : JsonText(), RpcCode::InvalidRequest, message);
 }
 
-/// Takes the member out of the object; nothing if it has none of that name.
-std::optional<Json> taken(Json& object, const char* name) {
-  const auto member = object.find(name);
-  if (member == object.end()) return std::nullopt;
-  return std::move(*member);
+bool canBeId(const JsonReader& value) {
+  return value.isText() || value.isNumber() || value.isNull();
 }
 
-RpcEntry decodeEntry(Json& message) {
-  if (!message.is_object()) {
-    return fault({}, RpcCode::InvalidRequest, "a request is an object");
-  }
-  std::optional<Json> id = taken(message, "id");
-  if (id && !canBeId(*id)) {
-    return fault({}, RpcCode::InvalidRequest, R"("id" is neither text nor a number nor null)");
-  }
-  if (const auto given = message.find("jsonrpc"); given == message.end() || *given != version) {
-    return fault(id.value_or(Json()), RpcCode::InvalidRequest, R"("jsonrpc" is not "2.0")");
+bool isText(const std::optional<JsonReader>& value, std::string_view text) {
+  return value && value->isText() && value->text() == text;
+}
+
+RpcEntry decodeEntry(const JsonReader& message) {
+  if (!message.isObject()) return invalidRequest({}, "a request must be an object");
+  const auto id = message.find("id");
+  if (id && !canBeId(*id)) return invalidRequest({}, R"("id" is not text, a number or null)");
+  if (!isText(message.find("jsonrpc"), rpcVersion)) {
+    return invalidRequest(id, R"("jsonrpc" is not "2.0")");
   }
   const auto method = message.find("method");
-  if (method == message.end() || !method->is_string()) {
-    return fault(id.value_or(Json()), RpcCode::InvalidRequest,
-                 "\"method\" is missing or is no text");
-  }
-  return RpcRequest{std::move(id), method->get<std::string>(),
-                    taken(message, "params").value_or(Json::object())};
+  if (!method || !method->isText()) return invalidRequest(id, R"("method" is missing or not text)");
+  const auto params = message.find("params");
+  return RpcRequest{id ? std::optional(id->json()) : std::nullopt, method->text(),
+                    params ? params->named("params") : JsonReader::emptyObject("params")};
 }
 
-RpcLine decodeMessage(Json message) {
+RpcLine single(RpcEntry entry) {
+  RpcLine line;
+  line.entries.push_back(std::move(entry));
+  return line;
+}
+
+RpcLine decodeMessage(const JsonReader& message) {
+  if (!message.isList()) return single(decodeEntry(message));
+  const std::vector<JsonReader> requests = message.elements();
+  if (requests.empty()) return single(invalidRequest({}, "a batch without a request"));
+  if (requests.size() > maxBatch) {
+    return single(
+        invalidRequest({}, "a batch of more than " + std::to_string(maxBatch) + " requests"));
+  }
   RpcLine decoded;
-  if (!message.is_array()) {
-    decoded.entries.push_back(decodeEntry(message));
-    return decoded;
-  }
-  if (message.empty()) {
-    decoded.entries.push_back(fault({}, RpcCode::InvalidRequest, "a batch without a request"));
-    return decoded;
-  }
-  if (message.size() > mostInBatch) {
-    decoded.entries.push_back(
-        fault({}, RpcCode::InvalidRequest,
-              "a batch of more than " + std::to_string(mostInBatch) + " requests"));
-    return decoded;
-  }
   decoded.isBatch = true;
-  decoded.entries.reserve(message.size());
-  for (Json& entry : message) decoded.entries.push_back(decodeEntry(entry));
+  decoded.entries.reserve(requests.size());
+  for (const JsonReader& request : requests) decoded.entries.push_back(decodeEntry(request));
   return decoded;
-}
-
-RpcLine noJson(const std::string& cause) {
-  RpcLine decoded;
-  decoded.entries.push_back(fault({}, RpcCode::NoJson, "the line is no JSON: " + cause));
-  return decoded;
-}
-
-OrderedJson message() {
-  return {{"jsonrpc", version}};
 }
 
 }  // namespace
 
 RpcLine decodeLine(std::string_view line) {
   try {
-    return decodeMessage(Json::parse(line));
-  } catch (const Json::parse_error& error) {
-    return noJson("it makes no sense at byte " + std::to_string(error.byte));
-  } catch (const Json::exception&) {
-    return noJson("a number in it is too large");
+    return decodeMessage(JsonReader::parse(line));
+  } catch (const JsonSyntaxError& error) {
+    return single(
+        fault({}, RpcCode::InvalidJson,
+              "invalid JSON at byte " + std::to_string(error.place().byte) + ": " + error.cause()));
   }
 }
 
-OrderedJson resultMessage(const Json& id, OrderedJson result) {
-  OrderedJson answer = message();
-  answer["id"] = id;
-  answer["result"] = std::move(result);
-  return answer;
+JsonText resultMessage(const JsonText& id, const JsonText& result) {
+  return JsonText::object({{"jsonrpc", rpcVersion}, {"id", id}, {"result", result}});
 }
 
-OrderedJson errorMessage(const Json& id, const RpcError& error) {
-  OrderedJson told{{"code", static_cast<int>(error.code())}, {"message", error.what()}};
-  if (error.number()) told["data"] = {{"number", static_cast<std::int32_t>(*error.number())}};
-  OrderedJson answer = message();
-  answer["id"] = id;
-  answer["error"] = std::move(told);
-  return answer;
+JsonText errorMessage(const JsonText& id, const RpcError& error) {
+  std::vector<JsonText::Member> members{{"code", static_cast<int>(error.code())},
+                                        {"message", error.what()}};
+  if (error.number()) {
+    members.emplace_back(
+        "data", JsonText::object({{"number", static_cast<std::int32_t>(*error.number())}}));
+  }
+  return JsonText::object(
+      {{"jsonrpc", rpcVersion}, {"id", id}, {"error", JsonText::object(members)}});
 }
 
-OrderedJson notificationMessage(std::string_view method, OrderedJson params) {
-  OrderedJson told = message();
-  told["method"] = method;
-  told["params"] = std::move(params);
-  return told;
+JsonText notificationMessage(std::string_view method, const JsonText& params) {
+  return JsonText::object({{"jsonrpc", rpcVersion}, {"method", method}, {"params", params}});
 }
 
-std::string encodeLine(const OrderedJson& message) {
-  return message.dump(-1, ' ', false, OrderedJson::error_handler_t::replace) + '\n';
+std::string encodeLine(const JsonText& message) {
+  return message.text() + '\n';
 }
 
 }  // namespace tessara

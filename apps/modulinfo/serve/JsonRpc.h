@@ -7,31 +7,26 @@
 #include <variant>
 #include <vector>
 
-#include <nlohmann/json.hpp>
-
+#include "json/JsonReader.h"
+#include "json/JsonText.h"
 #include "serve/RpcError.h"
 
 namespace tessara {
-
-/// What arrives; finds the members of large objects quickly.
-using Json = nlohmann::json;
-/// What is sent; keeps the order in which members were put in.
-using OrderedJson = nlohmann::ordered_json;
 
 /// A request, or a notification of the client if it has no id: that is carried out and not
 /// answered.
 struct RpcRequest {
   /// Text, a number or null.
-  std::optional<Json> id;
+  std::optional<JsonText> id;
   std::string method;
-  /// As they came; an empty object if the request has none.
-  Json params;
+  /// As they came, called "params"; an empty object if the request has none.
+  JsonReader params;
 };
 
-/// A message that is no request. It is answered under its id, or under null if it has none that can
-/// be used.
+/// A message that is not a request. It is answered under its id, or under null if it has none that
+/// can be used.
 struct RpcFault {
-  Json id;
+  JsonText id;
   RpcError error;
 };
 
@@ -43,19 +38,19 @@ struct RpcLine {
   std::vector<RpcEntry> entries;
 };
 
-/// The most requests that a batch may hold: each takes several hundred times the room of the two
+/// The maximum number of requests in a batch: each takes several hundred times the room of the two
 /// bytes that it takes at the least in its line.
-inline constexpr std::size_t mostInBatch = 10'000;
+inline constexpr std::size_t maxBatch = 10'000;
 
-/// Reads one line (UTF-8, without its end). Whatever stands in it gives at least one entry and
-/// never an exception.
+/// Reads one line (UTF-8, without its end). Whatever it holds gives at least one entry and never an
+/// exception.
 RpcLine decodeLine(std::string_view line);
 
-OrderedJson resultMessage(const Json& id, OrderedJson result);
-OrderedJson errorMessage(const Json& id, const RpcError& error);
-OrderedJson notificationMessage(std::string_view method, OrderedJson params);
+JsonText resultMessage(const JsonText& id, const JsonText& result);
+JsonText errorMessage(const JsonText& id, const RpcError& error);
+JsonText notificationMessage(std::string_view method, const JsonText& params);
 
-/// One message, or a batch of answers, as a line with its end. Bytes that are no UTF-8 give U+FFFD.
-std::string encodeLine(const OrderedJson& message);
+/// One message, or a batch of answers, as a line with its end.
+std::string encodeLine(const JsonText& message);
 
 }  // namespace tessara

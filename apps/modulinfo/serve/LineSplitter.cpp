@@ -22,7 +22,7 @@ std::vector<std::optional<std::string>> LineSplitter::finish() {
 }
 
 void LineSplitter::append(std::string_view bytes) {
-  isTooLong_ = isTooLong_ || bytes.size() > longest_ - begun_.size();
+  isTooLong_ = isTooLong_ || bytes.size() > maxLength_ - begun_.size();
   if (isTooLong_) {
     begun_ = {};
   } else {

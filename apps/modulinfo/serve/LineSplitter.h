@@ -8,24 +8,23 @@
 
 namespace tessara {
 
-/// Makes lines of bytes that arrive in pieces. A line ends at a line feed; one that grows beyond
-/// the limit is given up, and the rest of it is dropped as it arrives.
+/// Splits bytes that arrive in pieces into lines. A line ends at a line feed; one that grows beyond
+/// the limit is dropped, with the rest of it as it arrives.
 class LineSplitter {
  public:
-  explicit LineSplitter(std::size_t longest) : longest_(longest) {}
+  explicit LineSplitter(std::size_t maxLength) : maxLength_(maxLength) {}
 
-  /// The lines that these bytes have completed, without their ends. Nothing stands for a line that
-  /// was too long.
+  /// The lines that these bytes complete, without their ends; nullopt for a line that was too long.
   std::vector<std::optional<std::string>> add(std::string_view bytes);
 
-  /// The begun line at the end of all bytes; empty if there is none.
+  /// The incomplete line at the end of all bytes; empty if there is none.
   std::vector<std::optional<std::string>> finish();
 
  private:
   void append(std::string_view bytes);
   std::optional<std::string> takeLine();
 
-  std::size_t longest_;
+  std::size_t maxLength_;
   std::string begun_;
   bool isTooLong_ = false;
 };

@@ -1,6 +1,7 @@
 #include "serve/MemberJson.h"
 
 #include <array>
+#include <vector>
 
 namespace tessara {
 
@@ -14,36 +15,37 @@ const char* accessName(const Member& member) {
   return member.get == nullptr ? "set" : "get/set";
 }
 
-OrderedJson argumentsJson(const Member& member) {
-  OrderedJson list = OrderedJson::array();
+JsonText argumentsJson(const Member& member) {
+  std::vector<JsonText> list;
   for (const Argument& argument : member.arguments) {
-    list.push_back({{"name", argument.name},
-                    {"type", typeName(argument.type)},
-                    {"byReference", argument.byReference}});
+    list.push_back(JsonText::object({{"name", argument.name},
+                                     {"type", typeName(argument.type)},
+                                     {"byReference", argument.byReference}}));
   }
-  return list;
+  return JsonText::list(list);
 }
 
-OrderedJson typesJson(const Member& member) {
+JsonText typesJson(const Member& member) {
   switch (member.kind) {
     case MemberKind::Property:
-      return {{"value", typeName(member.type)}};
+      return JsonText::object({{"value", typeName(member.type)}});
     case MemberKind::Method:
-      return {{"result", typeName(member.type)}, {"arguments", argumentsJson(member)}};
+      return JsonText::object(
+          {{"result", typeName(member.type)}, {"arguments", argumentsJson(member)}});
     case MemberKind::Callback:
-      return {{"arguments", argumentsJson(member)}};
+      return JsonText::object({{"arguments", argumentsJson(member)}});
   }
   return nullptr;
 }
 
 }  // namespace
 
-OrderedJson memberJson(const Member& member) {
-  OrderedJson json{{"name", member.name},
-                   {"kind", kindNames.at(static_cast<std::size_t>(member.kind))}};
-  if (member.kind == MemberKind::Property) json["access"] = accessName(member);
-  json["types"] = typesJson(member);
-  return json;
+JsonText memberJson(const Member& member) {
+  std::vector<JsonText::Member> members{
+      {"name", member.name}, {"kind", kindNames.at(static_cast<std::size_t>(member.kind))}};
+  if (member.kind == MemberKind::Property) members.emplace_back("access", accessName(member));
+  members.emplace_back("types", typesJson(member));
+  return JsonText::object(members);
 }
 
 }  // namespace tessara

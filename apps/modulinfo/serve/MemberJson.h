@@ -1,12 +1,12 @@
 #pragma once
 
 #include "control/MemberTable.h"
-#include "serve/JsonRpc.h"
+#include "json/JsonText.h"
 
 namespace tessara {
 
-/// One member as a client is told of it: name, kind, of a property its access, and its types: that
-/// of a property's value, of a method's result and of the arguments.
-OrderedJson memberJson(const Member& member);
+/// The description of one member for a client: name, kind, access of a property, and the types of a
+/// property's value, a method's result and the arguments.
+JsonText memberJson(const Member& member);
 
 }  // namespace tessara

@@ -11,8 +11,8 @@ namespace tessara {
 
 namespace {
 
-const Member& memberOf(const Parameters& parameters, MemberKind kind, const char* kindName) {
-  const std::string name = parameters.text("name");
+const Member& memberOf(const JsonReader& params, MemberKind kind, const char* kindName) {
+  const std::string name = params["name"].text();
   const Member* member = findMember(name, kind);
   if (member == nullptr) {
     throw wrongParameters("there is no " + std::string(kindName) + " " + inQuotes(name));
@@ -20,12 +20,13 @@ const Member& memberOf(const Parameters& parameters, MemberKind kind, const char
   return *member;
 }
 
-const Member& propertyOf(const Parameters& parameters) {
-  return memberOf(parameters, MemberKind::Property, "property");
+const Member& propertyOf(const JsonReader& params) {
+  return memberOf(params, MemberKind::Property, "property");
 }
 
-std::vector<Variant> argumentsOf(const Member& member, const Parameters& parameters) {
-  const auto given = parameters.list("args");
+std::vector<Variant> argumentsOf(const Member& member, const JsonReader& params) {
+  const auto list = params.find("args");
+  const auto given = list ? list->elements() : std::vector<JsonReader>();
   if (given.size() != member.arguments.size()) {
     throw wrongParameters(std::string(member.name) + " takes " +
                           std::to_string(member.arguments.size()) + " arguments, not " +
@@ -33,35 +34,35 @@ std::vector<Variant> argumentsOf(const Member& member, const Parameters& paramet
   }
   std::vector<Variant> values;
   for (std::size_t index = 0; index < given.size(); ++index) {
-    values.push_back(toVariant(given[index], member.arguments[index].name));
+    values.push_back(toVariant(given[index].named(std::string(member.arguments[index].name))));
   }
   return values;
 }
 
 }  // namespace
 
-OrderedJson getMember(Bridge& bridge, const Parameters& parameters) {
-  const Member& member = propertyOf(parameters);
+JsonText getMember(Bridge& bridge, const JsonReader& params) {
+  const Member& member = propertyOf(params);
   if (member.get == nullptr) throw wrongParameters(std::string(member.name) + " cannot be read");
   return toJson(member.get(bridge.control));
 }
 
-OrderedJson setMember(Bridge& bridge, const Parameters& parameters) {
-  const Member& member = propertyOf(parameters);
+JsonText setMember(Bridge& bridge, const JsonReader& params) {
+  const Member& member = propertyOf(params);
   if (member.set == nullptr) throw wrongParameters(std::string(member.name) + " cannot be written");
-  member.set(bridge.control, toVariant(parameters.value("value"), member.name));
+  member.set(bridge.control, toVariant(params["value"].named(std::string(member.name))));
   return nullptr;
 }
 
-OrderedJson callMember(Bridge& bridge, const Parameters& parameters) {
-  const Member& member = memberOf(parameters, MemberKind::Method, "method of the control");
-  return toJson(member.call(bridge.control, argumentsOf(member, parameters)));
+JsonText callMember(Bridge& bridge, const JsonReader& params) {
+  const Member& member = memberOf(params, MemberKind::Method, "method of the control");
+  return toJson(member.call(bridge.control, argumentsOf(member, params)));
 }
 
-OrderedJson tellMembers(Bridge& /*bridge*/, const Parameters& /*parameters*/) {
-  OrderedJson list = OrderedJson::array();
+JsonText members(Bridge& /*bridge*/, const JsonReader& /*params*/) {
+  std::vector<JsonText> list;
   for (const Member& member : memberTable()) list.push_back(memberJson(member));
-  return list;
+  return JsonText::list(list);
 }
 
 }  // namespace tessara

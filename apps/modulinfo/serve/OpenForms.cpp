@@ -29,7 +29,8 @@ void OpenForms::hideAll() {
 }
 
 void OpenForms::announce(const Form& form, bool isOpen) const {
-  announcer_.announce("dialog", {{"name", toUtf8(form.name())}, {"open", isOpen}});
+  announcer_.announce("dialog",
+                      JsonText::object({{"name", toUtf8(form.name())}, {"open", isOpen}}));
 }
 
 }  // namespace tessara

@@ -9,11 +9,11 @@
 
 namespace tessara {
 
-/// The dialogs of a control that are open: the client hears of each, and requests are handled while
+/// The open dialogs of a control: each is reported to the client, and requests are handled while
 /// one waits.
 class OpenForms final : public FormObserver {
  public:
-  /// Both have to outlive this.
+  /// Both must outlive this.
   OpenForms(const Announcer& announcer, Turns& turns) : announcer_(announcer), turns_(turns) {}
 
   void formShown(Form& form) override;

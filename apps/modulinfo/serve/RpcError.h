@@ -11,7 +11,7 @@ namespace tessara {
 
 /// Codes of failed requests: those of JSON-RPC 2.0, and the one for run-time errors of the control.
 enum class RpcCode : int {
-  NoJson = -32700,
+  InvalidJson = -32700,
   InvalidRequest = -32600,
   UnknownMethod = -32601,
   WrongParameters = -32602,
@@ -19,7 +19,7 @@ enum class RpcCode : int {
   RunTime = -32000,
 };
 
-/// A request went wrong. The message (UTF-8) names what was wrong.
+/// A request failed. The message (UTF-8) says what was wrong with what.
 class RpcError : public std::runtime_error {
  public:
   RpcError(RpcCode code, const std::string& message) : std::runtime_error(message), code_(code) {}
@@ -35,15 +35,15 @@ class RpcError : public std::runtime_error {
   std::optional<ErrorNumber> number_;
 };
 
-/// The error of parameters that make no sense.
+/// The error of wrong parameters.
 inline RpcError wrongParameters(const std::string& message) {
   return {RpcCode::WrongParameters, message};
 }
 
 /// A name from outside as it stands in a message: in quotes, its end cut off where it is long.
 inline std::string inQuotes(std::string_view name) {
-  constexpr std::size_t longest = 80;
-  return '"' + std::string(name.substr(0, longest)) + (name.size() > longest ? "...\"" : "\"");
+  constexpr std::size_t maxShown = 80;
+  return '"' + std::string(name.substr(0, maxShown)) + (name.size() > maxShown ? "...\"" : "\"");
 }
 
 }  // namespace tessara

@@ -15,7 +15,7 @@ RpcLine tooLong() {
   RpcLine line;
   line.entries.emplace_back(
       RpcFault{{},
-               RpcError(RpcCode::NoJson,
+               RpcError(RpcCode::InvalidJson,
                         "the line is longer than " + std::to_string(Channel::maxLine) + " bytes")});
   return line;
 }
@@ -24,16 +24,16 @@ RpcLine tooLong() {
 struct AnswerOf {
   Bridge& bridge;
 
-  std::optional<OrderedJson> operator()(const RpcRequest& request) const {
+  std::optional<JsonText> operator()(const RpcRequest& request) const {
     try {
-      OrderedJson result = carryOut(bridge, request);
-      if (request.id) return resultMessage(*request.id, std::move(result));
+      const JsonText result = carryOut(bridge, request);
+      if (request.id) return resultMessage(*request.id, result);
     } catch (const RpcError& error) {
       if (request.id) return errorMessage(*request.id, error);
     }
     return std::nullopt;
   }
-  std::optional<OrderedJson> operator()(const RpcFault& fault) const {
+  std::optional<JsonText> operator()(const RpcFault& fault) const {
     return errorMessage(fault.id, fault.error);
   }
 };
@@ -114,7 +114,7 @@ void Session::handle(const Waiting& waiting) {
   answer(waiting, std::visit(AnswerOf{bridge_}, waiting.entry));
 }
 
-void Session::answer(const Waiting& waiting, std::optional<OrderedJson> message) {
+void Session::answer(const Waiting& waiting, std::optional<JsonText> message) {
   if (!waiting.batch) {
     if (message) channel_.send(encodeLine(*message));
     return;
@@ -122,7 +122,8 @@ void Session::answer(const Waiting& waiting, std::optional<OrderedJson> message)
   Batch& batch = *waiting.batch;
   if (message) batch.answers.push_back(*std::move(message));
   --batch.unanswered;
-  if (batch.unanswered == 0 && !batch.answers.empty()) channel_.send(encodeLine(batch.answers));
+  if (batch.unanswered == 0 && !batch.answers.empty())
+    channel_.send(encodeLine(JsonText::list(batch.answers)));
 }
 
 void Session::end() {

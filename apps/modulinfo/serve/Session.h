@@ -3,6 +3,7 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "asio/DeferredCall.h"
 #include "serve/Bridge.h"
@@ -33,7 +34,7 @@ class Session {
   /// The answers of a batch, which go out together.
   struct Batch {
     std::size_t unanswered = 0;
-    OrderedJson answers = OrderedJson::array();
+    std::vector<JsonText> answers{};
   };
   struct Waiting {
     RpcEntry entry;
@@ -47,7 +48,7 @@ class Session {
   bool fetchWaiting();
   void queueLine(RpcLine line);
   void handle(const Waiting& waiting);
-  void answer(const Waiting& waiting, std::optional<OrderedJson> message);
+  void answer(const Waiting& waiting, std::optional<JsonText> message);
   /// Ends the control; what is being handled ends without another callback.
   void end();
   void forgetWaiting();

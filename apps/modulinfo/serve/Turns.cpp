@@ -14,7 +14,7 @@ Turns::Turn::~Turn() {
 
 void Turns::formShown(const void* form) {
   layers_.push_back({form, true, false});
-  tell();
+  notify();
 }
 
 void Turns::formHidden(const void* form) {
@@ -24,16 +24,16 @@ void Turns::formHidden(const void* form) {
 bool Turns::mayHandle() const {
   const auto requests = std::count_if(layers_.begin(), layers_.end(),
                                       [](const Layer& layer) { return layer.isRequest; });
-  if (requests >= deepest) return false;
+  if (requests >= maxNested) return false;
   return isReentrant_ || layers_.empty() || layers_.back().isForm;
 }
 
 void Turns::remove(const void* of) {
   std::erase_if(layers_, [of](const Layer& layer) { return layer.of == of; });
-  tell();
+  notify();
 }
 
-void Turns::tell() const {
+void Turns::notify() const {
   if (nextMayCome && mayHandle()) nextMayCome();
 }
 

@@ -5,22 +5,22 @@
 
 namespace tessara {
 
-/// Says when the next request may be handled.
+/// Decides when the next request may be handled.
 ///
-/// A request runs in the middle of whatever let the event loop run: of a request that is not
-/// answered yet, of a yield of the control (the background scan yields with no request behind it),
-/// of a form that waits for its user. Only a form lets others in, unless the client wanted to come
-/// in everywhere; even then not too deep, since each one lies on the stack.
+/// A request runs inside whatever let the event loop run: a request that is not answered yet, a
+/// yield of the control (the background scan yields without a request), a form that waits for its
+/// user. Only a form lets requests in, unless the client has asked for reentrant handling; even
+/// then the depth is limited, since each request takes room on the stack.
 class Turns {
  public:
-  /// How many requests may lie in the middle of each other.
-  static constexpr int deepest = 100;
+  /// Maximum number of requests inside each other.
+  static constexpr int maxNested = 100;
 
   enum class Kind { Request, Yield };
 
   explicit Turns(bool isReentrant) : isReentrant_(isReentrant) {}
 
-  /// The time from its construction to its end is taken by a request or a yield.
+  /// A request or a yield in progress, from construction to destruction.
   class Turn {
    public:
     Turn(Turns& turns, Kind kind);
@@ -32,17 +32,17 @@ class Turns {
     Turns& turns_;
   };
 
-  /// `form` is shown modally from now on, or no longer.
+  /// `form` has been shown modally, or hidden.
   void formShown(const void* form);
   void formHidden(const void* form);
 
   [[nodiscard]] bool mayHandle() const;
 
-  /// Runs whenever something has ended or a form was shown and the next request may be handled.
+  /// Called when the next request may be handled, after something has ended or a form was shown.
   std::function<void()> nextMayCome;
 
  private:
-  /// One thing that is under way; a form has its place in memory for a name.
+  /// One thing in progress, identified by its place in memory.
   struct Layer {
     const void* of;
     bool isForm;
@@ -50,7 +50,7 @@ class Turns {
   };
 
   void remove(const void* of);
-  void tell() const;
+  void notify() const;
 
   bool isReentrant_;
   std::vector<Layer> layers_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <vector>
 
 #include "base/Text.h"
 
@@ -10,46 +11,46 @@ namespace tessara {
 
 namespace {
 
-OrderedJson pictureJson(const PictureSource& picture) {
+JsonText pictureJson(const PictureSource& picture) {
   if (const auto* number = std::get_if<std::int32_t>(&picture)) return *number;
   if (const auto* name = std::get_if<std::u16string>(&picture)) return toUtf8(*name);
   return nullptr;
 }
 
-OrderedJson itemsJson(const std::vector<std::u16string>& items) {
-  OrderedJson list = OrderedJson::array();
-  for (const std::u16string& item : items) list.push_back(toUtf8(item));
-  return list;
+JsonText itemsJson(const std::vector<std::u16string>& items) {
+  std::vector<JsonText> list;
+  for (const std::u16string& item : items) list.emplace_back(toUtf8(item));
+  return JsonText::list(list);
 }
 
 struct StateKey {
   const char* name;
-  OrderedJson (*read)(const WidgetState& state);
+  JsonText (*read)(const WidgetState& state);
 };
 
 using State = const WidgetState&;
 
-constexpr StateKey caption{"caption", [](State s) -> OrderedJson { return toUtf8(s.caption); }};
-constexpr StateKey text{"text", [](State s) -> OrderedJson { return toUtf8(s.text); }};
+constexpr StateKey caption{"caption", [](State s) -> JsonText { return toUtf8(s.caption); }};
+constexpr StateKey text{"text", [](State s) -> JsonText { return toUtf8(s.text); }};
 constexpr StateKey toolTipTitle{"toolTipTitle",
-                                [](State s) -> OrderedJson { return toUtf8(s.toolTipTitle); }};
+                                [](State s) -> JsonText { return toUtf8(s.toolTipTitle); }};
 constexpr StateKey toolTipText{"toolTipText",
-                               [](State s) -> OrderedJson { return toUtf8(s.toolTipText); }};
-constexpr StateKey enabled{"enabled", [](State s) -> OrderedJson { return s.enabled; }};
-constexpr StateKey visible{"visible", [](State s) -> OrderedJson { return s.visible; }};
-constexpr StateKey value{"value", [](State s) -> OrderedJson { return s.value; }};
+                               [](State s) -> JsonText { return toUtf8(s.toolTipText); }};
+constexpr StateKey enabled{"enabled", [](State s) -> JsonText { return s.enabled; }};
+constexpr StateKey visible{"visible", [](State s) -> JsonText { return s.visible; }};
+constexpr StateKey value{"value", [](State s) -> JsonText { return s.value; }};
 constexpr StateKey items{"items", [](State s) { return itemsJson(s.items); }};
-constexpr StateKey index{"index", [](State s) -> OrderedJson { return s.index; }};
+constexpr StateKey index{"index", [](State s) -> JsonText { return s.index; }};
 constexpr StateKey picture{"picture", [](State s) { return pictureJson(s.picture); }};
-constexpr StateKey left{"left", [](State s) -> OrderedJson { return s.place.left; }};
-constexpr StateKey top{"top", [](State s) -> OrderedJson { return s.place.top; }};
-constexpr StateKey width{"width", [](State s) -> OrderedJson { return s.place.width; }};
-constexpr StateKey height{"height", [](State s) -> OrderedJson { return s.place.height; }};
+constexpr StateKey left{"left", [](State s) -> JsonText { return s.place.left; }};
+constexpr StateKey top{"top", [](State s) -> JsonText { return s.place.top; }};
+constexpr StateKey width{"width", [](State s) -> JsonText { return s.place.width; }};
+constexpr StateKey height{"height", [](State s) -> JsonText { return s.place.height; }};
 constexpr StateKey gradientstartcolor{"gradientstartcolor",
-                                      [](State s) -> OrderedJson { return s.gradientstartcolor; }};
+                                      [](State s) -> JsonText { return s.gradientstartcolor; }};
 constexpr StateKey gradientendcolor{"gradientendcolor",
-                                    [](State s) -> OrderedJson { return s.gradientendcolor; }};
-constexpr StateKey interval{"interval", [](State s) -> OrderedJson { return s.interval; }};
+                                    [](State s) -> JsonText { return s.gradientendcolor; }};
+constexpr StateKey interval{"interval", [](State s) -> JsonText { return s.interval; }};
 
 constexpr std::array dropDownKeys{text, enabled, visible, items, index, left, top, width, height};
 constexpr std::array textBoxKeys{text, enabled, visible, left, top, width, height};
@@ -87,12 +88,12 @@ constexpr std::array<KindKeys, 12> kinds{{
 
 }  // namespace
 
-OrderedJson widgetJson(const Widget& widget) {
+JsonText widgetJson(const Widget& widget) {
   const auto* of = std::find_if(kinds.begin(), kinds.end(),
                                 [&](const KindKeys& row) { return row.kind == widget.kind(); });
-  OrderedJson state = OrderedJson::object();
-  for (const StateKey& key : of->keys) state[key.name] = key.read(widget.state());
-  return state;
+  std::vector<JsonText::Member> state;
+  for (const StateKey& key : of->keys) state.emplace_back(key.name, key.read(widget.state()));
+  return JsonText::object(state);
 }
 
 }  // namespace tessara

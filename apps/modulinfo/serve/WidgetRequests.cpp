@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <limits>
 #include <string>
+#include <vector>
 
 #include "base/Text.h"
 #include "serve/WidgetJson.h"
@@ -12,12 +14,12 @@ namespace tessara {
 namespace {
 
 /// The widget that the parameter names, which has to be of one of these kinds; `what` tells them.
-Widget& widgetOf(const Bridge& bridge, const Parameters& parameters, const char* parameter,
+Widget& widgetOf(const Bridge& bridge, const JsonReader& params, const char* parameter,
                  std::initializer_list<WidgetKind> kinds, const char* what) {
-  const std::string name = parameters.text(parameter);
+  const std::string name = params[parameter].text();
   Widget& widget = bridge.widget(name);
   if (std::find(kinds.begin(), kinds.end(), widget.kind()) == kinds.end()) {
-    throw wrongParameters(name + " is no " + what);
+    throw wrongParameters(name + " is not a " + what);
   }
   return widget;
 }
@@ -32,16 +34,19 @@ std::int32_t lineOf(const Widget& list, const std::string& text) {
   return static_cast<std::int32_t>(found - items.begin());
 }
 
-void selectLine(Widget& list, const Parameters& parameters) {
-  if (parameters.has("index") == parameters.has("text")) {
-    throw wrongParameters("a line of " + toUtf8(list.name()) + R"( goes by "index" or by "text")");
+void selectLine(Widget& list, const JsonReader& params) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  const auto index = params.find("index");
+  if (index.has_value() == params.has("text")) {
+    throw wrongParameters("select a line of " + toUtf8(list.name()) +
+                          R"( either by "index" or by "text")");
   }
-  list.select(parameters.has("index") ? parameters.number("index")
-                                      : lineOf(list, parameters.text("text")));
+  list.select(index ? static_cast<std::int32_t>(index->signedNumber(Limits::min(), Limits::max()))
+                    : lineOf(list, params["text"].text()));
 }
 
-void selectOption(Widget& option, const Parameters& parameters) {
-  if (parameters.has("index") || parameters.has("text")) {
+void selectOption(Widget& option, const JsonReader& params) {
+  if (params.has("index") || params.has("text")) {
     throw wrongParameters("the option " + toUtf8(option.name()) + " has no lines to select");
   }
   option.select();
@@ -55,43 +60,43 @@ bool canBeTypedInto(const Bridge& bridge, const Widget& widget) {
 
 }  // namespace
 
-OrderedJson pressWidget(Bridge& bridge, const Parameters& parameters) {
-  widgetOf(bridge, parameters, "widget", {WidgetKind::Button, WidgetKind::HyperLink}, "button")
-      .press();
+JsonText pressWidget(Bridge& bridge, const JsonReader& params) {
+  widgetOf(bridge, params, "widget", {WidgetKind::Button, WidgetKind::HyperLink}, "button").press();
   return nullptr;
 }
 
-OrderedJson selectInWidget(Bridge& bridge, const Parameters& parameters) {
-  Widget& widget = widgetOf(bridge, parameters, "widget",
-                            {WidgetKind::DropDownList, WidgetKind::Option}, "list and no option");
+JsonText selectInWidget(Bridge& bridge, const JsonReader& params) {
+  Widget& widget = widgetOf(bridge, params, "widget",
+                            {WidgetKind::DropDownList, WidgetKind::Option}, "list or an option");
   if (widget.kind() == WidgetKind::Option) {
-    selectOption(widget, parameters);
+    selectOption(widget, params);
   } else {
-    selectLine(widget, parameters);
+    selectLine(widget, params);
   }
   return nullptr;
 }
 
-OrderedJson typeIntoWidget(Bridge& bridge, const Parameters& parameters) {
-  const std::string name = parameters.text("widget");
+JsonText typeIntoWidget(Bridge& bridge, const JsonReader& params) {
+  const std::string name = params["widget"].text();
   Widget& widget = bridge.widget(name);
   if (!canBeTypedInto(bridge, widget)) throw wrongParameters("nothing can be typed into " + name);
-  widget.setText(fromUtf8(parameters.text("text")));
+  widget.setText(fromUtf8(params["text"].text()));
   return nullptr;
 }
 
-OrderedJson tellWidget(Bridge& bridge, const Parameters& parameters) {
-  return widgetJson(bridge.widget(parameters.text("widget")));
+JsonText widgetState(Bridge& bridge, const JsonReader& params) {
+  return widgetJson(bridge.widget(params["widget"].text()));
 }
 
-OrderedJson tellWidgets(Bridge& bridge, const Parameters& /*parameters*/) {
-  OrderedJson states = OrderedJson::object();
-  for (const auto& [name, widget] : bridge.widgets()) states[name] = widgetJson(*widget);
-  return states;
+JsonText widgetStates(Bridge& bridge, const JsonReader& /*params*/) {
+  const auto widgets = bridge.widgets();
+  std::vector<JsonText::Member> states;
+  for (const auto& [name, widget] : widgets) states.emplace_back(name, widgetJson(*widget));
+  return JsonText::object(states);
 }
 
-OrderedJson tickTimer(Bridge& bridge, const Parameters& parameters) {
-  Widget& timer = widgetOf(bridge, parameters, "timer", {WidgetKind::Timer}, "timer");
+JsonText tickTimer(Bridge& bridge, const JsonReader& params) {
+  Widget& timer = widgetOf(bridge, params, "timer", {WidgetKind::Timer}, "timer");
   if (!timer.enabled()) return false;
   timer.tick();
   return true;

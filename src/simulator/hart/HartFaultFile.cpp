@@ -14,25 +14,25 @@ constexpr std::size_t maxAnswerLength = 310;  // the longest frame after maxHart
 constexpr std::uint64_t maxCode = 127;
 constexpr std::uint64_t maxDelayed = 1000;
 
-std::uint8_t sevenBits(const JsonNode& node) {
+std::uint8_t sevenBits(const JsonReader& node) {
   return static_cast<std::uint8_t>(node.number(0, maxCode));
 }
 
-Bytes someBytes(const JsonNode& node) {
+Bytes someBytes(const JsonReader& node) {
   Bytes bytes = readBytes(node);
   if (bytes.empty()) node.fail("noise must have at least 1 byte");
   return bytes;
 }
 
 /// True for "primary", false for "secondary".
-bool isPrimaryMaster(const JsonNode& node) {
+bool isPrimaryMaster(const JsonReader& node) {
   if (node.text() == "primary") return true;
   if (node.text() == "secondary") return false;
-  node.fail(R"(must be "primary" or "secondary", not ")" + node.text() + "\"");
+  node.fail(node.shown() + R"( is not one of "primary" and "secondary")");
 }
 
 const std::vector<FaultKind<HartEffect>>& kinds() {
-  using Node = JsonNode;
+  using Node = JsonReader;
   static const std::vector<FaultKind<HartEffect>> kinds{
       {"noReply", {}, [](const Node&) -> HartEffect { return faults::NoReply{}; }},
       {"lateReply",
@@ -105,7 +105,7 @@ const std::vector<FaultKind<HartEffect>>& kinds() {
 
 }  // namespace
 
-HartMisbehaviour readHartFault(const JsonNode& node) {
+HartMisbehaviour readHartFault(const JsonReader& node) {
   return {readEffect(node, kinds()), readTrigger(node)};
 }
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "simulator/JsonNode.h"
+#include "json/JsonReader.h"
 #include "simulator/hart/HartEffect.h"
 
 namespace tessara {
 
 /// One entry of the list of faults in the file of a module behind a HART modem. Throws
-/// ModuleFileError.
-HartMisbehaviour readHartFault(const JsonNode& node);
+/// JsonError.
+HartMisbehaviour readHartFault(const JsonReader& node);
 
 }  // namespace tessara

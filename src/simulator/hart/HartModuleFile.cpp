@@ -7,6 +7,7 @@
 #include "drivers/hart/HartFrame.h"
 #include "drivers/hart/HartStatus.h"
 #include "simulator/FaultKinds.h"
+#include "simulator/ModuleNumber.h"
 #include "simulator/ModuleText.h"
 #include "simulator/hart/HartFaultFile.h"
 
@@ -26,7 +27,7 @@ constexpr std::array<std::size_t, 3> identityLengths{12, 17, 22};
 
 class HartModuleReader {
  public:
-  explicit HartModuleReader(const JsonNode& root) : root_(root) {}
+  explicit HartModuleReader(const JsonReader& root) : root_(root) {}
 
   SimulatedHartModule read() {
     root_.allowOnly({"link",
@@ -76,7 +77,7 @@ class HartModuleReader {
   }
 
   [[nodiscard]] Bytes givenIdentity() const {
-    const JsonNode node = root_["identity"];
+    const JsonReader node = root_["identity"];
     for (const std::string key :
          {"vendorId", "universalRevision", "deviceType", "deviceRevision", "softwareRevision",
           "hardwareRevision", "uniqueId", "requestPreambles"}) {
@@ -84,9 +85,9 @@ class HartModuleReader {
     }
     Bytes bytes = readBytes(node);
     if (bytes.size() < identityLengths.front() || bytes.size() > maxData) {
-      node.fail("must have 12 to 253 bytes");
+      node.fail("does not have 12 to 253 bytes");
     }
-    if (bytes.front() != identityMark) node.fail("must begin with 254");
+    if (bytes.front() != identityMark) node.fail("does not begin with 254");
     return bytes;
   }
 
@@ -134,7 +135,7 @@ class HartModuleReader {
 
   void readName() {
     if (!root_.has("name")) {
-      if (root_.has("namePadding")) root_["namePadding"].fail("there is no name to be padded");
+      if (root_.has("namePadding")) root_["namePadding"].fail("there is no name to pad");
       return;
     }
     module_.name = root_["name"].text();
@@ -146,7 +147,7 @@ class HartModuleReader {
   }
 
   /// A list of bytes, or a text in Latin-1.
-  void answer(std::uint16_t command, const JsonNode& node) {
+  void answer(std::uint16_t command, const JsonReader& node) {
     Bytes data = node.isText() ? readLatin1(node, maxData) : readBytes(node);
     const std::size_t room = command > maxShortHartCommand ? maxData - 2 : maxData;
     if (data.size() > room) {
@@ -160,13 +161,13 @@ class HartModuleReader {
 
   void readDeviceStatus() {
     if (!root_.has("deviceStatus")) return;
-    for (const JsonNode& node : root_["deviceStatus"].elements()) {
+    for (const JsonReader& node : root_["deviceStatus"].elements()) {
       const auto bits = hartDeviceStatusBits();
       const auto bit = std::ranges::find(bits, node.text(), &HartDeviceStatusBit::name);
       if (bit == bits.end()) {
         std::string known;
         for (const auto& one : bits) known += (known.empty() ? "" : ", ") + std::string(one.name);
-        node.fail("\"" + node.text() + "\" is no device status; these are: " + known);
+        node.fail(node.shown() + " is not a device status; these are: " + known);
       }
       module_.deviceStatus = static_cast<std::uint8_t>(module_.deviceStatus | bit->value);
     }
@@ -177,7 +178,7 @@ class HartModuleReader {
     for (const auto& [text, node] : root_["commands"].members()) {
       const auto number = unsignedFromText(text, std::numeric_limits<std::uint16_t>::max());
       if (!number || *number == extendedHartCommand || *number == 254 || *number == 255) {
-        node.fail("the key must be a command number from 1 to 65535 other than 31, 254 and 255");
+        node.fail("the key is not a command number from 1 to 65535 other than 31, 254 and 255");
       }
       if (*number == hart::readIdentity || *number == hart::readIdentityByTag ||
           *number == hart::readIdentityByName) {
@@ -189,18 +190,18 @@ class HartModuleReader {
 
   void readFaults() {
     if (!root_.has("faults")) return;
-    for (const JsonNode& node : root_["faults"].elements()) {
+    for (const JsonReader& node : root_["faults"].elements()) {
       module_.faults.push_back(readHartFault(node));
     }
   }
 
-  const JsonNode& root_;
+  const JsonReader& root_;
   SimulatedHartModule module_;
 };
 
 }  // namespace
 
-SimulatedHartModule readHartModule(const JsonNode& root) {
+SimulatedHartModule readHartModule(const JsonReader& root) {
   return HartModuleReader(root).read();
 }
 

@@ -9,12 +9,12 @@ namespace tessara {
 
 namespace {
 
-std::optional<std::chrono::milliseconds> timeIn(const JsonNode& node, const std::string& key) {
+std::optional<std::chrono::milliseconds> timeIn(const JsonReader& node, const std::string& key) {
   return node.has(key) ? std::optional(readDelay(node[key])) : std::nullopt;
 }
 
 const std::vector<FaultKind<FieldEffect>>& kinds() {
-  using Node = JsonNode;
+  using Node = JsonReader;
   using namespace fieldFaults;
   static const std::vector<FaultKind<FieldEffect>> kinds{
       {"tagAbsent", {}, [](const Node&) -> FieldEffect { return TagAbsent{}; }},
@@ -41,7 +41,7 @@ const std::vector<FaultKind<FieldEffect>>& kinds() {
 
 }  // namespace
 
-FieldFault readFieldFault(const JsonNode& node) {
+FieldFault readFieldFault(const JsonReader& node) {
   return {readEffect(node, kinds()), readTrigger(node)};
 }
 

@@ -5,8 +5,8 @@
 #include <optional>
 #include <variant>
 
+#include "json/JsonReader.h"
 #include "simulator/Fault.h"
-#include "simulator/JsonNode.h"
 
 namespace tessara {
 
@@ -61,7 +61,7 @@ struct FieldFault {
   FaultTrigger trigger;
 };
 
-/// One entry of the list of reader faults in a module file. Throws ModuleFileError.
-FieldFault readFieldFault(const JsonNode& node);
+/// One entry of the list of reader faults in a module file. Throws JsonError.
+FieldFault readFieldFault(const JsonReader& node);
 
 }  // namespace tessara

@@ -13,7 +13,7 @@ namespace {
 /// What the number of an ISO 15693 tag begins with.
 constexpr std::uint8_t firstUidByte = 0xE0;
 
-TagUid readUid(const JsonNode& node) {
+TagUid readUid(const JsonReader& node) {
   TagUid uid{};
   Bytes bytes;
   try {
@@ -22,8 +22,8 @@ TagUid readUid(const JsonNode& node) {
     bytes.clear();
   }
   if (bytes.size() != uid.size() || bytes.front() != firstUidByte) {
-    node.fail("must be the number of a tag, 16 hexadecimal digits that begin with E0, not \"" +
-              node.text() + "\"");
+    node.fail(node.shown() +
+              " is not the number of a tag, 16 hexadecimal digits that begin with E0");
   }
   std::copy(bytes.begin(), bytes.end(), uid.begin());
   return uid;
@@ -31,11 +31,11 @@ TagUid readUid(const JsonNode& node) {
 
 }  // namespace
 
-SimulatedNfcModule readNfcModule(const JsonNode& root) {
+SimulatedNfcModule readNfcModule(const JsonReader& root) {
   SimulatedNfcModule module{readModule(root, {"uid", "readerFaults"})};
   if (root.has("uid")) module.uid = readUid(root["uid"]);
   if (root.has("readerFaults")) {
-    for (const JsonNode& node : root["readerFaults"].elements()) {
+    for (const JsonReader& node : root["readerFaults"].elements()) {
       module.faults.push_back(readFieldFault(node));
     }
   }

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "simulator/ModuleFileError.h"
+#include "simulator/ModuleFile.h"
 #include "simulator/nfc/NfcModuleFile.h"
 
 namespace tessara {
@@ -15,7 +15,7 @@ SimulatedNfcModule parse(const std::string& more) {
   const std::string text =
       R"({"link": "nfc-twn4", "vendorId": 49, "groupId": 1, "familyId": 15, "deviceId": 151)" +
       more + "}";
-  return readNfcModule(JsonNode::parse(text, "module.json"));
+  return readModuleText(text, "module.json", readNfcModule);
 }
 
 std::string errorOf(const std::string& more) {
@@ -46,10 +46,11 @@ TEST(NfcModuleFile, GivesTheTagItsNumber) {
   EXPECT_EQ(parse("").uid.front(), 0xE0);
 }
 
-TEST(NfcModuleFile, SaysWhatNumberATagCannotHave) {
+TEST(NfcModuleFile, RefusesWhatIsNotTheNumberOfATag) {
   for (const std::string uid : {"E002", "A002264455667788", "xyz", ""}) {
     EXPECT_THAT(errorOf(R"(, "uid": ")" + uid + '"'),
-                HasSubstr("module.json: /uid: must be the number of a tag, 16 hexadecimal digits"))
+                HasSubstr("module.json: uid: \"" + uid +
+                          "\" is not the number of a tag, 16 hexadecimal digits"))
         << uid;
   }
 }
@@ -83,23 +84,22 @@ TEST(NfcModuleFile, OrdersFaultsByRequestStepAndChance) {
 
 TEST(NfcModuleFile, SaysWhatIsWrongWithAFault) {
   EXPECT_THAT(errorOf(fault(R"("kind": "noise", "at": 1)")),
-              HasSubstr("/readerFaults/0/kind: \"noise\" is no kind of fault; these are: "
+              HasSubstr("readerFaults[0].kind: \"noise\" is not a kind of fault; these are: "
                         "tagAbsent, tagLeaves, airChecksum, readerError, readerSilent, "
                         "mailboxBusy, mailboxOff, moduleAsleep"));
   EXPECT_THAT(errorOf(fault(R"("kind": "readerError", "code": 0, "at": 1)")),
-              HasSubstr("/readerFaults/0/code: must be a whole number from 1 to 255"));
-  EXPECT_THAT(errorOf(fault(R"("kind": "readerError", "at": 1)")),
-              HasSubstr("\"code\" is missing"));
+              HasSubstr("readerFaults[0].code: 0 is not within 1 to 255"));
+  EXPECT_THAT(errorOf(fault(R"("kind": "readerError", "at": 1)")), HasSubstr("code: missing"));
   EXPECT_THAT(errorOf(fault(R"("kind": "tagAbsent")")), HasSubstr("needs one of the keys"));
   EXPECT_THAT(errorOf(fault(R"("kind": "tagAbsent", "for": 1, "at": 1)")),
-              HasSubstr("/readerFaults/0/for: this key is not known here"));
+              HasSubstr("readerFaults[0].for: unknown key"));
   EXPECT_THAT(errorOf(fault(R"("kind": "tagAbsent", "probability": 2, "seed": 1)")),
               HasSubstr("a probability must lie between 0 and 1"));
-  EXPECT_THAT(errorOf(R"(, "readerFaults": 1)"), HasSubstr("must be a list"));
+  EXPECT_THAT(errorOf(R"(, "readerFaults": 1)"), HasSubstr("1 is not a list"));
 }
 
 TEST(NfcModuleFile, KnowsNoOtherKeys) {
-  EXPECT_THAT(errorOf(R"(, "pollingAddress": 1)"), HasSubstr("this key is not known here"));
+  EXPECT_THAT(errorOf(R"(, "pollingAddress": 1)"), HasSubstr("unknown key"));
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ std::filesystem::path fileOf(const std::string& name) {
 
 class NfcSamples : public ::testing::TestWithParam<Sample> {
  protected:
-  const SimulatedNfcModule sample = readNfcModule(parseModuleFile(fileOf(GetParam().name)));
+  const SimulatedNfcModule sample = readModuleFile(fileOf(GetParam().name), readNfcModule);
 };
 
 INSTANTIATE_TEST_SUITE_P(Files, NfcSamples,
@@ -73,7 +73,7 @@ TEST(NfcSampleFiles, PutTheUsbReaderOnNoPort) {
     (void)loadPluggableModule(fileOf("nfc-usb-healthy"));
     FAIL() << "it has no port";
   } catch (const ModuleFileError& error) {
-    EXPECT_NE(std::string(error.what()).find("/link: the USB NFC reader is no port"),
+    EXPECT_NE(std::string(error.what()).find("link: the USB NFC reader is not a port"),
               std::string::npos)
         << error.what();
   }

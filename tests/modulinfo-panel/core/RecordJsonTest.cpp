@@ -66,10 +66,9 @@ TEST(RecordJson, IgnoresUnknownFields) {
   EXPECT_EQ(complaint(json.dump()), "");
 }
 
-TEST(RecordJson, NamesLineAndColumnOfInvalidJson) {
-  EXPECT_TRUE(complaint("").starts_with(
-      "a.json is not a module record: invalid JSON at line 1, column 1 (un"))
-      << complaint("");
+TEST(RecordJson, TellsLineAndColumnOfInvalidJson) {
+  EXPECT_EQ(complaint("").substr(0, 65),
+            "a.json is no module record: it is no JSON at line 1, column 1 (un");
   EXPECT_NE(complaint("{\n  \"format\": nonsense\n}").find("line 2, column 14"), std::string::npos)
       << complaint("{\n  \"format\": nonsense\n}");
   EXPECT_NE(complaint("{}\nx").find("line 2, column 1"), std::string::npos) << complaint("{}\nx");
@@ -77,7 +76,7 @@ TEST(RecordJson, NamesLineAndColumnOfInvalidJson) {
   EXPECT_NE(complaint("{\"format\": \"\xff\"}").find("invalid JSON"), std::string::npos);
 }
 
-TEST(RecordJson, NamesANumberThatNoTypeHolds) {
+TEST(RecordJson, TellsANumberThatNoTypeHolds) {
   EXPECT_EQ(complaint("{\n  \"version\": -1e999\n}"),
             "a.json is not a module record: invalid JSON at line 2, column 14 (number overflow: "
             "-1e999).");
@@ -101,7 +100,7 @@ TEST(RecordJson, RefusesANewerVersion) {
             "version 1.");
 }
 
-TEST(RecordJson, RefusesAnInvalidVersion) {
+TEST(RecordJson, RefusesAWrongVersion) {
   for (const Json& version : {Json(0), Json(-1), Json("1"), Json(1.5), Json()}) {
     Json json = sampleJson();
     json["version"] = version;
@@ -187,7 +186,7 @@ TEST(RecordJson, NamesTheValidResultsOfTheCatalogue) {
             std::string::npos);
 }
 
-TEST(RecordJson, RefusesAnInvalidTime) {
+TEST(RecordJson, RefusesAWrongTime) {
   for (const std::string time : {"yesterday", "2024-13-01T00:00:00Z", ""}) {
     Json json = sampleJson();
     json["time"] = time;
@@ -201,22 +200,21 @@ TEST(RecordJson, ShortensAWrongValue) {
   EXPECT_LT(complaint(json.dump()).size(), 200U);
 }
 
-TEST(RecordJson, SurvivesDeeplyNestedValues) {
-  constexpr std::size_t depth = 100000;
-  const std::string deep = std::string(depth, '[') + std::string(depth, ']');
-  EXPECT_EQ(complaint(deep), "a.json is not a module record: its format is not modulinfo-record.");
+TEST(RecordJson, RefusesNestingDeeperThan64AtOnce) {
+  constexpr std::size_t megabytes = 10'000'000;
+  std::string objects;
+  while (objects.size() < megabytes) objects += "{\"a\":";
+  for (const std::string& text : {std::string(megabytes, '['), objects}) {
+    EXPECT_NE(complaint(text).find("lists and objects are nested deeper than 64"),
+              std::string::npos);
+  }
+}
 
+TEST(RecordJson, IgnoresAnUnknownFieldThatIsNested) {
+  constexpr std::size_t depth = 60;
   std::string json = sampleJson().dump();
-  json.insert(1, "\"remark\":" + deep + ",");
+  json.insert(1, "\"remark\":" + std::string(depth, '[') + std::string(depth, ']') + ",");
   EXPECT_EQ(complaint(json), "");
-
-  Json wrong = sampleJson();
-  wrong["connection"]["address"] = "deep";
-  json = wrong.dump();
-  json.replace(json.find("\"deep\""), 6, deep);
-  EXPECT_EQ(
-      complaint(json).find("a.json is a damaged module record: the field connection.address is"),
-      0U);
 }
 
 TEST(RecordJson, ReportsErrorsInTheLanguageInstalled) {
@@ -233,14 +231,14 @@ TEST(RecordJson, ReportsErrorsInTheLanguageInstalled) {
   }
 }
 
-TEST(RecordJson, RefusesEveryTruncation) {
+TEST(RecordJson, EveryTruncationIsRefused) {
   const std::string whole = recordJson(sampleRecord()).trimmed().toStdString();
   for (std::size_t length = 0; length < whole.size(); ++length) {
     EXPECT_NE(complaint(whole.substr(0, length)), "") << length;
   }
 }
 
-TEST(RecordJson, ThrowsNothingElseForABrokenByte) {
+TEST(RecordJson, ADamagedByteGivesNoOtherError) {
   const std::string whole = recordJson(sampleRecord()).toStdString();
   for (std::size_t place = 0; place < whole.size(); ++place) {
     for (const char byte : {'\0', '"', '{', '9', '\xc3'}) {

@@ -8,13 +8,13 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-TEST(LineSplitter, lines_end_at_line_feeds) {
+TEST(LineSplitter, LinesEndAtLineFeeds) {
   LineSplitter splitter(100);
   EXPECT_THAT(splitter.add("a\nb\n\nc"), ElementsAre("a", "b", ""));
   EXPECT_THAT(splitter.add("d\n"), ElementsAre("cd"));
 }
 
-TEST(LineSplitter, a_line_may_come_byte_by_byte) {
+TEST(LineSplitter, ALineMayComeByteByByte) {
   LineSplitter splitter(100);
   EXPECT_THAT(splitter.add("a"), IsEmpty());
   EXPECT_THAT(splitter.add(""), IsEmpty());
@@ -22,25 +22,25 @@ TEST(LineSplitter, a_line_may_come_byte_by_byte) {
   EXPECT_THAT(splitter.add("\xa4\n"), ElementsAre("a\xc3\xa4"));
 }
 
-TEST(LineSplitter, the_last_line_needs_no_end) {
+TEST(LineSplitter, TheLastLineNeedsNoEnd) {
   LineSplitter splitter(100);
   EXPECT_THAT(splitter.add("a\nb"), ElementsAre("a"));
   EXPECT_THAT(splitter.finish(), ElementsAre("b"));
   EXPECT_THAT(splitter.finish(), IsEmpty());
 }
 
-TEST(LineSplitter, nothing_begun_is_no_last_line) {
+TEST(LineSplitter, NothingBegunIsNoLastLine) {
   LineSplitter splitter(100);
   splitter.add("a\n");
   EXPECT_THAT(splitter.finish(), IsEmpty());
 }
 
-TEST(LineSplitter, a_line_of_the_greatest_length_is_whole) {
+TEST(LineSplitter, ALineOfTheGreatestLengthIsWhole) {
   LineSplitter splitter(3);
   EXPECT_THAT(splitter.add("abc\n"), ElementsAre("abc"));
 }
 
-TEST(LineSplitter, a_longer_line_is_one_gap_and_the_next_line_is_whole) {
+TEST(LineSplitter, ALongerLineIsOneGapAndTheNextLineIsWhole) {
   LineSplitter splitter(3);
   EXPECT_THAT(splitter.add("abcd\nef\n"), ElementsAre(std::nullopt, "ef"));
   EXPECT_THAT(splitter.add("ab"), IsEmpty());
@@ -49,7 +49,7 @@ TEST(LineSplitter, a_longer_line_is_one_gap_and_the_next_line_is_whole) {
   EXPECT_THAT(splitter.add("f\ngh\n"), ElementsAre(std::nullopt, "gh"));
 }
 
-TEST(LineSplitter, a_longer_line_without_an_end_is_a_gap) {
+TEST(LineSplitter, ALongerLineWithoutAnEndIsAGap) {
   LineSplitter splitter(3);
   splitter.add("abcd");
   EXPECT_THAT(splitter.finish(), ElementsAre(std::nullopt));

@@ -11,7 +11,7 @@ namespace {
 constexpr auto request = Turns::Kind::Request;
 constexpr auto yielding = Turns::Kind::Yield;
 
-TEST(Turns, a_request_waits_for_the_one_before_it) {
+TEST(Turns, ARequestWaitsForTheOneBeforeIt) {
   Turns turns(false);
   EXPECT_TRUE(turns.mayHandle());
   {
@@ -21,13 +21,13 @@ TEST(Turns, a_request_waits_for_the_one_before_it) {
   EXPECT_TRUE(turns.mayHandle());
 }
 
-TEST(Turns, a_request_waits_for_a_yield_that_no_request_has_caused) {
+TEST(Turns, ARequestWaitsForAYieldThatNoRequestHasCaused) {
   Turns turns(false);
   const Turns::Turn scan(turns, yielding);
   EXPECT_FALSE(turns.mayHandle());
 }
 
-TEST(Turns, an_open_form_lets_requests_in_one_after_the_other) {
+TEST(Turns, AnOpenFormLetsRequestsInOneAfterTheOther) {
   Turns turns(false);
   const Turns::Turn opener(turns, request);
   const int form = 0;
@@ -40,7 +40,7 @@ TEST(Turns, an_open_form_lets_requests_in_one_after_the_other) {
   EXPECT_TRUE(turns.mayHandle());
 }
 
-TEST(Turns, after_a_form_has_hidden_itself_its_opener_comes_first) {
+TEST(Turns, AfterAFormIsHiddenItsOpenerEndsFirst) {
   Turns turns(false);
   auto opener = std::make_unique<Turns::Turn>(turns, request);
   const int form = 0;
@@ -55,7 +55,7 @@ TEST(Turns, after_a_form_has_hidden_itself_its_opener_comes_first) {
   EXPECT_TRUE(turns.mayHandle());
 }
 
-TEST(Turns, a_scan_under_an_open_form_keeps_requests_out) {
+TEST(Turns, AScanUnderAnOpenFormKeepsRequestsOut) {
   Turns turns(false);
   const Turns::Turn opener(turns, request);
   const int form = 0;
@@ -64,7 +64,7 @@ TEST(Turns, a_scan_under_an_open_form_keeps_requests_out) {
   EXPECT_FALSE(turns.mayHandle());
 }
 
-TEST(Turns, of_two_forms_the_later_one_lets_requests_in) {
+TEST(Turns, OfTwoFormsTheLaterOneLetsRequestsIn) {
   Turns turns(false);
   const int first = 0;
   const int second = 0;
@@ -76,7 +76,7 @@ TEST(Turns, of_two_forms_the_later_one_lets_requests_in) {
   EXPECT_TRUE(turns.mayHandle());
 }
 
-TEST(Turns, a_reentrant_client_comes_in_everywhere) {
+TEST(Turns, AReentrantClientIsAlwaysLetIn) {
   Turns turns(true);
   const Turns::Turn first(turns, request);
   EXPECT_TRUE(turns.mayHandle());
@@ -84,10 +84,10 @@ TEST(Turns, a_reentrant_client_comes_in_everywhere) {
   EXPECT_TRUE(turns.mayHandle());
 }
 
-TEST(Turns, a_reentrant_client_does_not_come_in_without_end) {
+TEST(Turns, NestedRequestsOfAReentrantClientAreLimited) {
   Turns turns(true);
   std::vector<std::unique_ptr<Turns::Turn>> nested;
-  for (int depth = 0; depth < Turns::deepest; ++depth) {
+  for (int depth = 0; depth < Turns::maxNested; ++depth) {
     EXPECT_TRUE(turns.mayHandle());
     nested.push_back(std::make_unique<Turns::Turn>(turns, request));
   }
@@ -96,7 +96,7 @@ TEST(Turns, a_reentrant_client_does_not_come_in_without_end) {
   EXPECT_TRUE(turns.mayHandle());
 }
 
-TEST(Turns, whoever_waits_is_told_when_the_next_one_may_come) {
+TEST(Turns, NotifiesWhenTheNextRequestMayBeHandled) {
   Turns turns(false);
   int told = 0;
   turns.nextMayCome = [&told] { ++told; };

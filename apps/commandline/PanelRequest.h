@@ -2,16 +2,14 @@
 
 #include <string>
 
-#include "common/ReadRequest.h"
+#include "common/ModuleRequest.h"
 
 namespace tessara {
 
-/// What `modulinfo-panel` is to show.
+/// What the command line of `modulinfo-panel` asks for.
 struct PanelRequest {
   /// The module, by its port or its file. With neither the port that was used last.
-  ReadRequest module;
-  /// The rate was given, so that the one that was used last does not count.
-  bool namesBaudrate = false;
+  ModuleRequest module;
   /// Read the module at once.
   bool reads = false;
   /// The file of a record to show in place of a module; empty for none.
@@ -21,7 +19,7 @@ struct PanelRequest {
   /// The file of the report to write in place of opening a window; empty for none.
   std::string report;
 
-  /// The program is done when its picture and its report are written, and needs no display.
+  /// The program ends when its picture and its report are written, and needs no display.
   [[nodiscard]] bool isUnattended() const { return !screenshot.empty() || !report.empty(); }
   [[nodiscard]] bool namesModule() const {
     return module.comPort != 0 || !module.moduleFile.empty();

@@ -1,0 +1,50 @@
+#include "json/JsonText.h"
+
+#include <nlohmann/json.hpp>
+
+namespace tessara {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string dumped(const Json& value) {
+  return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+}  // namespace
+
+JsonText::JsonText(double value) : text_(dumped(value)) {}
+
+JsonText::JsonText(std::string_view text) : text_(dumped(text)) {}
+
+JsonText JsonText::object(const std::vector<Member>& members) {
+  std::string text = "{";
+  for (const auto& [key, value] : members) {
+    if (text.size() > 1) text += ',';
+    text += dumped(key) + ':' + value.text_;
+  }
+  return verbatim(text + '}');
+}
+
+JsonText JsonText::list(const std::vector<JsonText>& elements) {
+  std::string text = "[";
+  for (const JsonText& element : elements) {
+    if (text.size() > 1) text += ',';
+    text += element.text_;
+  }
+  return verbatim(text + ']');
+}
+
+JsonText JsonText::verbatim(std::string text) {
+  JsonText json;
+  json.text_ = std::move(text);
+  return json;
+}
+
+std::string JsonText::indented() const {
+  constexpr int indent = 2;
+  return Json::parse(text_).dump(indent);
+}
+
+}  // namespace tessara
