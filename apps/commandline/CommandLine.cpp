@@ -8,8 +8,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include "control/Transport.h"
 #include "linux/SettingsPorts.h"
+#include "ports/AdapterWords.h"
 
 namespace tessara {
 
