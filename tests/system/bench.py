@@ -92,14 +92,14 @@ class Bench(unittest.TestCase):
             encoding="utf-8", timeout=PATIENCE, check=False, **options)
 
     def succeed(self, *arguments):
-        """Runs the command line, which has to succeed without a complaint, and gives its output."""
+        """Runs the command line, which must succeed without a complaint, and returns its output."""
         done = self.run_modulinfo(*arguments)
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         return done.stdout
 
     def fail_with(self, code, *arguments, **options):
-        """Runs the command line, which has to end with that code and to print nothing but a
-        complaint, and gives the complaint."""
+        """Runs the command line, which must end with that code and print nothing but a
+        complaint, and returns the complaint."""
         done = self.run_modulinfo(*arguments, **options)
         self.assertEqual((done.returncode, done.stdout), (code, ""), done.stderr)
         return done.stderr
@@ -115,8 +115,8 @@ class Bench(unittest.TestCase):
         return path
 
     def private_installation(self):
-        """A copy of the program in a folder of its own, with the language files and without a
-        catalogue; the command line is run from there from now on. Gives the folder."""
+        """A copy of the program in a separate folder, with the language files and without a
+        catalogue; from then on that copy is run. Returns the folder."""
         place = self.folder / "installed"
         place.mkdir()
         shutil.copy2(self.modulinfo, place)
@@ -126,7 +126,7 @@ class Bench(unittest.TestCase):
         return place
 
     def simulator(self, *modules, options=()):
-        """Starts a simulator with these module files and gives its ports, "COM100" to device."""
+        """Starts a simulator with these module files and returns its ports, "COM100" to device."""
         process = subprocess.Popen(
             [self.modulinfo, "simulate", *options, *map(str, modules)],
             env=self.environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
@@ -136,7 +136,7 @@ class Bench(unittest.TestCase):
         return dict(line.split()[:2] for line in self.announced)
 
     def end_simulators(self):
-        """Ends the simulators as a person does, and makes sure that they end in order."""
+        """Ends the simulators as a user does, and checks that they end regularly."""
         while self.simulators:
             process = self.simulators.pop()
             process.terminate()
@@ -155,6 +155,6 @@ class Bench(unittest.TestCase):
             os.close(slave)
 
     def bound_by_modes(self):
-        """Options that run a program as somebody whom the modes of files keep out, as they keep out
-        everybody but root."""
+        """Options that run a program as a user who is bound by the modes of files, like
+        every user but root."""
         return {"preexec_fn": give_up_passing_modes} if os.geteuid() == 0 else {}

@@ -2,7 +2,7 @@
 
 from bench import Bench
 
-# How the list of ports calls each reader.
+# The line of the port list for each reader.
 READERS = {"nfc-twn4": "TWN4 NFC-Adapter (COM100)", "nfc-usb": "NFC-USB-ZORVEN-ADAPTER"}
 
 
@@ -10,8 +10,8 @@ class NfcBench(Bench):
     """Runs each test with separate tags."""
 
     def with_each(self, faults_of_reader, faults_of_module, check):
-        """Has a module checked on each reader and with each fault. What stands behind a fault, the
-        check is told too."""
+        """Runs the check for a module on each reader and with each fault. What follows a fault is
+        passed to the check too."""
         for link in READERS:
             for key, faults in (("readerFaults", faults_of_reader), ("faults", faults_of_module)):
                 for fault, *more in faults:

@@ -1,4 +1,4 @@
-"""The test bench with a control that is driven over a pair of pipes."""
+"""The test bench with a control that a client drives over a pair of pipes."""
 
 import json
 import queue
@@ -19,13 +19,13 @@ class Failure(Exception):
 
 
 class Client:
-    """One `modulinfo serve` and what it says."""
+    """One `modulinfo serve` and its messages."""
 
     def __init__(self, command, environment):
         self.process = subprocess.Popen(
             command, env=environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
             stderr=subprocess.PIPE)
-        self.heard = []
+        self.notifications = []
         self.last_id = 0
         self.lines = queue.Queue()
         threading.Thread(target=self.listen, daemon=True).start()
@@ -40,7 +40,7 @@ class Client:
         self.process.stdin.flush()
 
     def send(self, method, /, **params):
-        """Sends a request without waiting for the answer, and gives its id."""
+        """Sends a request without waiting for the answer, and returns its id."""
         self.last_id += 1
         self.send_json({"jsonrpc": "2.0", "id": self.last_id, "method": method, "params": params})
         return self.last_id
@@ -56,11 +56,11 @@ class Client:
     def next_answer(self):
         """The next answer; the notifications before it are skipped."""
         while (message := self.next()) is not None and "method" in message:
-            self.heard.append((message["method"], message["params"]))
+            self.notifications.append((message["method"], message["params"]))
         return message
 
     def wait_until_answered(self, identity):
-        """Takes messages, whatever they are, until that request has been answered."""
+        """Reads messages of any kind until that request has been answered."""
         message = {}
         while not (isinstance(message, dict) and message.get("id") == identity):
             message = self.next()
@@ -96,21 +96,21 @@ class Client:
     def caption(self, name):
         return self.widget(name)["caption"]
 
-    def wait_until_heard(self, notification):
-        """Takes messages until that notification has come."""
-        while notification not in self.heard:
+    def wait_until_notified(self, notification):
+        """Reads messages until that notification has arrived."""
+        while notification not in self.notifications:
             message = self.next()
             assert message is not None and "method" in message, message
-            self.heard.append((message["method"], message["params"]))
+            self.notifications.append((message["method"], message["params"]))
 
-    def take_heard(self, method=None):
+    def take_notifications(self, method=None):
         """The notifications since the last time, those of one method or all."""
-        heard, self.heard = self.heard, []
-        return [entry for entry in heard if method in (None, entry[0])]
+        received, self.notifications = self.notifications, []
+        return [entry for entry in received if method in (None, entry[0])]
 
     def take_events(self):
         """The callbacks since the last time: their names, with their arguments if they have any."""
-        return [(params["name"], *params["args"]) for _, params in self.take_heard("event")]
+        return [(params["name"], *params["args"]) for _, params in self.take_notifications("event")]
 
     def close_input(self):
         self.process.stdin.close()
@@ -139,7 +139,7 @@ class ServeBench(Bench):
     """Runs each test with separate clients."""
 
     def serve(self, *options):
-        """A control that has just been made."""
+        """A new control."""
         client = Client([self.modulinfo, "serve", *map(str, options)], self.environment)
         self.addCleanup(client.end)
         return client
@@ -155,23 +155,23 @@ class ServeBench(Bench):
         client.set("Language", 1)
         client.set("Baudrate", 19200)
         client.request("show")
-        client.take_heard()
+        client.take_notifications()
 
     def reading(self, module, *options):
         """A control that has read this simulated module, with all messages read."""
         client = self.shown("--simulate", module, *options)
         client.call("AutomaticConnection")
         self.assertEqual(client.get("DataValid"), 1)
-        client.take_heard()
+        client.take_notifications()
         return client
 
     def end_in_order(self, client):
-        """The client quits, and the program ends in order and in silence."""
+        """The client quits, and the program ends regularly and silently."""
         client.request("quit")
         self.assertEqual(client.ending(), ([], 0, ""))
 
     def fails(self, code, number, client, method, /, **params):
-        """The request fails with that code and number; gives the message."""
+        """The request fails with that code and number; returns the message."""
         with self.assertRaises(Failure) as raised:
             client.request(method, **params)
         self.assertEqual((raised.exception.code, raised.exception.number), (code, number),

@@ -9,7 +9,7 @@ SAMPLE = BIN / CATALOGUE
 
 class CatalogueCheck(Bench):
     def broken(self, old, new):
-        """A copy of the sample with the first `old` replaced, and the line in which it stood."""
+        """A copy of the sample with the first `old` replaced, and its line number."""
         text = SAMPLE.read_text("utf-8")
         self.assertIn(old, text)
         file = self.folder / CATALOGUE

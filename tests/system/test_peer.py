@@ -30,7 +30,7 @@ class Peer(Bench):
         self.assertEqual(module.stdout.readline(), "ready\n")
         self.write_settings(f"[Ports]\nCOM9\\Device={ours}\n")
 
-    def test_a_module_made_by_others_is_read_whole(self):
+    def test_a_module_of_other_make_is_read_completely(self):
         read = json.loads(self.succeed("read", "--port", "COM9", "--language", 1, "--json"))
         self.assertEqual([read[key] for key in ("vendorId", "groupId", "familyId", "deviceId")],
                          [49, 1, 15, 151])

@@ -12,7 +12,7 @@ CONTROLLER = "/devices/pci0000:00/0000:00:14.0/usb1"
 
 
 def adapter(tty, serial, socket):
-    """A programming adapter in the description of devices that umockdev reads."""
+    """A programming adapter as a device description for umockdev."""
     device = f"{CONTROLLER}/1-{socket}"
     interface = f"{device}/1-{socket}:1.0"
     serial_port = f"{interface}/{tty}"
@@ -52,7 +52,7 @@ class Ports(Bench):
         self.write_settings(f"[Ports]\nCOM9\\Device={device}\nCOM9\\Name=\\Device\\{name}\n{more}")
 
     def listed(self):
-        """The objects of the JSON list by their ports; real ports of this machine among them."""
+        """The objects of the JSON list by their ports; including the real ports of this machine."""
         return {port["port"]: port for port in json.loads(self.succeed("ports", "--json"))["ports"]}
 
     def state(self, device):
@@ -65,7 +65,7 @@ class Ports(Bench):
         bed.write_text("\n".join([CONSOLE, *devices]), encoding="utf-8")
         linked = subprocess.run(["ldd", self.modulinfo], capture_output=True, encoding="utf-8",
                                 timeout=PATIENCE, check=True).stdout
-        # The sanitizer has to come before the library that makes the machine.
+        # The sanitizer must come before the library that makes the machine.
         sanitizer = [line.split()[2] for line in linked.splitlines() if "libasan" in line]
         preload = ":".join([*sanitizer, "libumockdev-preload.so.0"])
         done = subprocess.run(
@@ -96,7 +96,7 @@ class Ports(Bench):
         self.assertEqual((port["label"], port["device"], port["state"]),
                          ("USB Adapter OKT (COM100)", device, "free"))
 
-    def test_ports_of_a_running_simulator_are_of_the_kind_that_leads_to_the_module(self):
+    def test_the_port_of_a_simulated_module_has_the_adapter_for_its_path(self):
         samples = {"COM100": "tessara-tm-151", "COM101": "hart-healthy",
                    "COM102": "nfc-twn4-healthy"}
         self.simulator(*(SAMPLES / f"{sample}.json" for sample in samples.values()))
@@ -109,7 +109,7 @@ class Ports(Bench):
             "COM100": None, "COM101": None,
             "COM102": {"vendor": "09D8", "product": "0420", "serial": "SIM102", "interface": 0}})
 
-    def test_two_simulated_readers_are_one_line_each(self):
+    def test_two_simulated_readers_have_one_line_each(self):
         self.simulator(*[SAMPLES / "nfc-twn4-healthy.json"] * 2)
         readers = [line.split("  ")[0] for line in self.succeed("ports").splitlines()
                    if line.startswith("TWN4")]
@@ -130,7 +130,7 @@ class Ports(Bench):
             done = self.run_modulinfo("ports", **self.bound_by_modes())
             self.assertIn("USB Adapter OKT (COM9)  denied", done.stdout)
 
-    def test_ports_that_are_none(self):
+    def test_devices_that_are_not_ports(self):
         self.assertEqual(self.state("/dev/no-such-port"), "absent")
         self.assertEqual(self.state("/dev/null"), "no serial port")
 
@@ -150,7 +150,7 @@ class Ports(Bench):
     def test_a_machine_without_ports(self):
         self.assertEqual(self.on_machine(), [])
 
-    def test_adapters_keep_their_numbers_from_start_to_start(self):
+    def test_adapters_keep_their_numbers_between_starts(self):
         def serials(ports):
             return {port["port"]: port["usb"]["serial"] for port in ports}
 
@@ -161,7 +161,7 @@ class Ports(Bench):
         swapped = adapter("ttyUSB0", "0002", 7), adapter("ttyUSB1", "0001", 8)
         self.assertEqual(serials(self.on_machine(*swapped)), both)
 
-    def test_settings_that_cannot_be_written_hinder_no_list(self):
+    def test_ports_are_listed_even_if_the_settings_cannot_be_written(self):
         self.write_settings("[Settings]\nLanguage=2\n")
         self.settings_file.chmod(0o444)
         self.settings_file.parent.chmod(0o555)

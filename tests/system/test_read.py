@@ -111,7 +111,7 @@ class Read(Bench):
                          "10 -> Fehler RAM Mess-System")
 
     def test_a_module_that_the_catalogue_does_not_know_is_read(self):
-        # Without an entry the status words are asked of register 0.
+        # Without an entry the status words are read from register 0.
         module = self.module(deviceId=9999, registers={"0": 0})
         read = self.read_json("--simulate", module)
         self.assertEqual(read["deviceId"], 9999)
@@ -135,13 +135,13 @@ class Read(Bench):
         self.write_settings("[Settings]\nLanguage=1\n")
         self.assertEqual(self.succeed("read", "--simulate", self.module()), TEXT)
 
-    def test_the_language_of_the_call_goes_before_that_of_the_settings(self):
+    def test_the_language_option_overrides_the_settings(self):
         self.write_settings("[Settings]\nLanguage=1\n")
         text = self.succeed("read", "--simulate", self.module(), "--language", 2)
         self.assertIn("datasheet-en.pdf", text)
         self.assertNotIn("Gerätetyp", text)
 
-    def test_values_stand_below_each_other_in_wide_scripts(self):
+    def test_values_are_aligned_in_wide_scripts(self):
         text = self.succeed("read", "--simulate", self.module(), "--language", 9)
         columns = {sum(2 if ord(sign) >= 0x2E80 else 1 for sign in line[:line.index(value)])
                    for line in text.splitlines()

@@ -1,4 +1,4 @@
-"""How `modulinfo read` ends if the module or the line is out of order."""
+"""How `modulinfo read` ends if the module or the line is faulty."""
 
 import unittest
 
@@ -17,7 +17,7 @@ FATAL = (
     ({"kind": "unplug"}, "the port has gone"),
 )
 
-# Faults that a repeat of the request makes good, or the second attempt of the read.
+# Faults that a repeat of the request overcomes, or the second attempt of the read.
 PASSING = (
     {"kind": "noReply"},
     {"kind": "badChecksum"},
@@ -34,7 +34,7 @@ class ReadFaults(Bench):
     def module_with(self, fault):
         return self.module(faults=[fault])
 
-    def test_each_fault_that_stays_ends_in_code_4_and_its_cause(self):
+    def test_each_lasting_fault_ends_with_code_4_and_its_cause(self):
         for fault, cause in FATAL:
             with self.subTest(fault["kind"]):
                 complaint = self.fail_with(4, "read", "--simulate",
@@ -42,7 +42,7 @@ class ReadFaults(Bench):
                 self.assertIn("the module could not be read: COM100 (", complaint)
                 self.assertIn(cause, complaint)
 
-    def test_each_fault_that_passes_is_made_good(self):
+    def test_each_passing_fault_is_overcome(self):
         for fault in PASSING:
             for request in (1, 3):
                 with self.subTest(fault["kind"], request=request):
@@ -63,7 +63,7 @@ class ReadFaults(Bench):
         self.assertIn("input register 84 at address 192: exception 2",
                       self.fail_with(4, "read", "--simulate", self.module(status=status)))
 
-    def test_a_failing_module_leaves_a_running_simulator_in_order(self):
+    def test_a_failed_read_leaves_a_running_simulator_working(self):
         self.simulator(self.module_with({"kind": "noReply", "at": 1}))
         self.assertIn("4711", self.succeed("read", "--port", "COM100"))
         self.assertIn("4711", self.succeed("read", "--port", "COM100"))

@@ -5,7 +5,7 @@ import unittest
 
 from hart_bench import HartBench
 
-# Faults of one request that do not keep the module from being read: a repeat makes them good, or
+# Faults of one request that do not keep the module from being read: a repeat overcomes them, or
 # the second attempt of the read.
 PASSING = (
     {"kind": "noReply"},
@@ -29,7 +29,7 @@ PASSING = (
     {"kind": "unplug", "replugAfter": 0},
 )
 
-# Faults of every request that do not either.
+# Faults of every request that do not prevent a read either.
 HARMLESS = (
     {"kind": "coldStart"},
     {"kind": "otherMaster"},
@@ -63,19 +63,19 @@ class ReadHart(HartBench):
         self.simulator(self.hart(), options=["--paced"])
         self.assertIn("S 4711", self.succeed("read", "--port", "COM100"))
 
-    def test_a_module_is_found_at_its_polling_address_alone(self):
+    def test_a_module_answers_at_its_polling_address_only(self):
         module = self.hart(pollingAddress=5)
         self.assertIn("S 4711", self.succeed("read", "--simulate", module, "--address", 5))
         self.assertIn("command 0 at polling address 4: no answer",
                       self.fail_with(4, "read", "--simulate", module, "--address", 4))
 
-    def test_each_fault_that_passes_is_made_good(self):
+    def test_each_passing_fault_is_overcome(self):
         for fault in PASSING:
             with self.subTest(fault["kind"]):
                 module = self.hart(faults=[fault | {"at": 2}])
                 self.assertIn("HV2.00", self.succeed("read", "--simulate", module))
 
-    def test_what_is_usual_on_a_line_keeps_no_module_from_being_read(self):
+    def test_usual_disturbances_of_the_line_do_not_prevent_a_read(self):
         for fault in HARMLESS:
             with self.subTest(fault["kind"]):
                 module = self.hart(faults=[fault | {"every": 1}])

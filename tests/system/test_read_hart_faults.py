@@ -1,4 +1,4 @@
-"""How `modulinfo read` ends if a HART module or its line is out of order."""
+"""How `modulinfo read` ends if a HART module or its line is faulty."""
 
 import unittest
 
@@ -26,7 +26,7 @@ FATAL = (
 
 
 class ReadHartFaults(HartBench):
-    def test_each_fault_that_stays_ends_in_code_4_and_its_cause(self):
+    def test_each_lasting_fault_ends_with_code_4_and_its_cause(self):
         for fault, cause in FATAL:
             with self.subTest(fault["kind"]):
                 complaint = self.fail_with(

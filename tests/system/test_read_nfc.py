@@ -5,7 +5,7 @@ import unittest
 from bench import HEALTHY
 from nfc_bench import READERS, NfcBench
 
-# Faults that do not keep the module from being read: a repeat of the request makes them good, or
+# Faults that do not keep the module from being read: a repeat of the request overcomes them, or
 # the second attempt of the read.
 PASSING_OF_READER = (
     ({"kind": "tagAbsent", "at": 4},),
@@ -45,10 +45,10 @@ class ReadNfc(NfcBench):
         self.assertIn("the USB NFC reader is not a port",
                       self.fail_with(2, "simulate", self.module(link="nfc-usb")))
 
-    def test_without_a_reader_there_is_nothing_to_connect_to(self):
+    def test_without_a_reader_there_is_no_connection(self):
         self.fail_with(3, "read", "--port", "NFC")
 
-    def test_each_fault_that_passes_is_made_good(self):
+    def test_each_passing_fault_is_overcome(self):
         def check(module):
             self.assertIn(HEALTHY["serialNumber"], self.succeed("read", "--simulate", module))
 

@@ -1,4 +1,4 @@
-"""How `modulinfo read` ends if the tag, its module or the NFC reader is out of order."""
+"""How `modulinfo read` ends if the tag, its module or the NFC reader is faulty."""
 
 import unittest
 
@@ -42,7 +42,7 @@ class ReadNfcFaults(NfcBench):
         self.assertIn("the module could not be read: ", complaint)
         self.assertIn(cause, complaint)
 
-    def test_each_fault_that_stays_ends_in_code_4_and_its_cause(self):
+    def test_each_lasting_fault_ends_with_code_4_and_its_cause(self):
         self.with_each(FATAL_OF_READER, FATAL_OF_MODULE, self.expect_cause)
 
     def test_what_a_reader_reports_of_itself_and_of_the_field(self):

@@ -11,8 +11,8 @@ HART = "USB Hart Adapter Viator (%s)"
 TWN4 = "TWN4 NFC-Adapter (%s)"
 USB_READER = "NFC-USB-ZORVEN-ADAPTER"
 
-# The path of each sample, its serial number and what stands in front of its module status. A module
-# in the field of a reader that has no fault to tell of says that it is there.
+# The path of each sample, its serial number and the beginning of its module status. A module
+# without a fault in the field of a reader reports its presence.
 READS = {
     "hart-faulty.json": (HART, "2009110226202", "4"),
     "hart-healthy.json": (HART, "2304170226101", "0"),
@@ -44,7 +44,7 @@ class ReadSamples(Bench):
         self.assertEqual(read["moduleStatus"].split(" -> ")[0], status)
         self.assertEqual(read["dataValid"], 1)
 
-    def test_each_sample_is_known_here(self):
+    def test_each_sample_is_listed_here(self):
         self.assertEqual(sorted(READS), sorted(file.name for file in SAMPLES.iterdir()))
 
     def test_each_is_read_inside_the_program(self):

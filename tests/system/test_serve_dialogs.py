@@ -22,10 +22,10 @@ def dialog(name, is_open):
 
 class Dialogs(ServeBench):
     def opened(self, client, button, form):
-        """Presses the button that opens that form; gives the request, which is not answered yet."""
+        """Presses the button that opens that form; returns the request, not answered yet."""
         opener = client.send("press", widget=button)
-        client.wait_until_heard(dialog(form, True))
-        self.assertEqual(client.take_heard(), [dialog(form, True)])
+        client.wait_until_notified(dialog(form, True))
+        self.assertEqual(client.take_notifications(), [dialog(form, True)])
         return opener
 
     def language_dialog(self, client):
@@ -59,7 +59,7 @@ class Dialogs(ServeBench):
         self.assertEqual(self.options_set(client), ["FR"])
         self.assertIsNone(client.press("frmLanguage.cmdOK"))
         self.assertIsNone(client.wait_for(opener))
-        closed, (method, message) = client.take_heard()
+        closed, (method, message) = client.take_notifications()
         self.assertEqual((closed, method), (dialog("frmLanguage", False), "message"))
         self.assertTrue(message["text"].endswith("\n\nPlease restart application!"))
         self.assertEqual((message["style"], message["title"]), (48, "MERIDEX_CONF"))
@@ -67,17 +67,17 @@ class Dialogs(ServeBench):
         self.assertEqual(self.succeed("settings", "get", "Language"), "3\n")
         self.assertEqual(client.caption("LngLabel[3]"), "Gerätetyp:")
 
-    def test_the_question_to_restart_is_english_once_where_english_is_in_force(self):
+    def test_the_question_to_restart_is_asked_once_where_english_is_active(self):
         client = self.serve()
         self.come_up(client)
         client.set("Language", 2)
         client.request("show")
-        client.take_heard()
+        client.take_notifications()
         opener = self.language_dialog(client)
         client.request("select", widget="frmLanguage.OptionFR")
         client.press("frmLanguage.cmdOK")
         client.wait_for(opener)
-        self.assertNotIn("\n\n", client.take_heard("message")[0][1]["text"])
+        self.assertNotIn("\n\n", client.take_notifications("message")[0][1]["text"])
 
     def test_cancelling_changes_nothing(self):
         client = self.shown()
@@ -85,11 +85,11 @@ class Dialogs(ServeBench):
         client.request("select", widget="frmLanguage.OptionJP")
         client.press("frmLanguage.cmdCancel")
         client.wait_for(opener)
-        self.assertEqual(client.take_heard(), [dialog("frmLanguage", False)])
+        self.assertEqual(client.take_notifications(), [dialog("frmLanguage", False)])
         self.assertEqual(client.get("Language"), 1)
         self.fail_with(1, "settings", "get", "Language")
 
-    def test_what_is_open_answers_and_what_is_closed_does_not(self):
+    def test_open_dialogs_answer_and_closed_ones_do_not(self):
         client = self.shown()
         opener = self.language_dialog(client)
         self.assertEqual(client.get("Parity"), 2)
@@ -126,8 +126,8 @@ class Dialogs(ServeBench):
             {"jsonrpc": "2.0", "id": 1, "method": "press", "params": {"widget": "CmdAbout"}},
             {"jsonrpc": "2.0", "id": 2, "method": "press", "params": {"widget": "frmAbout.cmdOK"}},
             {"jsonrpc": "2.0", "id": 3, "method": "get", "params": {"name": "Parity"}}])
-        heard = [client.next()["params"] for _ in range(2)]
-        self.assertEqual([entry["open"] for entry in heard], [True, False])
+        received = [client.next()["params"] for _ in range(2)]
+        self.assertEqual([entry["open"] for entry in received], [True, False])
         self.assertEqual([answer["id"] for answer in client.next()], [2, 1, 3])
 
     def test_a_module_is_read_under_a_dialog(self):
@@ -137,7 +137,7 @@ class Dialogs(ServeBench):
         asked = client.send("get", name="DataValid")
         self.assertIsNone(client.wait_for(read))
         self.assertEqual(client.wait_for(asked), 1)
-        client.wait_until_heard(("event", {"name": "ModulActive", "args": [4]}))
+        client.wait_until_notified(("event", {"name": "ModulActive", "args": [4]}))
         client.press("frmLanguage.cmdCancel")
         self.assertIsNone(client.wait_for(opener))
 
@@ -155,7 +155,7 @@ class Dialogs(ServeBench):
         self.assertGreaterEqual(states["frmAbout.LblPhoneNr"]["left"], 4600)
         client.press("frmAbout.cmdOK")
         self.assertIsNone(client.wait_for(opener))
-        self.assertEqual(client.take_heard(), [dialog("frmAbout", False)])
+        self.assertEqual(client.take_notifications(), [dialog("frmAbout", False)])
 
     def test_a_link_that_no_program_opens_does_nothing(self):
         client = self.shown()
@@ -173,7 +173,7 @@ class Dialogs(ServeBench):
             opener = self.opened(client, button, form)
             client.press(f"{form}.cmdOK")
             self.assertIsNone(client.wait_for(opener))
-            client.take_heard()
+            client.take_notifications()
         self.end_in_order(client)
 
     def test_quitting_under_a_dialog_closes_it_and_answers_both(self):
@@ -182,18 +182,18 @@ class Dialogs(ServeBench):
             opener = self.opened(client, button, form)
             self.assertIsNone(client.request("quit"))
             self.assertIsNone(client.wait_for(opener))
-            self.assertEqual(client.take_heard(), [dialog(form, False)])
+            self.assertEqual(client.take_notifications(), [dialog(form, False)])
             self.assertEqual(client.ending(), ([], 0, ""))
         self.fail_with(1, "settings", "get", "Language")
 
-    def test_the_end_of_input_under_a_dialog_is_an_orderly_end(self):
+    def test_the_end_of_input_under_a_dialog_is_a_regular_end(self):
         client = self.shown()
         opener = self.language_dialog(client)
         asked = client.send("get", name="Parity")
         client.close_input()
         self.assertEqual(client.wait_for(asked), 2)
         self.assertIsNone(client.wait_for(opener))
-        self.assertEqual(client.take_heard(), [dialog("frmLanguage", False)])
+        self.assertEqual(client.take_notifications(), [dialog("frmLanguage", False)])
         self.assertEqual(client.ending(), ([], 0, ""))
 
 
@@ -232,7 +232,7 @@ class Help(ServeBench):
         self.private_installation()
         client = self.shown()
         self.assertIsNone(client.press("CmdHelp"))
-        (method, launched), message = client.take_heard()
+        (method, launched), message = client.take_notifications()
         self.assertEqual((method, launched["result"]), ("launch", 2))
         self.assertIn("Help_049.chm", launched["file"])
         self.assertEqual(message, ("message", {"text": "File Not Found!", "style": 16,
@@ -261,7 +261,7 @@ class Help(ServeBench):
         self.environment["XDG_DATA_HOME"] = str(self.folder / "share")
         client = self.shown()
         client.press("CmdHelp")
-        (method, launched), = client.take_heard()
+        (method, launched), = client.take_notifications()
         self.assertEqual(method, "launch")
         self.assertGreater(launched["result"], 32, launched)
         wait_for(seen.exists, "the viewer")

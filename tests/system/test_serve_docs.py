@@ -35,10 +35,10 @@ class Session(ServeBench):
                 count += 1
                 continue
             expected = json.loads(message)
-            heard = client.next()
-            while heard != expected and heard.get("params") in TICK:
-                heard = client.next()
-            self.assertEqual(heard, expected)
+            received = client.next()
+            while received != expected and received.get("params") in TICK:
+                received = client.next()
+            self.assertEqual(received, expected)
         self.assertGreater(count, 10)
         self.assertEqual(client.ending(), ([], 0, ""))
 

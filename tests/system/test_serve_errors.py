@@ -108,7 +108,7 @@ class Errors(ServeBench):
         message = self.fails(UNKNOWN_METHOD, None, self.serve(), "shutdown")
         self.assertIn('"shutdown"', message)
 
-    def test_parameters_may_be_left_out_or_be_an_empty_list(self):
+    def test_parameters_may_be_omitted_or_be_an_empty_list(self):
         client = self.serve()
         for params in ({}, {"params": {}}, {"params": []}):
             client.send_json({"jsonrpc": "2.0", "id": 1, "method": "members"} | params)
@@ -131,7 +131,7 @@ class Errors(ServeBench):
                           "params": {"name": "ComPort", "value": 70000}})
         self.assertEqual(client.get("ComPort"), 7)
 
-    def test_a_batch_is_answered_in_one_line_behind_its_notifications(self):
+    def test_a_batch_is_answered_in_one_line_after_its_notifications(self):
         client = self.serve()
         client.send_json([
             {"jsonrpc": "2.0", "id": 1, "method": "set", "params": {"name": "StatusString",

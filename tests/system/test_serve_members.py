@@ -50,7 +50,7 @@ PROPERTIES = [
     ("CheckDeviceType", "get", "Long"),
 ]
 
-# Name, result, arguments that all are Long by reference.
+# Name, result, arguments, which are all Long by reference.
 METHODS = [
     ("SetChnStatus", "Boolean", ["lInStatus", "lOutStatus"]),
     ("SetModuleStatus", "Boolean", ["lDevStatus", "lLedStatus"]),
@@ -76,7 +76,7 @@ CALLBACKS = [
     ("NFCReader", ("bNFCReader", "Boolean")),
 ]
 
-# What every readable property gives before anything has happened.
+# The value of every readable property before anything has happened.
 INITIAL = {
     "DeviceID": 0, "FamilyID": 0, "FirmwareVers": 0, "DeviceName": "", "CmdLineString": "",
     "FwVersion": "", "SerialNumber": 0, "PackbLink": "", "ProductLink": "", "DatasheetLink": "",
@@ -88,7 +88,7 @@ INITIAL = {
     "QuickSetupMode": 0, "QuickSetup": 0, "DataTrafic": False,
 }
 
-# Property, what is written, what is read back.
+# Property, value written, value read back.
 WRITTEN = [
     ("DeviceID", 32767, 32767),
     ("DeviceID", -32768, -32768),
@@ -128,7 +128,7 @@ WRITTEN = [
     ("QuickSetup", -1, 0),
 ]
 
-# Property, what is written, the number of the error.
+# Property, value written, number of the error.
 REFUSED = [
     ("DeviceID", 32768, 6),
     ("DeviceID", -32769, 6),
@@ -210,7 +210,7 @@ class Members(ServeBench):
         self.assertIs(client.get("DataTrafic"), False)
         self.assertEqual(client.take_events(), [("DataTransfer",)])
 
-    def test_what_the_host_is_doing_is_passed_on(self):
+    def test_what_the_host_is_doing_is_reported(self):
         client = self.serve()
         for written, raised in ((0, 0), (1, 1), (3, 3), (4, 4), (5, 5), (6, 7), (7, 8)):
             client.set("DeviceActive", written)
@@ -219,7 +219,7 @@ class Members(ServeBench):
             client.set("DeviceActive", written)
             self.assertEqual(client.take_events(), [])
 
-    def test_offline_mode_outlasts_a_write_of_1_and_ends_with_0(self):
+    def test_offline_mode_survives_a_write_of_1_and_ends_with_0(self):
         client = self.shown()
         client.press("CmdOfflineConfigure")
         self.assertEqual(client.get("DataValid"), 2)
@@ -268,7 +268,7 @@ class Members(ServeBench):
         self.assertEqual(client.get("CheckDeviceType"), 1)
         client.set("DeviceID", 7)
         self.assertEqual(client.get("CheckDeviceType"), 0)
-        client.take_heard()
+        client.take_notifications()
         self.assertIsNone(client.call("GetDeviceInformation"))
         self.assertEqual(client.get("DeviceID"), HEALTHY["deviceId"])
         client.set("FwVersion", "")
@@ -318,16 +318,16 @@ class Members(ServeBench):
         self.assertEqual((state["caption"], state["toolTipText"]),
                          ("Pt100, four wires", "Pt100, four wires"))
 
-    def test_the_folder_of_the_language_files_is_the_hosts(self):
+    def test_the_host_chooses_the_folder_of_the_language_files(self):
         client = self.serve()
         client.request("show")
-        (_, message), = client.take_heard("message")
+        (_, message), = client.take_notifications("message")
         self.assertEqual((message["text"], message["style"]),
                          ("Error language file! Set to default!", 48))
         client.set("AppPathString", str(BIN))
         client.set("Language", 2)
         client.request("show")
-        self.assertEqual(client.take_heard("message"), [])
+        self.assertEqual(client.take_notifications("message"), [])
 
 
 if __name__ == "__main__":

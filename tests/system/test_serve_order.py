@@ -63,7 +63,7 @@ def without_calls(sequence):
 
 
 def brief(notification):
-    """A notification without what differs from run to run."""
+    """A notification without the parts that differ between runs."""
     method, params = notification
     if method == "device":
         outcome = "error" if "error" in params else "result"
@@ -74,16 +74,16 @@ def brief(notification):
 
 
 class Order(ServeBench):
-    def heard(self, client):
-        return [brief(entry) for entry in client.take_heard()]
+    def sequence_of(self, client):
+        return [brief(entry) for entry in client.take_notifications()]
 
     def in_both_ways(self, module, action, expected):
-        """Does that with a module, with a trace and without one, and compares the messages."""
+        """Runs this with a module, with a trace and without one, and compares the messages."""
         for options, sequence in ((["--trace"], expected), ([], without_calls(expected))):
             with self.subTest(options):
                 client = self.shown("--simulate", module, *options)
                 action(client)
-                self.assertEqual(self.heard(client), sequence)
+                self.assertEqual(self.sequence_of(client), sequence)
                 yield client
 
     def test_a_healthy_read(self):
@@ -111,7 +111,7 @@ class Order(ServeBench):
         for client in self.in_both_ways(self.module(address=7), read, expected):
             self.assertEqual(client.get("StatusString"), "Verbindungsaufbau")
 
-    def test_a_failed_read_is_tried_once_more_at_another_rate(self):
+    def test_a_failed_read_is_repeated_once_at_another_rate(self):
         module = self.module(faults=[{"kind": "exception", "code": 4, "every": 1}])
         for client in self.in_both_ways(
                 module, lambda client: client.call("AutomaticConnection"), FAILED_READ):
@@ -132,7 +132,7 @@ class Order(ServeBench):
                                    FAILED_READ[:6] + retry):
             pass
 
-    def test_an_address_that_is_none_fails_after_the_connect(self):
+    def test_a_wrong_address_fails_after_the_connect(self):
         for address in ("256", "abc"):
             def read(client, address=address):
                 client.request("type", widget="txtDevAddr", text=address)
@@ -142,11 +142,11 @@ class Order(ServeBench):
             for client in self.in_both_ways(self.module(), read, expected):
                 self.assertEqual(client.get("StatusString"), "Fehler Verbindung!")
 
-    def test_a_port_that_cannot_be_opened_is_not_tried_again(self):
+    def test_a_port_that_cannot_be_opened_is_not_retried(self):
         self.write_settings("[Ports]\nCOM9\\Device=/dev/nothing\nCOM9\\Name=\\Device\\Silabser9\n")
         client = self.shown("--trace")
         client.call("AutomaticConnection")
-        self.assertEqual(self.heard(client), [
+        self.assertEqual(self.sequence_of(client), [
             *BEGIN_OF_READ, called("ConnectWithSerialDevice", 9, 19200), STATUS_CHANGE,
             raised("ModulActive", 3)])
         self.assertEqual(client.get("Baudrate"), 19200)
@@ -154,12 +154,12 @@ class Order(ServeBench):
     def test_without_an_interface_nothing_is_tried(self):
         client = self.shown("--trace")
         client.call("AutomaticConnection")
-        self.assertEqual(self.heard(client), [raised("ModulActive", 6)])
+        self.assertEqual(self.sequence_of(client), [raised("ModulActive", 6)])
 
-    def test_a_scan_that_finds_all_well(self):
+    def test_a_scan_without_a_fault(self):
         def read_and_scan(client):
             client.call("AutomaticConnection")
-            client.take_heard()
+            client.take_notifications()
             client.request("tick", timer="TimerScanDevice")
         for _ in self.in_both_ways(self.module(), read_and_scan, HEALTHY_SCAN):
             pass
@@ -170,7 +170,7 @@ class Order(ServeBench):
 
         def read_and_scan(client):
             client.call("AutomaticConnection")
-            client.take_heard()
+            client.take_notifications()
             for _ in range(11):
                 self.assertIs(client.request("tick", timer="TimerScanDevice"), True)
         for client in self.in_both_ways(self.module(faults=faults), read_and_scan,
@@ -178,7 +178,7 @@ class Order(ServeBench):
             self.assertEqual(client.get("StatusString"), "Offline")
             self.assertIs(client.request("tick", timer="TimerScanDevice"), False)
             self.assertEqual(client.get("DataValid"), 1)
-            # The module is well again, and the failures are not forgotten.
+            # The module works again, and the failures still count.
             client.call("AutomaticConnection")
             self.assertIs(client.widget("TimerScanDevice")["enabled"], True)
 
@@ -186,10 +186,10 @@ class Order(ServeBench):
         self.simulator(self.module())
         client = self.shown("--trace")
         client.call("AutomaticConnection")
-        client.take_heard()
+        client.take_notifications()
         self.end_simulators()
         self.assertIs(client.request("tick", timer="TimerScanDevice"), True)
-        self.assertEqual(self.heard(client), [
+        self.assertEqual(self.sequence_of(client), [
             raised("ModulActive", 4), called("ConnectWithSerialDevice", 100, 19200), CLOSE])
         self.assertIs(client.request("tick", timer="TimerScanDevice"), False)
         self.assertEqual(client.get("StatusString"), "")
@@ -199,21 +199,21 @@ class Order(ServeBench):
         connect = called("ConnectWithSerialDevice", 100, 19200)
         busy, over = raised("ModulActive", 1), raised("ModulActive", 0)
         client.get("CheckDeviceType")
-        self.assertEqual(self.heard(client), [
+        self.assertEqual(self.sequence_of(client), [
             busy, connect, STATUS_CHANGE, called("ReadDeviceIdentifier", 192), read_of(4), CLOSE,
             over])
         client.call("GetFWVersion")
-        self.assertEqual(self.heard(client), [busy, connect, STATUS_CHANGE, read_of(4), CLOSE,
+        self.assertEqual(self.sequence_of(client), [busy, connect, STATUS_CHANGE, read_of(4), CLOSE,
                                               over])
         client.call("GetDeviceInformation")
-        self.assertEqual(self.heard(client), [
+        self.assertEqual(self.sequence_of(client), [
             busy, connect, STATUS_CHANGE, called("ReadDeviceIdentifier", 192), CLOSE, over])
         client.call("GetDeviceStatus")
-        self.assertEqual(self.heard(client), [
+        self.assertEqual(self.sequence_of(client), [
             busy, connect, STATUS_CHANGE, read_of(80), read_of(84), STATUS_CHANGE, read_of(81),
             read_of(83), CLOSE, over])
 
-    def test_queries_that_fail_end_as_each_does(self):
+    def test_each_failed_query_ends_in_its_own_way(self):
         faults = [{"kind": "exception", "code": 4, "at": READ_REQUESTS + number}
                   for number in range(1, 5)]
         module = self.module(faults=faults)
@@ -223,30 +223,30 @@ class Order(ServeBench):
         client = self.reading(module, "--trace")
         for method, call, activity in ends:
             client.call(method)
-            self.assertEqual(self.heard(client), [
+            self.assertEqual(self.sequence_of(client), [
                 raised("ModulActive", 1), called("ConnectWithSerialDevice", 100, 19200),
                 STATUS_CHANGE, call, STATUS_CHANGE, CLOSE, raised("ModulActive", activity)])
         self.assertEqual(client.get("CheckDeviceType"), 3)
-        self.assertEqual(self.heard(client)[-1], raised("ModulActive", 3))
+        self.assertEqual(self.sequence_of(client)[-1], raised("ModulActive", 3))
 
     def test_showing_and_ending_are_traced(self):
         client = self.serve("--trace", "--simulate", self.module())
         client.set("AppPathString", str(self.modulinfo.parent))
         client.request("show")
         initialised = called("InitModbusObject")
-        self.assertEqual(self.heard(client), [initialised, raised("NFCReader", False)] * 2)
+        self.assertEqual(self.sequence_of(client), [initialised, raised("NFCReader", False)] * 2)
         client.request("quit")
-        self.assertEqual(self.heard(client), [called("ShutDown")])
+        self.assertEqual(self.sequence_of(client), [called("ShutDown")])
 
     def test_a_trace_has_results_and_errors(self):
         client = self.reading(
             self.module(faults=[{"kind": "exception", "code": 4, "at": READ_REQUESTS + 2}]),
             "--trace")
         client.call("GetDeviceInformation")
-        calls = [params for _, params in client.take_heard("device")]
+        calls = [params for _, params in client.take_notifications("device")]
         self.assertEqual([call["result"] for call in calls], [True, [49, 1, 15, 151], None])
         client.call("GetDeviceInformation")
-        calls = [params for _, params in client.take_heard("device")]
+        calls = [params for _, params in client.take_notifications("device")]
         self.assertIn("exception 4", calls[1]["error"])
 
 

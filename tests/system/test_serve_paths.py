@@ -6,7 +6,7 @@ import hart_bench
 from bench import HEALTHY, wait_for
 from serve_bench import ServeBench
 
-# The path, its module, how the port list calls it, and the object that serves it.
+# The path, its module, its line in the port list, and the object that serves it.
 PATHS = {
     "serial": ("USB Adapter OKT (COM100)", "ModbusCommObject", 100, 0),
     "hart": ("USB Hart Adapter Viator (COM100)", "HartCommObject", 100, 0),
@@ -27,7 +27,7 @@ class Paths(hart_bench.HartBench, ServeBench):
             yield (client, path, *row)
             self.end_in_order(client)
 
-    def test_the_line_of_the_path_is_there_and_selected(self):
+    def test_the_line_of_the_path_is_listed_and_selected(self):
         for client, _, line, comm_object, port, nfc in self.each_path():
             state = client.widget("ComboComPort")
             self.assertEqual((state["items"], state["index"], state["text"]), ([line], 0, line))
@@ -37,14 +37,15 @@ class Paths(hart_bench.HartBench, ServeBench):
     def test_a_module_is_read(self):
         for client, path, _, comm_object, port, nfc in self.each_path():
             self.assertIsNone(client.call("AutomaticConnection"))
-            heard = client.take_heard()
-            self.assertEqual({params["object"] for method, params in heard if method == "device"},
+            received = client.take_notifications()
+            objects = {params["object"] for method, params in received if method == "device"}
+            self.assertEqual(objects,
                              {comm_object})
             self.assertEqual(
-                [params["args"] for method, params in heard
+                [params["args"] for method, params in received
                  if method == "device" and params["operation"] == "ConnectWithSerialDevice"],
                 [[port, 19200]])
-            self.assertEqual(heard[-1], ("event", {"name": "NFCReader", "args": [bool(nfc)]}))
+            self.assertEqual(received[-1], ("event", {"name": "NFCReader", "args": [bool(nfc)]}))
             self.assertEqual(client.get("DataValid"), 1)
             self.check_identification(client, path)
 
@@ -67,9 +68,9 @@ class Paths(hart_bench.HartBench, ServeBench):
             client.call("AutomaticConnection")
             client.call("SetModuleStatus", 4, 4096)
             self.assertIn("USB-Power; ", client.caption("LblModulState"))
-            client.take_heard()
+            client.take_notifications()
             self.assertIs(client.request("tick", timer="TimerScanDevice"), True)
-            self.assertEqual([params["args"] for _, params in client.take_heard("event")
+            self.assertEqual([params["args"] for _, params in client.take_notifications("event")
                               if params["name"] == "ModulActive"], [[4]])
             self.assertEqual(client.caption("LblModulState"),
                              "NFC" if path.startswith("nfc") else "0 -> Kein Fehler")
@@ -99,7 +100,7 @@ class Paths(hart_bench.HartBench, ServeBench):
                              "HartCommObject" if "Hart" in line else
                              "NfcCommObject" if "NFC" in line else "ModbusCommObject")
 
-    def test_the_port_of_the_host_is_the_one_that_is_selected(self):
+    def test_the_port_that_the_host_names_is_selected(self):
         self.simulator(self.module("a.json", serialNumber="1"),
                        self.module("b.json", serialNumber="2"))
         client = self.serve()

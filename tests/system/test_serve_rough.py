@@ -32,7 +32,7 @@ class Rough(ServeBench):
             if pipe is not None:
                 pipe.close()
 
-    def test_a_line_of_ten_megabytes_is_taken(self):
+    def test_a_line_of_ten_megabytes_is_accepted(self):
         client = self.shown()
         text = "ä" * 5_000_000
         client.set("CmdLineString", text)
@@ -47,7 +47,7 @@ class Rough(ServeBench):
             self.assertLess(len(answer["error"]["message"]), 200)
         self.end_in_order(client)
 
-    def test_a_line_without_end_is_given_up_and_the_next_one_is_handled(self):
+    def test_an_endless_line_is_dropped_and_the_next_one_is_handled(self):
         client = self.serve()
         for _ in range(65):
             client.write(b"a" * (1 << 20))
@@ -57,7 +57,7 @@ class Rough(ServeBench):
         self.assertIn("longer than", answer["error"]["message"])
         self.assertEqual(client.get("Parity"), 2)
 
-    def test_a_client_that_writes_everything_before_it_reads_is_served(self):
+    def test_a_client_that_writes_everything_before_reading_is_served(self):
         process = self.process_of()
         count = 5000
         for number in range(count):
@@ -69,7 +69,7 @@ class Rough(ServeBench):
         self.assertEqual(answers, list(range(count)))
         self.assertEqual(process.wait(PATIENCE), 0)
 
-    def test_requests_that_come_byte_by_byte_are_handled(self):
+    def test_requests_that_arrive_byte_by_byte_are_handled(self):
         client = self.serve()
         for byte in b'{"jsonrpc":"2.0","id":1,"method":"get","params":{"name":"Parity"}}\n':
             client.write(bytes([byte]))
@@ -161,7 +161,7 @@ class Rough(ServeBench):
         self.assertEqual(answers.read_text(encoding="utf-8"),
                          '{"jsonrpc":"2.0","id":1,"result":2}\n' * 3)
 
-    def test_without_its_streams_the_program_says_so(self):
+    def test_missing_streams_are_an_error(self):
         for redirection, name in ((">&-", "standard output"), ("<&-", "standard input")):
             done = subprocess.run(
                 ["/bin/sh", "-c", f'exec "$0" serve {redirection}', self.modulinfo],

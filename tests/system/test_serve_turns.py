@@ -64,7 +64,7 @@ class Turns(ServeBench):
         self.assertEqual(sorted(self.identities(client, 120)), waits)
         self.end_in_order(client)
 
-    def test_a_held_connection_holds_a_query_until_a_reentrant_request_frees_it(self):
+    def test_a_query_waits_for_the_connection_until_a_reentrant_request_frees_it(self):
         client = self.reading(self.module(), "--reentrant")
         client.set("DeviceConnected", 1)
         query = client.send("call", name="GetFWVersion")
@@ -74,19 +74,19 @@ class Turns(ServeBench):
         self.assertEqual(client.get("StatusString"), "Lese Daten")
 
     def test_a_request_is_never_handled_during_a_scan(self):
-        # A query that did would wait for the scan for ever, and the scan for it.
+        # Otherwise a query would wait for the scan forever, and the scan for it.
         client = self.reading(self.module(faults=[HANGING]), "--trace")
-        client.wait_until_heard(("event", {"name": "ModulActive", "args": [4]}))
+        client.wait_until_notified(("event", {"name": "ModulActive", "args": [4]}))
         self.assertIsNone(client.call("GetFWVersion"))
-        operations = [params["operation"] for _, params in client.take_heard("device")]
+        operations = [params["operation"] for _, params in client.take_notifications("device")]
         self.assertEqual(operations, ["ConnectWithSerialDevice", *["ReadInputRegisters"] * 4,
                                       "CloseSerialConnection", "ConnectWithSerialDevice",
                                       "ReadInputRegisters", "CloseSerialConnection"])
 
-    def test_quitting_answers_and_ends_in_order(self):
+    def test_quitting_is_answered_and_ends_the_program(self):
         client = self.shown("--trace")
         self.assertIsNone(client.request("quit"))
-        self.assertEqual([params["operation"] for _, params in client.take_heard("device")],
+        self.assertEqual([params["operation"] for _, params in client.take_notifications("device")],
                          ["ShutDown"])
         self.assertEqual(client.ending(), ([], 0, ""))
 
@@ -97,13 +97,13 @@ class Turns(ServeBench):
         rest, code, complaint = client.ending()
         self.assertEqual(([answer["id"] for answer in rest], code, complaint), ([1], 0, ""))
 
-    def test_quitting_in_the_middle_of_a_read_ends_it_without_another_word(self):
+    def test_quitting_during_a_read_ends_it_silently(self):
         client = self.shown("--simulate", self.module(), "--reentrant", "--trace")
         read = client.send("call", name="AutomaticConnection")
         left = client.send("quit")
         self.assertEqual(self.identities(client, 2), [left, read])
         self.assertEqual(client.ending(), ([], 0, ""))
-        calls = [params["operation"] for _, params in client.take_heard("device")]
+        calls = [params["operation"] for _, params in client.take_notifications("device")]
         self.assertEqual(calls, ["ShutDown"])
 
     def test_quitting_in_a_wait_ends_the_wait(self):
@@ -131,7 +131,7 @@ class Turns(ServeBench):
         self.assertEqual((rest, code, complaint),
                          ([{"jsonrpc": "2.0", "id": 1, "result": 2}], 0, ""))
 
-    def test_half_a_line_and_the_end_is_an_error_and_an_orderly_end(self):
+    def test_an_incomplete_last_line_is_an_error_and_a_regular_end(self):
         client = self.serve()
         client.write(b'{"jsonrpc":"2.0","id":1,"meth')
         client.close_input()
@@ -139,7 +139,7 @@ class Turns(ServeBench):
         self.assertEqual((answer["id"], answer["error"]["code"]), (None, -32700))
         self.assertEqual((code, complaint), (0, ""))
 
-    def test_no_input_at_all_is_an_orderly_end(self):
+    def test_no_input_is_a_regular_end(self):
         done = self.run_modulinfo("serve")
         self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
 
@@ -159,7 +159,7 @@ class Turns(ServeBench):
         self.assertIsNone(client.wait_for(read))
         self.assertEqual(client.ending(), ([], 0, ""))
 
-    def test_the_module_can_be_read_by_others_when_the_program_has_ended(self):
+    def test_other_programs_can_read_the_module_after_the_end(self):
         self.simulator(self.module())
         client = self.shown()
         client.call("AutomaticConnection")

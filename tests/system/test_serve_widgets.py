@@ -43,7 +43,7 @@ RATES = ["2400", "4800", "9600", "14400", "19200", "28800", "38400", "56000", "5
 
 
 class Widgets(ServeBench):
-    def test_every_widget_is_there_with_the_keys_of_its_kind(self):
+    def test_every_widget_exists_with_the_keys_of_its_kind(self):
         states = self.serve().request("widgets")
         self.assertEqual(set(states), set(WIDGETS))
         for name, kind in WIDGETS.items():
@@ -92,20 +92,20 @@ class Widgets(ServeBench):
             self.assertEqual((label["top"], label["height"]),
                              (140, 400) if two_lines else (240, 255), label["caption"])
 
-    def test_showing_again_starts_again(self):
+    def test_showing_again_starts_afresh(self):
         client = self.shown("--simulate", self.module())
         for _ in range(2):
             self.assertIsNone(client.request("show"))
             self.assertEqual(client.take_events(), [("NFCReader", False)] * 2)
             self.assertEqual(client.widget("ComboComPort")["items"], ["USB Adapter OKT (COM100)"])
 
-    def test_rate_and_address_are_shown_as_the_settings_say(self):
+    def test_the_settings_decide_whether_rate_and_address_are_shown(self):
         self.write_settings("[Settings]\nShowAddressSelection=1\n")
         client = self.shown()
         self.assertTrue(client.widget("txtDevAddr")["visible"])
         self.assertFalse(client.widget("ComboBaudrate")["visible"])
 
-    def test_buttons_that_only_tell_the_host(self):
+    def test_buttons_that_only_notify_the_host(self):
         client = self.shown()
         for button, callback in (("CmdOpenDiskParameter", "LoadConfiguration"),
                                  ("CmdSave2DiskParameter", "SaveConfiguration"),
@@ -118,7 +118,7 @@ class Widgets(ServeBench):
         client.call("DisableCmdStore")
         for button in ("CmdStoreParameter", "CmdOpenDiskParameter", "CmdPrintConfiguration"):
             self.assertIn(button, self.fails(RUN_TIME, 5, client, "press", widget=button))
-        self.assertEqual(client.take_heard(), [])
+        self.assertEqual(client.take_notifications(), [])
 
     def test_the_read_button_reads(self):
         client = self.shown("--simulate", self.module())
@@ -137,10 +137,10 @@ class Widgets(ServeBench):
         self.assertEqual(client.take_events()[-1], ("SetConfiguration",))
         client.set("DeviceID", 7)
         client.press("CmdStoreParameter")
-        heard = client.take_heard()
-        self.assertEqual([params for method, params in heard if method == "message"],
+        received = client.take_notifications()
+        self.assertEqual([params for method, params in received if method == "message"],
                          [{"text": "Falscher Modultyp!", "style": 16, "title": "MERIDEX_CONF"}])
-        self.assertNotIn(("event", {"name": "SetConfiguration", "args": []}), heard)
+        self.assertNotIn(("event", {"name": "SetConfiguration", "args": []}), received)
 
     def test_a_line_is_selected_by_number_or_text(self):
         client = self.shown()
@@ -152,7 +152,7 @@ class Widgets(ServeBench):
             self.assertEqual((state["text"], state["items"][state["index"]]),
                              (str(rate), str(rate)))
 
-    def test_a_line_that_is_not_there_is_an_invalid_value(self):
+    def test_an_absent_line_is_an_invalid_value(self):
         client = self.shown()
         for choice in ({"index": 11}, {"index": -1}, {"text": "19201"}, {"text": ""}):
             self.fails(RUN_TIME, 380, client, "select", widget="ComboBaudrate", **choice)
@@ -176,7 +176,7 @@ class Widgets(ServeBench):
         client.request("type", widget="ComboBaudrate", text="9600")
         self.assertEqual(client.widget("ComboBaudrate")["index"], 2)
 
-    def test_the_typed_address_is_the_one_that_is_read(self):
+    def test_the_typed_address_is_read(self):
         client = self.shown("--simulate", self.module(address=7))
         client.request("type", widget="txtDevAddr", text="7")
         client.call("AutomaticConnection")
@@ -186,24 +186,24 @@ class Widgets(ServeBench):
     def test_a_tick_runs_the_handler_of_an_enabled_timer(self):
         client = self.shown("--simulate", self.module())
         self.assertIs(client.request("tick", timer="TimerScanDevice"), False)
-        self.assertEqual(client.take_heard(), [])
+        self.assertEqual(client.take_notifications(), [])
         client.call("AutomaticConnection")
-        client.take_heard()
+        client.take_notifications()
         self.assertIs(client.request("tick", timer="TimerScanDevice"), True)
         self.assertEqual(client.take_events(), [("ModulActive", 4), ("StatusChange",)])
 
-    def test_a_tick_finds_the_gate_closed_while_the_host_works(self):
+    def test_a_tick_does_nothing_while_the_host_is_busy(self):
         client = self.reading(self.module())
         client.set("DeviceActive", 4)
-        client.take_heard()
+        client.take_notifications()
         self.assertIs(client.request("tick", timer="TimerScanDevice"), True)
-        self.assertEqual(client.take_heard(), [])
+        self.assertEqual(client.take_notifications(), [])
         client.set("DeviceActive", 0)
-        client.take_heard()
+        client.take_notifications()
         client.request("tick", timer="TimerScanDevice")
         self.assertEqual(client.take_events()[0], ("ModulActive", 4))
 
-    def test_waiting_takes_its_time(self):
+    def test_a_wait_lasts_as_long_as_requested(self):
         client = self.serve()
         begun = time.monotonic()
         self.assertIsNone(client.request("wait", ms=0))
@@ -214,7 +214,7 @@ class Widgets(ServeBench):
         client = self.reading(self.module())
         client.request("wait", ms=5000)
         self.assertIn(("ModulActive", 4), client.take_events())
-        client.wait_until_heard(("event", {"name": "ModulActive", "args": [4]}))
+        client.wait_until_notified(("event", {"name": "ModulActive", "args": [4]}))
 
     def test_a_stopped_scan_does_not_tick(self):
         client = self.reading(self.module())

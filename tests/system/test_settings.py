@@ -11,12 +11,12 @@ BROKEN = "[Settings]\nLanguage=1\nrubbish\n"
 
 
 class Settings(Bench):
-    def test_there_are_none_at_first(self):
+    def test_no_settings_exist_at_first(self):
         self.assertEqual(self.succeed("settings", "list"), "")
         self.assertEqual(self.fail_with(1, "settings", "get", "Language"),
                          "modulinfo: Language is not set\n")
 
-    def test_what_was_set_is_got_and_listed(self):
+    def test_a_setting_that_was_set_can_be_read_and_listed(self):
         for name, value in (("Language", "2"), ("COM Port", "3"), ("Logo", "our logo.png"),
                             ("Ports/COM9/Device", "/dev/pts/5"),
                             ("Ports/COM9/Name", "\\Device\\Silabser9")):
@@ -57,20 +57,20 @@ class Settings(Bench):
     def test_a_value_of_several_lines_is_refused(self):
         self.assertIn("one line of text", self.fail_with(1, "settings", "set", "Logo", "a\nb"))
 
-    def test_a_broken_file_is_named_and_left_alone(self):
+    def test_a_damaged_file_is_named_and_left_unchanged(self):
         self.write_settings(BROKEN)
         for arguments in (["list"], ["get", "Language"], ["set", "Language", "2"]):
             complaint = self.fail_with(1, "settings", *arguments)
             self.assertIn(f"{self.settings_file} cannot be read: line 3: \"rubbish\"", complaint)
         self.assertEqual(self.settings_file.read_text("utf-8"), BROKEN)
 
-    def test_a_read_ends_at_a_broken_file(self):
+    def test_a_read_fails_on_a_damaged_file(self):
         self.write_settings(BROKEN)
         complaint = self.fail_with(3, "read", "--simulate", self.module())
         self.assertIn(f"{self.settings_file} cannot be read: line 3", complaint)
         self.assertEqual(self.settings_file.read_text("utf-8"), BROKEN)
 
-    def test_a_read_ends_at_a_setting_that_is_no_number(self):
+    def test_a_read_fails_on_a_setting_that_is_not_a_number(self):
         self.write_settings("[Settings]\nShowAllComPorts=perhaps\n")
         self.assertIn('The setting ShowAllComPorts: "perhaps" is no number',
                       self.fail_with(3, "read", "--simulate", self.module()))
@@ -109,7 +109,7 @@ class Settings(Bench):
                          text.replace("Language=1", "Language=2")
                          .replace("/dev/x\n", "/dev/x\nCOM10\\Device=/dev/y\n"))
 
-    def test_a_file_that_cannot_be_written_is_named_and_left_alone(self):
+    def test_a_file_that_cannot_be_written_is_named_and_left_unchanged(self):
         self.write_settings("[Settings]\nLanguage=1\n")
         self.settings_file.chmod(0o444)
         self.settings_file.parent.chmod(0o555)

@@ -15,7 +15,7 @@ class Simulate(Bench):
             f"COM101  {ports['COM101']}  Other (b.json)\n"])
 
     def poll(self, device, *arguments):
-        """What an independent master reads, by register."""
+        """The registers that an independent master reads."""
         done = subprocess.run(
             ["mbpoll", "-m", "rtu", "-a", "192", "-t", "3", "-0", "-b", "19200", "-P", "even",
              "-1", *arguments, device],
@@ -28,7 +28,7 @@ class Simulate(Bench):
         self.assertEqual(code, 0)
         self.assertEqual(words, {"3": str(0x1000), "4": str(0x1100), "5": "1", "6": "2"})
 
-    def test_an_independent_master_is_refused_a_register_that_is_not_there(self):
+    def test_an_independent_master_is_refused_an_absent_register(self):
         ports = self.simulator(self.module(status={}))
         self.assertNotEqual(self.poll(ports["COM100"], "-r", "80", "-c", "1")[0], 0)
 

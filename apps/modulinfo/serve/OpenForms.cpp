@@ -7,25 +7,24 @@
 namespace tessara {
 
 void OpenForms::formShown(Form& form) {
-  forms_.push_back(&form);
   announce(form, true);
   turns_.formShown(&form);
 }
 
 void OpenForms::formHidden(Form& form) {
-  std::erase(forms_, &form);
   announce(form, false);
   turns_.formHidden(&form);
 }
 
 Form* OpenForms::find(std::u16string_view name) const {
-  const auto found = std::find_if(forms_.begin(), forms_.end(),
-                                  [&](const Form* form) { return form->name() == name; });
-  return found == forms_.end() ? nullptr : *found;
+  const auto forms = turns_.forms();
+  const auto found =
+      std::ranges::find_if(forms, [&](const Form* form) { return form->name() == name; });
+  return found == forms.end() ? nullptr : *found;
 }
 
 void OpenForms::hideAll() {
-  while (!forms_.empty()) forms_.back()->hide();
+  for (auto forms = turns_.forms(); !forms.empty(); forms = turns_.forms()) forms.back()->hide();
 }
 
 void OpenForms::announce(const Form& form, bool isOpen) const {

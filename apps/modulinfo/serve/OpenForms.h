@@ -19,10 +19,10 @@ class OpenForms final : public FormObserver {
   void formShown(Form& form) override;
   void formHidden(Form& form) override;
 
-  [[nodiscard]] const std::vector<Form*>& all() const { return forms_; }
+  [[nodiscard]] std::vector<Form*> all() const { return turns_.forms(); }
   /// The open form of that name; null if there is none.
   [[nodiscard]] Form* find(std::u16string_view name) const;
-  /// Closes all without an outcome.
+  /// Closes all forms without an outcome.
   void hideAll();
 
  private:
@@ -30,7 +30,6 @@ class OpenForms final : public FormObserver {
 
   const Announcer& announcer_;
   Turns& turns_;
-  std::vector<Form*> forms_;
 };
 
 }  // namespace tessara

@@ -3,6 +3,8 @@
 #include <functional>
 #include <vector>
 
+#include "widgets/Form.h"
+
 namespace tessara {
 
 /// Decides when the next request may be handled.
@@ -33,8 +35,10 @@ class Turns {
   };
 
   /// `form` has been shown modally, or hidden.
-  void formShown(const void* form);
-  void formHidden(const void* form);
+  void formShown(Form& form);
+  void formHidden(Form& form);
+  /// The forms that are shown, oldest first.
+  [[nodiscard]] std::vector<Form*> forms() const;
 
   [[nodiscard]] bool mayHandle() const;
 
@@ -42,14 +46,14 @@ class Turns {
   std::function<void()> nextMayCome;
 
  private:
-  /// One thing in progress, identified by its place in memory.
+  /// One thing in progress: a form that is shown, or a request or yield with its turn.
   struct Layer {
-    const void* of;
-    bool isForm;
+    Form* form;
+    const Turn* turn;
     bool isRequest;
   };
 
-  void remove(const void* of);
+  void remove(const Form* form, const Turn* turn);
   void notify() const;
 
   bool isReentrant_;

@@ -11,6 +11,19 @@ namespace {
 constexpr auto request = Turns::Kind::Request;
 constexpr auto yielding = Turns::Kind::Yield;
 
+class SomeForm final : public Form {
+ public:
+  SomeForm() : Form(u"frmSome"), button_(*this, u"cmdOK", WidgetKind::Button) {}
+  Widget& defaultButton() override { return button_; }
+  Widget& cancelButton() override { return button_; }
+  [[nodiscard]] Place area() const override { return {}; }
+
+ private:
+  void Form_Load() override {}
+
+  Widget button_;
+};
+
 TEST(Turns, ARequestWaitsForTheOneBeforeIt) {
   Turns turns(false);
   EXPECT_TRUE(turns.mayHandle());
@@ -30,8 +43,8 @@ TEST(Turns, ARequestWaitsForAYieldThatNoRequestHasCaused) {
 TEST(Turns, AnOpenFormLetsRequestsInOneAfterTheOther) {
   Turns turns(false);
   const Turns::Turn opener(turns, request);
-  const int form = 0;
-  turns.formShown(&form);
+  SomeForm form;
+  turns.formShown(form);
   EXPECT_TRUE(turns.mayHandle());
   {
     const Turns::Turn inner(turns, request);
@@ -43,11 +56,11 @@ TEST(Turns, AnOpenFormLetsRequestsInOneAfterTheOther) {
 TEST(Turns, AfterAFormIsHiddenItsOpenerEndsFirst) {
   Turns turns(false);
   auto opener = std::make_unique<Turns::Turn>(turns, request);
-  const int form = 0;
-  turns.formShown(&form);
+  SomeForm form;
+  turns.formShown(form);
   {
     const Turns::Turn closer(turns, request);
-    turns.formHidden(&form);
+    turns.formHidden(form);
     EXPECT_FALSE(turns.mayHandle());
   }
   EXPECT_FALSE(turns.mayHandle());
@@ -58,22 +71,35 @@ TEST(Turns, AfterAFormIsHiddenItsOpenerEndsFirst) {
 TEST(Turns, AScanUnderAnOpenFormKeepsRequestsOut) {
   Turns turns(false);
   const Turns::Turn opener(turns, request);
-  const int form = 0;
-  turns.formShown(&form);
+  SomeForm form;
+  turns.formShown(form);
   const Turns::Turn scan(turns, yielding);
   EXPECT_FALSE(turns.mayHandle());
 }
 
 TEST(Turns, OfTwoFormsTheLaterOneLetsRequestsIn) {
   Turns turns(false);
-  const int first = 0;
-  const int second = 0;
+  SomeForm first;
+  SomeForm second;
   const Turns::Turn opener(turns, request);
-  turns.formShown(&first);
+  turns.formShown(first);
   const Turns::Turn other(turns, request);
-  turns.formShown(&second);
-  turns.formHidden(&first);
+  turns.formShown(second);
+  turns.formHidden(first);
   EXPECT_TRUE(turns.mayHandle());
+}
+
+TEST(Turns, ListsTheFormsThatAreShown) {
+  Turns turns(false);
+  SomeForm first;
+  SomeForm second;
+  const Turns::Turn opener(turns, request);
+  turns.formShown(first);
+  const Turns::Turn other(turns, request);
+  turns.formShown(second);
+  EXPECT_EQ(turns.forms(), (std::vector<Form*>{&first, &second}));
+  turns.formHidden(first);
+  EXPECT_EQ(turns.forms(), (std::vector<Form*>{&second}));
 }
 
 TEST(Turns, AReentrantClientIsAlwaysLetIn) {
@@ -103,10 +129,10 @@ TEST(Turns, NotifiesWhenTheNextRequestMayBeHandled) {
   {
     const Turns::Turn opener(turns, request);
     EXPECT_EQ(told, 0);
-    const int form = 0;
-    turns.formShown(&form);
+    SomeForm form;
+    turns.formShown(form);
     EXPECT_EQ(told, 1);
-    turns.formHidden(&form);
+    turns.formHidden(form);
     EXPECT_EQ(told, 1);
   }
   EXPECT_EQ(told, 2);
