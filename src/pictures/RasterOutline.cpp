@@ -113,7 +113,7 @@ std::optional<std::string> faultOfIcon(const Fields& file) {
 
 std::optional<PictureFile> firstOfIcon(const std::string& bytes) {
   const Fields file(bytes);
-  const bool isEmpty = file.number(4, 2) == 0;
+  const bool isEmpty = file.size() < iconHeader + iconEntry || file.number(4, 2) == 0;
   const std::size_t size = file.number(iconHeader + 8, 4);
   const std::size_t offset = file.number(iconHeader + 12, 4);
   if (isEmpty || offset + size > bytes.size()) return std::nullopt;

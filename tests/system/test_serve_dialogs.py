@@ -225,7 +225,7 @@ class Help(ServeBench):
         self.assertEqual(self.opening_result(client), (3, "Path Not Found!"))
         # Without a catalogue a module is read as far as it describes itself.
         client.call("AutomaticConnection")
-        self.assertEqual(client.get("SerialNumber"), "4711")
+        self.assertEqual(client.get("SerialNumber"), 4711)
         self.end_in_order(client)
 
     def test_a_help_file_that_is_not_there_is_reported(self):
