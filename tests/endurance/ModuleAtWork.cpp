@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "common/HeadlessMessageHelper.h"
+#include "support/Inside.h"
 
 namespace tessara::testing {
 namespace {
@@ -79,8 +80,8 @@ void ModuleAtWork::ModulActive(std::int32_t& lStatus) {
 }
 
 void ModuleAtWork::StatusChange() {
-  if (statusTexts.empty() || statusTexts.back() != control_.StatusString) {
-    statusTexts.push_back(control_.StatusString);
+  if (statusTexts.empty() || statusTexts.back() != inside(control_).StatusString) {
+    statusTexts.push_back(inside(control_).StatusString);
   }
 }
 

@@ -25,7 +25,7 @@ class AboutBoxView : public DialogOnScreen {
 };
 
 TEST_F(AboutBoxView, IsTitledAndShowsTheVersion) {
-  control->VersionString = u"3.2.1";
+  inside(*control).VersionString = u"3.2.1";
   open([](FormView& view) {
     EXPECT_EQ(view.windowTitle(), "Information");
     EXPECT_EQ(part<LabelView>(view, u"LabelRevision").text(), "3.2.1");

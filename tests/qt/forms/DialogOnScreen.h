@@ -11,8 +11,10 @@
 
 #include "FakeHost.h"
 #include "FakePlatform.h"
+#include "Inside.h"
 #include "base/Text.h"
 #include "control/ModulInfoFLII.h"
+#include "control/ModuleWide.h"
 #include "qt/FormView.h"
 #include "qt/QtEventLoop.h"
 #include "qt/QtForms.h"
@@ -36,7 +38,7 @@ class DialogOnScreen : public ::testing::Test {
     control->UserControl_Initialize();
     control->setFormObserver(&forms);
     LoadDefaultTexts(moduleWide());
-    control->Language = 1;
+    inside(*control).Language = 1;
     window.show();
   }
 
@@ -78,7 +80,7 @@ class DialogOnScreen : public ::testing::Test {
   QWidget window;
   QtForms forms{window};
   std::unique_ptr<ModulInfoFLII> control = std::make_unique<ModulInfoFLII>(platform, host);
-  Panel& panel = control->panel;
+  Panel& panel = inside(*control).panel;
   std::vector<std::string> errors;
 };
 

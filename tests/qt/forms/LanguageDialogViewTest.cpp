@@ -38,7 +38,7 @@ TEST_F(LanguageDialogView, AClickOnAnOptionAndOnOkStoresTheLanguage) {
     EXPECT_FALSE(form().OptionDE.state().value);
     QTest::mouseClick(&button(view, u"cmdOK"), Qt::LeftButton);
   });
-  EXPECT_EQ(control->Language, 10);
+  EXPECT_EQ(inside(*control).Language, 10);
   EXPECT_EQ(log.count("SetValue"), 1U);
   EXPECT_EQ(log.count("Show 48"), 1U);
 }
@@ -63,7 +63,7 @@ TEST_F(LanguageDialogView, ReturnIsOkAndTheArrowKeysGoAmongTheOptions) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(view.isVisible());
   });
-  EXPECT_EQ(control->Language, 2);
+  EXPECT_EQ(inside(*control).Language, 2);
 }
 
 TEST_F(LanguageDialogView, TheArrowKeysReachEveryLanguage) {
@@ -101,7 +101,7 @@ TEST_F(LanguageDialogView, EscapeCancels) {
     EXPECT_FALSE(view.isVisible());
     EXPECT_EQ(form().Tag(), u"2");
   });
-  EXPECT_EQ(control->Language, 1);
+  EXPECT_EQ(inside(*control).Language, 1);
   EXPECT_EQ(log.count("SetValue"), 0U);
 }
 
@@ -174,7 +174,7 @@ TEST_F(LanguageDialogView, TheEndOfTheControlClosesTheWindow) {
   });
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_EQ(closed, nullptr);
-  EXPECT_EQ(control->Language, 1);
+  EXPECT_EQ(inside(*control).Language, 1);
 }
 
 TEST_F(LanguageDialogView, EndsWithTheWindowThatOwnsIt) {
