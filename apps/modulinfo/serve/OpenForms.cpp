@@ -8,12 +8,12 @@ namespace tessara {
 
 void OpenForms::formShown(Form& form) {
   announce(form, true);
-  turns_.formShown(&form);
+  turns_.formShown(form);
 }
 
 void OpenForms::formHidden(Form& form) {
   announce(form, false);
-  turns_.formHidden(&form);
+  turns_.formHidden(form);
 }
 
 Form* OpenForms::find(std::u16string_view name) const {
