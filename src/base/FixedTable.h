@@ -10,8 +10,8 @@
 
 namespace tessara {
 
-/// A table with a fixed number of slots, each a default value at first. Every access checks the
-/// index; one outside is a subscript error (9) that names the table.
+/// A table with a fixed number of slots, initially default values. Every access checks the index;
+/// one out of range is a subscript error (9) that names the table.
 template <typename Entry, std::size_t Slots>
 class FixedTable {
  public:

@@ -6,7 +6,7 @@
 
 namespace tessara {
 
-/// Numbers of the run-time errors, as hosts of this ecosystem know them.
+/// Numbers of the run-time errors, as hosts expect them.
 enum class ErrorNumber : std::int32_t {
   InvalidCall = 5,
   Overflow = 6,
@@ -21,8 +21,8 @@ enum class ErrorNumber : std::int32_t {
   InvalidPicture = 481,
 };
 
-/// The one exception type by which the control tells a host that a call went wrong.
-/// The message (UTF-8) says what was wrong with what.
+/// The only exception type with which the control reports a failed call to a host. The message
+/// (UTF-8) says what was wrong with what.
 class RunTimeError : public std::runtime_error {
  public:
   RunTimeError(ErrorNumber number, const std::string& message)

@@ -6,9 +6,9 @@
 
 namespace tessara {
 
-/// Text inside the system is UTF-16: lengths, files and hosts all count its code units.
-/// UTF-8 exists only at the edges; these two functions are the edge.
-/// Malformed input gives U+FFFD in its place, never an error.
+/// Text inside the system is UTF-16: lengths, files and hosts all count its code units. Where UTF-8
+/// comes in or goes out, these two functions convert it. Malformed input becomes U+FFFD, never an
+/// error.
 std::u16string fromUtf8(std::string_view text);
 std::string toUtf8(std::u16string_view text);
 

@@ -24,7 +24,8 @@ std::u16string_view trimmed(std::u16string_view text) {
   return text;
 }
 
-/// The text in the notation of std::from_chars, or nothing if it holds a sign that no number has.
+/// The text in the notation of std::from_chars, or nothing if it holds a character that numbers do
+/// not have.
 std::optional<std::string> plainNumber(std::u16string_view text, std::u16string_view separator) {
   constexpr std::u16string_view allowed = u"0123456789+-eE";
   std::string plain;
@@ -48,8 +49,8 @@ std::optional<std::string> plainNumber(std::u16string_view text, std::u16string_
   return plain;
 }
 
-[[noreturn]] void raiseNoNumber(std::u16string_view text) {
-  throw RunTimeError(ErrorNumber::TypeMismatch, "\"" + toUtf8(text) + "\" is no number");
+[[noreturn]] void raiseNotANumber(std::u16string_view text) {
+  throw RunTimeError(ErrorNumber::TypeMismatch, "\"" + toUtf8(text) + "\" is not a number");
 }
 
 [[noreturn]] void raiseOverflow(std::string_view value, std::string_view what) {
@@ -61,12 +62,12 @@ double textToDouble(std::u16string_view text, std::u16string_view separator) {
   const auto plain = plainNumber(trimmed(text), separator);
   double number = 0;
   if (!plain || plain->empty()) {
-    raiseNoNumber(text);
+    raiseNotANumber(text);
   }
   const char* end = plain->data() + plain->size();
   const auto [stop, error] = std::from_chars(plain->data(), end, number);
   if (error == std::errc::invalid_argument || stop != end) {
-    raiseNoNumber(text);
+    raiseNotANumber(text);
   }
   if (error == std::errc::result_out_of_range) {
     raiseOverflow(toUtf8(text), "a floating-point number");

@@ -15,10 +15,10 @@ constexpr auto deviceTag = "Device";
 constexpr auto versionTag = "Version";
 constexpr auto productLinkTag = "ProductLink";
 constexpr auto packbLinkTag = "Packb";
-/// Families go by any tag; this is what messages call them.
+/// Families may have any tag; messages use this name.
 constexpr auto familyLevel = "family element";
 
-/// The catalogue's attributes are known by their places alone.
+/// The catalogue's attributes are identified by their places alone.
 namespace familyPlace {
 constexpr std::int32_t vendorID = 0;
 constexpr std::int32_t familyID = 1;
@@ -38,7 +38,7 @@ struct ProfilePlace {
   std::int32_t DeviceProfile::*field;
 };
 
-/// What only the entry of the very firmware version can tell.
+/// What is taken only from the entry of the exact firmware version.
 constexpr std::array<ProfilePlace, 7> exactVersionPlaces{{
     {3, &DeviceProfile::RegDevStatus},
     {4, &DeviceProfile::RegChnIn},
@@ -49,11 +49,11 @@ constexpr std::array<ProfilePlace, 7> exactVersionPlaces{{
     {9, &DeviceProfile::StringsReverse},
 }};
 
-/// The number of a text of up to nine plain digits, which mean the same in every notation; nothing
-/// for any other text. A large catalogue is mostly made of them.
-std::optional<std::int32_t> plainNumber(const std::u16string& text) {
-  constexpr std::size_t mostDigits = 9;
-  if (text.empty() || text.size() > mostDigits) {
+/// The number in a text of up to nine plain digits, which mean the same in every notation; nothing
+/// for any other text. Most attributes of a catalogue are of this kind.
+std::optional<std::int32_t> digitsOnly(const std::u16string& text) {
+  constexpr std::size_t maxDigits = 9;
+  if (text.empty() || text.size() > maxDigits) {
     return std::nullopt;
   }
   std::int32_t number = 0;
@@ -123,7 +123,7 @@ class CatalogueWalk {
 
   void visitVersion(XmlTree::Element version) {
     const std::u16string firmware = tree_.attribute(version, versionPlace::firmware);
-    // The note is for the readers of the file; it is fetched like all that a visit looks at.
+    // The note is for people who read the file; it is fetched and dropped.
     (void)tree_.attribute(version, versionPlace::note);
     result_ = compareFirmware(question_.VendorID, question_.FwVersion, firmware, formats_.registry,
                               separator_);
@@ -143,7 +143,7 @@ class CatalogueWalk {
 
   std::int32_t integer(XmlTree::Element element, std::int32_t place, const char* level) const {
     const std::u16string text = tree_.attribute(element, place);
-    if (const auto number = plainNumber(text)) {
+    if (const auto number = digitsOnly(text)) {
       return *number;
     }
     try {

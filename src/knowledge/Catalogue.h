@@ -11,7 +11,7 @@
 
 namespace tessara {
 
-/// The module that a lookup is about, and the language of its user.
+/// The module to look up, and the language of its user.
 struct CatalogueQuestion {
   std::int16_t VendorID = 0;
   std::int32_t FamilyID = 0;
@@ -20,19 +20,19 @@ struct CatalogueQuestion {
   std::int16_t Language = 0;
 };
 
-/// Where the system's way of writing numbers and its country come from.
+/// The system's notation of numbers and its country.
 struct SystemFormats {
   RegistryHelper& registry;
   const Locale& locale;
 };
 
-/// Walks a loaded catalogue from its first family to its last and leaves in `profile` what it says
-/// of the module. Later entries override earlier ones, and an exact version is the only one whose
-/// registers are taken.
+/// Walks a loaded catalogue from its first family to its last and stores in `profile` what it says
+/// about the module. Later entries override earlier ones, and registers are taken from an exact
+/// version only.
 ///
-/// A place that must hold a number and does not is a type mismatch (error 13), a level of more than
-/// 32768 elements an overflow (error 6). The message names the place; what was written to `profile`
-/// so far stays.
+/// A place that must hold a number and does not is a type mismatch (error 13), a level with more
+/// than 32768 elements an overflow (error 6). The message names the place; what was written to
+/// `profile` so far stays.
 CatalogResult findInCatalogue(XmlTree& tree, const CatalogueQuestion& question,
                               SystemFormats formats, DeviceProfile& profile);
 

@@ -9,9 +9,8 @@ namespace tessara {
 namespace {
 
 constexpr std::int16_t channelGood = 0x0080;
-constexpr std::size_t noErrorText = 0;
 
-/// The second channel's bits follow an order of their own.
+/// The bits of the second channel are in an order of their own.
 constexpr std::array<StatusBit, 14> inputBits{{
     {0x0004, 20},
     {0x0008, 21},
@@ -29,7 +28,7 @@ constexpr std::array<StatusBit, 14> inputBits{{
     {0x4000, 21, u" Chn-diff."},
 }};
 
-/// Families whose bit 0x0040 tells of a limited output and not of a DIP switch.
+/// Families whose bit 0x0040 means a limited output instead of a DIP switch.
 constexpr std::array<std::int16_t, 2> limitingFamilies{16, 18};
 
 constexpr std::array<StatusBit, 6> outputBits{{

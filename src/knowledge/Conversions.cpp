@@ -9,8 +9,9 @@ namespace {
 constexpr char16_t comma = u',';
 constexpr char16_t point = u'.';
 
-std::u16string replaceFirst(std::u16string text, char16_t sign, std::u16string_view replacement) {
-  if (const auto place = text.find(sign); place != std::u16string::npos) {
+std::u16string replaceFirst(std::u16string text, char16_t character,
+                            std::u16string_view replacement) {
+  if (const auto place = text.find(character); place != std::u16string::npos) {
     text.replace(place, 1, replacement);
   }
   return text;
@@ -34,7 +35,7 @@ std::u16string ToLocaleDecimal(std::u16string text, RegistryHelper& registry) {
 }
 
 double RoundToThreeDecimals(double number) {
-  // From here on neighbouring doubles lie further apart than three decimals do.
+  // From here on, adjacent doubles differ by more than the third decimal.
   constexpr double coarse = 0x1p43;
   if (!(std::fabs(number) < coarse)) {
     return number;

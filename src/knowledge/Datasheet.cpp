@@ -8,10 +8,10 @@
 namespace tessara {
 namespace {
 
-constexpr auto german = "DatasheetDE";
-constexpr auto english = "DatasheetEN";
-constexpr auto french = "DatasheetFR";
-constexpr auto italian = "DatasheetIT";
+constexpr auto germanSheet = "DatasheetDE";
+constexpr auto englishSheet = "DatasheetEN";
+constexpr auto frenchSheet = "DatasheetFR";
+constexpr auto italianSheet = "DatasheetIT";
 
 struct SheetOf {
   std::int32_t number;
@@ -19,17 +19,17 @@ struct SheetOf {
 };
 
 constexpr std::array<SheetOf, 5> byLanguage{
-    {{1, german}, {2, english}, {3, french}, {4, english}, {5, italian}}};
+    {{1, germanSheet}, {2, englishSheet}, {3, frenchSheet}, {4, englishSheet}, {5, italianSheet}}};
 
 /// By telephone country code: France, Spain, Austria and Germany.
 constexpr std::array<SheetOf, 4> byCountry{
-    {{33, french}, {34, english}, {43, german}, {49, german}}};
+    {{33, frenchSheet}, {34, englishSheet}, {43, germanSheet}, {49, germanSheet}}};
 
 template <std::size_t Rows>
 const char* tagOf(const std::array<SheetOf, Rows>& table, std::int32_t number) {
   const auto* row = std::find_if(table.begin(), table.end(),
                                  [&](const SheetOf& sheet) { return sheet.number == number; });
-  return row == table.end() ? english : row->tag;
+  return row == table.end() ? englishSheet : row->tag;
 }
 
 }  // namespace

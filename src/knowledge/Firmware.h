@@ -9,16 +9,16 @@
 
 namespace tessara {
 
-/// The VendorID of modules that are read with HART commands. Their firmware is a free text, that of
+/// The VendorID of modules that are read with HART commands. Their firmware is free text, that of
 /// all others a number.
 inline constexpr std::int16_t hartVendor = 176;
 
-/// How a module's firmware stands to a version that the catalogue names. Free texts are equal or
-/// have no order; numbers are compared with three decimals, point or comma alike, and one that is
-/// no number is a type mismatch (error 13).
+/// Compares a module's firmware with a version of the catalogue. Free texts are equal or have no
+/// order; numbers are compared with three decimals, with a point or a comma, and a text that is not
+/// a number is a type mismatch (error 13).
 ///
 /// `registry` holds the separator that ToLocaleDecimal writes, `separator` is the one that
-/// conversion to numbers follows; on a system in order they are the same.
+/// conversion to numbers expects; on a properly configured system they are the same.
 CatalogResult compareFirmware(std::int16_t VendorID, const std::u16string& moduleVersion,
                               const std::u16string& catalogueVersion, RegistryHelper& registry,
                               std::u16string_view separator);

@@ -9,7 +9,6 @@
 namespace tessara {
 namespace {
 
-constexpr std::size_t noErrorText = 0;
 constexpr std::size_t communicationErrorText = 1;
 constexpr std::size_t measuringSystemText = 18;
 
@@ -41,7 +40,7 @@ constexpr std::array<StatusBit, 21> statusBits{{
     {0x8000, 14},
 }};
 
-/// The same for all families; two bits tell of the converter.
+/// The same for all families; two bits report the converter.
 constexpr std::array<StatusBit, 14> errorBits{{
     {0x0001, 15},
     {0x0004, 2},

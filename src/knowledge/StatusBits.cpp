@@ -5,7 +5,7 @@
 namespace tessara {
 namespace {
 
-bool holdsFor(const StatusBit& row, std::int16_t familyID) {
+bool appliesTo(const StatusBit& row, std::int16_t familyID) {
   return row.families.empty() ||
          std::find(row.families.begin(), row.families.end(), familyID) != row.families.end();
 }
@@ -15,16 +15,16 @@ bool holdsFor(const StatusBit& row, std::int16_t familyID) {
 void appendStatusTexts(std::u16string& line, std::int16_t word, std::int16_t familyID,
                        std::span<const StatusBit> table, Connectors connectors,
                        const TextTables& texts) {
-  auto untold = static_cast<std::uint16_t>(word);
+  auto remaining = static_cast<std::uint16_t>(word);
   for (const StatusBit& row : table) {
-    if ((untold & row.bit) == 0 || !holdsFor(row, familyID)) {
+    if ((remaining & row.bit) == 0 || !appliesTo(row, familyID)) {
       continue;
     }
-    untold = static_cast<std::uint16_t>(untold & ~row.bit);
+    remaining = static_cast<std::uint16_t>(remaining & ~row.bit);
     line += connectors.before;
     line += row.entry ? std::u16string_view(texts.TextStatus[*row.entry]) : std::u16string_view();
     line += row.fixed;
-    line += connectors.behind;
+    line += connectors.after;
   }
 }
 

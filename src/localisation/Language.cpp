@@ -13,7 +13,8 @@
 namespace tessara {
 namespace {
 
-constexpr std::int32_t english = 2;
+/// English, which stands in for every unknown language.
+constexpr std::int16_t defaultLanguage = 2;
 constexpr std::u16string_view germanHelp = u"Help_049.chm";
 constexpr std::u16string_view englishHelp = u"Help_001.chm";
 
@@ -32,7 +33,7 @@ constexpr std::array<LanguageFiles, 11> filesByLanguage{{
     {u"MERIDEX_CONF.jlg", englishHelp},
 }};
 
-/// Runs `read` and tells where an error of it happened.
+/// Runs `read` and adds the place to the message of an error.
 template <typename Read>
 bool readWithin(const std::string& place, Read read) {
   try {
@@ -42,8 +43,8 @@ bool readWithin(const std::string& place, Read read) {
   }
 }
 
-/// Reads the rest of a section into its table; true if it holds as many texts as it announces. The
-/// title is one line whatever is announced, and a negative number announces no line that could be.
+/// Reads the rest of a section into its table; true if it has as many texts as it announces. The
+/// title is one line whatever is announced; a negative number never matches.
 bool readSection(const LanguageSection& section, LanguageFile& file, std::u16string_view separator,
                  LanguageState& state) {
   const auto count = toInt16(Variant{ReadLanguageLine(file)}, separator);
@@ -61,7 +62,7 @@ bool readSection(const LanguageSection& section, LanguageFile& file, std::u16str
 
 const LanguageFiles& filesOfLanguage(std::int32_t language) {
   const bool known = language >= 1 && language <= static_cast<std::int32_t>(filesByLanguage.size());
-  return filesByLanguage.at(static_cast<std::size_t>((known ? language : english) - 1));
+  return filesByLanguage.at(static_cast<std::size_t>((known ? language : defaultLanguage) - 1));
 }
 
 std::int16_t languageOfCountry(std::int32_t countryCode) {
@@ -74,7 +75,7 @@ std::int16_t languageOfCountry(std::int32_t countryCode) {
     case 49:
       return 1;
     default:
-      return english;
+      return defaultLanguage;
   }
 }
 

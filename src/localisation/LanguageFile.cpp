@@ -13,9 +13,9 @@ LanguageFile LanguageFile::open(const std::filesystem::path& path) {
   std::array<char, 8192> chunk{};
   while (stream.read(chunk.data(), chunk.size()) || stream.gcount() > 0) {
     bytes.append(chunk.data(), static_cast<std::size_t>(stream.gcount()));
-    if (bytes.size() > mostBytes) {
+    if (bytes.size() > maxBytes) {
       throw RunTimeError(ErrorNumber::FileAccess,
-                         "the file is longer than " + std::to_string(mostBytes) + " bytes");
+                         "the file is longer than " + std::to_string(maxBytes) + " bytes");
     }
   }
   if (stream.bad() || !stream.eof()) {

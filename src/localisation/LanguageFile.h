@@ -7,16 +7,16 @@
 
 namespace tessara {
 
-/// The bytes of a language file, read as UTF-16 little-endian code units from front to end.
+/// The bytes of a language file, read from start to end as UTF-16 little-endian code units.
 class LanguageFile {
  public:
   explicit LanguageFile(std::string bytes) : bytes_(std::move(bytes)) {}
 
-  /// Files have a few kilobytes; one beyond this, or without an end, would take the memory of the
-  /// machine.
-  static constexpr std::size_t mostBytes = std::size_t{64} << 20U;
+  /// Language files have a few kilobytes. One above this limit, or without an end, would exhaust
+  /// the memory.
+  static constexpr std::size_t maxBytes = std::size_t{64} << 20U;
 
-  /// The file at `path`, whole. One that cannot be read, or is longer than mostBytes, is an access
+  /// The whole file at `path`. A file that cannot be read, or is longer than maxBytes, is an access
   /// error (75).
   static LanguageFile open(const std::filesystem::path& path);
 
@@ -37,11 +37,10 @@ class LanguageFile {
   std::size_t position_ = 0;
 };
 
-/// Reads one line. The first code unit belongs to it whatever it is, so that a blank line is no
-/// line of its own but opens the next one with its CR LF. From the second code unit on, CR ends the
-/// line and takes the unit behind it along, unread; an LF alone is text. The end of the file ends
-/// the line too, but not before the second code unit: a last line of one character without CR is a
-/// read past the end (error 62).
+/// Reads one line. The first code unit always belongs to it, so the CR LF of a blank line becomes
+/// the start of the next line. From the second code unit on, CR ends the line and the unit after it
+/// is skipped; an LF alone is text. The end of the file ends the line too, but not before the
+/// second code unit: a last line of one character without CR is a read past the end (error 62).
 std::u16string ReadLanguageLine(LanguageFile& file);
 
 }  // namespace tessara

@@ -7,12 +7,12 @@
 
 namespace tessara {
 
-/// A table of texts, all empty at first.
+/// A table of texts, initially empty.
 template <std::size_t Slots>
 using TextTable = FixedTable<std::u16string, Slots>;
 
-/// Every word that the control shows in the language of the user. A text is named by its table and
-/// its index from 0; readers join the pieces of a sentence themselves.
+/// All texts that the control shows in the language of the user. A text is identified by its table
+/// and its index from 0; callers join the parts of a sentence themselves.
 struct TextTables {
   /// The title of every message box.
   std::u16string AppTitle;

@@ -5,8 +5,8 @@
 
 namespace tessara {
 
-/// A read-only XML document whose elements and attributes are addressed by place.
-/// Only elements count as children; comments and white space between them do not exist.
+/// A read-only XML document whose elements and attributes are addressed by place. Only elements
+/// count as children; comments and white space between them are ignored.
 class XmlTree {
  public:
   /// A handle to an element of the loaded document; valid until the next load.
@@ -32,10 +32,10 @@ class XmlTree {
   /// The child at `index` from 0 among those with that tag; an empty handle past the end.
   [[nodiscard]] virtual Element nthByTag(Element element, const char* tag,
                                          std::int32_t index) const = 0;
-  /// The element's own text content.
+  /// The element's own text, without that of its children and without white space that stands alone
+  /// between two pieces of markup.
   [[nodiscard]] virtual std::u16string text(Element element) const = 0;
-  /// Tells the tree that the walk is over, with the element visited last; an empty handle is
-  /// allowed.
+  /// Ends a walk, with the element visited last; an empty handle is allowed.
   virtual void close(Element element) = 0;
 };
 

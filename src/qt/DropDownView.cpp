@@ -14,12 +14,13 @@
 
 namespace tessara {
 
-DropDownView::DropDownView(Widget& subject, Editing editing, PersonActs acts, QWidget* parent)
-    : QComboBox(parent), WidgetView(subject), acts_(std::move(acts)) {
+DropDownView::DropDownView(Widget& subject, Editing editing, InputHandler handleInput,
+                           QWidget* parent)
+    : QComboBox(parent), WidgetView(subject), handleInput_(std::move(handleInput)) {
   if (editing == Editing::Digits) {
     makeEditable();
   }
-  // Also for the line that is selected already, as the model wants to hear it.
+  // Also for the line already selected, as the model expects it.
   connect(this, &QComboBox::activated, this, &DropDownView::choose);
 }
 
@@ -30,7 +31,7 @@ void DropDownView::makeEditable() {
   lineEdit()->setFrame(false);
   setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{0,7}"), this));
   connect(lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
-    acts_(*this, [&](Widget& widget) { widget.type(fromQt(text)); });
+    handleInput_(*this, [&](Widget& widget) { widget.type(fromQt(text)); });
   });
   connect(lineEdit(), &QLineEdit::returnPressed, this, [this] {
     if (subject().state().index >= 0) {
@@ -40,7 +41,7 @@ void DropDownView::makeEditable() {
 }
 
 void DropDownView::choose(int line) {
-  acts_(*this, [line](Widget& widget) { widget.select(line); });
+  handleInput_(*this, [line](Widget& widget) { widget.select(line); });
 }
 
 void DropDownView::sync() {
@@ -107,7 +108,7 @@ void DropDownView::resizeEvent(QResizeEvent* event) {
 }
 
 void DropDownView::wheelEvent(QWheelEvent* event) {
-  // A wheel that merely passes over the panel must not choose another port.
+  // Scrolling over the panel must not select another port.
   if (hasFocus()) {
     QComboBox::wheelEvent(event);
   } else {

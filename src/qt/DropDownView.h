@@ -6,19 +6,19 @@
 
 namespace tessara {
 
-/// A drop-down list. The closed list shows the end of a long line too, since ports are told apart
-/// there. An editable one takes digits; Enter chooses the line that was typed.
+/// A drop-down list. When closed, it elides a long line in the middle, because names of ports
+/// differ at the end. An editable list accepts digits; Enter selects the line that was typed.
 class DropDownView : public QComboBox, public WidgetView {
  public:
   enum class Editing { None, Digits };
 
-  DropDownView(Widget& subject, Editing editing, PersonActs acts, QWidget* parent);
+  DropDownView(Widget& subject, Editing editing, InputHandler handleInput, QWidget* parent);
 
   QWidget& widget() override { return *this; }
   void sync() override;
   void setLook(const Look& look) override;
 
-  /// The selected line as the closed list draws it, shortened where it does not fit.
+  /// The selected line as the closed list draws it, elided to fit.
   [[nodiscard]] QString shownText() const;
 
  protected:
@@ -34,7 +34,7 @@ class DropDownView : public QComboBox, public WidgetView {
   void layOutEditor();
   [[nodiscard]] QRect textRect() const;
 
-  PersonActs acts_;
+  InputHandler handleInput_;
   Look look_;
 };
 

@@ -6,7 +6,7 @@
 namespace tessara {
 namespace {
 
-/// Between a text and its neighbour on the right, in twips.
+/// The gap between a text and its right neighbour, in twips.
 constexpr std::int32_t gap = 90;
 
 bool isPlaced(const Widget& widget) {
@@ -78,7 +78,7 @@ void FormLayout::widenFor(const Needs& needs) {
       texts.push_back(widget);
     }
   }
-  // From the left, so that what one text has won counts for those that reach across it.
+  // From the left, so that the space inserted for one text counts for those that span it.
   std::sort(texts.begin(), texts.end(), [this](const Widget* one, const Widget* other) {
     return rightOf(*one) < rightOf(*other);
   });

@@ -9,13 +9,13 @@
 
 namespace tessara {
 
-/// Where the widgets of a form stand. They keep their places, spread apart where a text needs more
-/// room than there is before its neighbour on the right, or before the edge of the form. Buttons
-/// keep their distance from the right edge.
+/// The layout of a form. Widgets keep their places, but move apart where a text needs more space
+/// than is left before its right neighbour or the edge of the form. Buttons keep their distance
+/// from the right edge.
 class FormLayout {
  public:
-  /// What the text of a widget needs in logical pixels: its width in one line, or, for a text in
-  /// several lines, 0 and the height at that width.
+  /// The space that the text of a widget needs, in logical pixels: its width on one line, or, for a
+  /// multi-line text, 0 and the height at that width.
   struct Needs {
     std::function<double(const Widget&)> width;
     std::function<double(const Widget&, double width)> height;
@@ -23,12 +23,13 @@ class FormLayout {
 
   FormLayout(const Form& form, double pixelsPerTwip, const Needs& needs);
 
-  /// The widget's place in the view, in logical pixels.
+  /// The geometry of the widget in the view, in logical pixels.
   [[nodiscard]] QRect place(const Widget& widget) const;
   [[nodiscard]] QSize size() const;
 
  private:
-  /// Room put in at a line across the form: by twips from its edge, in logical pixels.
+  /// Space inserted at a line across the form: position in twips from the edge, size in logical
+  /// pixels.
   using Insertions = std::map<std::int32_t, double>;
 
   [[nodiscard]] double at(std::int32_t twips, const Insertions& insertions) const;

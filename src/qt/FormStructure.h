@@ -6,10 +6,10 @@
 
 namespace tessara {
 
-/// How a label of the dialogs is set.
+/// The text style of a label in the dialogs.
 LabelRole roleOf(const Widget& label);
 
-/// What the texts of a form need in the fonts of its view, which must outlive the answer.
+/// The space that the texts of a form need in the fonts of its view, which must outlive the result.
 FormLayout::Needs textNeeds(const FormView& view);
 
 }  // namespace tessara

@@ -13,13 +13,12 @@
 #include "qt/LabelView.h"
 #include "qt/OptionView.h"
 #include "qt/PictureView.h"
+#include "qt/PixelGrid.h"
 #include "qt/QtText.h"
 #include "qt/TextButtonView.h"
 
 namespace tessara {
 namespace {
-
-constexpr double twipsPerInch = 1440;
 
 QIcon iconOf(const Form& form, const QWidget* owner) {
   const QIcon own = Picture::of(form.icon(), {}).icon();
@@ -42,7 +41,7 @@ FormView::FormView(Form& form, QWidget* owner)
 }
 
 FormView::~FormView() {
-  // An owner that goes takes the window along; nobody could answer the form any more.
+  // Deleting the owner deletes the window; nobody could answer the form any more.
   if (Form* form = std::exchange(form_, nullptr)) {
     form->setObserver(nullptr);
     form->hide();
@@ -59,14 +58,15 @@ void FormView::makeViews() {
   setWindowTitle(readable(form_->titleBar()->caption()));
   auto* ok = static_cast<QPushButton*>(viewOf(form_->defaultButton()));
   ok->setDefault(true);
-  // What is most likely to be changed is where the keyboard begins.
+  // The focus starts at the widget that is most likely to be changed.
   const auto chosen = std::find_if(views_.begin(), views_.end(),
                                    [](const auto& entry) { return entry.first->state().value; });
   (chosen == views_.end() ? ok : &chosen->second->widget())->setFocus();
 }
 
 WidgetView* FormView::makeView(Widget& widget) {
-  const PersonActs acts = [this](WidgetView& view, const std::function<void(Widget&)>& action) {
+  const InputHandler handleInput = [this](WidgetView& view,
+                                          const std::function<void(Widget&)>& action) {
     perform(view, action);
   };
   switch (widget.kind()) {
@@ -75,11 +75,11 @@ WidgetView* FormView::makeView(Widget& widget) {
     case WidgetKind::PictureBox:
       return new PictureView(widget, PictureGround::None, this);
     case WidgetKind::Button:
-      return new TextButtonView(widget, acts, this);
+      return new TextButtonView(widget, handleInput, this);
     case WidgetKind::Option:
-      return new OptionView(widget, acts, this);
+      return new OptionView(widget, handleInput, this);
     case WidgetKind::HyperLink:
-      return new HyperLinkView(widget, acts, this);
+      return new HyperLinkView(widget, handleInput, this);
     default:
       return nullptr;
   }
@@ -126,7 +126,7 @@ void FormView::widgetRefreshed(const Widget& widget) {
 }
 
 void FormView::perform(WidgetView& view, const std::function<void(Widget&)>& action) {
-  // The pointer may leave a window that has been let go of.
+  // The pointer may leave a window that is already detached.
   if (form_ == nullptr) {
     return;
   }

@@ -9,12 +9,12 @@
 
 namespace tessara {
 
-/// A form on the screen: draws the model in a window with the frame of the system, modal and in
-/// front of its owner, and brings into it what a person does.
+/// Shows a form: draws the model in a window with the frame of the system, modal and in front of
+/// its owner, and passes the user's input to the model.
 ///
-/// Tab goes through what can be operated, the arrow keys among the options. Return presses the
-/// form's default button; Escape, and closing the window by its frame, the cancel button. The
-/// window is as large as the texts of the language need.
+/// Tab moves between the controls, the arrow keys between the options. Return presses the default
+/// button of the form; Escape and the close button of the frame press its cancel button. The window
+/// is large enough for the texts of the language.
 class FormView : public QDialog, private WidgetObserver {
  public:
   FormView(Form& form, QWidget* owner);
@@ -22,16 +22,16 @@ class FormView : public QDialog, private WidgetObserver {
   FormView& operator=(const FormView&) = delete;
   ~FormView() override;
 
-  /// Shows what went wrong in something that the person did. A message box at first.
+  /// Shows an error caused by the user's input; a message box by default.
   std::function<void(const QString& text)> showError;
 
-  /// The Qt widget that draws that one of the form; null for the title bar.
+  /// The Qt widget that draws this widget of the form; null for the title bar.
   [[nodiscard]] QWidget* viewOf(const Widget& widget) const;
 
-  /// Lets go of the form and closes the window, which deletes itself when the event is over.
+  /// Detaches from the form and closes the window, which deletes itself after the current event.
   void release();
 
-  /// Escape, or the frame of the window.
+  /// Escape, or the close button of the frame.
   void reject() override;
 
  protected:
@@ -46,7 +46,7 @@ class FormView : public QDialog, private WidgetObserver {
   void perform(WidgetView& view, const std::function<void(Widget&)>& action);
   void layOut();
 
-  /// Null once the form is let go of.
+  /// Null once detached.
   Form* form_;
   /// The views are children of this widget, which deletes them.
   std::map<const Widget*, WidgetView*> views_;

@@ -9,11 +9,11 @@ namespace tessara {
 enum class FrameRole {
   /// A card on the panel.
   Card,
-  /// The foot of a card, set off from it.
+  /// The bottom part of a card, in a different shade.
   Foot,
 };
 
-/// A frame: groups what belongs together, and does nothing else.
+/// A frame around related widgets; it takes no input.
 class FrameView : public QFrame, public WidgetView {
  public:
   FrameView(Widget& subject, FrameRole role, QWidget* parent);

@@ -10,12 +10,13 @@
 
 namespace tessara {
 
-HyperLinkView::HyperLinkView(Widget& subject, PersonActs acts, QWidget* parent)
+HyperLinkView::HyperLinkView(Widget& subject, InputHandler handleInput, QWidget* parent)
     : QAbstractButton(parent), WidgetView(subject) {
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
-  connect(this, &QAbstractButton::clicked, this,
-          [this, acts = std::move(acts)] { acts(*this, [](Widget& widget) { widget.press(); }); });
+  connect(this, &QAbstractButton::clicked, this, [this, handleInput = std::move(handleInput)] {
+    handleInput(*this, [](Widget& widget) { widget.press(); });
+  });
   makeCopyable(*this, [this] { return readable(this->subject().caption()); });
 }
 

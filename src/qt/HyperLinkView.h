@@ -6,10 +6,10 @@
 
 namespace tessara {
 
-/// An address that opens when it is clicked, or with the keyboard. It can be copied.
+/// An address that a click or the keyboard opens. It can be copied.
 class HyperLinkView : public QAbstractButton, public WidgetView {
  public:
-  HyperLinkView(Widget& subject, PersonActs acts, QWidget* parent);
+  HyperLinkView(Widget& subject, InputHandler handleInput, QWidget* parent);
 
   QWidget& widget() override { return *this; }
   void sync() override;
@@ -24,7 +24,7 @@ class HyperLinkView : public QAbstractButton, public WidgetView {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  /// Where the address itself stands.
+  /// The area of the text itself.
   [[nodiscard]] QRect textRect() const;
 
   Look look_;

@@ -10,12 +10,13 @@
 
 namespace tessara {
 
-IconButtonView::IconButtonView(Widget& subject, const QKeySequence& shortcut, PersonActs acts,
-                               QWidget* parent)
+IconButtonView::IconButtonView(Widget& subject, const QKeySequence& shortcut,
+                               InputHandler handleInput, QWidget* parent)
     : QAbstractButton(parent), WidgetView(subject), keys_(shortcut) {
   setFocusPolicy(Qt::StrongFocus);
-  connect(this, &QAbstractButton::clicked, this,
-          [this, acts = std::move(acts)] { acts(*this, [](Widget& widget) { widget.press(); }); });
+  connect(this, &QAbstractButton::clicked, this, [this, handleInput = std::move(handleInput)] {
+    handleInput(*this, [](Widget& widget) { widget.press(); });
+  });
 }
 
 void IconButtonView::sync() {

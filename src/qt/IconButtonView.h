@@ -7,12 +7,13 @@
 
 namespace tessara {
 
-/// A button with a picture and no caption. One that can be pressed stands out from the ground; a
-/// disabled one is flat and pale. Space and Enter press it.
+/// A button with a picture and no caption, raised when enabled, flat and pale when disabled. Space
+/// and Enter press it.
 class IconButtonView : public QAbstractButton, public WidgetView {
  public:
-  /// The shortcut is told in the tool tip; it may be empty.
-  IconButtonView(Widget& subject, const QKeySequence& shortcut, PersonActs acts, QWidget* parent);
+  /// The tool tip shows the shortcut, which may be empty.
+  IconButtonView(Widget& subject, const QKeySequence& shortcut, InputHandler handleInput,
+                 QWidget* parent);
 
   QWidget& widget() override { return *this; }
   void sync() override;
@@ -28,8 +29,8 @@ class IconButtonView : public QAbstractButton, public WidgetView {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  /// The picture in the inks of this moment. The control hands its picture to a button over and
-  /// over again; it is loaded anew only if it is another one or other inks.
+  /// The picture in the current colours. The control sets the picture of a button repeatedly; it is
+  /// loaded again only if picture or colours have changed.
   const Picture& picture();
 
   QKeySequence keys_;
@@ -37,7 +38,7 @@ class IconButtonView : public QAbstractButton, public WidgetView {
   Picture picture_;
   PictureSource loadedSource_;
   Inks loadedInks_;
-  /// The focus came by the keyboard, or is to be seen before a key is pressed.
+  /// The focus frame is shown: the focus came by the keyboard.
   bool showsFocus_ = true;
 };
 

@@ -14,11 +14,10 @@ namespace tessara {
 namespace {
 
 constexpr double smallestCaption = 0.8;
-constexpr double focusMargin = 4;
 constexpr double titleSize = 1.6;
-/// Between a heading and its line.
+/// The gap between a heading and its line.
 constexpr double sectionGap = 8;
-// Stands where a module has not said anything yet.
+// Shown in place of an empty value.
 constexpr QChar absent(0x2013);
 
 }  // namespace
@@ -64,7 +63,7 @@ void LabelView::setLook(const Look& look) {
 }
 
 QRect LabelView::room() const {
-  const int margin = role_ == LabelRole::LongValue ? qRound(look_.px(focusMargin)) : 0;
+  const int margin = role_ == LabelRole::LongValue ? qRound(look_.px(Look::focusMargin)) : 0;
   return rect().adjusted(margin, 0, -margin, 0);
 }
 

@@ -6,26 +6,26 @@
 
 namespace tessara {
 
-/// How a text of the panel is set.
+/// The style of a text on the panel.
 enum class LabelRole {
-  /// The name of a field: quiet, and made smaller down to 80 % before anything is cut off.
+  /// The name of a field: subdued, scaled down to 80 % before it is elided.
   Caption,
-  /// What a module says.
+  /// A value of the module.
   Value,
-  /// A value that is read first.
+  /// A prominent value.
   StrongValue,
-  /// A text in as many lines as it needs.
+  /// A text on as many lines as it needs.
   Text,
   /// The name of the product.
   Title,
-  /// The heading of what stands below it, with a line to the end of its place.
+  /// A heading, followed by a line up to the right edge.
   Section,
-  /// A value whose whole text may be long: the keyboard reaches it, and shows its tool tip.
+  /// A value that may be long: it accepts the keyboard focus, which shows its tool tip.
   LongValue,
 };
 
-/// A text in one line, or a caption in as many as its place is high enough for. What does not fit
-/// ends in three points, and the tool tip tells the whole. Values can be copied.
+/// A text on one line, or a caption on as many lines as its height allows. A text that does not fit
+/// is elided, and the tool tip shows all of it. Values can be copied.
 class LabelView : public QLabel, public WidgetView {
  public:
   LabelView(Widget& subject, LabelRole role, QWidget* parent);
@@ -34,13 +34,13 @@ class LabelView : public QLabel, public WidgetView {
   void sync() override;
   void setLook(const Look& look) override;
 
-  /// The text as it is drawn, shortened where it does not fit.
+  /// The text as it is drawn, elided to fit.
   [[nodiscard]] QString shownText() const;
   [[nodiscard]] bool isCut() const { return shownText() != text(); }
 
-  /// The width in logical pixels that the text needs in one line; 0 for one in several.
+  /// The width in logical pixels that the text needs on one line; 0 for a multi-line text.
   [[nodiscard]] double neededWidth() const;
-  /// The height that a text in several lines needs at that width; 0 for one in a single line.
+  /// The height that a multi-line text needs at that width; 0 for a single line.
   [[nodiscard]] double neededHeight(double width) const;
 
  protected:
@@ -55,7 +55,7 @@ class LabelView : public QLabel, public WidgetView {
   [[nodiscard]] QFont fittingFont() const;
   [[nodiscard]] bool isValue() const;
   [[nodiscard]] bool wraps() const;
-  /// Where the text stands: all of the place, or what a focus frame around it leaves.
+  /// The area of the text: the whole widget, or what a focus frame leaves of it.
   [[nodiscard]] QRect room() const;
 
   LabelRole role_;

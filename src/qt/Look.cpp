@@ -9,7 +9,7 @@
 namespace tessara {
 namespace {
 
-// Accents with a contrast of at least 4.5 to 1 on a light and on a dark ground.
+// Accents with a contrast of at least 4.5:1 on a light and on a dark background.
 constexpr QRgb accentOnLight = 0xff0a66c2;
 constexpr QRgb accentOnDark = 0xff6cb4ff;
 
@@ -21,9 +21,8 @@ QColor mix(const QColor& ground, const QColor& over, double share) {
                           blend(ground.blueF(), over.blueF()));
 }
 
-/// Characters that Chinese and Japanese write with different strokes are one character to Unicode,
-/// so the system's own choice of a font for them may be that of the other language. These are asked
-/// first, in this order.
+/// Unicode unifies characters that Chinese and Japanese write differently, so the system may choose
+/// a font of the other language for them. These families are tried first, in this order.
 QStringList familiesOfLanguage() {
   const std::u16string& language = ModulInfoFLII::texts().LanguageFileExtension;
   if (language == u"jlg") {

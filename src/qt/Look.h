@@ -8,44 +8,47 @@
 
 namespace tessara {
 
-/// The font, with families behind its own that write Chinese or Japanese as the language of the
-/// control does. In all other languages the font as it is.
+/// The font, with fallback families for Chinese or Japanese if that is the language of the control;
+/// in all other languages the font itself.
 QFont fontOfLanguage(QFont font);
 
-/// How the panel looks at this moment: colours that follow the palette of the system, light or
-/// dark, and measures that follow the size of the panel.
+/// The current appearance of the panel: colours from the system's palette, light or dark, and fonts
+/// and measures scaled with the panel.
 struct Look {
   /// The look for a panel drawn at that scale; 1 is 96 pixels to the inch at the system's own size.
   static Look of(const QWidget& panel, double scale);
 
+  /// The space between a text and its focus frame, at scale 1.
+  static constexpr double focusMargin = 4;
+
   double scale = 1;
   bool dark = false;
 
-  /// What is read: values; captions; what is absent or cannot be used.
+  /// Text colours: values; captions; absent values and disabled text.
   QColor text;
   QColor caption;
   QColor faint;
-  /// The ground of frames and fields, and the ground of what can be pressed.
+  /// The background of frames and fields, and that of buttons.
   QColor card;
   QColor raised;
-  /// Edges of frames, and of what can be operated.
+  /// The border of frames, and that of controls.
   QColor line;
   QColor edge;
-  /// What acts or has the focus.
+  /// The colour of activity and focus.
   QColor accent;
 
   QFont captionFont;
   QFont valueFont;
   QFont strongFont;
 
-  /// Logical pixels of a measure that is given at scale 1.
+  /// The logical pixels of a measure at scale 1.
   [[nodiscard]] double px(double measure) const { return measure * scale; }
-  /// The colours in which a button's picture is drawn.
+  /// The colours of a button's picture.
   [[nodiscard]] Inks inks(bool enabled) const;
-  /// The ground of a text button, 0xRRGGBB as the model has it for a light window: as far from the
-  /// ground of a dark one.
+  /// The background of a text button. The model gives it as 0xRRGGBB for a light window; in a dark
+  /// window the result has the same contrast to the background.
   [[nodiscard]] QColor ground(QRgb colour) const;
-  /// That share of the accent over the ground.
+  /// The background tinted with that share of the accent.
   [[nodiscard]] QColor tint(const QColor& ground, double share) const;
 };
 

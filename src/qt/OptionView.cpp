@@ -14,20 +14,20 @@ namespace {
 // Measures at scale 1.
 constexpr double markSide = 14;
 constexpr double markGap = 8;
-constexpr double focusMargin = 4;
 
 }  // namespace
 
-OptionView::OptionView(Widget& subject, PersonActs acts, QWidget* parent)
+OptionView::OptionView(Widget& subject, InputHandler handleInput, QWidget* parent)
     : QRadioButton(parent), WidgetView(subject) {
-  connect(this, &QRadioButton::clicked, this,
-          [this, acts = std::move(acts)] { acts(*this, [](Widget& widget) { widget.select(); }); });
+  connect(this, &QRadioButton::clicked, this, [this, handleInput = std::move(handleInput)] {
+    handleInput(*this, [](Widget& widget) { widget.select(); });
+  });
 }
 
 void OptionView::sync() {
   const QSignalBlocker quiet(this);
   setText(withoutMnemonic(readable(subject().caption())));
-  // An exclusive button cannot be cleared but by setting another one.
+  // An exclusive button can only be cleared by checking another one.
   setAutoExclusive(subject().state().value);
   setChecked(subject().state().value);
   setAutoExclusive(true);
@@ -47,7 +47,7 @@ int OptionView::textLeft() const {
 
 QSize OptionView::sizeHint() const {
   const int text = fontMetrics().horizontalAdvance(readable(subject().caption()));
-  return {textLeft() + text + qRound(look_.px(focusMargin)), fontMetrics().height()};
+  return {textLeft() + text + qRound(look_.px(Look::focusMargin)), fontMetrics().height()};
 }
 
 QRect OptionView::content() const {
@@ -85,7 +85,7 @@ void OptionView::paintEvent(QPaintEvent* /*event*/) {
     painter.setBrush(isEnabled() ? look_.accent : look_.faint);
     painter.drawEllipse(mark.adjusted(inset, inset, -inset, -inset));
   }
-  const int margin = qRound(look_.px(focusMargin));
+  const int margin = qRound(look_.px(Look::focusMargin));
   const QRect text = content().adjusted(textLeft(), 0, 0, 0);
   if (hasFocus()) {
     drawRounded(painter, text.adjusted(-margin, 0, 0, 0), look_.px(3), look_.tint(look_.card, 0.14),

@@ -6,10 +6,10 @@
 
 namespace tessara {
 
-/// One of several options that exclude each other. The arrow keys go among them.
+/// One of several exclusive options. The arrow keys move between them.
 class OptionView : public QRadioButton, public WidgetView {
  public:
-  OptionView(Widget& subject, PersonActs acts, QWidget* parent);
+  OptionView(Widget& subject, InputHandler handleInput, QWidget* parent);
 
   QWidget& widget() override { return *this; }
   void sync() override;
@@ -24,7 +24,7 @@ class OptionView : public QRadioButton, public WidgetView {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  /// The mark and the text together.
+  /// The area of mark and text.
   [[nodiscard]] QRect content() const;
   [[nodiscard]] int textLeft() const;
 

@@ -9,12 +9,12 @@
 namespace tessara {
 namespace {
 
-/// Room that is left over is put in here, in twips from the left: whatever reaches across becomes
-/// wider, whatever stands to the right moves.
+/// Remaining width is inserted here, in twips from the left: widgets that span this line grow,
+/// those to its right move.
 constexpr double stretchLine = 11790;
 
-/// How far a widget may grow before its first neighbour that shows something, or to the end of the
-/// last one.
+/// The width in twips that a widget may gain: up to its first neighbour that shows something, or to
+/// the end of the last one.
 std::int32_t roomBefore(const WidgetOwner& panel, const Growth& growth) {
   const Place& own = panel.find(growth.growing.front())->state().place;
   const std::int32_t first = panel.find(growth.neighbours.front())->state().place.left;

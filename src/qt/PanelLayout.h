@@ -8,17 +8,16 @@
 
 namespace tessara {
 
-/// Where the widgets of a panel stand in a view of a certain size. The panel is enlarged as a
-/// whole, as far as the view's width and height both allow; width that is left over goes to the
-/// values.
+/// The layout of a panel in a view of a given size. The panel is scaled as a whole, as far as both
+/// width and height of the view allow; the values take the remaining width.
 class PanelLayout {
  public:
-  /// `pixelsPerTwip` is that of the panel at its own size.
+  /// `pixelsPerTwip` applies to the panel at its natural size.
   PanelLayout(const WidgetOwner& panel, const QSizeF& view, double pixelsPerTwip);
 
-  /// How much the panel is enlarged.
+  /// The scale factor of the panel.
   [[nodiscard]] double scale() const { return scale_; }
-  /// The widget's place in the view, in logical pixels.
+  /// The geometry of the widget in the view, in logical pixels.
   [[nodiscard]] QRect place(const Widget& widget) const;
 
  private:
@@ -27,7 +26,7 @@ class PanelLayout {
   double scale_;
   double pixels_;
   double spare_;
-  /// By how many twips a widget is wider than its place says.
+  /// The width that a widget gains, in twips.
   std::map<const Widget*, std::int32_t> growth_;
 };
 

@@ -9,30 +9,30 @@
 
 namespace tessara {
 
-/// A caption and the widget that it names.
+/// A caption and the widget that it labels.
 struct CaptionOf {
   std::u16string_view caption;
   std::u16string_view named;
 };
 std::span<const CaptionOf> captions();
 
-/// The name of the caption of that widget; empty if it has none.
+/// The name of the widget's caption; empty if it has none.
 std::u16string_view captionFor(std::u16string_view widget);
 
-/// A button and the keys that press it while the focus is on the panel.
+/// A button and the shortcut that presses it while the panel has the focus.
 struct ShortcutOf {
   std::u16string_view button;
   QKeySequence keys;
 };
 const std::vector<ShortcutOf>& shortcuts();
 
-/// The keys of that widget; none for most.
+/// The shortcut of the widget; empty for most.
 QKeySequence shortcutFor(std::u16string_view widget);
 
-/// What the Tab key reaches, in its order.
+/// The widgets that the Tab key reaches, in order.
 std::span<const std::u16string_view> tabOrder();
 
-/// Widgets that take the room of their neighbours to the right as long as those show nothing.
+/// A widget that takes the space of its right neighbours while those show nothing.
 struct Growth {
   std::vector<std::u16string_view> growing;
   /// From left to right.
@@ -40,8 +40,7 @@ struct Growth {
 };
 const std::vector<Growth>& growths();
 
-/// True if there is something to see of the widget: it is visible and, if it shows a picture, has
-/// one.
+/// True if the widget shows something: it is visible and, if it is an image, has a picture.
 bool showsSomething(const Widget& widget);
 
 }  // namespace tessara

@@ -12,13 +12,12 @@
 #include "qt/PanelLayout.h"
 #include "qt/PanelStructure.h"
 #include "qt/PictureView.h"
+#include "qt/PixelGrid.h"
 #include "qt/QtText.h"
 #include "qt/TextBoxView.h"
 
 namespace tessara {
 namespace {
-
-constexpr double twipsPerInch = 1440;
 
 LabelRole roleOf(const Widget& label) {
   if (label.name() == u"LabelDeviceName") {
@@ -62,7 +61,7 @@ void PanelView::makeViews() {
       view->sync();
     }
   };
-  // The order of making is also that in which they lie on each other and in which Tab goes.
+  // The order of creation is also the stacking order and the tab order.
   for (const auto* name : {u"Frame1", u"Frame2", u"Frame3", u"Frame14"}) {
     make(panel_.find(name));
   }
@@ -75,7 +74,8 @@ void PanelView::makeViews() {
 }
 
 WidgetView* PanelView::makeView(Widget& widget) {
-  const PersonActs acts = [this](WidgetView& view, const std::function<void(Widget&)>& action) {
+  const InputHandler handleInput = [this](WidgetView& view,
+                                          const std::function<void(Widget&)>& action) {
     perform(view, action);
   };
   switch (widget.kind()) {
@@ -88,17 +88,17 @@ WidgetView* PanelView::makeView(Widget& widget) {
     case WidgetKind::PictureBox:
       return new PictureView(widget, PictureGround::White, this);
     case WidgetKind::Button:
-      return new IconButtonView(widget, shortcutFor(widget.name()), acts, this);
+      return new IconButtonView(widget, shortcutFor(widget.name()), handleInput, this);
     case WidgetKind::DropDownList:
       return new DropDownView(widget,
                               widget.name() == u"ComboBaudrate" ? DropDownView::Editing::Digits
                                                                 : DropDownView::Editing::None,
-                              acts, this);
+                              handleInput, this);
     case WidgetKind::TextBox:
-      return new TextBoxView(widget, acts, this);
+      return new TextBoxView(widget, handleInput, this);
     case WidgetKind::Timer:
     case WidgetKind::ImageList:
-    // These stand on forms of their own.
+    // These are on forms of their own.
     case WidgetKind::Option:
     case WidgetKind::FormCaption:
     case WidgetKind::HyperLink:
@@ -140,7 +140,7 @@ void PanelView::widgetChanged(const Widget& widget, WidgetAspect aspect) {
   if (aspect == WidgetAspect::Caption) {
     nameFor(widget);
   }
-  // A button has its room whatever picture it shows; the control sets theirs all the time.
+  // A button keeps its space with any picture; the control sets it all the time.
   const bool isPicture = aspect == WidgetAspect::Picture && widget.kind() != WidgetKind::Button;
   if (aspect == WidgetAspect::Visible || aspect == WidgetAspect::Place || isPicture) {
     placeViews();
@@ -154,7 +154,7 @@ void PanelView::widgetRefreshed(const Widget& widget) {
 }
 
 void PanelView::keepFocus(WidgetView& view, const std::function<void()>& change) {
-  // Qt would pass the focus on to the next button, and the next Space would press that one.
+  // Qt would move the focus to the next button, and Space would then press that one.
   QWidget& own = view.widget();
   if (own.hasFocus() && !(view.subject().enabled() && view.subject().visible())) {
     focusAway_ = &own;

@@ -10,15 +10,14 @@
 
 namespace tessara {
 
-/// The panel on the screen: draws a model and brings into it what a person does.
+/// Shows the panel: draws the model and passes the user's input to it.
 ///
-/// It shows each change of the model in the same call. It can be given any size from its own on
-/// (12045 by 2505 twips) and enlarges everything with it; colours follow the palette. The keyboard
-/// reaches every input, button and status text; F5 reads, F6 writes, F1 helps, and the system's
-/// keys for open, save and print work while the focus is on the panel.
+/// Each change of the model shows at once. The view scales with its size, which is at least 12045
+/// by 2505 twips; colours follow the palette. The keyboard reaches every input, button and status
+/// text. F5 reads, F6 writes, F1 opens the help, and the system's shortcuts for open, save and
+/// print work while the panel has the focus.
 ///
-/// The panel must outlive its view, or have no other use than being destroyed. A panel has one
-/// view.
+/// The panel must outlive its view; otherwise the view may only be destroyed. A panel has one view.
 class PanelView : public QWidget, private WidgetObserver {
  public:
   explicit PanelView(WidgetOwner& panel, QWidget* parent = nullptr);
@@ -26,10 +25,10 @@ class PanelView : public QWidget, private WidgetObserver {
   PanelView& operator=(const PanelView&) = delete;
   ~PanelView() override;
 
-  /// Shows what went wrong in something that the person did. A message box at first.
+  /// Shows an error caused by the user's input; a message box by default.
   std::function<void(const QString& text)> showError;
 
-  /// The Qt widget that draws that one of the model; null for timers and image lists.
+  /// The Qt widget that draws this widget of the model; null for timers and image lists.
   [[nodiscard]] QWidget* viewOf(const Widget& widget) const;
 
   [[nodiscard]] QSize sizeHint() const override;
@@ -49,16 +48,16 @@ class PanelView : public QWidget, private WidgetObserver {
   void perform(WidgetView& view, const std::function<void(Widget&)>& action);
   void keepFocus(WidgetView& view, const std::function<void()>& change);
   void nameFor(const Widget& widget);
-  /// Puts each view in its place.
+  /// Sets the geometry of each view.
   void placeViews();
-  /// The same, and gives each the look that goes with size, colours and font of the panel.
+  /// The same, and updates the look of each view for size, colours and font of the panel.
   void layOut();
   [[nodiscard]] double pixelsPerTwip() const;
 
   WidgetOwner& panel_;
   /// The views are children of this widget, which deletes them.
   std::map<const Widget*, WidgetView*> views_;
-  /// What had the focus when it was disabled, and takes it back when it is enabled again.
+  /// The widget that had the focus when it was disabled; it regains it when enabled.
   QPointer<QWidget> focusAway_;
 };
 

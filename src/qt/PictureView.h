@@ -6,7 +6,8 @@
 
 namespace tessara {
 
-/// What a picture from a file lies on: white, as logos are made for paper, or the window itself.
+/// The background of a picture from a file: white, as logos are made for paper, or that of the
+/// window.
 enum class PictureGround { White, None };
 
 /// The state picture, a logo, or a picture of a dialog.

@@ -5,15 +5,17 @@
 
 namespace tessara {
 
-/// The rectangle moved to the nearest whole pixels of the device, so that its edges are sharp at
-/// every scale factor.
+/// Places of the model are in twips.
+inline constexpr double twipsPerInch = 1440;
+
+/// The rectangle aligned to whole device pixels, so that its edges are sharp at every scale factor.
 QRectF onPixels(const QPainter& painter, const QRectF& rect);
 
-/// The width of a thin line: as near to one logical pixel as whole pixels of the device go.
+/// The width of a thin line: whole device pixels, as close to one logical pixel as possible.
 double hairline(const QPainter& painter);
 
-/// A rounded rectangle, filled and with a sharp edge of that width (in logical pixels, 0 for none)
-/// that lies inside of it.
+/// Draws a filled, rounded rectangle with a sharp border inside it, of that width in logical pixels
+/// (0 for none).
 void drawRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& fill,
                  const QColor& edge, double width);
 

@@ -18,7 +18,7 @@ void QtForms::formShown(Form& form) {
 }
 
 void QtForms::formHidden(Form& form) {
-  // The owner may have gone, and the view with it.
+  // The owner may be deleted, and the view with it.
   const QPointer<FormView> view = views_[&form];
   views_.erase(&form);
   if (view != nullptr) {

@@ -8,11 +8,10 @@
 
 namespace tessara {
 
-/// Puts the dialogs of a control on the screen. It has to outlive the control, or be taken from it
-/// first.
+/// Shows the dialogs of a control. It must outlive the control, or be removed from it first.
 class QtForms : public FormObserver {
  public:
-  /// The dialogs come up in front of the window of `owner`, the widget that shows the panel.
+  /// The dialogs open in front of the window of `owner`, the widget that shows the panel.
   explicit QtForms(QWidget& owner) : owner_(&owner) {}
   ~QtForms() override;
 

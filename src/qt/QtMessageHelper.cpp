@@ -24,10 +24,10 @@ QMessageBox::Icon iconOf(MessageStyle style) {
 
 std::int32_t QtMessageHelper::Show(const std::u16string& text, MessageStyle style,
                                    const std::u16string& title) {
-  // A dialog that is open is in front of the window that the boxes belong to.
+  // An open dialog is in front of the parent window of the boxes.
   QWidget* dialog = QApplication::activeModalWidget();
   QWidget* parent = dialog != nullptr ? dialog : parent_.data();
-  // The parent may go, and the box with it, while the box waits for its answer.
+  // The parent may be deleted while the box is open, and the box with it.
   const QPointer box =
       new QMessageBox(iconOf(style), toQt(title), toQt(text), QMessageBox::Ok, parent);
   box->setTextFormat(Qt::PlainText);

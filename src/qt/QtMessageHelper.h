@@ -7,13 +7,13 @@
 
 namespace tessara {
 
-/// Message boxes in windows of their own, modal to the parent, or to the dialog that is open.
+/// Message boxes, modal to the parent or to the open dialog.
 class QtMessageHelper : public MessageHelper {
  public:
-  /// The window that the boxes belong to; null, or one that has gone, for none.
+  /// The parent window of the boxes; none if null or deleted.
   void setParent(QWidget* parent) { parent_ = parent; }
 
-  /// Text and title are shown as they are, never as markup. Escape and closing the box count as OK.
+  /// Shows text and title as plain text. Escape and closing the box count as OK.
   std::int32_t Show(const std::u16string& text, MessageStyle style,
                     const std::u16string& title) override;
 

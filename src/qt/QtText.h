@@ -6,7 +6,7 @@
 
 namespace tessara {
 
-/// Text on its way to Qt and back. Both sides count UTF-16 code units, so nothing changes.
+/// Converts text to and from Qt. Both sides count UTF-16 code units, so nothing changes.
 inline QString toQt(std::u16string_view text) {
   return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -14,8 +14,8 @@ inline std::u16string fromQt(const QString& text) {
   return text.toStdU16String();
 }
 
-/// A text of the model as it is to be read. Modules pad their texts with zero bytes and blanks, and
-/// control characters have no shape: both are left out.
+/// A text of the model for display, without the padding of modules (zero bytes and blanks) and
+/// without control characters.
 inline QString readable(std::u16string_view text) {
   QString shown = toQt(text);
   shown.removeIf([](QChar sign) { return sign.category() == QChar::Other_Control; });
@@ -25,7 +25,7 @@ inline QString readable(std::u16string_view text) {
   return shown;
 }
 
-/// A text as the caption of a Qt button, in which a single ampersand would name a key.
+/// A text as the caption of a Qt button, in which a single ampersand would mark an access key.
 inline QString withoutMnemonic(QString text) {
   return text.replace('&', "&&");
 }

@@ -8,12 +8,12 @@
 
 namespace tessara {
 
-TextBoxView::TextBoxView(Widget& subject, const PersonActs& acts, QWidget* parent)
+TextBoxView::TextBoxView(Widget& subject, const InputHandler& handleInput, QWidget* parent)
     : QLineEdit(parent), WidgetView(subject) {
   setFrame(false);
   setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{0,3}"), this));
-  connect(this, &QLineEdit::textEdited, this, [this, acts](const QString& typed) {
-    acts(*this, [&](Widget& widget) { widget.type(fromQt(typed)); });
+  connect(this, &QLineEdit::textEdited, this, [this, handleInput](const QString& typed) {
+    handleInput(*this, [&](Widget& widget) { widget.type(fromQt(typed)); });
   });
 }
 

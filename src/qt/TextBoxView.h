@@ -9,7 +9,7 @@ namespace tessara {
 /// A box for a number of up to three digits.
 class TextBoxView : public QLineEdit, public WidgetView {
  public:
-  TextBoxView(Widget& subject, const PersonActs& acts, QWidget* parent);
+  TextBoxView(Widget& subject, const InputHandler& handleInput, QWidget* parent);
 
   QWidget& widget() override { return *this; }
   void sync() override;

@@ -9,15 +9,15 @@
 namespace tessara {
 namespace {
 
-/// Beside the caption, on each side, at scale 1.
+/// The margin on each side of the caption, at scale 1.
 constexpr double padding = 14;
 
 }  // namespace
 
-TextButtonView::TextButtonView(Widget& subject, PersonActs acts, QWidget* parent)
-    : QPushButton(parent), WidgetView(subject), acts_(std::move(acts)) {
+TextButtonView::TextButtonView(Widget& subject, InputHandler handleInput, QWidget* parent)
+    : QPushButton(parent), WidgetView(subject), handleInput_(std::move(handleInput)) {
   connect(this, &QPushButton::clicked, this,
-          [this] { acts_(*this, [](Widget& widget) { widget.press(); }); });
+          [this] { handleInput_(*this, [](Widget& widget) { widget.press(); }); });
 }
 
 void TextButtonView::sync() {
@@ -38,12 +38,12 @@ double TextButtonView::neededWidth() const {
 
 void TextButtonView::enterEvent(QEnterEvent* event) {
   QPushButton::enterEvent(event);
-  acts_(*this, [](Widget& widget) { widget.pointerEnter(); });
+  handleInput_(*this, [](Widget& widget) { widget.pointerEnter(); });
 }
 
 void TextButtonView::leaveEvent(QEvent* event) {
   QPushButton::leaveEvent(event);
-  acts_(*this, [](Widget& widget) { widget.pointerLeave(); });
+  handleInput_(*this, [](Widget& widget) { widget.pointerLeave(); });
 }
 
 void TextButtonView::paintEvent(QPaintEvent* /*event*/) {

@@ -6,16 +6,17 @@
 
 namespace tessara {
 
-/// A button with a caption on a ground of two colours, which the model changes under the pointer.
+/// A button with a caption on a background of two colours, which the model changes while the
+/// pointer is over it.
 class TextButtonView : public QPushButton, public WidgetView {
  public:
-  TextButtonView(Widget& subject, PersonActs acts, QWidget* parent);
+  TextButtonView(Widget& subject, InputHandler handleInput, QWidget* parent);
 
   QWidget& widget() override { return *this; }
   void sync() override;
   void setLook(const Look& look) override;
 
-  /// The width of the caption with the room that it wants around it.
+  /// The width of the caption with its margins.
   [[nodiscard]] double neededWidth() const;
 
  protected:
@@ -24,7 +25,7 @@ class TextButtonView : public QPushButton, public WidgetView {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  PersonActs acts_;
+  InputHandler handleInput_;
   Look look_;
 };
 

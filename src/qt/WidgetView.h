@@ -11,12 +11,12 @@ namespace tessara {
 
 class WidgetView;
 
-/// Does to the model of a view what a person has done to the view, and brings the view in line with
-/// what came of it. The view may be gone when it returns.
-using PersonActs =
+/// Applies the user's input in a view to its model, then updates the view from the model. The view
+/// may be deleted when it returns.
+using InputHandler =
     std::function<void(WidgetView& view, const std::function<void(Widget&)>& action)>;
 
-/// The Qt side of one widget of the panel. It holds no state of its own: it shows the model's.
+/// The Qt view of one widget of the panel. It has no state of its own; it shows that of the model.
 class WidgetView {
  public:
   explicit WidgetView(Widget& subject) : subject_(subject) {}
@@ -26,28 +26,28 @@ class WidgetView {
 
   [[nodiscard]] Widget& subject() const { return subject_; }
 
-  /// The widget that stands on the panel, always the same one.
+  /// The Qt widget on the panel, always the same one.
   [[nodiscard]] virtual QWidget& widget() = 0;
-  /// Shows the model as it is now.
+  /// Shows the current state of the model.
   virtual void sync() = 0;
   virtual void setLook(const Look& look) = 0;
 
  protected:
-  /// Shows what every kind of widget has: enabled, visible, the tool tip; `hint` is the text that a
-  /// tool tip of the view's own making adds below, empty for none.
+  /// Shows what all widgets have: enabled, visible, tool tip; `hint` is an additional text below
+  /// the tool tip, empty for none.
   void syncCommon(const QString& hint = {});
 
  private:
   Widget& subject_;
 };
 
-/// Does something that a person wants done, and gives what went wrong; nothing if it went well.
+/// Runs an action of the user and returns its error message; nothing on success.
 QString failureOf(const std::function<void()>& action);
 
-/// Lets a person copy what `text` gives, by the system's key and from the context menu.
+/// Lets the user copy the result of `text`, by the system's shortcut and from the context menu.
 void makeCopyable(QWidget& widget, std::function<QString()> text);
 
-/// A tool tip as markup that wraps: a title in bold and a text, either may be empty.
+/// A tool tip as markup that wraps: a title in bold and a text; either may be empty.
 QString toolTipMarkup(const QString& title, const QString& text);
 
 }  // namespace tessara

@@ -5,7 +5,7 @@
 namespace tessara {
 namespace {
 
-TEST(Text, TakesEveryPlaneFromUtf8AndBack) {
+TEST(Text, ConvertsEveryPlaneFromUtf8AndBack) {
   const std::string all = "A\xC3\xBC\xE4\xB8\xAD\xF0\x9F\x98\x80";
   EXPECT_EQ(fromUtf8(all), u"A\u00FC\u4E2D\U0001F600");
   EXPECT_EQ(toUtf8(fromUtf8(all)), all);

@@ -27,7 +27,7 @@ TEST(Variant, TextFollowsTheSystemsDecimalSeparator) {
   EXPECT_EQ(toText(Variant{false}, u"."), u"False");
 }
 
-TEST(Variant, NumberTextIsTheShortestThatGivesTheNumberBack) {
+TEST(Variant, NumberTextIsTheShortestThatConvertsBack) {
   EXPECT_EQ(numberText(1.2F, u"."), u"1.2");
   EXPECT_EQ(numberText(0.1, u"."), u"0.1");
   EXPECT_EQ(numberText(0.0, u"."), u"0");
@@ -41,7 +41,7 @@ TEST(Variant, NumbersAreReadInTheSystemsNotation) {
   EXPECT_DOUBLE_EQ(toDouble(Variant{std::u16string{u"+7"}}, u"."), 7);
 }
 
-TEST(Variant, TextThatHoldsNoNumberIsATypeMismatch) {
+TEST(Variant, TextThatIsNotANumberIsATypeMismatch) {
   for (const auto* text :
        {u"", u" ", u"abc", u"1.2.3", u"1x", u"--1", u"+-1", u"1 2", u"inf", u"e5"}) {
     EXPECT_EQ(errorOf([&] { (void)toDouble(Variant{std::u16string{text}}, u"."); }),
@@ -58,7 +58,7 @@ TEST(Variant, WholeNumbersRoundTiesToEven) {
   EXPECT_EQ(toInt16(Variant{std::u16string{u"1.6"}}, u"."), 2);
 }
 
-TEST(Variant, NumberOutsideItsTypeIsAnOverflow) {
+TEST(Variant, NumberOutOfRangeIsAnOverflow) {
   EXPECT_EQ(errorOf([] { (void)toByte(Variant{std::int64_t{256}}, u"."); }), ErrorNumber::Overflow);
   EXPECT_EQ(errorOf([] { (void)toByte(Variant{std::int64_t{-1}}, u"."); }), ErrorNumber::Overflow);
   EXPECT_EQ(errorOf([] { (void)toInt16(Variant{std::int64_t{32768}}, u"."); }),
@@ -69,14 +69,14 @@ TEST(Variant, NumberOutsideItsTypeIsAnOverflow) {
   EXPECT_EQ(errorOf([] { (void)narrowToInt16(-32769, "DeviceID"); }), ErrorNumber::Overflow);
 }
 
-TEST(Variant, TheEndsOfEachTypeFit) {
+TEST(Variant, LimitsOfEachTypeFit) {
   EXPECT_EQ(toByte(Variant{std::int64_t{255}}, u"."), 255);
   EXPECT_EQ(toInt16(Variant{std::int64_t{-32768}}, u"."), -32768);
   EXPECT_EQ(toInt32(Variant{2147483647.0}, u"."), 2147483647);
   EXPECT_EQ(narrowToInt16(32767, "DeviceID"), 32767);
 }
 
-TEST(Variant, TruthIsMinusOneAndNothingIsZero) {
+TEST(Variant, TrueIsMinusOneAndNothingIsZero) {
   EXPECT_EQ(toInt32(Variant{true}, u"."), -1);
   EXPECT_EQ(toInt32(Variant{}, u"."), 0);
   EXPECT_TRUE(toBool(Variant{std::int64_t{2}}, u"."));

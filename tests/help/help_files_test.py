@@ -1,4 +1,4 @@
-"""The help files hold what they should, and every way in them leads somewhere."""
+"""The help files are complete, and every link in them has a target."""
 
 import html.parser
 import os
@@ -15,18 +15,18 @@ PNG = b"\x89PNG\r\n\x1a\n"
 
 
 class Page(html.parser.HTMLParser):
-    """The ways out of a page, the places in it, and the values of its site map objects."""
+    """The links and anchors of a page, and the values of its site map objects."""
 
     def __init__(self, file):
         super().__init__()
-        self.targets, self.places, self.parameters = [], set(), []
+        self.targets, self.anchors, self.parameters = [], set(), []
         self.feed(file.read_text("utf-8"))
 
     def handle_starttag(self, tag, attrs):
         values = dict(attrs)
         self.targets += [values[name] for name in ("href", "src") if name in values]
         if "id" in values:
-            self.places.add(values["id"])
+            self.anchors.add(values["id"])
         if tag == "param":
             self.parameters.append((values["name"], values["value"]))
 
@@ -55,12 +55,12 @@ class HelpFiles(unittest.TestCase):
         """The pages of a help file by their names."""
         return {file.name: Page(file) for file in sorted((self.folder / stem).glob("*.html"))}
 
-    def assert_leads_somewhere(self, stem, pages, page, target):
+    def assert_has_target(self, stem, pages, page, target):
         name, _, place = target.partition("#")
         name = name or page
         self.assertTrue((self.folder / stem / name).is_file(), f"{stem} {page}: {target}")
         if place:
-            self.assertIn(place, pages[name].places, f"{stem} {page}: {target}")
+            self.assertIn(place, pages[name].anchors, f"{stem} {page}: {target}")
 
     def test_every_link_and_picture_is_there(self):
         for stem in STEMS:
@@ -68,9 +68,9 @@ class HelpFiles(unittest.TestCase):
             for name, page in pages.items():
                 for target in page.targets:
                     if "://" not in target and not target.startswith("mailto:"):
-                        self.assert_leads_somewhere(stem, pages, name, target)
+                        self.assert_has_target(stem, pages, name, target)
 
-    def test_every_entry_of_contents_and_index_leads_somewhere(self):
+    def test_every_entry_of_contents_and_index_has_a_target(self):
         for stem in STEMS:
             pages = self.pages(stem)
             for kind in ("hhc", "hhk"):
@@ -78,18 +78,18 @@ class HelpFiles(unittest.TestCase):
                 self.assertGreater(len(entries), 40)
                 for word, target in entries:
                     self.assertTrue(word)
-                    self.assert_leads_somewhere(stem, pages, kind, target)
+                    self.assert_has_target(stem, pages, kind, target)
 
-    def test_contents_hold_every_page(self):
+    def test_the_contents_list_every_page(self):
         for stem in STEMS:
             entries = Page(self.folder / stem / f"{stem}.hhc").entries()
             self.assertEqual({target.partition("#")[0] for _, target in entries},
                              set(self.pages(stem)))
 
-    def test_both_languages_have_the_same_pages_places_and_pictures(self):
+    def test_both_languages_have_the_same_pages_anchors_and_pictures(self):
         german, english = (self.pages(stem) for stem in STEMS)
-        self.assertEqual({name: page.places for name, page in german.items()},
-                         {name: page.places for name, page in english.items()})
+        self.assertEqual({name: page.anchors for name, page in german.items()},
+                         {name: page.anchors for name, page in english.items()})
         pictures = [sorted(file.name for file in (self.folder / stem).glob("*.png"))
                     for stem in STEMS]
         self.assertEqual(pictures[0], pictures[1])
@@ -109,7 +109,7 @@ class HelpFiles(unittest.TestCase):
                 if file.suffix in (".html", ".css", ".png"):
                     self.assertEqual(file.read_bytes(), (BIN / stem / file.name).read_bytes())
 
-    def test_every_picture_that_is_there_is_shown(self):
+    def test_every_picture_is_shown(self):
         for stem in STEMS:
             shown = {target for page in self.pages(stem).values() for target in page.targets}
             for picture in (self.folder / stem).glob("*.png"):

@@ -20,12 +20,12 @@ TEST(WordsToUnsigned32, ReadsNegativeWordsAsUnsigned) {
   EXPECT_TRUE(WordsToUnsigned32(-32768, 0) == 2147483648);
 }
 
-TEST(WordsToUnsigned32, KeepsOfANegativeNumberBeyondAWordItsLow15Bits) {
+TEST(WordsToUnsigned32, KeepsTheLow15BitsOfANegativeNumberBelowAWord) {
   EXPECT_TRUE(WordsToUnsigned32(0, -32769) == 32767 + 32768);
   EXPECT_TRUE(WordsToUnsigned32(0, std::numeric_limits<std::int32_t>::min()) == 32768);
 }
 
-TEST(WordsToUnsigned32, DoesNotCutArgumentsAboveAWord) {
+TEST(WordsToUnsigned32, DoesNotTruncateArgumentsAboveAWord) {
   EXPECT_TRUE(WordsToUnsigned32(0, 65536) == 65536);
   EXPECT_TRUE(WordsToUnsigned32(65536, 1) == twoTo32 + 1);
   const std::int32_t largest = std::numeric_limits<std::int32_t>::max();

@@ -24,7 +24,7 @@ class CatalogueFailure : public testing::CatalogueFixture {
   }
 };
 
-TEST_F(CatalogueFailure, FamilyNumberThatIsNoNumberStopsTheLookupThere) {
+TEST_F(CatalogueFailure, FamilyNumberThatIsNotANumberStopsTheLookupThere) {
   EXPECT_EQ(errorOf({family(u"49", u"x", {}), hit()}), ErrorNumber::TypeMismatch);
   EXPECT_THAT(message, HasSubstr("attribute 1 (counted from 0) of a family element"));
   EXPECT_THAT(message, HasSubstr("\"x\""));
@@ -32,7 +32,7 @@ TEST_F(CatalogueFailure, FamilyNumberThatIsNoNumberStopsTheLookupThere) {
   EXPECT_EQ(profile.RegDevStatus, 0);
 }
 
-TEST_F(CatalogueFailure, BadFamilyBehindTheHitLeavesWhatTheHitGave) {
+TEST_F(CatalogueFailure, BadFamilyAfterTheHitLeavesWhatTheHitStored) {
   EXPECT_EQ(errorOf({hit(), family(u"1", u"x", {})}), ErrorNumber::TypeMismatch);
   EXPECT_EQ(profile.RegDevStatus, 60);
   EXPECT_EQ(log.count("close"), 0U);
@@ -54,7 +54,7 @@ TEST_F(CatalogueFailure, DevicesOfOtherFamiliesAreNotRead) {
             CatalogResult::CatalogExact);
 }
 
-TEST_F(CatalogueFailure, MissingAttributeReadsAsEmptyAndIsNoNumber) {
+TEST_F(CatalogueFailure, MissingAttributeReadsAsEmptyAndIsNotANumber) {
   EXPECT_EQ(errorOf({Node{"Family", {u"49"}, {}, {}}}), ErrorNumber::TypeMismatch);
   Node bare = version(u"1.234");
   bare.attributes.pop_back();
@@ -74,7 +74,7 @@ TEST_F(CatalogueFailure, OtherPlacesOfAnInexactVersionAreNotRead) {
   EXPECT_EQ(find(versionWith(3, u"x")), CatalogResult::CatalogFwNewer);
 }
 
-TEST_F(CatalogueFailure, PlaceThatIsNoNumberLeavesTheEarlierPlacesWritten) {
+TEST_F(CatalogueFailure, PlaceThatIsNotANumberLeavesTheEarlierPlacesWritten) {
   const std::vector<std::int32_t> all{60, 61, 62, 63, 64, 65, 66};
   for (std::size_t place = 3; place <= 9; ++place) {
     profile = {};
@@ -94,7 +94,7 @@ TEST_F(CatalogueFailure, LinksAndHidingStayWrittenWhenAVersionFails) {
   EXPECT_EQ(profile.HideFwVersion, 1);
 }
 
-TEST_F(CatalogueFailure, FirmwareOfTheModuleThatIsNoNumberFailsAtTheFirstComparison) {
+TEST_F(CatalogueFailure, FirmwareOfTheModuleThatIsNotANumberFailsAtTheFirstComparison) {
   question.FwVersion = u"";
   EXPECT_EQ(errorOf({hit()}), ErrorNumber::TypeMismatch);
   EXPECT_EQ(find({family(u"49", u"16", {device(u"161", {})})}), CatalogResult::CatalogNoVersion);
@@ -121,7 +121,7 @@ TEST_F(CatalogueFailure, SettingsThatCannotBeReadAreTheCallersFailure) {
   EXPECT_THROW((void)findInCatalogue(tree, question, {unreadable, locale}, profile), RunTimeError);
 }
 
-/// A catalogue whose levels are as long as they say, all of the same elements.
+/// A catalogue with levels of any length, all of the same elements.
 class LongCatalogue : public testing::FakeCatalogue {
  public:
   LongCatalogue(Node root, std::int32_t families, std::int32_t devices, std::int32_t versions)
@@ -190,7 +190,7 @@ TEST_F(CatalogueLevel, OfMoreElementsIsAnOverflow) {
   EXPECT_THAT(overflowOf(1, 1, most + 1), HasSubstr("Version"));
 }
 
-TEST_F(CatalogueLevel, OfTooManyVersionsIsAnOverflowInADeviceThatIsNotAskedForToo) {
+TEST_F(CatalogueLevel, OfTooManyVersionsIsAnOverflowEvenInAnotherDevice) {
   question.DeviceID = 99;
   EXPECT_THAT(overflowOf(1, 1, most + 1), HasSubstr("Version"));
   EXPECT_EQ(findIn(1, 1, most), CatalogResult::CatalogNoDevice);

@@ -73,7 +73,7 @@ TEST_F(Catalogue, UnknownModuleLeavesTheProfileAsItWas) {
   EXPECT_EQ(profile.QuickSetupMode, 3);
 }
 
-TEST_F(Catalogue, EmptyFamilyOrEmptyRootKnowsNoDevice) {
+TEST_F(Catalogue, EmptyFamilyOrEmptyRootHasNoDevice) {
   EXPECT_EQ(find({family(u"49", u"16", {})}), CatalogResult::CatalogNoDevice);
   EXPECT_EQ(find({}), CatalogResult::CatalogNoDevice);
 }
@@ -104,7 +104,7 @@ TEST_F(Catalogue, DeviceWithoutVersionsGivesLinksAndHidingAndNoVersion) {
   EXPECT_EQ(registers(), untouched);
 }
 
-TEST_F(Catalogue, MissingLinksEmptyWhatAnotherModuleLeft) {
+TEST_F(Catalogue, MissingLinksClearThoseOfAnEarlierModule) {
   profile.ProductLink = profile.PackbLink = profile.DatasheetLink = u"former";
   profile.HideFwVersion = 1;
   EXPECT_EQ(find(known({version(u"1.234")})), CatalogResult::CatalogExact);
@@ -114,7 +114,7 @@ TEST_F(Catalogue, MissingLinksEmptyWhatAnotherModuleLeft) {
   EXPECT_EQ(profile.HideFwVersion, 0);
 }
 
-TEST_F(Catalogue, TheFirstOfSeveralLinksCounts) {
+TEST_F(Catalogue, TheFirstOfSeveralLinksIsUsed) {
   find(known({link("Packb", u"first"), version(u"1.234"), link("Packb", u"second")}));
   EXPECT_EQ(profile.PackbLink, u"first");
 }
@@ -179,7 +179,7 @@ TEST_F(Catalogue, OrderOfVersionsDecidesBetweenNewerAndOlder) {
   EXPECT_EQ(find(known({version(u"2.000"), version(u"1.000")})), CatalogResult::CatalogFwNewer);
 }
 
-TEST_F(Catalogue, VersionsBehindTheExactOneAreNotLookedAt) {
+TEST_F(Catalogue, VersionsAfterTheExactOneAreNotRead) {
   EXPECT_EQ(find(known({version(u"1.234"), version(u"no number")})), CatalogResult::CatalogExact);
 }
 
@@ -209,7 +209,7 @@ TEST_F(Catalogue, NumbersOfTheFileFollowTheSystemsSeparatorAndRoundToEven) {
   EXPECT_EQ(profile.RegChnIn, 64);
 }
 
-TEST_F(Catalogue, FirmwareOfVendor176IsComparedAsTextToTheLetter) {
+TEST_F(Catalogue, FirmwareOfVendor176IsComparedAsExactText) {
   question.VendorID = 176;
   const auto hart = [](const std::u16string& firmware) {
     return std::vector<Node>{
@@ -223,7 +223,7 @@ TEST_F(Catalogue, FirmwareOfVendor176IsComparedAsTextToTheLetter) {
   EXPECT_EQ(registers(), from60);
 }
 
-TEST_F(Catalogue, LaterDeviceOfTheSameNumbersStartsOver) {
+TEST_F(Catalogue, LaterDeviceWithTheSameNumbersStartsOver) {
   EXPECT_EQ(find({family(u"49", u"16",
                          {device(u"161", {link("Packb", u"first"), version(u"1.234", 60)}, u"1"),
                           device(u"161", {link("ProductLink", u"second")})})}),
@@ -234,7 +234,7 @@ TEST_F(Catalogue, LaterDeviceOfTheSameNumbersStartsOver) {
   EXPECT_EQ(profile.HideFwVersion, 0);
 }
 
-TEST_F(Catalogue, LaterFamilyOfTheSameNumbersIsWalkedToo) {
+TEST_F(Catalogue, LaterFamilyWithTheSameNumbersIsVisitedToo) {
   EXPECT_EQ(find({family(u"49", u"16", {device(u"161", {version(u"1.234", 60)})}),
                   family(u"49", u"16", {device(u"161", {version(u"1.234", 80)})})}),
             CatalogResult::CatalogExact);
@@ -244,7 +244,7 @@ TEST_F(Catalogue, LaterFamilyOfTheSameNumbersIsWalkedToo) {
             CatalogResult::CatalogExact);
 }
 
-TEST_F(Catalogue, IsVisitedInTheOrderOfTheFile) {
+TEST_F(Catalogue, IsVisitedInFileOrder) {
   const std::string separator = "GetValue 1 Control Panel\\International\\|sDecimal";
   find({family(u"49", u"16",
                {device(u"160", {version(u"1.234")}),

@@ -36,11 +36,11 @@ TEST_F(ChannelStatus, IsNfcOverAReaderWhateverTheWordsSay) {
   }
 }
 
-TEST_F(ChannelStatus, TellsTwoGoodWordsAsNoErrorWithoutExclamationMark) {
+TEST_F(ChannelStatus, ReportsTwoGoodWordsAsNoErrorWithoutExclamationMark) {
   EXPECT_EQ(line(good, good), "80 -> Kein Fehler");
 }
 
-TEST_F(ChannelStatus, LeavesAGoodWordOutBesideAnother) {
+TEST_F(ChannelStatus, OmitsAGoodWordBesideAFault) {
   EXPECT_EQ(line(0x0004, good), "4 -> Bereichsüberschreitung!");
   EXPECT_EQ(line(good, 0x0003), "3 -> Drahtbruch Ausgang! -> Fehler Bürde!");
   EXPECT_EQ(line(good, 0x0000), "0");
@@ -52,7 +52,7 @@ TEST_F(ChannelStatus, WritesTheInputsArrowOnceAndTheOutputsBeforeEachMessage) {
   EXPECT_EQ(line(0x0000, 0x0000), "0 -> 0");
 }
 
-TEST_F(ChannelStatus, TellsUntestedBitsByTheirNumberAlone) {
+TEST_F(ChannelStatus, PrintsUnknownBitsAsABareNumber) {
   EXPECT_EQ(line(0x8000, good), "8000 ->");
   EXPECT_EQ(line(good, 0xFF8C), "FF8C");
 }
@@ -62,7 +62,7 @@ TEST_F(ChannelStatus, PrintsAndDecodesTheGoodBitBesideOthers) {
   EXPECT_EQ(line(good, 0x0082), "82 -> Fehler Bürde!");
 }
 
-TEST_F(ChannelStatus, TellsAllBitsInTheirOrder) {
+TEST_F(ChannelStatus, ListsAllBitsInTheirOrder) {
   EXPECT_EQ(line(0xFFFF, 0xFFFF),
             "FFFF -> Bereichsüberschreitung! Bereichsunterschreitung! Kurzschluss! "
             "Drahtbruch Sensor! Ungültige Messung! Safety Off! Begrenzend! "
@@ -73,7 +73,7 @@ TEST_F(ChannelStatus, TellsAllBitsInTheirOrder) {
             "-> Interne Temperatur zu niedrig! -> Fehler Dip - Schalter!");
 }
 
-TEST_F(ChannelStatus, TakesTheWordingFromTheTableButForTheFixedParts) {
+TEST_F(ChannelStatus, TakesTheTextsFromTheTableExceptForTheFixedParts) {
   texts.TextStatus[20] = u"over range";
   texts.TextStatus[23].clear();
   EXPECT_EQ(line(0x0100, good), "100 -> over range Chn2!");
@@ -118,7 +118,7 @@ INSTANTIATE_TEST_SUITE_P(Table, OutputBit,
                                            Bit{0x0020, "20 -> Interne Temperatur zu niedrig!"},
                                            Bit{0x0040, "40 -> Fehler Dip - Schalter!"}));
 
-TEST_F(ChannelStatus, OutputLimitIsToldForFamilies16And18Alone) {
+TEST_F(ChannelStatus, OutputLimitIsReportedForFamilies16And18Only) {
   for (const std::int16_t family : Words{16, 18}) {
     EXPECT_EQ(line(good, 0x0040, family), "40 -> Begrenzend!");
   }

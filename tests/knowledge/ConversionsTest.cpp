@@ -14,13 +14,13 @@ namespace {
 using testing::CallLog;
 using testing::FakeRegistryHelper;
 
-TEST(CommaToPoint, TurnsTheFirstCommaIntoAPoint) {
+TEST(CommaToPoint, ReplacesTheFirstCommaByAPoint) {
   EXPECT_EQ(CommaToPoint(u"1,234"), u"1.234");
   EXPECT_EQ(CommaToPoint(u"1,2,3"), u"1.2,3");
   EXPECT_EQ(CommaToPoint(u",5"), u".5");
 }
 
-TEST(CommaToPoint, LeavesTextWithoutACommaAlone) {
+TEST(CommaToPoint, KeepsTextWithoutAComma) {
   EXPECT_EQ(CommaToPoint(u""), u"");
   EXPECT_EQ(CommaToPoint(u"1.234"), u"1.234");
 }
@@ -64,14 +64,14 @@ TEST_F(SystemSeparator, ReplacesACommaWhereNumbersHaveAPoint) {
   EXPECT_EQ(onSystemWith(u".", u"1,2,3"), u"1.2,3");
 }
 
-TEST_F(SystemSeparator, LeavesTextThatHoldsItAlone) {
+TEST_F(SystemSeparator, KeepsTextThatContainsIt) {
   EXPECT_EQ(onSystemWith(u".", u"1.230"), u"1.230");
   EXPECT_EQ(onSystemWith(u",", u"1,230"), u"1,230");
   EXPECT_EQ(onSystemWith(u".", u"1.2,3"), u"1.2,3");
   EXPECT_EQ(onSystemWith(u",", u"1.2,3"), u"1.2,3");
 }
 
-TEST_F(SystemSeparator, LeavesTextWithoutAnySeparatorAlone) {
+TEST_F(SystemSeparator, KeepsTextWithoutASeparator) {
   EXPECT_EQ(onSystemWith(u",", u"12"), u"12");
   EXPECT_EQ(onSystemWith(u".", u""), u"");
 }
@@ -82,13 +82,13 @@ TEST_F(SystemSeparator, ThatIsNeitherPointNorCommaReplacesAComma) {
   EXPECT_EQ(onSystemWith(u"::", u"1,5"), u"1::5");
 }
 
-TEST_F(SystemSeparator, ThatIsEmptyOrMissingLeavesTheTextAlone) {
+TEST_F(SystemSeparator, ThatIsEmptyOrMissingKeepsTheText) {
   EXPECT_EQ(onSystemWith(u"", u"1,5"), u"1,5");
   settings.clear();
   EXPECT_EQ(ToLocaleDecimal(u"1.5", registry), u"1.5");
 }
 
-TEST_F(SystemSeparator, IsReadAnewAtEachCallAlsoForAnEmptyText) {
+TEST_F(SystemSeparator, IsReadAtEachCallEvenForAnEmptyText) {
   EXPECT_EQ(onSystemWith(u",", u"1.5"), u"1,5");
   EXPECT_EQ(onSystemWith(u".", u"1,5"), u"1.5");
   EXPECT_EQ(onSystemWith(u".", u""), u"");
@@ -135,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(RealTies, RoundingToThreeDecimals,
                                            Rounding{0.3125, 0.312}, Rounding{0.4375, 0.438},
                                            Rounding{1.0625, 1.062}, Rounding{1.6875, 1.688}));
 
-/// These look like ties, but the number stored lies a little below or above.
+/// These look like ties, but the stored number is slightly smaller or larger.
 INSTANTIATE_TEST_SUITE_P(StoredBelowTheTie, RoundingToThreeDecimals,
                          ::testing::Values(Rounding{1.0635, 1.063}, Rounding{0.0055, 0.005},
                                            Rounding{1.0995, 1.099}, Rounding{1.0025, 1.002}));
@@ -150,7 +150,7 @@ INSTANTIATE_TEST_SUITE_P(Large, RoundingToThreeDecimals,
                                                     std::numeric_limits<double>::infinity()},
                                            Rounding{123456789.0004, 123456789.0}));
 
-TEST(RoundToThreeDecimals, LeavesNotANumberAsItIs) {
+TEST(RoundToThreeDecimals, KeepsNotANumber) {
   EXPECT_TRUE(std::isnan(RoundToThreeDecimals(std::numeric_limits<double>::quiet_NaN())));
 }
 

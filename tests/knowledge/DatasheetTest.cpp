@@ -9,7 +9,7 @@
 namespace tessara {
 namespace {
 
-/// A system in a country that counts how often it is asked.
+/// A system in a country that counts the queries.
 class CountedLocale : public testing::FakeLocale {
  public:
   explicit CountedLocale(std::u16string code) {

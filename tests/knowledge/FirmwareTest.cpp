@@ -32,7 +32,7 @@ TEST_F(Firmware, IsNewerEqualOrOlderThanTheCataloguesVersion) {
   EXPECT_EQ(compare(u"10.50", u"9.999"), CatalogResult::CatalogFwNewer);
 }
 
-TEST_F(Firmware, IsEqualWhereOnlyTheNotationDiffers) {
+TEST_F(Firmware, IsEqualIfOnlyTheNotationDiffers) {
   for (const auto* separator : {u".", u","}) {
     EXPECT_EQ(compare(u"1.230", u"1,23", separator), CatalogResult::CatalogExact);
     EXPECT_EQ(compare(u"1,23", u"1.230", separator), CatalogResult::CatalogExact);
@@ -41,14 +41,14 @@ TEST_F(Firmware, IsEqualWhereOnlyTheNotationDiffers) {
   }
 }
 
-TEST_F(Firmware, IsEqualWhereTheFourthDecimalDiffers) {
+TEST_F(Firmware, IsEqualIfOnlyTheFourthDecimalDiffers) {
   EXPECT_EQ(compare(u"1.2341", u"1.2339"), CatalogResult::CatalogExact);
   EXPECT_EQ(compare(u"1.0625", u"1.062"), CatalogResult::CatalogExact);
   EXPECT_EQ(compare(u"1.6875", u"1.688"), CatalogResult::CatalogExact);
   EXPECT_EQ(compare(u"1.0635", u"1.064"), CatalogResult::CatalogFwOlder);
 }
 
-TEST_F(Firmware, ThatIsNoNumberIsATypeMismatchOnEitherSide) {
+TEST_F(Firmware, ThatIsNotANumberIsATypeMismatchOnEitherSide) {
   const auto mismatch = [&](const std::u16string& module, const std::u16string& catalogue) {
     try {
       (void)compare(module, catalogue);
@@ -64,7 +64,7 @@ TEST_F(Firmware, ThatIsNoNumberIsATypeMismatchOnEitherSide) {
   EXPECT_TRUE(mismatch(u"1.2,3", u"1.000"));
 }
 
-TEST_F(Firmware, OfVendor176IsAFreeTextThatIsEqualOrHasNoOrder) {
+TEST_F(Firmware, OfVendor176IsFreeTextThatIsEqualOrHasNoOrder) {
   EXPECT_EQ(compare(u"HV1.02", u"HV1.02", u".", 176), CatalogResult::CatalogExact);
   EXPECT_EQ(compare(u"HV1.02", u"Hv1.02", u".", 176), CatalogResult::CatalogNoVersion);
   EXPECT_EQ(compare(u"2.000", u"1.000", u".", 176), CatalogResult::CatalogNoVersion);
@@ -73,7 +73,7 @@ TEST_F(Firmware, OfVendor176IsAFreeTextThatIsEqualOrHasNoOrder) {
   EXPECT_TRUE(log.entries().empty());
 }
 
-TEST_F(Firmware, AsksForTheSeparatorOnceForEachSide) {
+TEST_F(Firmware, ReadsTheSeparatorOnceForEachSide) {
   (void)compare(u"1.000", u"1.000");
   EXPECT_EQ(log.count("GetValue"), 2U);
 }

@@ -54,7 +54,7 @@ TEST_F(HostStatus, ToolTipTitlesComeFromTheTextTable) {
   EXPECT_EQ(inside(control).panel.LblChnState.state().toolTipTitle, u"channel");
 }
 
-TEST_F(HostStatus, NegativeWordPrintsItsPattern) {
+TEST_F(HostStatus, NegativeWordIsPrintedAsItsBitPattern) {
   setChannels(0x0080, -1);
   EXPECT_EQ(channelLine().substr(0, 4), "FFFF");
   setModule(-32768, 0);
@@ -66,7 +66,7 @@ TEST_F(HostStatus, ErrorBitSelectsNothingForAHost) {
   EXPECT_EQ(moduleLine(), "2");
 }
 
-TEST_F(HostStatus, UsbPowerStandsInFrontAlsoOverAReader) {
+TEST_F(HostStatus, UsbPowerComesFirstEvenOverAReader) {
   setModule(0, 0x1000);
   EXPECT_EQ(moduleLine(), "USB-Power; 0 -> Kein Fehler");
   inside(control).bNFCReader = true;
@@ -76,7 +76,7 @@ TEST_F(HostStatus, UsbPowerStandsInFrontAlsoOverAReader) {
   EXPECT_EQ(moduleLine(), "NFC");
 }
 
-TEST_F(HostStatus, ZeroSetsPicture1AndALaterFaultLeavesItStanding) {
+TEST_F(HostStatus, ZeroSetsPicture1AndALaterFaultKeepsIt) {
   setModule(0, 0);
   EXPECT_EQ(log.only({"ImageDevState"}), (std::vector<std::string>{"ImageDevState.picture=1"}));
   setModule(0x0004, 0);
@@ -117,7 +117,7 @@ TEST_F(HostStatus, WordBeyond16BitsIsAnOverflowAndChangesNothing) {
   EXPECT_EQ(moduleLine(), "4 -> Simulation");
 }
 
-TEST_F(HostStatus, StatusStringsReadTheLabelsOfTheMoment) {
+TEST_F(HostStatus, StatusStringsReadTheCurrentLabels) {
   setModule(4, 0);
   setChannels(4, 0x0080);
   EXPECT_EQ(control.get_ModulStatusString(),

@@ -19,7 +19,7 @@ using testing::link;
 using testing::Node;
 using testing::version;
 
-/// A tree that tells when it is loaded and when it is let go.
+/// A tree that logs when it is loaded and when it is released.
 class WatchedTree : public FakeCatalogue {
  public:
   WatchedTree(Node root, bool bLoads, CallLog& log)
@@ -66,7 +66,7 @@ TEST_F(LookupDevice, LoadsTheCatalogueBesideTheProgramOnceForEachRead) {
   EXPECT_EQ(log.count("tree loads"), 1U);
 }
 
-TEST_F(LookupDevice, LeavesTheProfileInTheFields) {
+TEST_F(LookupDevice, StoresTheProfileInTheFields) {
   inside(control).Language = 5;
   useModule({link("ProductLink", u"p"), link("Packb", u"b"), link("DatasheetIT", u"d"),
              version(u"1.234", 60, u"2")},
@@ -82,7 +82,7 @@ TEST_F(LookupDevice, LeavesTheProfileInTheFields) {
   EXPECT_FALSE(inside(control).panel.LblFwVersion.visible());
 }
 
-TEST_F(LookupDevice, AsksByTheVendorAndTheFirmwareJustRead) {
+TEST_F(LookupDevice, UsesTheVendorAndTheFirmwareJustRead) {
   inside(control).VendorID = 48;
   inside(control).FwVersion = u"9.999";
   useModule({version(u"1.234", 60)});
@@ -90,7 +90,7 @@ TEST_F(LookupDevice, AsksByTheVendorAndTheFirmwareJustRead) {
   EXPECT_EQ(inside(control).RegDevStatus, 60);
 }
 
-TEST_F(LookupDevice, UnknownModuleOrFirmwareIsNoFailureAndNoQuestion) {
+TEST_F(LookupDevice, UnknownModuleOrFirmwareNeitherFailsNorAsks) {
   for (const Node& root :
        {catalogue({}), catalogue({family(u"49", u"16", {device(u"161", {version(u"9.000")})})}),
         catalogue({family(u"49", u"16", {device(u"161", {version(u"1.000")})})}),
@@ -102,7 +102,7 @@ TEST_F(LookupDevice, UnknownModuleOrFirmwareIsNoFailureAndNoQuestion) {
   EXPECT_EQ(log.count("Show"), 0U);
 }
 
-TEST_F(LookupDevice, VerdictOnTheLastModuleCanBeAskedFor) {
+TEST_F(LookupDevice, KeepsTheVerdictOnTheLastModule) {
   EXPECT_EQ(control.catalogVerdict(), std::nullopt);
   const std::vector<std::pair<Node, CatalogResult>> cases{
       {catalogue({}), CatalogResult::CatalogNoDevice},
@@ -120,7 +120,7 @@ TEST_F(LookupDevice, VerdictOnTheLastModuleCanBeAskedFor) {
   }
 }
 
-TEST_F(LookupDevice, VerdictOfAFailedLookupIsThatTheCatalogueCannotBeUsed) {
+TEST_F(LookupDevice, FailedLookupLeavesTheVerdictThatTheCatalogueIsUnusable) {
   const auto verdictAfter = [&](const Node& root, bool bLoads) {
     useModule({version(u"1.234")});
     read();
@@ -142,7 +142,7 @@ TEST_F(LookupDevice, VerdictStaysAfterAReadThatReachedNoModule) {
   EXPECT_EQ(control.catalogVerdict(), CatalogResult::CatalogExact);
 }
 
-TEST_F(LookupDevice, StaleRegistersServeAnUnknownModule) {
+TEST_F(LookupDevice, UnknownModuleIsReadFromTheRegistersOfTheLastExactMatch) {
   useModule({version(u"1.234", 60)});
   read();
   useCatalogue(catalogue({}));
@@ -151,7 +151,7 @@ TEST_F(LookupDevice, StaleRegistersServeAnUnknownModule) {
   EXPECT_EQ(log.count("ReadInputRegisters(192, 60, 1, 2)"), 1U);
 }
 
-TEST_F(LookupDevice, CatalogueThatDoesNotLoadIsToldInGermanUnderTheTitleInForce) {
+TEST_F(LookupDevice, CatalogueThatDoesNotLoadIsReportedInGermanUnderTheCurrentTitle) {
   moduleWide().AppTitle = u"Title";
   platform.messageAnswer = 7;
   inside(control).RegDevStatus = 5;
@@ -170,7 +170,7 @@ TEST_F(LookupDevice, CatalogueThatDoesNotLoadIsToldInGermanUnderTheTitleInForce)
   EXPECT_EQ(control.get_DataValid(), 0);
 }
 
-TEST_F(LookupDevice, DamagedPlaceLetsTheTreeGoAndFailsTheReadWithoutAMessage) {
+TEST_F(LookupDevice, InvalidPlaceReleasesTheTreeAndFailsTheReadWithoutAMessage) {
   useModule({link("Packb", u"b"), version(u"no number")});
   read();
   EXPECT_THAT(
@@ -189,7 +189,7 @@ TEST_F(LookupDevice, RootWithoutFamiliesIsClosedWithoutAnElement) {
   EXPECT_EQ(control.get_DataValid(), 1);
 }
 
-TEST_F(LookupDevice, HartModuleIsFoundByTheLetterOfItsFirmware) {
+TEST_F(LookupDevice, HartModuleIsFoundByTheExactTextOfItsFirmware) {
   platform.device.identifier = {176, 7, 226, 1};
   const auto text = [](std::string_view characters) {
     DeviceWords words{0, 0};

@@ -46,7 +46,7 @@ TEST_F(ModuleStatus, PrintsTheErrorWordsBitAsABareNumber) {
   EXPECT_EQ(status(0x0002), "2");
 }
 
-TEST_F(ModuleStatus, TellsAllBitsInTheirOrderWhateverTheSign) {
+TEST_F(ModuleStatus, ListsAllBitsInTheirOrderWhateverTheSign) {
   EXPECT_EQ(status(0xFFFF),
             "FFFF -> Fehler Versorgungsspg. -> Simulation -> Fehler ADC -> Fehler RAM "
             "-> Fehler Register -> Fehler Flash Checksumme -> Fehler Parameter Checksumme "
@@ -73,7 +73,8 @@ struct StatusBitCase {
   const char* line;
 };
 
-class StatusBitOfAllFamilies : public ModuleStatus, public ::testing::WithParamInterface<StatusBitCase> {};
+class StatusBitOfAllFamilies : public ModuleStatus,
+                               public ::testing::WithParamInterface<StatusBitCase> {};
 
 TEST_P(StatusBitOfAllFamilies, HasItsText) {
   for (const std::int16_t family : Words{15, 16, 18, 20, 22, 25, 26}) {
@@ -81,15 +82,18 @@ TEST_P(StatusBitOfAllFamilies, HasItsText) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, StatusBitOfAllFamilies,
-    ::testing::Values(StatusBitCase{0x0004, "4 -> Simulation"}, StatusBitCase{0x0008, "8 -> Fehler ADC"},
-                      StatusBitCase{0x0010, "10 -> Fehler RAM"}, StatusBitCase{0x0020, "20 -> Fehler Register"},
-                      StatusBitCase{0x0040, "40 -> Fehler Flash Checksumme"},
-                      StatusBitCase{0x0080, "80 -> Fehler Parameter Checksumme"},
-                      StatusBitCase{0x0100, "100 -> Fehler Eeprom Checksumme"},
-                      StatusBitCase{0x0200, "200 -> Stacküberlauf"}, StatusBitCase{0x0800, "800 -> Fehler Watchdog"},
-                      StatusBitCase{0x8000, "8000 -> Fehler Ausgangswert"}));
+INSTANTIATE_TEST_SUITE_P(Table, StatusBitOfAllFamilies,
+                         ::testing::Values(StatusBitCase{0x0004, "4 -> Simulation"},
+                                           StatusBitCase{0x0008, "8 -> Fehler ADC"},
+                                           StatusBitCase{0x0010, "10 -> Fehler RAM"},
+                                           StatusBitCase{0x0020, "20 -> Fehler Register"},
+                                           StatusBitCase{0x0040, "40 -> Fehler Flash Checksumme"},
+                                           StatusBitCase{0x0080,
+                                                         "80 -> Fehler Parameter Checksumme"},
+                                           StatusBitCase{0x0100, "100 -> Fehler Eeprom Checksumme"},
+                                           StatusBitCase{0x0200, "200 -> Stacküberlauf"},
+                                           StatusBitCase{0x0800, "800 -> Fehler Watchdog"},
+                                           StatusBitCase{0x8000, "8000 -> Fehler Ausgangswert"}));
 
 struct FamilyBit {
   std::uint16_t bit;
@@ -127,7 +131,7 @@ INSTANTIATE_TEST_SUITE_P(
                       FamilyBit{0x4000, setC, "4000 -> DIP-Konfiguration aktiv"},
                       FamilyBit{0x4000, otherThanC, "4000 -> Fehler Referenz Spg."}));
 
-TEST_F(ModuleStatus, MeasuringSystemThatDoesNotAnswerHasAMessageOfItsOwn) {
+TEST_F(ModuleStatus, UnansweredMeasuringSystemHasItsOwnMessage) {
   for (const std::uint16_t bits : Patterns{0x0000, 0x0069, 0xFF69}) {
     EXPECT_EQ(error(bits), "Fehler Kommunikation Mess-System");
   }
@@ -137,7 +141,7 @@ TEST_F(ModuleStatus, ErrorTextsEachNameTheMeasuringSystem) {
   EXPECT_EQ(error(0x0011), "11 -> Fehler Versorgungsspg. Mess-System -> Fehler RAM Mess-System");
 }
 
-TEST_F(ModuleStatus, ErrorWordsNeighboursOfNoAnswerAreDecoded) {
+TEST_F(ModuleStatus, ErrorWordsNextToNoAnswerAreDecoded) {
   EXPECT_EQ(error(0x0068),
             "68 -> Fehler Register Mess-System -> Fehler Flash Checksumme Mess-System");
   EXPECT_EQ(error(0x0169),
@@ -145,7 +149,7 @@ TEST_F(ModuleStatus, ErrorWordsNeighboursOfNoAnswerAreDecoded) {
             "-> Fehler Flash Checksumme Mess-System -> Fehler Eeprom Checksumme Mess-System");
 }
 
-TEST_F(ModuleStatus, ErrorWordTellsAllBitsInTheirOrderAndTheConverterTwice) {
+TEST_F(ModuleStatus, ErrorWordListsAllBitsInTheirOrderAndTheConverterTwice) {
   EXPECT_EQ(error(0xFFFF),
             "FFFF -> Fehler Versorgungsspg. Mess-System -> Simulation Mess-System "
             "-> Fehler RAM Mess-System -> Fehler Register Mess-System "
@@ -172,8 +176,10 @@ TEST_P(ErrorBit, HasItsText) {
 
 INSTANTIATE_TEST_SUITE_P(
     Table, ErrorBit,
-    ::testing::Values(StatusBitCase{0x0001, "1 -> Fehler Versorgungsspg. Mess-System"}, StatusBitCase{0x0002, "2"},
-                      StatusBitCase{0x0004, "4 -> Simulation Mess-System"}, StatusBitCase{0x0008, "8"},
+    ::testing::Values(StatusBitCase{0x0001, "1 -> Fehler Versorgungsspg. Mess-System"},
+                      StatusBitCase{0x0002, "2"},
+                      StatusBitCase{0x0004, "4 -> Simulation Mess-System"},
+                      StatusBitCase{0x0008, "8"},
                       StatusBitCase{0x0010, "10 -> Fehler RAM Mess-System"},
                       StatusBitCase{0x0020, "20 -> Fehler Register Mess-System"},
                       StatusBitCase{0x0040, "40 -> Fehler Flash Checksumme Mess-System"},

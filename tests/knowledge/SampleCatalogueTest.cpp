@@ -16,7 +16,7 @@ using testing::CallLog;
 using testing::FakeLocale;
 using testing::FakeRegistryHelper;
 
-/// The catalogue that is shipped, looked up as a panel does.
+/// Lookups in the sample catalogue, as a panel does them.
 class SampleCatalogue : public ::testing::Test {
  protected:
   SampleCatalogue() {
@@ -76,7 +76,7 @@ TEST_F(SampleCatalogue, FindsEveryVersionWithItsRegistersModesAndLinks) {
   });
 }
 
-TEST_F(SampleCatalogue, HoldsADozenModulesOfTheFamiliesAndHartModules) {
+TEST_F(SampleCatalogue, HasADozenModulesOfTheFamiliesAndHartModules) {
   std::set<std::pair<std::int32_t, std::int32_t>> modules;
   std::set<std::int32_t> families;
   std::map<std::pair<std::int32_t, std::int32_t>, int> versions;
@@ -97,7 +97,7 @@ TEST_F(SampleCatalogue, HoldsADozenModulesOfTheFamiliesAndHartModules) {
   }
 }
 
-TEST_F(SampleCatalogue, FirmwareNewerOlderAndUnknownAreToldApart) {
+TEST_F(SampleCatalogue, DistinguishesNewerOlderAndUnknownFirmware) {
   EXPECT_EQ(find({49, 16, 161, u"9.000", 1}), CatalogResult::CatalogFwNewer);
   EXPECT_EQ(find({49, 16, 161, u"0.500", 1}), CatalogResult::CatalogFwOlder);
   EXPECT_EQ(find({49, 16, 999, u"1.000", 1}), CatalogResult::CatalogNoDevice);

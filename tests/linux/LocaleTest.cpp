@@ -4,7 +4,7 @@
 #include "SettingsFolder.h"
 #include "linux/LinuxLocale.h"
 
-/// The C library does not give back the parts of LOCPATH, which only these tests set.
+/// The C library does not free the parts of LOCPATH, which only these tests set.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's name
 extern "C" const char* __lsan_default_suppressions() {
   return "leak:argz_add_sep";

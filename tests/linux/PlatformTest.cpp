@@ -22,7 +22,7 @@ class PlatformTest : public SettingsFolder {
         R"({"vendorId": 49, "groupId": 1, "familyId": 15, "deviceId": 151})");
   }
 
-  /// The registry that a control on `platform` walks, as lines of name and port.
+  /// The ports in the registry of `platform`, as lines of name and port.
   static std::vector<std::string> serialPorts(Platform& platform) {
     RegistryApi& registry = platform.registryApi();
     const std::string path = R"(HARDWARE\DEVICEMAP\SERIALCOMM)";

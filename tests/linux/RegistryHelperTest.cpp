@@ -79,7 +79,7 @@ TEST_F(RegistryHelperTest, TakesTheDecimalSignFromTheLocale) {
   EXPECT_EQ(registry.GetValue(user, internationalKey, u"sThousand"), Variant());
 }
 
-TEST_F(RegistryHelperTest, AsksTheDevicesForOtherKeysOfTheMachine) {
+TEST_F(RegistryHelperTest, LooksUpOtherKeysOfTheMachineAmongTheDevices) {
   const std::u16string key = u"SYSTEM\\CurrentControlSet\\Services\\usbser\\enum";
   EXPECT_EQ(registry.GetValue(machine, key, u"Count"), Variant(std::int64_t{2}));
   EXPECT_EQ(registry.GetValue(machine, key, u"0"), Variant());

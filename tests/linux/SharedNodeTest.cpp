@@ -17,7 +17,7 @@ class SharedPorts final : public PortSource {
 
 const UsbIdentity usb{0x23A1, 0x010D, "H1", 0};
 
-/// A port entered by hand at the node of a device that the system has found too.
+/// A port entered by hand at the node of a device that the system has found as well.
 class SharedNode : public testing::SettingsFolder {
  protected:
   SharedNode() {
@@ -54,7 +54,7 @@ TEST_F(SharedNode, MayBeEnteredUnderTwoNumbers) {
                           KnownPort{9, R"(\Device\Viator9)", node, "ftdi_sio", usb}));
 }
 
-TEST_F(SharedNode, WhatTheFirstSourceKnowsStays) {
+TEST_F(SharedNode, KeepsWhatTheFirstSourceKnows) {
   const UsbIdentity other{0x09D8, 0x0420, "T1", 0};
   byHand.list = {{9, R"(\Device\USBSER009)", node, "net", other}};
   EXPECT_THAT(ports.ports(), ElementsAre(byHand.list.front()));

@@ -12,7 +12,7 @@ using ::testing::ElementsAre;
 using testing::errorNumberOf;
 using testing::ScriptedLocale;
 
-TEST(CountryCode, IsAskedForItsSizeFirstAndThenFetchedInThatSize) {
+TEST(CountryCode, IsReadInTheSizeQueriedBefore) {
   ScriptedLocale locale;
   locale.size = 3;
   locale.code = u"49";
@@ -20,7 +20,7 @@ TEST(CountryCode, IsAskedForItsSizeFirstAndThenFetchedInThatSize) {
   EXPECT_THAT(locale.calls, ElementsAre(0, 3));
 }
 
-TEST(CountryCode, IsZeroWithoutASecondQuestionIfTheSizeIsNotPositive) {
+TEST(CountryCode, IsZeroWithoutReadingItIfTheSizeIsNotPositive) {
   for (const std::int32_t size : {0, -1}) {
     ScriptedLocale locale;
     locale.size = size;
@@ -30,7 +30,7 @@ TEST(CountryCode, IsZeroWithoutASecondQuestionIfTheSizeIsNotPositive) {
   }
 }
 
-TEST(CountryCode, IsZeroIfItCannotBeFetched) {
+TEST(CountryCode, IsZeroIfItCannotBeRead) {
   ScriptedLocale locale;
   locale.size = 3;
   EXPECT_EQ(GetSystemCountryCode(locale), 0);
@@ -53,13 +53,13 @@ TEST(CountryCode, NeedsNoZeroCharacter) {
   EXPECT_EQ(GetSystemCountryCode(locale), 7);
 }
 
-TEST(CountryCode, MayBeBeyondSixteenBits) {
+TEST(CountryCode, MayExceedSixteenBits) {
   ScriptedLocale locale;
   ScriptedLocale::standIn(locale, u"441534");
   EXPECT_EQ(GetSystemCountryCode(locale), 441534);
 }
 
-TEST(CountryCode, ThatHoldsNoNumberIsAConversionError) {
+TEST(CountryCode, ThatIsNotANumberIsAConversionError) {
   for (const auto* text : {u"DE", u""}) {
     ScriptedLocale locale;
     ScriptedLocale::standIn(locale, text);
@@ -68,7 +68,7 @@ TEST(CountryCode, ThatHoldsNoNumberIsAConversionError) {
   }
 }
 
-TEST(CountryCode, StandsForALanguageOrEnglish) {
+TEST(CountryCode, SelectsALanguageOrEnglish) {
   EXPECT_EQ(languageOfCountry(33), 3);
   EXPECT_EQ(languageOfCountry(34), 4);
   EXPECT_EQ(languageOfCountry(43), 1);

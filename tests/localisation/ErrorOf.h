@@ -7,7 +7,7 @@
 
 namespace tessara::testing {
 
-/// The run-time error that `action` ends in; nothing if it comes through.
+/// The run-time error that `action` raises; nothing if it succeeds.
 inline std::optional<RunTimeError> errorOf(const std::function<void()>& action) {
   try {
     action();
@@ -17,7 +17,7 @@ inline std::optional<RunTimeError> errorOf(const std::function<void()>& action) 
   return std::nullopt;
 }
 
-/// Its number alone.
+/// Only its number.
 inline std::optional<ErrorNumber> errorNumberOf(const std::function<void()>& action) {
   const auto error = errorOf(action);
   return error ? std::optional(error->number()) : std::nullopt;

@@ -5,7 +5,7 @@
 
 namespace tessara::testing {
 
-/// `text` as UTF-16 little-endian bytes, without a mark.
+/// `text` as UTF-16 little-endian bytes, without a byte order mark.
 inline std::string utf16Bytes(std::u16string_view text) {
   std::string bytes;
   for (const char16_t unit : text) {
@@ -15,7 +15,7 @@ inline std::string utf16Bytes(std::u16string_view text) {
   return bytes;
 }
 
-/// A language file that holds `text`, byte order mark in front.
+/// A language file with `text` after its byte order mark.
 inline std::string languageBytes(std::u16string_view text) {
   return "\xFF\xFE" + utf16Bytes(text);
 }

@@ -68,12 +68,12 @@ TEST_F(LanguageChoice, IsEnglishIfThereIsNoCountry) {
   expectChoice(0, u"elg", u"Help_001.chm");
 }
 
-TEST_F(LanguageChoice, AsksForNoCountryIfTheNumberIsGiven) {
+TEST_F(LanguageChoice, ReadsNoCountryIfTheNumberIsGiven) {
   (void)load(8);
   EXPECT_TRUE(locale.calls.empty());
 }
 
-TEST_F(LanguageChoice, LeavesNoHelpFileBeforeTheFirstLoad) {
+TEST_F(LanguageChoice, HasNoHelpFileBeforeTheFirstLoad) {
   EXPECT_EQ(state.HelpFileName, u"");
   EXPECT_EQ(state.LanguageFileExtension, u"");
   EXPECT_FALSE(state.LanguageFileError);

@@ -13,7 +13,7 @@
 
 namespace tessara::testing {
 
-/// Questions about the files that are really there.
+/// Queries about the files of the real file system.
 class DiskFileSystem : public FileSystem {
  public:
   [[nodiscard]] bool FileExists(const std::u16string& path) const override {

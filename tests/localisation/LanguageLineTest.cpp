@@ -31,25 +31,25 @@ TEST(LanguageLine, KeepsItsBlanks) {
   EXPECT_THAT(linesOf(u"  a b  \r\n \r\n"), ElementsAre(u"  a b  ", u" "));
 }
 
-TEST(LanguageLine, DropsTheUnitBehindCrUnread) {
+TEST(LanguageLine, SkipsTheUnitAfterCr) {
   EXPECT_THAT(linesOf(u"ab\rXcd\r\n"), ElementsAre(u"ab", u"cd"));
   EXPECT_THAT(linesOf(u"ab\r\rcd\r\n"), ElementsAre(u"ab", u"cd"));
 }
 
-TEST(LanguageLine, TakesALoneLfAsText) {
+TEST(LanguageLine, ReadsALoneLfAsText) {
   EXPECT_THAT(linesOf(u"one\ntwo\r\n"), ElementsAre(u"one\ntwo"));
 }
 
-TEST(LanguageLine, TakesItsFirstUnitWhateverItIs) {
+TEST(LanguageLine, KeepsItsFirstUnitWhateverItIs) {
   EXPECT_THAT(linesOf(u"\rX\r\n"), ElementsAre(u"\rX"));
   EXPECT_THAT(linesOf(u"\nX\r\n"), ElementsAre(u"\nX"));
 }
 
-TEST(LanguageLine, IsOpenedByABlankLine) {
+TEST(LanguageLine, StartsWithTheCrLfOfABlankLine) {
   EXPECT_THAT(linesOf(u"a\r\n\r\nb\r\n"), ElementsAre(u"a", u"\r\nb"));
 }
 
-TEST(LanguageLine, IsOpenedByTheFirstOfTwoBlankLinesAndEndedByTheSecond) {
+TEST(LanguageLine, StartsWithTheFirstOfTwoBlankLinesAndEndsWithTheSecond) {
   EXPECT_THAT(linesOf(u"a\r\n\r\n\r\nb\r\n"), ElementsAre(u"a", u"\r\n", u"b"));
 }
 
@@ -78,7 +78,7 @@ TEST(LanguageLine, InAnEmptyFileIsAReadPastTheEnd) {
   EXPECT_EQ(errorNumberOf([&] { (void)ReadLanguageLine(file); }), ErrorNumber::InputPastEnd);
 }
 
-TEST(LanguageLine, CarriesEveryCodeUnit) {
+TEST(LanguageLine, KeepsEveryCodeUnit) {
   LanguageFile file(std::string("\x00\x00\x00\xD8\xFF\xFF\x0D\x0A\x0D\x00\x0A\x00", 12));
   EXPECT_EQ(ReadLanguageLine(file), std::u16string(u"\0\xD800\xFFFF\x0A0D", 4));
   EXPECT_TRUE(file.atEnd());

@@ -47,7 +47,7 @@ class LanguageSources : public testing::LanguageFolder {
     }
     const auto report = checkLanguageFile(file);
     EXPECT_EQ(report.verdict, "loads");
-    EXPECT_TRUE(report.passedOver.empty());
+    EXPECT_TRUE(report.ignored.empty());
     EXPECT_EQ(report.language, language.number);
     for (const auto& problem : report.problems) {
       ADD_FAILURE() << toLine(file, problem);
@@ -61,7 +61,7 @@ class LanguageSources : public testing::LanguageFolder {
     EXPECT_EQ(state.HelpFileName, language.helpFile);
   }
 
-  /// The texts in force, section by section.
+  /// The loaded texts, section by section.
   std::vector<std::u16string> texts() { return textsOf(state); }
 
   static std::vector<std::u16string> textsOf(TextTables& tables) {
@@ -77,7 +77,7 @@ class LanguageSources : public testing::LanguageFolder {
   TextTables german;
 };
 
-TEST_F(LanguageSources, HaveExactlyTheTextsThatHaveAGermanWording) {
+TEST_F(LanguageSources, HaveExactlyTheTextsThatHaveABuiltInText) {
   for (const auto& language : languages) {
     loadNew(language);
     const auto wording = textsOf(german);
@@ -102,7 +102,7 @@ TEST_F(LanguageSources, AnnounceTheirCounts) {
   }
 }
 
-TEST_F(LanguageSources, InGermanAreTheBuiltInWording) {
+TEST_F(LanguageSources, InGermanAreTheBuiltInTexts) {
   loadNew(languages[0]);
   EXPECT_EQ(texts(), textsOf(german));
 }
@@ -114,7 +114,7 @@ TEST_F(LanguageSources, KeepTheTitle) {
   }
 }
 
-TEST_F(LanguageSources, HoldNoLineEndAndNoBlankAtTheirEnds) {
+TEST_F(LanguageSources, HaveNoLineEndAndNoBlankAtTheirEnds) {
   for (const auto& language : languages) {
     loadNew(language);
     for (const auto& text : texts()) {
@@ -154,7 +154,7 @@ TEST_F(LanguageSources, KeepTheNamesOfTheProducts) {
   }
 }
 
-TEST_F(LanguageSources, TellTheirStatesApart) {
+TEST_F(LanguageSources, UseADifferentTextForEachState) {
   for (const auto& language : languages) {
     loadNew(language);
     std::set<std::u16string> states;
@@ -165,7 +165,7 @@ TEST_F(LanguageSources, TellTheirStatesApart) {
   }
 }
 
-TEST_F(LanguageSources, LeaveTheContactColumnOfTheAboutBoxInItsPlace) {
+TEST_F(LanguageSources, KeepTheContactColumnOfTheAboutBoxInPlace) {
   for (const auto& language : languages) {
     loadNew(language);
     for (std::size_t i = 22; i <= 25; ++i) {
@@ -174,7 +174,7 @@ TEST_F(LanguageSources, LeaveTheContactColumnOfTheAboutBoxInItsPlace) {
   }
 }
 
-TEST_F(LanguageSources, AreShortWhereTheyAreCaptions) {
+TEST_F(LanguageSources, AreShortIfTheyAreCaptions) {
   for (const auto& language : languages) {
     loadNew(language);
     for (const std::size_t i : {0U, 1U, 2U, 4U, 5U, 6U, 21U, 22U}) {

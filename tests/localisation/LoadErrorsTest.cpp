@@ -12,7 +12,7 @@ using testing::errorOf;
 using testing::languageBytes;
 using testing::LanguageFolder;
 
-/// Loads are of the German file, which holds what each test says.
+/// Loads the German file, whose content each test defines.
 class LoadErrors : public LanguageFolder {
  protected:
   bool loadText(std::u16string_view text) { return loadBytes(languageBytes(text)); }
@@ -45,12 +45,12 @@ TEST_F(LoadErrors, MissingFileIsAFailureThatKeepsTheChoice) {
   EXPECT_EQ(state.AppTitle, u"before");
 }
 
-TEST_F(LoadErrors, FolderInTheFilesPlaceIsAMissingFile) {
+TEST_F(LoadErrors, FolderInPlaceOfTheFileIsAMissingFile) {
   std::filesystem::create_directory(folder() / "MERIDEX_CONF.dlg");
   EXPECT_FALSE(load(1));
 }
 
-TEST_F(LoadErrors, AreForgottenByTheNextGoodLoad) {
+TEST_F(LoadErrors, AreClearedByTheNextSuccessfulLoad) {
   EXPECT_FALSE(load(1));
   EXPECT_TRUE(loadText(u"[Title]\r\n1\r\ntt\r\n"));
   EXPECT_FALSE(state.LanguageFileError);
@@ -64,7 +64,7 @@ TEST_F(LoadErrors, TitleMustHaveCountOne) {
   }
 }
 
-TEST_F(LoadErrors, TitleTakesOneLineWhateverItsCount) {
+TEST_F(LoadErrors, TitleIsOneLineWhateverItsCount) {
   EXPECT_FALSE(loadText(u"[Title]\r\n2\r\ntt\r\n[Buttons]\r\n1\r\nb0\r\n"));
   EXPECT_EQ(state.TextButtons[0], u"b0");
 }
@@ -75,12 +75,12 @@ TEST_F(LoadErrors, NegativeCountFailsAndTheRestIsStillRead) {
   EXPECT_EQ(state.TextButtons[0], u"b0");
 }
 
-TEST_F(LoadErrors, FailureIsNotUndoneByASoundSectionBehindIt) {
+TEST_F(LoadErrors, FailureIsNotUndoneByAValidSectionAfterIt) {
   EXPECT_FALSE(loadText(u"[Buttons]\r\n-5\r\n[Buttons]\r\n1\r\nb0\r\n"));
   EXPECT_TRUE(state.LanguageFileError);
 }
 
-TEST_F(LoadErrors, DefaultsAfterAFailureLeaveWhatTheFilePutIntoSpareSlots) {
+TEST_F(LoadErrors, DefaultsAfterAFailureKeepWhatTheFileStoredInSpareSlots) {
   EXPECT_FALSE(loadText(u"[Title]\r\n2\r\ntt\r\n" + messages(36, 36)));
   LoadDefaultTexts(state);
   EXPECT_EQ(state.TextStatus[34], u"Fehler Monitoring System");
@@ -92,7 +92,7 @@ TEST_F(LoadErrors, TextPastTheTableIsASubscriptErrorAndTheTableIsFull) {
   EXPECT_EQ(state.TextStatus[40], u"s40");
 }
 
-TEST_F(LoadErrors, EverySectionMindsItsTable) {
+TEST_F(LoadErrors, EverySectionRespectsTheSizeOfItsTable) {
   EXPECT_EQ(errorOfText(u"[Buttons]\r\n5\r\nb0\r\nb1\r\nb2\r\nb3\r\nb4\r\n"),
             ErrorNumber::Subscript);
   for (const auto* header : {u"[MainFrame]", u"[ModulInfo]"}) {
@@ -108,18 +108,18 @@ TEST_F(LoadErrors, CountPastTheTableIsAReadPastTheEndIfTheTextsEndBefore) {
   EXPECT_EQ(errorOfText(messages(42, 41)), ErrorNumber::InputPastEnd);
 }
 
-TEST_F(LoadErrors, CountThatIsNoNumberIsAConversionError) {
+TEST_F(LoadErrors, CountThatIsNotANumberIsAConversionError) {
   for (const auto* count : {u"two", u"1;", u"1 2", u"[Messages]"}) {
     EXPECT_EQ(errorOfText(u"[Buttons]\r\n" + std::u16string(count) + u"\r\nb0\r\n"),
               ErrorNumber::TypeMismatch);
   }
 }
 
-TEST_F(LoadErrors, BlankLineInTheCountsPlaceIsAConversionError) {
+TEST_F(LoadErrors, BlankLineInPlaceOfTheCountIsAConversionError) {
   EXPECT_EQ(errorOfText(u"[Buttons]\r\n\r\n1\r\nb0\r\n"), ErrorNumber::TypeMismatch);
 }
 
-TEST_F(LoadErrors, CountBeyondSixteenBitsIsAnOverflow) {
+TEST_F(LoadErrors, CountAboveSixteenBitsIsAnOverflow) {
   EXPECT_EQ(errorOfText(u"[Buttons]\r\n32768\r\nb0\r\n"), ErrorNumber::Overflow);
   EXPECT_EQ(errorOfText(u"[Buttons]\r\n-32769\r\nb0\r\n"), ErrorNumber::Overflow);
 }
@@ -129,12 +129,12 @@ TEST_F(LoadErrors, FileThatEndsInsideASectionIsAReadPastTheEnd) {
   EXPECT_EQ(state.TextStatus[1], u"s1");
 }
 
-TEST_F(LoadErrors, FileThatEndsBehindAHeaderIsAReadPastTheEnd) {
+TEST_F(LoadErrors, FileThatEndsAfterAHeaderIsAReadPastTheEnd) {
   EXPECT_EQ(errorOfText(u"[Messages]\r\n"), ErrorNumber::InputPastEnd);
   EXPECT_EQ(errorOfText(u"[Messages]"), ErrorNumber::InputPastEnd);
 }
 
-TEST_F(LoadErrors, TitleBehindTheEndIsAReadPastTheEnd) {
+TEST_F(LoadErrors, TitleAfterTheEndIsAReadPastTheEnd) {
   EXPECT_EQ(errorOfText(u"[Title]\r\n1\r\n"), ErrorNumber::InputPastEnd);
 }
 
@@ -152,13 +152,13 @@ TEST_F(LoadErrors, FileOfTwoBytesOrLessIsAReadPastTheEnd) {
   }
 }
 
-TEST_F(LoadErrors, FileThatEndsInItsMarkLeavesTheEarlierFailureStanding) {
+TEST_F(LoadErrors, FileThatEndsInItsByteOrderMarkKeepsTheEarlierFailure) {
   EXPECT_FALSE(load(1));
   EXPECT_EQ(errorOfBytes("\xFF"), ErrorNumber::InputPastEnd);
   EXPECT_TRUE(state.LanguageFileError);
 }
 
-TEST_F(LoadErrors, FileThatEndsBehindItsMarkHasClearedTheEarlierFailure) {
+TEST_F(LoadErrors, FileThatEndsAfterItsByteOrderMarkClearsTheEarlierFailure) {
   EXPECT_FALSE(load(1));
   EXPECT_EQ(errorOfBytes("\xFF\xFE"), ErrorNumber::InputPastEnd);
   EXPECT_FALSE(state.LanguageFileError);
@@ -181,16 +181,16 @@ TEST_F(LoadErrors, MessageNamesFileSectionAndCause) {
   const std::string message = error->what();
   EXPECT_NE(message.find("MERIDEX_CONF.dlg"), std::string::npos);
   EXPECT_NE(message.find("[Buttons]"), std::string::npos);
-  EXPECT_NE(message.find("\"two\" is no number"), std::string::npos);
+  EXPECT_NE(message.find("\"two\" is not a number"), std::string::npos);
 }
 
-TEST_F(LoadErrors, CountryCodeThatIsNoNumberEndsTheLoadBeforeAnythingIsChosen) {
+TEST_F(LoadErrors, CountryCodeThatIsNotANumberEndsTheLoadBeforeAnythingIsChosen) {
   testing::ScriptedLocale::standIn(locale, u"DE");
   EXPECT_EQ(errorNumberOf([&] { (void)load(0); }), ErrorNumber::TypeMismatch);
   EXPECT_EQ(state.HelpFileName, u"");
 }
 
-/// Says that every file is there.
+/// Reports that every file exists.
 class CredulousFileSystem : public testing::DiskFileSystem {
  public:
   [[nodiscard]] bool FileExists(const std::u16string& /*path*/) const override { return true; }

@@ -9,7 +9,7 @@ namespace {
 using testing::languageBytes;
 using testing::LanguageFolder;
 
-/// Loads are of the German file, which holds what each test says.
+/// Loads the German file, whose content each test defines.
 class LoadLanguageFile : public LanguageFolder {
  protected:
   bool loadText(std::u16string_view text) { return loadBytes(languageBytes(text)); }
@@ -34,33 +34,33 @@ TEST_F(LoadLanguageFile, FillsEachTableFromItsSection) {
   EXPECT_EQ(state.TextStatus[2], u"s2");
 }
 
-TEST_F(LoadLanguageFile, TakesSectionsInAnyOrder) {
+TEST_F(LoadLanguageFile, AcceptsSectionsInAnyOrder) {
   EXPECT_TRUE(loadText(u"[Messages]\r\n1\r\ns0\r\n[Title]\r\n1\r\ntt\r\n"));
   EXPECT_EQ(state.TextStatus[0], u"s0");
   EXPECT_EQ(state.AppTitle, u"tt");
 }
 
-TEST_F(LoadLanguageFile, LeavesTheTableOfAnOmittedSection) {
+TEST_F(LoadLanguageFile, KeepsTheTableOfAnOmittedSection) {
   state.TextButtons[0] = u"before";
   EXPECT_TRUE(loadText(u"[Title]\r\n1\r\ntt\r\n"));
   EXPECT_EQ(state.TextButtons[0], u"before");
   EXPECT_EQ(state.TextStatus[0], u"");
 }
 
-TEST_F(LoadLanguageFile, LetsARepeatedSectionWriteOverTheEarlierOne) {
+TEST_F(LoadLanguageFile, OverwritesASectionWithALaterOneOfTheSameName) {
   EXPECT_TRUE(loadText(u"[Messages]\r\n2\r\na0\r\na1\r\n[Messages]\r\n1\r\nb0\r\n"));
   EXPECT_EQ(state.TextStatus[0], u"b0");
   EXPECT_EQ(state.TextStatus[1], u"a1");
 }
 
-TEST_F(LoadLanguageFile, PassesOverLinesBetweenSections) {
+TEST_F(LoadLanguageFile, IgnoresLinesBetweenSections) {
   EXPECT_TRUE(
       loadText(u"; made by hand\r\n[Title]\r\n1\r\ntt\r\nleft over\r\n[Buttons]\r\n1\r\nb0\r\n"));
   EXPECT_EQ(state.AppTitle, u"tt");
   EXPECT_EQ(state.TextButtons[0], u"b0");
 }
 
-TEST_F(LoadLanguageFile, KnowsAHeaderOnlyExactly) {
+TEST_F(LoadLanguageFile, RecognisesOnlyExactHeaders) {
   for (const auto* header :
        {u"[title]", u"[TITLE]", u" [Title]", u"[Title] ", u"Title", u"[Title"}) {
     EXPECT_TRUE(loadText(std::u16string(header) + u"\r\n1\r\ntt\r\n"));
@@ -68,7 +68,7 @@ TEST_F(LoadLanguageFile, KnowsAHeaderOnlyExactly) {
   }
 }
 
-TEST_F(LoadLanguageFile, MissesAHeaderBehindABlankLineAndAllOfItsSection) {
+TEST_F(LoadLanguageFile, MissesAHeaderAfterABlankLineAndItsWholeSection) {
   EXPECT_TRUE(loadText(
       u"[Title]\r\n1\r\ntt\r\n\r\n[ModulInfo]\r\n2\r\ni0\r\ni1\r\n[Buttons]\r\n1\r\nb0\r\n"));
   EXPECT_EQ(state.TextModulInfo[0], u"");
@@ -76,7 +76,7 @@ TEST_F(LoadLanguageFile, MissesAHeaderBehindABlankLineAndAllOfItsSection) {
   EXPECT_EQ(state.TextButtons[0], u"b0");
 }
 
-TEST_F(LoadLanguageFile, LetsABlankLineInASectionSwallowALineMoreThanMeant) {
+TEST_F(LoadLanguageFile, ReadsOneLineTooManyAfterABlankLineInASection) {
   EXPECT_TRUE(loadText(
       u"[ModulInfo]\r\n3\r\ni0\r\n\r\ni1\r\n[Buttons]\r\n1\r\nb0\r\n[Title]\r\n1\r\ntt\r\n"));
   EXPECT_EQ(state.TextModulInfo[1], u"\r\ni1");
@@ -85,12 +85,12 @@ TEST_F(LoadLanguageFile, LetsABlankLineInASectionSwallowALineMoreThanMeant) {
   EXPECT_EQ(state.AppTitle, u"tt");
 }
 
-TEST_F(LoadLanguageFile, TakesALastLineWithoutCrLf) {
+TEST_F(LoadLanguageFile, AcceptsALastLineWithoutCrLf) {
   EXPECT_TRUE(loadText(u"[Buttons]\r\n1\r\nAbbrechen"));
   EXPECT_EQ(state.TextButtons[0], u"Abbrechen");
 }
 
-TEST_F(LoadLanguageFile, StoresATextOfOneBlank) {
+TEST_F(LoadLanguageFile, KeepsATextOfOneBlank) {
   EXPECT_TRUE(loadText(u"[Buttons]\r\n1\r\n \r\n"));
   EXPECT_EQ(state.TextButtons[0], u" ");
 }
@@ -117,7 +117,7 @@ TEST_F(LoadLanguageFile, ReadsACountInTheSystemsNotation) {
   EXPECT_EQ(state.TextButtons[0], u"b0");
 }
 
-TEST_F(LoadLanguageFile, DoesNotLookAtTheByteOrderMark) {
+TEST_F(LoadLanguageFile, IgnoresTheByteOrderMark) {
   EXPECT_TRUE(loadBytes("xy" + testing::utf16Bytes(u"[Buttons]\r\n1\r\nb0\r\n")));
   EXPECT_EQ(state.TextButtons[0], u"b0");
 }
@@ -127,7 +127,7 @@ TEST_F(LoadLanguageFile, SucceedsWithEmptyTablesOnAnotherEncoding) {
   EXPECT_EQ(state.TextButtons[0], u"");
 }
 
-TEST_F(LoadLanguageFile, CarriesTextsOfAllScripts) {
+TEST_F(LoadLanguageFile, KeepsTextsOfAllScripts) {
   EXPECT_TRUE(loadText(u"[Buttons]\r\n4\r\nОтмена\r\n取消\r\nキャンセル\r\n😀\r\n"));
   EXPECT_EQ(state.TextButtons[0], u"Отмена");
   EXPECT_EQ(state.TextButtons[1], u"取消");
@@ -141,7 +141,7 @@ TEST_F(LoadLanguageFile, ReadsAFileLargerThanAnyBuffer) {
   EXPECT_EQ(state.TextButtons[0], longText);
 }
 
-TEST_F(LoadLanguageFile, FindsItsFolderByANameInAnyScript) {
+TEST_F(LoadLanguageFile, FindsAFolderWithANameInAnyScript) {
   const auto inner = folder() / std::u8string(u8"Geräte 模块");
   std::filesystem::create_directory(inner);
   std::ofstream(inner / "MERIDEX_CONF.elg", std::ios::binary)

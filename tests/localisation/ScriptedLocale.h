@@ -9,8 +9,8 @@
 
 namespace tessara::testing {
 
-/// A locale that answers as told and remembers the sizes it was asked with, 0 for the question for
-/// the size.
+/// A locale with given answers that records the sizes it was called with, 0 for a query of the
+/// size.
 class ScriptedLocale : public Locale {
  public:
   [[nodiscard]] std::u16string decimalSeparator() const override { return separator; }

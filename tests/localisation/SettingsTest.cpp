@@ -77,7 +77,7 @@ TEST(Settings, LanguageIsWrittenAsA32BitNumberUnderTheLocalMachine) {
                                                  Variant{std::int64_t{-1}}, numberType}));
 }
 
-TEST(Settings, AStoreThatRefusesTheWriteIsHeardByTheCaller) {
+TEST(Settings, ErrorOfTheStoreReachesTheCaller) {
   RecordingRegistry registry;
   registry.readOnly = true;
   EXPECT_EQ(errorNumberOf([&] { SaveComPort(registry, 3); }), ErrorNumber::InvalidCall);
@@ -91,7 +91,7 @@ TEST(Settings, NumberIsReadFromTheSettingsKey) {
   EXPECT_THAT(registry.reads, ElementsAre(Read{localMachine, key, u"ShowBaudrateSelection"}));
 }
 
-TEST(Settings, EveryReadGoesToTheStore) {
+TEST(Settings, EveryReadAccessesTheStore) {
   RecordingRegistry registry;
   registry.values[u"ShowAllComPorts"] = std::int64_t{1};
   (void)ReadNumber(registry, u"ShowAllComPorts", u".");
@@ -100,7 +100,7 @@ TEST(Settings, EveryReadGoesToTheStore) {
   EXPECT_EQ(registry.reads.size(), 2U);
 }
 
-TEST(Settings, NumberThatIsNotThereReadsZero) {
+TEST(Settings, MissingNumberIsZero) {
   RecordingRegistry registry;
   EXPECT_EQ(ReadNumber(registry, u"ShowAddressSelection", u"."), 0);
 }
@@ -111,22 +111,22 @@ TEST(Settings, NegativeNumberKeepsItsSign) {
   EXPECT_EQ(ReadNumber(registry, u"ShowBaudrateSelection", u"."), -1);
 }
 
-TEST(Settings, TextThatHoldsANumberReadsAsOneInTheSystemsNotation) {
+TEST(Settings, TextIsReadAsANumberInTheSystemsNotation) {
   RecordingRegistry registry;
   registry.values[u"ShowAllComPorts"] = std::u16string{u"1,0"};
   EXPECT_EQ(ReadNumber(registry, u"ShowAllComPorts", u","), 1);
 }
 
-TEST(Settings, TextThatHoldsNoNumberIsAConversionErrorThatNamesTheSetting) {
+TEST(Settings, TextThatIsNotANumberIsAConversionErrorThatNamesTheSetting) {
   RecordingRegistry registry;
   registry.values[u"ShowAllComPorts"] = std::u16string{u"yes"};
   const auto error = errorOf([&] { (void)ReadNumber(registry, u"ShowAllComPorts", u"."); });
   ASSERT_TRUE(error);
   EXPECT_EQ(error->number(), ErrorNumber::TypeMismatch);
-  EXPECT_STREQ(error->what(), R"(The setting ShowAllComPorts: "yes" is no number)");
+  EXPECT_STREQ(error->what(), R"(The setting ShowAllComPorts: "yes" is not a number)");
 }
 
-TEST(Settings, NumberBeyondSixteenBitsIsAnOverflowThatNamesTheSetting) {
+TEST(Settings, NumberAboveSixteenBitsIsAnOverflowThatNamesTheSetting) {
   RecordingRegistry registry;
   registry.values[u"ShowBaudrateSelection"] = std::int64_t{32768};
   const auto error = errorOf([&] { (void)ReadNumber(registry, u"ShowBaudrateSelection", u"."); });
@@ -143,12 +143,12 @@ TEST(Settings, TextIsReadFromTheSettingsKey) {
   EXPECT_THAT(registry.reads, ElementsAre(Read{localMachine, key, u"Logo"}));
 }
 
-TEST(Settings, TextThatIsNotThereReadsEmpty) {
+TEST(Settings, MissingTextIsEmpty) {
   RecordingRegistry registry;
   EXPECT_EQ(ReadText(registry, u"Icon", u"."), u"");
 }
 
-TEST(Settings, NumberReadsAsItsText) {
+TEST(Settings, NumberIsReadAsItsText) {
   RecordingRegistry registry;
   registry.values[u"Icon"] = 1.5;
   EXPECT_EQ(ReadText(registry, u"Icon", u","), u"1,5");

@@ -21,7 +21,7 @@ void DialogDriver::serve() {
   if (dialog == nullptr || !dialog->isVisible() || answers_.empty() || dialog == served_) {
     return;
   }
-  // Answering runs the dialog's own loop, and so this timer.
+  // Answering runs the event loop of the dialog, and with it this timer.
   served_ = dialog;
   const auto answer = std::move(answers_.front());
   answers_.erase(answers_.begin());
@@ -34,7 +34,7 @@ void DialogDriver::chooseFile(const QString& path) {
     auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
     ASSERT_NE(edit, nullptr) << "no file dialog: " << dialog.metaObject()->className();
     suggested_ = edit->text();
-    // Pasted: typed signs open a list of completions, which would take the Enter.
+    // Pasted: typing would open a list of completions, which would take the Enter.
     edit->setText(path);
     QTest::keyClick(edit, Qt::Key_Return);
   });

@@ -11,28 +11,28 @@
 
 namespace tessara::testing {
 
-/// Answers the next modal dialog of this process as a person does, from within its own loop. Each
-/// expects its dialog to come; the test fails if another one comes, or none.
+/// Answers the next modal dialogs of this process like a user, from within their event loops. Each
+/// call expects one dialog; the test fails if another one opens, or none.
 class DialogDriver {
  public:
   DialogDriver() = default;
   DialogDriver(const DialogDriver&) = delete;
   DialogDriver& operator=(const DialogDriver&) = delete;
-  /// Fails the test if a dialog has not come.
+  /// Fails the test if a dialog has not opened.
   ~DialogDriver();
 
-  /// Puts the path into the next file dialog and presses Enter.
+  /// Enters the path in the next file dialog and presses Enter.
   void chooseFile(const QString& path);
   /// Closes the next dialog with Escape.
   void cancel();
-  /// Looks at the next dialog, which is then closed with Escape.
+  /// Calls the function with the next dialog, then closes it with Escape.
   void look(std::function<void(QDialog&)> atDialog);
-  /// Keeps the text of the next message box and presses its Enter.
+  /// Stores the text of the next message box and presses Enter.
   void acceptBox();
 
-  /// What the boxes said, in their order.
+  /// The texts of the message boxes, in order.
   [[nodiscard]] const QStringList& boxes() const { return boxes_; }
-  /// What the next file dialog suggested.
+  /// The file name that the last file dialog suggested.
   [[nodiscard]] const QString& suggested() const { return suggested_; }
 
  private:

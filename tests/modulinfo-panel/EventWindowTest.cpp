@@ -123,7 +123,7 @@ TEST_F(EventWindowTest, ClearsTheEvents) {
   EXPECT_EQ(table().model()->rowCount(), 0);
 }
 
-TEST_F(EventWindowTest, KeepsItsPlace) {
+TEST_F(EventWindowTest, RemembersItsSize) {
   opened().resize(900, 400);
   pressIn(*events(), Qt::Key_Escape);
   EventWindow again(log, *settings);

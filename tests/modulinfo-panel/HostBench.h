@@ -18,8 +18,8 @@
 
 namespace tessara::testing {
 
-/// The host's window around a control on a platform of fakes, in English, with one adapter and a
-/// healthy module behind it; its settings and files lie in a folder of their own.
+/// The window of the host around a control on a platform of fakes, in English, with one adapter and
+/// a healthy module. Settings and files are in a temporary folder.
 class HostBench : public ::testing::Test {
  protected:
   HostBench() {
@@ -45,19 +45,19 @@ class HostBench : public ::testing::Test {
   }
 
   ModulInfoFLII& control() { return window->control(); }
+  /// The message of the host in the status bar.
   Panel& panel() { return inside(control()).panel; }
-  /// What this host has to say.
   QString told() { return window->statusBar()->currentMessage(); }
   [[nodiscard]] QString path(const QString& name) const { return folder.filePath(name); }
 
-  /// Makes that window the one that the keyboard writes to. Qt itself takes a window for active as
-  /// soon as the one that it belongs to is.
+  /// Gives that window the keyboard focus. Qt itself considers a window active as soon as its
+  /// parent is.
   static void activate(QWidget& target) {
     target.activateWindow();
     ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &target; }));
   }
 
-  /// Presses the keys in that window, in whatever has the focus there.
+  /// Presses the keys in that window, in its focused widget.
   static void pressIn(QWidget& target, Qt::Key key,
                       Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     activate(target);

@@ -25,7 +25,7 @@ class HostSettingsTest : public ::testing::Test {
   QTemporaryDir folder;
 };
 
-TEST_F(HostSettingsTest, KeepWhatTheyAreGiven) {
+TEST_F(HostSettingsTest, ReturnStoredValues) {
   {
     HostSettings settings(true);
     settings.keepBaudrate(57600);
@@ -39,7 +39,7 @@ TEST_F(HostSettingsTest, KeepWhatTheyAreGiven) {
   EXPECT_EQ(again.folder(), folder.path());
 }
 
-TEST_F(HostSettingsTest, KnowAndKeepNothingForASimulatedModule) {
+TEST_F(HostSettingsTest, StoreNothingForASimulatedModule) {
   write("[Connection]\nBaudrate=57600\n");
   HostSettings settings(false);
   EXPECT_EQ(settings.baudrate(), std::nullopt);
@@ -47,14 +47,14 @@ TEST_F(HostSettingsTest, KnowAndKeepNothingForASimulatedModule) {
   EXPECT_EQ(HostSettings(true).baudrate(), 57600);
 }
 
-TEST_F(HostSettingsTest, TakeAValueThatMakesNoSenseForNone) {
+TEST_F(HostSettingsTest, IgnoreInvalidValues) {
   for (const QByteArray value : {"fast", "-1", "0", "299", "99999999999", ""}) {
     write("[Connection]\nBaudrate=" + value + "\n# " + QByteArray(value.size(), 'x') + "\n");
     EXPECT_EQ(HostSettings(true).baudrate(), std::nullopt) << value.toStdString();
   }
 }
 
-TEST_F(HostSettingsTest, SuggestAFolderThatIsThere) {
+TEST_F(HostSettingsTest, SuggestAnExistingFolder) {
   HostSettings settings(true);
   settings.keepFolder(folder.filePath("gone"));
   EXPECT_NE(settings.folder(), folder.filePath("gone"));

@@ -1,6 +1,5 @@
-// Writes pictures of the host's windows and menus and of its report in one language into a folder:
-// host_shots FOLDER MODULE LANGUAGE. The scale factor is taken from QT_SCALE_FACTOR and goes into
-// the names of the files.
+// Draws the windows, menus and report of the host in one language into a folder: host_shots FOLDER
+// MODULE LANGUAGE. The scale factor comes from QT_SCALE_FACTOR and becomes part of the file names.
 
 #include <QApplication>
 #include <QDir>

@@ -14,7 +14,7 @@
 namespace tessara::testing {
 namespace {
 
-/// The panel in each of the languages, by number, with all of its inputs to be seen.
+/// The panel in each of the languages, by number, with all inputs visible.
 class PanelLanguagesTest : public ::testing::TestWithParam<std::int16_t> {
  protected:
   PanelLanguagesTest() {
@@ -53,7 +53,7 @@ TEST_P(PanelLanguagesTest, TheTextsComeFromTheFile) {
   EXPECT_EQ(moduleWide().TextModulInfo[1] == u"COM-Port", GetParam() == 1);
 }
 
-TEST_P(PanelLanguagesTest, NoCaptionHasToBeSetSmaller) {
+TEST_P(PanelLanguagesTest, NoCaptionIsScaledDown) {
   for (const Widget& caption : inside(control).panel.LngLabel) {
     const auto& shown = dynamic_cast<LabelView&>(*view.viewOf(caption));
     const QFontMetrics metrics(shown.font());
@@ -82,7 +82,7 @@ TEST_P(PanelLanguagesTest, NoCaptionTouchesAFieldOrAnotherCaption) {
   }
 }
 
-TEST_P(PanelLanguagesTest, EveryButtonSaysWhatItDoes) {
+TEST_P(PanelLanguagesTest, EveryButtonHasAToolTip) {
   for (const Widget* widget : inside(control).panel.widgets()) {
     if (widget->kind() == WidgetKind::Button) {
       EXPECT_FALSE(view.viewOf(*widget)->toolTip().isEmpty()) << toUtf8(widget->name());

@@ -17,7 +17,7 @@ class PanelMenuTest : public HostBench {
     }
     return texts;
   }
-  /// The entry that begins with that text, as it stands when its menu is open.
+  /// The entry that begins with that text, in the state it has when its menu is open.
   QAction* entry(const QString& text) {
     for (QAction* menu : window->menuBar()->actions()) {
       for (QAction* action : menu->menu()->actions()) {
@@ -43,7 +43,7 @@ TEST_F(PanelMenuTest, HasEveryButtonOfThePanel) {
   EXPECT_EQ(entries(0).size(), 6);
 }
 
-TEST_F(PanelMenuTest, TellsTheKeys) {
+TEST_F(PanelMenuTest, ShowsTheShortcuts) {
   EXPECT_TRUE(entry("Save record…")->text().endsWith("\tCtrl+S"));
   EXPECT_TRUE(entry("Copy as text")->text().endsWith("\tCtrl+C"));
   EXPECT_TRUE(entry("Read parameters")->text().endsWith("\tF5"));
@@ -54,7 +54,7 @@ TEST_F(PanelMenuTest, AnEntryPressesItsButton) {
   EXPECT_TRUE(inside(control()).bDataValid);
 }
 
-TEST_F(PanelMenuTest, AnEntryCanBeChosenAsLongAsItsButtonCanBePressed) {
+TEST_F(PanelMenuTest, AnEntryIsEnabledWhileItsButtonIs) {
   EXPECT_TRUE(entry("Save record…")->isEnabled());
   control().put_DeviceActive(1);
   EXPECT_FALSE(entry("Save record…")->isEnabled());
@@ -63,19 +63,19 @@ TEST_F(PanelMenuTest, AnEntryCanBeChosenAsLongAsItsButtonCanBePressed) {
   EXPECT_TRUE(entry("Save record…")->isEnabled());
 }
 
-TEST_F(PanelMenuTest, OpensByTheKeyboard) {
+TEST_F(PanelMenuTest, OpensWithTheKeyboard) {
   QTest::keyClick(&*window, Qt::Key_F, Qt::AltModifier);
   auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
   ASSERT_NE(menu, nullptr);
   QTest::keyClick(menu, Qt::Key_Escape);
 }
 
-TEST_F(PanelMenuTest, QuitsByItsKeys) {
+TEST_F(PanelMenuTest, QuitsWithItsShortcut) {
   press(Qt::Key_Q, Qt::ControlModifier);
   EXPECT_FALSE(window->isVisible());
 }
 
-TEST_F(PanelMenuTest, SpeaksTheLanguageOfTheControl) {
+TEST_F(PanelMenuTest, HasTheLanguageOfTheControl) {
   control().put_Language(1);
   control().UserControl_Show();
   window->controlIsUp();

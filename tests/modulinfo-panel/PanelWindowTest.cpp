@@ -10,7 +10,7 @@ namespace {
 
 class PanelWindowTest : public HostBench {
  protected:
-  /// What the control reports of itself.
+  /// The status reported by the control.
   QString statusText() {
     const auto labels = window->statusBar()->findChildren<QLabel*>();
     return labels.isEmpty() ? QString() : labels.front()->text();
@@ -28,7 +28,7 @@ TEST_F(PanelWindowTest, ShowsTheStatusOfTheControl) {
   EXPECT_EQ(statusText(), "");
 }
 
-TEST_F(PanelWindowTest, ANewStatusOfTheControlReplacesWhatTheHostSaid) {
+TEST_F(PanelWindowTest, ANewStatusOfTheControlReplacesAMessageOfTheHost) {
   panel().CmdSave2DiskParameter.press();
   control().put_StatusString(Variant(std::u16string()));
   EXPECT_FALSE(told().isEmpty());
@@ -36,7 +36,7 @@ TEST_F(PanelWindowTest, ANewStatusOfTheControlReplacesWhatTheHostSaid) {
   EXPECT_EQ(told(), "");
 }
 
-TEST_F(PanelWindowTest, TheLightTellsWorkRestAndFailureApart) {
+TEST_F(PanelWindowTest, TheLightDiffersForIdleBusyAndFailed) {
   const QImage rest = light();
   control().put_DeviceActive(1);
   const QImage work = light();
@@ -49,13 +49,13 @@ TEST_F(PanelWindowTest, TheLightTellsWorkRestAndFailureApart) {
   EXPECT_EQ(light(), rest);
 }
 
-TEST_F(PanelWindowTest, TheLightIsSpoken) {
+TEST_F(PanelWindowTest, TheLightHasAnAccessibleName) {
   control().put_DeviceActive(3);
   EXPECT_EQ(window->statusBar()->findChild<QWidget*>("activity")->accessibleName(),
             "The module could not be read");
 }
 
-TEST_F(PanelWindowTest, HelpThatNoProgramShowsIsShownByTheBrowser) {
+TEST_F(PanelWindowTest, ShowsHelpInTheBrowserWithoutAViewer) {
   platform.programs.result = 42;
   window->openingEnded("/opt/tessara/Help_001.chm", Shell::noAssociation);
   EXPECT_EQ(platform.log.entries().back(),
@@ -63,13 +63,13 @@ TEST_F(PanelWindowTest, HelpThatNoProgramShowsIsShownByTheBrowser) {
   EXPECT_EQ(told(), "No help viewer is installed: the help is shown in the browser.");
 }
 
-TEST_F(PanelWindowTest, TellsThatNeitherViewerNorBrowserShowsTheHelp) {
+TEST_F(PanelWindowTest, ReportsThatNeitherViewerNorBrowserIsInstalled) {
   platform.programs.result = Shell::noAssociation;
   window->openingEnded("/opt/tessara/Help_001.chm", Shell::noAssociation);
   EXPECT_EQ(told(), "No program for showing the help is installed.");
 }
 
-TEST_F(PanelWindowTest, OpensNothingInPlaceOfWhatWasOpenedOrIsNoHelp) {
+TEST_F(PanelWindowTest, OpensTheBrowserOnlyForHelpWithoutAViewer) {
   platform.log.clear();
   window->openingEnded("/opt/tessara/Help_001.chm", 42);
   window->openingEnded("/opt/tessara/Help_001.chm", Shell::fileNotFound);
@@ -78,13 +78,13 @@ TEST_F(PanelWindowTest, OpensNothingInPlaceOfWhatWasOpenedOrIsNoHelp) {
   EXPECT_EQ(told(), "");
 }
 
-TEST_F(PanelWindowTest, TellsThatThereIsNoPort) {
+TEST_F(PanelWindowTest, ReportsThatThereIsNoPort) {
   inside(control()).ReaderMissing = true;
   window->read();
   EXPECT_TRUE(told().startsWith("No port or reader found"));
 }
 
-TEST_F(PanelWindowTest, TellsWhyAReadFailed) {
+TEST_F(PanelWindowTest, ReportsTheCauseOfAFailedRead) {
   platform.device.before = [](const std::string& entry) {
     if (entry.starts_with("ReadDeviceIdentifier")) throw std::runtime_error("COM3: no answer");
   };
@@ -100,7 +100,7 @@ TEST_F(PanelWindowTest, TheTitleNamesTheModule) {
   EXPECT_EQ(window->windowTitle(), "TESSARA TM 151 - Module information");
 }
 
-TEST_F(PanelWindowTest, TellsTheControlInWhichWindowItIsShown) {
+TEST_F(PanelWindowTest, PassesItsWindowToTheControl) {
   EXPECT_NE(inside(control()).hWnd, 0U);
   EXPECT_EQ(inside(control()).hWnd, window->winId());
 }
@@ -109,20 +109,20 @@ TEST_F(PanelWindowTest, HasAnIcon) {
   EXPECT_FALSE(window->windowIcon().isNull());
 }
 
-TEST_F(PanelWindowTest, AReadModuleMayBeStored) {
+TEST_F(PanelWindowTest, EnablesTransferAfterARead) {
   EXPECT_TRUE(inside(control()).bCmdStoreLocked);
   window->read();
   EXPECT_TRUE(panel().CmdStoreParameter.enabled());
   EXPECT_FALSE(inside(control()).bCmdStoreLocked);
 }
 
-TEST_F(PanelWindowTest, AModuleThatCouldNotBeReadMayNotBeStored) {
+TEST_F(PanelWindowTest, DisablesTransferAfterAFailedRead) {
   platform.device.connects = false;
   window->read();
   EXPECT_FALSE(panel().CmdStoreParameter.enabled());
 }
 
-TEST_F(PanelWindowTest, StoreTellsThatTheModuleFitsAndThatThereIsNothingToTransfer) {
+TEST_F(PanelWindowTest, TransferReportsThatTheModuleMatchesAndThereIsNothingToTransfer) {
   window->read();
   dialogs.acceptBox();
   press(Qt::Key_F6);
@@ -132,7 +132,7 @@ TEST_F(PanelWindowTest, StoreTellsThatTheModuleFitsAndThatThereIsNothingToTransf
   EXPECT_TRUE(panel().CmdDeviceInfo.enabled());
 }
 
-TEST_F(PanelWindowTest, TheHostDeclaresItsWorkWhileItsDialogIsOpen) {
+TEST_F(PanelWindowTest, IsBusyForTheControlWhileItsDialogIsOpen) {
   window->read();
   bool wasActive = false;
   bool couldRead = true;
@@ -145,7 +145,7 @@ TEST_F(PanelWindowTest, TheHostDeclaresItsWorkWhileItsDialogIsOpen) {
   EXPECT_FALSE(couldRead);
 }
 
-TEST_F(PanelWindowTest, AnotherModuleIsNotStoredTo) {
+TEST_F(PanelWindowTest, TransfersNothingToAnotherModule) {
   window->read();
   platform.device.identifier = {49, 1, 16, 162};
   press(Qt::Key_F6);
@@ -163,7 +163,7 @@ TEST_F(PanelWindowTest, LogsTheCallbacksOfARead) {
   EXPECT_EQ(callbacks, (QStringList{"ModulActive(1)", "ModulActive(0)", "NFCReader(false)"}));
 }
 
-TEST_F(PanelWindowTest, KeepsThePlaceOfTheWindow) {
+TEST_F(PanelWindowTest, RemembersTheGeometryOfTheWindow) {
   window->resize(1000, 300);
   window->move(240, 150);
   const QPoint place = window->frameGeometry().topLeft();
@@ -176,7 +176,7 @@ TEST_F(PanelWindowTest, KeepsThePlaceOfTheWindow) {
   EXPECT_LE((again.frameGeometry().topLeft() - place).manhattanLength(), frame);
 }
 
-TEST_F(PanelWindowTest, KeepsTheRateThatAModuleWasReadWith) {
+TEST_F(PanelWindowTest, RemembersTheRateOfARead) {
   EXPECT_EQ(settings->baudrate(), std::nullopt);
   control().put_Baudrate(38400);
   platform.device.connects = false;
@@ -187,7 +187,7 @@ TEST_F(PanelWindowTest, KeepsTheRateThatAModuleWasReadWith) {
   EXPECT_EQ(settings->baudrate(), 38400);
 }
 
-TEST_F(PanelWindowTest, DoesNotKeepTheRateOfASecondAttempt) {
+TEST_F(PanelWindowTest, DoesNotRememberTheRateOfASecondAttempt) {
   int attempts = 0;
   platform.device.before = [&](const std::string& entry) {
     if (entry.starts_with("ReadDeviceIdentifier") && ++attempts == 1) {
@@ -199,7 +199,7 @@ TEST_F(PanelWindowTest, DoesNotKeepTheRateOfASecondAttempt) {
   EXPECT_EQ(settings->baudrate(), 19200);
 }
 
-TEST_F(PanelWindowTest, ShowsTheLogoThatTheSettingsName) {
+TEST_F(PanelWindowTest, ShowsTheLogoNamedInTheSettings) {
   EXPECT_TRUE(std::holds_alternative<std::monostate>(panel().PictureLogo.state().picture));
   platform.settings[u"Software\\Orvane\\Tessara-Conf\\Settings|Logo"] =
       std::u16string(u"MERIDEX_CONF.elg");
@@ -207,7 +207,7 @@ TEST_F(PanelWindowTest, ShowsTheLogoThatTheSettingsName) {
   EXPECT_FALSE(std::holds_alternative<std::monostate>(panel().PictureLogo.state().picture));
 }
 
-TEST_F(PanelWindowTest, GivesTheAboutBoxTheVersionThatTheMakerSet) {
+TEST_F(PanelWindowTest, ShowsTheMakersVersionInTheAboutBox) {
   EXPECT_EQ(toUtf8(inside(control()).VersionString), toUtf8(maker.version));
 }
 

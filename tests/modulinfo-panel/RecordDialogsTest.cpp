@@ -52,7 +52,7 @@ TEST_F(RecordDialogsTest, SavesTheRecordOfTheModule) {
   EXPECT_TRUE(told().endsWith("mine.json"));
 }
 
-TEST_F(RecordDialogsTest, SuggestsANameMadeOfNameAndSerialNumber) {
+TEST_F(RecordDialogsTest, SuggestsAFileNameFromNameAndSerialNumber) {
   window->read();
   dialogs.chooseFile(path("mine.json"));
   press(Qt::Key_S, Qt::ControlModifier);
@@ -60,14 +60,14 @@ TEST_F(RecordDialogsTest, SuggestsANameMadeOfNameAndSerialNumber) {
   EXPECT_EQ(dialogs.suggested(), suggestedFileName(record));
 }
 
-TEST_F(RecordDialogsTest, AddsTheEndingThatThePersonLeftOut) {
+TEST_F(RecordDialogsTest, AddsAMissingExtension) {
   window->read();
   dialogs.chooseFile(path("mine"));
   press(Qt::Key_S, Qt::ControlModifier);
   EXPECT_TRUE(QFile::exists(path("mine.json")));
 }
 
-TEST_F(RecordDialogsTest, WritesNothingIfThePersonThinksBetterOfIt) {
+TEST_F(RecordDialogsTest, WritesNothingWhenCancelled) {
   window->read();
   const QStringList before = QDir(folder.path()).entryList(QDir::Files);
   dialogs.cancel();
@@ -76,7 +76,7 @@ TEST_F(RecordDialogsTest, WritesNothingIfThePersonThinksBetterOfIt) {
   EXPECT_FALSE(inside(control()).HostActive);
 }
 
-TEST_F(RecordDialogsTest, TellsThatAFileCannotBeWritten) {
+TEST_F(RecordDialogsTest, ReportsAFileThatCannotBeWritten) {
   window->read();
   dialogs.chooseFile(path("absent/mine.json"));
   dialogs.acceptBox();
@@ -97,7 +97,7 @@ TEST_F(RecordDialogsTest, SavesPrintsAndCopiesNothingWithoutAModule) {
   EXPECT_EQ(told(), nothing);
 }
 
-TEST_F(RecordDialogsTest, OpensWhatItSavedInAWindowThatSaysWhatItIs) {
+TEST_F(RecordDialogsTest, OpensASavedRecordInAWindowWithABanner) {
   window->read();
   dialogs.chooseFile(path("mine.json"));
   press(Qt::Key_S, Qt::ControlModifier);
@@ -112,7 +112,7 @@ TEST_F(RecordDialogsTest, OpensWhatItSavedInAWindowThatSaysWhatItIs) {
   EXPECT_TRUE(recordWindow()->findChild<QTextBrowser*>()->isReadOnly());
 }
 
-TEST_F(RecordDialogsTest, TheRecordOfAnotherModuleLeavesThePanelAlone) {
+TEST_F(RecordDialogsTest, OpeningARecordLeavesThePanelUnchanged) {
   window->read();
   dialogs.chooseFile(path("mine.json"));
   press(Qt::Key_S, Qt::ControlModifier);
@@ -121,7 +121,7 @@ TEST_F(RecordDialogsTest, TheRecordOfAnotherModuleLeavesThePanelAlone) {
   EXPECT_EQ(panel().LabelDeviceName.caption(), u"ANOTHER");
 }
 
-TEST_F(RecordDialogsTest, TellsWhatIsWrongWithAFileThatIsNoRecord) {
+TEST_F(RecordDialogsTest, ReportsWhyAFileIsNotARecord) {
   const std::vector<std::pair<QByteArray, QString>> files{
       {"", "wrong.json is not a module record: invalid JSON at line 1"},
       {"hello", "wrong.json is not a module record: invalid JSON at line 1"},

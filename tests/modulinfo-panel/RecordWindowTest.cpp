@@ -79,7 +79,7 @@ TEST_F(RecordWindowTest, ShowsMarkupInARecordAsText) {
       other.findChild<QTextBrowser*>()->toPlainText().contains("<b>bold</b> & <img src=x>"));
 }
 
-TEST_F(RecordWindowTest, HasTheFocusOnThePageSoThatItCanBeRead) {
+TEST_F(RecordWindowTest, StartsWithTheFocusOnThePage) {
   EXPECT_TRUE(page().hasFocus());
 }
 

@@ -20,7 +20,7 @@ class ReportTest : public ::testing::Test {
  protected:
   RecordSheet sheet() { return {record, &texts.tables, {}}; }
 
-  /// The page as it is painted on paper.
+  /// The printed page.
   QImage painted() {
     QImage page(794, 1123, QImage::Format_RGB32);
     page.fill(Qt::white);
@@ -64,7 +64,7 @@ TEST_F(ReportTest, IsOnePageEvenWithLongTexts) {
   }
   record.module.name = QString("X").repeated(2000);
   const auto rows = inked(painted());
-  // Nothing but the line of the foot in the band in front of it.
+  // The band above the footer is empty.
   EXPECT_TRUE(rows[100]);
   EXPECT_FALSE(rows[rows.size() - 33]);
 }
@@ -99,7 +99,7 @@ TEST_F(ReportTest, HasTheLogoIfThereIsOne) {
   EXPECT_FALSE(recordDocument(sheet(), RecordInk::paper(), 1)->toHtml().contains("src=\"logo\""));
 }
 
-TEST_F(ReportTest, NoLineEndsWithinAnArrow) {
+TEST_F(ReportTest, BreaksNoLineWithinAnArrow) {
   record.status.module = QString("11 -> Ошибка ").repeated(40);
   const auto page = recordDocument(sheet(), RecordInk::paper(), 1);
   for (int width = 300; width < 700; width += 7) {

@@ -4,7 +4,7 @@
 
 namespace tessara::testing {
 
-/// The control's own wording.
+/// The built-in texts of the control.
 struct GermanTexts {
   GermanTexts() { LoadDefaultTexts(tables); }
   TextTables tables;

@@ -63,7 +63,7 @@ TEST_P(TranslatorsTest, ASecondLanguageReplacesTheFirst) {
   EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), "Cancel");
 }
 
-TEST_P(TranslatorsTest, WindowsOfEastAsiaHaveAFontOfTheirOwn) {
+TEST_P(TranslatorsTest, ChineseAndJapaneseHaveAFontOfTheirOwn) {
   installTranslator(moduleWide());
   const std::u16string language = GetParam().extension;
   const bool isEastAsian = language == u"clg" || language == u"jlg";

@@ -1,4 +1,4 @@
-"""A desktop of a test's own: an X server in memory, a window manager, a pointer and a keyboard."""
+"""A private desktop for a test: an X server in memory, a window manager, a pointer and a keyboard."""
 
 import collections
 import contextlib
@@ -20,26 +20,26 @@ LEFT_BUTTON = 1
 # linux/prctl.h
 PR_SET_PDEATHSIG = 1
 
-# What the keyboard calls the signs whose names are not themselves.
+# The key names of characters that are not their own names.
 SIGNS = {"/": "slash", "-": "minus", "_": "underscore", ".": "period"}
 
 Area = collections.namedtuple("Area", "x y width height")
 
 
 class Window:
-    """A window of a program, without the frame that the window manager puts around it."""
+    """A window of a program, without the frame of the window manager."""
 
     def __init__(self, desktop, handle):
         self.desktop = desktop
         self.handle = handle
 
     def values(self, name):
-        """The values of that property; nothing if there is none or the window has gone."""
+        """The values of that property; None if it is missing or the window no longer exists."""
         try:
-            told = self.handle.get_full_property(self.desktop.atom(name), X.AnyPropertyType)
+            found = self.handle.get_full_property(self.desktop.atom(name), X.AnyPropertyType)
         except error.BadWindow:
             return None
-        return told.value if told else None
+        return found.value if found else None
 
     @property
     def title(self):
@@ -47,11 +47,11 @@ class Window:
 
     @property
     def frame(self):
-        """How far the frame reaches beyond the window: left, right, top, bottom."""
+        """The widths of the frame: left, right, top, bottom."""
         return tuple(self.values("_NET_FRAME_EXTENTS") or ())
 
     def area(self):
-        """Where the window stands on the screen."""
+        """The area of the window on the screen."""
         size = self.handle.get_geometry()
         at = self.handle.translate_coords(self.desktop.root, 0, 0)
         return Area(-at.x, -at.y, size.width, size.height)
@@ -64,7 +64,7 @@ class Window:
 
 
 def end_with_the_test():
-    """Has the program that this process becomes end with the test, however the test ends."""
+    """Makes this process end with the test, however the test ends."""
     LIBC.prctl(PR_SET_PDEATHSIG, signal.SIGTERM, 0, 0, 0)
 
 
@@ -84,7 +84,7 @@ class Desktop:
 
     @classmethod
     def start_server(cls, ends):
-        """Starts a server at a display that it finds free, and gives the name of that."""
+        """Starts a server on a free display and returns the name of that display."""
         readable, writable = os.pipe()
         with os.fdopen(readable) as names:
             cls.run(ends, ["Xvfb", "-displayfd", str(writable), "-nolisten", "tcp",
@@ -114,13 +114,13 @@ class Desktop:
         return [window for window in self.windows() if window.title == title]
 
     def focused(self):
-        """The window that has the keyboard; none if no program has it."""
-        # What the window manager says lags behind, and the next program may reuse a handle.
+        """The window that has the focus; None if no program has it."""
+        # The window manager's own record lags behind, and the next program may reuse a handle.
         handle = self.display.get_input_focus().focus
         return None if isinstance(handle, int) else Window(self, handle)
 
     def window(self, title):
-        """The window with that title, once it is visible and has the keyboard."""
+        """The window with that title, once it is visible and has the focus."""
         def active():
             window = self.focused()
             return window if window and window.title == title and window.is_visible() else None
@@ -130,15 +130,15 @@ class Desktop:
         wait_for(lambda: not self.titled(title), f"the end of the window {title}")
 
     def popups(self, kind):
-        """The visible windows of that kind among those that have no frame: TOOLTIP, DROPDOWN_MENU,
-        or NORMAL for the lines of a list."""
+        """The visible windows of that kind without a frame: TOOLTIP, DROPDOWN_MENU, or NORMAL for
+        an open list."""
         own = self.atom("_NET_WM_WINDOW_TYPE_" + kind)
         children = [Window(self, handle) for handle in self.root.query_tree().children]
         return [window for window in children
                 if own in (window.values("_NET_WM_WINDOW_TYPE") or ()) and window.is_visible()]
 
     def wait_for_manager(self):
-        """Waits until the window manager has done what it has been told so far."""
+        """Waits until the window manager has handled all earlier requests."""
         own = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
         self.root.send_event(
             event.ClientMessage(window=own, client_type=self.atom("_NET_REQUEST_FRAME_EXTENTS"),
@@ -166,29 +166,29 @@ class Desktop:
         self.point(window, place)
         self.button(X.ButtonPress)
         self.button(X.ButtonRelease)
-        # It holds the pointer at every click; what it passes on late happens where that is by then.
+        # The window manager grabs the pointer at every click, and replays late events at the
+        # position that the pointer has by then.
         self.wait_for_manager()
 
     def drag(self, window, start, way):
-        """Drags what is at that place of the screen, a part of the window's frame, as far across
-        and down as `way` tells."""
+        """Drags the part of the window's frame at that place of the screen by `way`, across and down."""
         before = window.area()
         self.move(*start)
         self.button(X.ButtonPress)
-        # The window manager makes out a drag by and by, and leaves out what came before.
-        trembling = itertools.cycle((0, 1))
+        # The window manager needs some motion to recognise a drag, and drops the motion before that.
+        jitter = itertools.cycle((0, 1))
 
         def follows():
-            self.move(start[0] + way[0] // 2 + next(trembling), start[1] + way[1] // 2)
+            self.move(start[0] + way[0] // 2 + next(jitter), start[1] + way[1] // 2)
             return window.area() != before
         wait_for(follows, "the window to follow the pointer")
         self.move(start[0] + way[0], start[1] + way[1])
         self.button(X.ButtonRelease)
-        # It holds the keyboard as long as it drags.
+        # It grabs the keyboard during a drag.
         self.wait_for_manager()
 
     def press(self, *names):
-        """Presses keys one after the other, each with what is held with it: "Tab", "Control+q"."""
+        """Presses keys in turn, each with its modifiers: "Tab", "Control+q"."""
         for name in names:
             *held, key = name.split("+")
             codes = [self.display.keysym_to_keycode(XK.string_to_keysym(one))
@@ -201,7 +201,7 @@ class Desktop:
             self.display.sync()
 
     def type(self, text):
-        """Types the signs of a path."""
+        """Types the characters of a path."""
         for sign in text:
             needs_shift = sign.isupper() or sign == "_"
             self.press(("Shift+" if needs_shift else "") + SIGNS.get(sign, sign))
@@ -209,7 +209,7 @@ class Desktop:
     # Pixels
 
     def pixels(self, area):
-        """What the screen shows there: rows of (red, green, blue)."""
+        """The pixels of an area of the screen: rows of (red, green, blue)."""
         image = self.root.get_image(area.x, area.y, area.width, area.height, X.ZPixmap, 0xFFFFFFFF)
         step = 4
         colours = [(image.data[at + 2], image.data[at + 1], image.data[at])

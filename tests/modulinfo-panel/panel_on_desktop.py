@@ -1,4 +1,4 @@
-"""`modulinfo-panel` on a desktop of its own, and the places of what a person clicks there."""
+"""`modulinfo-panel` on a private desktop, and the places of its controls."""
 
 import subprocess
 
@@ -10,10 +10,10 @@ TITLE_OF_MODULE = "TESSARA TM 151 - " + TITLE
 
 ENGLISH = 2
 
-# The panel as designed, in pixels.
+# The designed height of the panel, in pixels.
 PANEL_HEIGHT = 167
 
-# The middle of what is on the panel, from its upper left corner.
+# The centres of the panel's controls, from its upper left corner.
 READ, OPEN, SAVE, PRINT = (28, 30), (140, 30), (174, 30), (208, 30)
 LANGUAGE, HELP, ABOUT = (252, 30), (286, 30), (320, 30)
 STATE_PICTURE_FOOT = (32, 146)
@@ -26,17 +26,17 @@ class PanelOnDesktop(Bench):
         super().setUp()
         self.program = BIN / "modulinfo-panel"
         self.folder.chmod(0o700)
-        # Nobody's display, and nobody's session either: without an address the library of the bus
-        # would look for a session by itself, and leak what it read there.
+        # Neither the user's display nor the user's session: without an address, the bus library
+        # would look for a session by itself, and leak memory doing so.
         self.environment |= {"QT_QPA_PLATFORM": "xcb", "DBUS_SESSION_BUS_ADDRESS": "disabled:"}
         self.desktop = Desktop(self.environment)
         self.addCleanup(self.desktop.end)
         self.environment["DISPLAY"] = self.desktop.name
 
     def start(self, *arguments, title=TITLE):
-        """Starts the program and gives it and its window, which has the keyboard."""
-        # The one before may have a window of the same title.
-        wait_for(lambda: not self.desktop.windows(), "the end of the program before")
+        """Starts the program and returns it and its window, once that has the focus."""
+        # The previous program may have a window with the same title.
+        wait_for(lambda: not self.desktop.windows(), "the end of the previous program")
         program = subprocess.Popen([self.program, *map(str, arguments)],
                                    env=self.environment, stdin=subprocess.DEVNULL)
         self.addCleanup(self.end, program)
@@ -61,8 +61,8 @@ class PanelOnDesktop(Bench):
         self.assertEqual(program.wait(PATIENCE), 0)
 
     def on_panel(self, window, place):
-        """That place of the panel as one of its window."""
-        # The menus above and the status line below are about as high as each other.
+        """The place in the window of a place on the panel."""
+        # Menu bar and status bar have about the same height.
         return place[0], place[1] + (window.area().height - PANEL_HEIGHT) // 2
 
     def click_on_panel(self, window, place):

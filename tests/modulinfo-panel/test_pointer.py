@@ -17,13 +17,13 @@ EVENTS = "Events - " + TITLE
 PORTS, SECOND_PORT = (90, 83), (90, 103)
 ADDRESS = (300, 83)
 
-# The light of an access to the module, and the ground of a selected row.
+# The colours of the busy light and of a selected row.
 BUSY, SELECTED = (0x0A, 0x66, 0xC2), (0x30, 0x8C, 0xC6)
 
 
 class PointerTest(PanelOnDesktop):
     def choose_file(self, title, path):
-        """Types the path into the file dialog of that title."""
+        """Types the path into the file dialog with that title."""
         self.desktop.window(title)
         self.desktop.press("Control+a")
         self.desktop.type(str(path))
@@ -56,7 +56,7 @@ class PointerTest(PanelOnDesktop):
         self.desktop.wait_until_gone(opened)
         self.desktop.window(TITLE_OF_MODULE)
 
-    def test_the_preview_comes_up_and_goes(self):
+    def test_the_preview_opens_and_closes(self):
         _, window = self.start_read()
         self.click_on_panel(window, PRINT)
         preview = self.desktop.window("Print: TESSARA TM 151")
@@ -64,7 +64,7 @@ class PointerTest(PanelOnDesktop):
         self.desktop.wait_until_gone(preview.title)
         self.desktop.window(TITLE_OF_MODULE)
 
-    def test_the_window_comes_up_where_it_stood_and_as_large(self):
+    def test_the_window_opens_with_its_last_geometry(self):
         port = next(iter(self.simulator(self.module())))
         program, window = self.start("--port", port, "--language", ENGLISH)
         first = window.area()
@@ -93,7 +93,7 @@ class PointerTest(PanelOnDesktop):
         self.desktop.press("F5")
         self.desktop.window(TITLE_OF_MODULE)
 
-    def test_the_keys_end_the_program_in_the_middle_of_a_read(self):
+    def test_the_shortcut_quits_the_program_during_a_read(self):
         program, window = self.start("--language", ENGLISH, "--simulate",
                                      self.module(faults=[{"kind": "noReply", "every": 1}]))
         area = window.area()
@@ -103,20 +103,20 @@ class PointerTest(PanelOnDesktop):
         self.desktop.press("Control+q")
         self.assert_ends_well(program)
 
-    def test_the_menu_ends_the_program_by_its_keys(self):
+    def test_the_menu_quits_the_program_by_its_access_keys(self):
         program, _ = self.start_simulated()
         self.desktop.press("Alt+f")
         wait_for(lambda: self.desktop.popups("DROPDOWN_MENU"), "the menu")
         self.desktop.press("q")
         self.assert_ends_well(program)
 
-    def test_the_frame_ends_the_program(self):
+    def test_closing_the_window_quits_the_program(self):
         program, window = self.start_read()
         area = window.area()
         self.desktop.click(window, (area.width - 10, -window.frame[2] // 2))
         self.assert_ends_well(program)
 
-    def test_the_events_come_and_go_by_their_keys_and_are_clicked(self):
+    def test_the_events_open_and_close_by_their_shortcut_and_take_clicks(self):
         program, _ = self.start_read()
         self.desktop.press("Control+e")
         events = self.desktop.window(EVENTS)
@@ -134,7 +134,7 @@ class PointerTest(PanelOnDesktop):
         self.desktop.press("Control+q")
         self.assert_ends_well(program)
 
-    def test_a_tool_tip_comes_up_under_the_pointer_and_goes_with_it(self):
+    def test_a_tool_tip_appears_and_disappears_with_the_pointer(self):
         _, window = self.start_simulated()
         sizes = set()
         for button in (READ, PRINT):
@@ -147,13 +147,13 @@ class PointerTest(PanelOnDesktop):
             wait_for(lambda: not self.desktop.popups("TOOLTIP"), "the end of the tool tip")
         self.assertEqual(len(sizes), 2)
 
-    def test_a_port_is_chosen_from_the_list(self):
+    def test_a_port_is_selected_from_the_list(self):
         ports = list(self.simulator(self.module(), self.module("other.json", name="OTHER")))
         _, window = self.start("--port", ports[0], "--language", ENGLISH)
         self.click_on_panel(window, PORTS)
         wait_for(lambda: self.desktop.popups("NORMAL"), "the list of ports")
         self.click_on_panel(window, SECOND_PORT)
-        # Until the list has gone, it has the pointer to itself.
+        # An open list grabs the pointer.
         wait_for(lambda: not self.desktop.popups("NORMAL"), "the end of the list")
         self.click_on_panel(window, READ)
         self.desktop.window("OTHER - " + TITLE)

@@ -16,29 +16,29 @@ GERMAN, FRENCH, SPANISH, POLISH = 1, 3, 4, 10
 
 DIALOG, RESTART, BOX, NO_HELP = "Language", "MERIDEX_CONF", "Information", "Error Help File"
 
-# Where Tab leads from the read button.
+# The number of Tab presses from the read button.
 TABS_TO_LANGUAGE, TABS_FROM_LANGUAGE_TO_ABOUT = 6, 2
 
-# What is in the language dialog: options by their marks, buttons by their middle.
+# The language dialog: options by their marks, buttons by their centres.
 OPTIONS = {GERMAN: (59, 25), POLISH: (253, 25)}
 OK, CANCEL = (237, 209), (337, 209)
 
 # The button of the about box.
 BOX_OK = (465, 304)
 
-# From the middle of a button to places of its ground just below its upper and above its lower edge,
-# and the two colours of the gradient, without and under the pointer.
+# From the centre of a button to its background just inside the upper and the lower edge, and the two
+# colours of the gradient there, without and with the pointer over it.
 EDGES = ((-20, -11), (-20, 11))
 IDLE = ((0xFD, 0xFD, 0xFD), (0xF2, 0xEF, 0xEB))
 UNDER_POINTER = ((0xE1, 0xDF, 0xDB), (0xE6, 0xE4, 0xE1))
 
-# So close to its edge the ground has nearly the colour of it.
+# Tolerance: so close to the edge the background is not exactly of that colour.
 NEARLY = 3
 
 
 class PointerDialogsTest(PanelOnDesktop):
     def start_on_port(self, *arguments, **options):
-        """A program on a module of its own, one that keeps its settings."""
+        """Starts the program at a port, so that it stores its settings."""
         if not self.simulators:
             self.port = next(iter(self.simulator(self.module())))
         return self.start("--port", self.port, *arguments, **options)
@@ -49,13 +49,13 @@ class PointerDialogsTest(PanelOnDesktop):
         return program, self.desktop.window(DIALOG)
 
     def stored_language(self):
-        """The number in the settings; nothing if there is none."""
+        """The number in the settings; None if there is none."""
         settings = configparser.ConfigParser()
         settings.read(self.settings_file, "utf-8")
         return settings.get("Settings", "Language", fallback=None)
 
     def assert_chosen(self, language):
-        """The dialog has ended with OK, asks for a new start and has stored that language."""
+        """Checks that the dialog was closed with OK, asks for a restart and stored that language."""
         self.desktop.wait_until_gone(DIALOG)
         self.desktop.window(RESTART)
         self.desktop.press("Return")
@@ -64,7 +64,7 @@ class PointerDialogsTest(PanelOnDesktop):
         self.desktop.window(TITLE)
 
     def assert_cancelled(self):
-        """The dialog has ended, and the panel goes on as if there had been none."""
+        """Checks that the dialog was closed and nothing else changed."""
         self.desktop.wait_until_gone(DIALOG)
         self.click_on_panel(self.desktop.window(TITLE), READ)
         self.desktop.window(TITLE_OF_MODULE)
@@ -72,7 +72,7 @@ class PointerDialogsTest(PanelOnDesktop):
         self.assertIsNone(self.stored_language())
 
     def assert_shows_the_pointer(self, window, button):
-        """The ground of that button changes as the pointer comes and goes."""
+        """Checks that the background of the button changes with the pointer over it."""
         def has(gradient):
             shown = [self.desktop.pixel(window, (button[0] + x, button[1] + y)) for x, y in EDGES]
             return all(abs(one - other) <= NEARLY for colours in zip(shown, gradient)
@@ -82,7 +82,7 @@ class PointerDialogsTest(PanelOnDesktop):
             self.desktop.point(window, place)
             wait_for(lambda gradient=gradient: has(gradient), f"the gradient {gradient}")
 
-    def test_a_language_is_chosen_by_clicks_and_spoken_from_the_next_start(self):
+    def test_a_language_selected_by_clicks_takes_effect_at_the_next_start(self):
         program, dialog = self.open_language()
         self.desktop.click(dialog, OPTIONS[GERMAN])
         self.desktop.click(dialog, OK)
@@ -91,7 +91,7 @@ class PointerDialogsTest(PanelOnDesktop):
         self.assert_ends_well(program)
         self.start_on_port(title="Modul-Information")
 
-    def test_the_arrow_keys_choose_a_language_and_return_is_ok(self):
+    def test_the_arrow_keys_select_a_language_and_return_means_ok(self):
         self.open_language()
         self.desktop.press("Down", "Down", "Return")
         self.assert_chosen(SPANISH)
@@ -111,12 +111,12 @@ class PointerDialogsTest(PanelOnDesktop):
         self.desktop.window(BOX)
         self.desktop.press("Return")
         self.desktop.window(TITLE)
-        # Back to the button that the keyboard began at.
+        # Back to the button that had the focus at the start.
         back = TABS_TO_LANGUAGE + TABS_FROM_LANGUAGE_TO_ABOUT
         self.desktop.press(*["Shift+Tab"] * back, "space")
         self.desktop.window(TITLE_OF_MODULE)
 
-    def test_help_that_is_not_there_is_told(self):
+    def test_missing_help_is_reported(self):
         place = self.folder / "installed"
         place.mkdir()
         for file in (self.program, *BIN.glob("MERIDEX_CONF.*"), BIN / "TessaraDevices.xml"):
@@ -142,7 +142,7 @@ class PointerDialogsTest(PanelOnDesktop):
         self.desktop.click(dialog, CANCEL)
         self.assert_cancelled()
 
-    def test_the_buttons_of_the_dialogs_show_the_pointer(self):
+    def test_the_buttons_of_the_dialogs_highlight_under_the_pointer(self):
         _, dialog = self.open_language()
         for button in (OK, CANCEL):
             self.assert_shows_the_pointer(dialog, button)
@@ -151,7 +151,7 @@ class PointerDialogsTest(PanelOnDesktop):
         self.click_on_panel(self.desktop.window(TITLE), ABOUT)
         self.assert_shows_the_pointer(self.desktop.window(BOX), BOX_OK)
 
-    def test_the_about_box_keeps_the_panel_off_until_it_is_closed(self):
+    def test_the_about_box_blocks_the_panel_until_it_is_closed(self):
         _, window = self.start_simulated()
         ways = (lambda box: self.desktop.press("Escape"),
                 lambda box: self.desktop.click(box, BOX_OK),

@@ -1,4 +1,4 @@
-"""What `modulinfo-panel` does, seen from outside."""
+"""`modulinfo-panel`, tested from outside."""
 
 import json
 import pathlib
@@ -14,12 +14,12 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "system"
 
 from bench import BIN, HEALTHY, PATIENCE, Bench  # noqa: E402
 
-# The middle of the lower edge of the state picture's disc and triangle, from the left and from below,
-# and their colours.
+# The centre of the lower edge of the state picture, disc or triangle, from the left and from below,
+# and the colours.
 STATE_PIXEL = (34, 44)
 GREEN, ORANGE = (0x12, 0x80, 0x5C), (0xC2, 0x41, 0x0C)
 
-# A record as the program saves one.
+# A record as the program saves it.
 RECORD = {
     "format": "modulinfo-record", "version": 1, "program": "modulinfo-panel 0.1.0",
     "time": "2024-05-17T08:04:59+02:00", "language": 1,
@@ -69,7 +69,7 @@ class Png:
         return rows
 
     def pixel(self, x, y):
-        """The colour of the pixel that many from the left and from below."""
+        """The colour of the pixel at that distance from the left and from below."""
         start = x * self.channels
         return tuple(self.rows[-y][start:start + 3])
 
@@ -106,14 +106,14 @@ class ProgramTest(Bench):
         self.assertEqual(ended.returncode, 0)
         self.assertEqual(Png(self.picture).pixel(*STATE_PIXEL), ORANGE)
 
-    def test_draws_in_the_language_that_was_asked_for(self):
+    def test_draws_in_the_requested_language(self):
         pictures = []
         for language in (1, 8, 9):
             self.assertEqual(self.draw("--language", language).returncode, 0)
             pictures.append(self.picture.read_bytes())
         self.assertEqual(len(set(pictures)), 3)
 
-    def test_draws_in_the_detail_of_the_screen(self):
+    def test_draws_at_the_scale_of_the_screen(self):
         self.environment["QT_SCALE_FACTOR"] = "2"
         self.assertEqual(self.draw().returncode, 0)
         self.assertEqual(Png(self.picture).width, 1606)
@@ -130,7 +130,7 @@ class ProgramTest(Bench):
         self.assertIn("COM77", ended.stderr)
         self.assertFalse(self.picture.exists())
 
-    def test_settings_that_hold_nonsense_end_with_3(self):
+    def test_invalid_settings_end_with_3(self):
         self.write_settings("[Settings]\nLanguage=fast\n")
         ended = self.run_panel("--screenshot", self.picture)
         self.assertEqual(ended.returncode, 3)
@@ -159,7 +159,7 @@ class ProgramTest(Bench):
         self.assertEqual(ended.returncode, 1)
         self.assertIn("panel.png cannot be written", ended.stderr)
 
-    def test_a_missing_catalogue_is_told_on_standard_error_and_waits_for_nobody(self):
+    def test_a_missing_catalogue_is_reported_on_standard_error_without_a_message_box(self):
         place = self.folder / "installed"
         place.mkdir()
         self.program = pathlib.Path(shutil.copy2(self.program, place))
@@ -191,7 +191,7 @@ class ProgramTest(Bench):
         for value in ("Module record", "TESSARA TM 151", "4711", "Page 1 of 1"):
             self.assertIn(value, text)
 
-    def test_comes_up_with_the_port_the_rate_and_the_language_that_were_used_last(self):
+    def test_starts_with_the_last_port_rate_and_language(self):
         _, port = self.simulator(self.module(), self.module("other.json", serialNumber=1147))
         self.write_settings(f"[Settings]\nCOM%20Port={port.removeprefix('COM')}\nLanguage=2\n")
         own = self.settings_file.with_name("modulinfo-panel.ini")
@@ -214,7 +214,7 @@ class ProgramTest(Bench):
             self.assertIn(value, text)
         self.assertGreater(Png(self.picture).height, 300)
 
-    def test_no_report_is_written_of_a_module_that_could_not_be_read(self):
+    def test_writes_no_report_after_a_failed_read(self):
         pdf = self.folder / "report.pdf"
         ended = self.run_panel("--simulate", self.module(faults=[{"kind": "noReply", "every": 1}]),
                                "--report", pdf)
@@ -227,7 +227,7 @@ class ProgramTest(Bench):
         self.assertEqual(ended.returncode, 1)
         self.assertIn("report.pdf cannot be written", ended.stderr)
 
-    def test_a_file_that_is_no_record_ends_with_1_and_says_why(self):
+    def test_a_file_that_is_not_a_record_ends_with_1_and_the_reason(self):
         wrong = self.folder / "wrong.json"
         wrong.write_text("{\n  nonsense\n}", encoding="utf-8")
         for changes, said in ((None, "wrong.json is not a module record: invalid JSON at line 2"),
@@ -241,7 +241,7 @@ class ProgramTest(Bench):
                 self.assertIn(said, ended.stderr)
                 self.assertFalse(self.picture.exists())
 
-    def test_a_record_goes_with_no_module(self):
+    def test_record_and_module_exclude_each_other(self):
         for arguments in (["--port", "COM1"], ["--simulate", self.module()], ["--read"]):
             with self.subTest(arguments=arguments):
                 ended = self.run_panel("--record", self.record(), *arguments)

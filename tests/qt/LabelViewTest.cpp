@@ -44,7 +44,7 @@ TEST_F(LabelViewTest, LongValuesFit) {
   }
 }
 
-TEST_F(LabelViewTest, WhatDoesNotFitEndsInThreePoints) {
+TEST_F(LabelViewTest, ElidesTextThatDoesNotFit) {
   fillLongest(panel);
   const LabelView& state = label(panel.LblModulState);
   EXPECT_TRUE(state.isCut());
@@ -53,7 +53,7 @@ TEST_F(LabelViewTest, WhatDoesNotFitEndsInThreePoints) {
   EXPECT_EQ(state.text(), toQt(panel.LblModulState.caption()));
 }
 
-TEST_F(LabelViewTest, ALongCaptionIsMadeSmallerBeforeItIsCut) {
+TEST_F(LabelViewTest, ScalesALongCaptionDownBeforeItElidesIt) {
   panel.LngLabel[6].setCaption(u"Numéro de série :");
   EXPECT_FALSE(label(panel.LngLabel[6]).isCut());
   panel.LngLabel[6].setCaption(u"Numéro de série complet du module de mesure:");
@@ -68,7 +68,7 @@ TEST_F(LabelViewTest, TheDeviceTypeCaptionBreaksIntoTwoLines) {
   EXPECT_FALSE(label(panel.LngLabel[3]).isCut());
 }
 
-TEST_F(LabelViewTest, TheToolTipOfACutTextTellsTheWhole) {
+TEST_F(LabelViewTest, TheToolTipShowsAllOfAnElidedText) {
   const std::u16string whole =
       u"Universal-Messumformer für Thermoelemente, Widerstände und Normsignale, 3-fach getrennt";
   panel.LabelDeviceDescription.setCaption(whole);
@@ -95,7 +95,7 @@ TEST_F(LabelViewTest, ValuesCanBeCopied) {
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "18446744073709551615");
 }
 
-TEST_F(LabelViewTest, ThePaddingOfAModuleIsNotSeen) {
+TEST_F(LabelViewTest, HidesThePaddingOfAModule) {
   panel.LabelDeviceName.setCaption(u"VELLUM LM 201" + std::u16string(19, u'\0'));
   EXPECT_EQ(label(panel.LabelDeviceName).shownText(), "VELLUM LM 201");
   EXPECT_EQ(spoken(panel.LabelDeviceName), "Gerätetyp: VELLUM LM 201");
@@ -103,7 +103,7 @@ TEST_F(LabelViewTest, ThePaddingOfAModuleIsNotSeen) {
   EXPECT_EQ(label(panel.LabelDeviceName).shownText(), "TM 151  B");
 }
 
-TEST_F(LabelViewTest, TextIsNeverMarkup) {
+TEST_F(LabelViewTest, ShowsMarkupAsPlainText) {
   panel.LabelDeviceName.setCaption(u"<b>1 & 2</b>");
   EXPECT_EQ(label(panel.LabelDeviceName).shownText(), "<b>1 & 2</b>");
 }

@@ -38,7 +38,7 @@ class LookTest : public ::testing::TestWithParam<bool> {
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, LookTest, ::testing::Values(false, true));
 
-TEST_P(LookTest, KnowsADarkPalette) {
+TEST_P(LookTest, RecognisesADarkPalette) {
   EXPECT_EQ(Look::of(panel, 1).dark, GetParam());
 }
 
@@ -50,7 +50,7 @@ TEST_P(LookTest, IsReadable) {
   EXPECT_GE(contrast(look.accent, look.card), 4.5);
 }
 
-TEST_P(LookTest, PicturesStandOutAndDisabledOnesStepBack) {
+TEST_P(LookTest, EnabledPicturesContrastMoreThanDisabledOnes) {
   const Look look = Look::of(panel, 1);
   const Inks enabled = look.inks(true);
   const Inks disabled = look.inks(false);
@@ -88,7 +88,7 @@ TEST(LookOfLanguage, DrawsJapaneseFromAJapaneseFont) {
   EXPECT_EQ(familyOfSharedCharacter(Look::of(panel, 3).valueFont), u"VL PGothic");
 }
 
-TEST(LookOfLanguage, LeavesLettersToTheFontOfTheSystem) {
+TEST(LookOfLanguage, DrawsLatinLettersFromTheFontOfTheSystem) {
   const QWidget panel;
   const QString own = QFontInfo(panel.font()).family();
   for (const char16_t* language : {u"dlg", u"clg", u"jlg"}) {

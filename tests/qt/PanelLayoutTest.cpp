@@ -24,7 +24,7 @@ class PanelLayoutTest : public ::testing::Test {
   Panel panel;
 };
 
-TEST_F(PanelLayoutTest, StandsAtItsDesignPlacesAtItsOwnSize) {
+TEST_F(PanelLayoutTest, HasTheDesignedGeometryAtItsNaturalSize) {
   EXPECT_EQ(place(panel.CmdDeviceInfo), QRect(12, 14, 33, 33));
   EXPECT_EQ(place(panel.ImageDevState).size(), QSize(32, 32));
 }
@@ -38,7 +38,7 @@ TEST_F(PanelLayoutTest, ButtonsMeasure495Twips) {
   }
 }
 
-TEST_F(PanelLayoutTest, EverythingStandsInsideThePanel) {
+TEST_F(PanelLayoutTest, KeepsAllWidgetsInsideThePanel) {
   for (const QSizeF view : {ownSize, ownSize * 1.5, QSizeF(1400, 200)}) {
     const QRect room(QPoint(0, 0), view.toSize());
     for (const Widget* widget : panel.widgets()) {
@@ -49,7 +49,7 @@ TEST_F(PanelLayoutTest, EverythingStandsInsideThePanel) {
   }
 }
 
-TEST_F(PanelLayoutTest, NothingLiesOverAnything) {
+TEST_F(PanelLayoutTest, NoWidgetsOverlap) {
   showInputs(panel);
   panel.PictureLogo.setPicture(u"logo.svg");
   panel.PictureDevice.setPicture(u"device.svg");
@@ -74,18 +74,18 @@ TEST_F(PanelLayoutTest, TheDeviceTypeCaptionHasTwoRows) {
   EXPECT_EQ(place(panel.LngLabel[3]).height(), 27);
 }
 
-TEST_F(PanelLayoutTest, GrowsAsAWholeWithItsView) {
+TEST_F(PanelLayoutTest, ScalesAsAWholeWithItsView) {
   const PanelLayout twice(panel, ownSize * 2, pixelsPerTwip);
   EXPECT_DOUBLE_EQ(twice.scale(), 2);
   EXPECT_EQ(twice.place(panel.CmdDeviceInfo), QRect(24, 28, 66, 66));
 }
 
-TEST_F(PanelLayoutTest, GrowsNoFurtherThanBothSidesAllow) {
+TEST_F(PanelLayoutTest, ScalesToTheSmallerOfWidthAndHeight) {
   EXPECT_DOUBLE_EQ(PanelLayout(panel, QSizeF(803, 400), pixelsPerTwip).scale(), 1);
   EXPECT_DOUBLE_EQ(PanelLayout(panel, QSizeF(2000, 167), pixelsPerTwip).scale(), 1);
 }
 
-TEST_F(PanelLayoutTest, WidthLeftOverGoesToTheValues) {
+TEST_F(PanelLayoutTest, RemainingWidthGoesToTheValues) {
   const QSizeF wide(1003, 167);
   EXPECT_EQ(place(panel.CmdAbout, wide), place(panel.CmdAbout));
   for (const Widget* value :
@@ -95,7 +95,7 @@ TEST_F(PanelLayoutTest, WidthLeftOverGoesToTheValues) {
   }
 }
 
-TEST_F(PanelLayoutTest, ThePortListTakesTheRoomOfHiddenInputs) {
+TEST_F(PanelLayoutTest, ThePortListTakesTheSpaceOfHiddenInputs) {
   EXPECT_EQ(place(panel.ComboComPort).right(), place(panel.txtDevAddr).right());
   panel.txtDevAddr.setVisible(true);
   EXPECT_EQ(place(panel.ComboComPort).right(), place(panel.txtDevAddr).left() - 7);
@@ -105,7 +105,7 @@ TEST_F(PanelLayoutTest, ThePortListTakesTheRoomOfHiddenInputs) {
   EXPECT_EQ(place(panel.ComboBaudrate).right(), place(panel.txtDevAddr).right());
 }
 
-TEST_F(PanelLayoutTest, TheStatusTakesTheRoomOfMissingLogos) {
+TEST_F(PanelLayoutTest, TheStatusTakesTheSpaceOfMissingLogos) {
   EXPECT_EQ(place(panel.Frame14).right(), place(panel.Frame2).right());
   panel.PictureLogo.setPicture(u"logo.svg");
   EXPECT_EQ(place(panel.Frame14).right(), place(panel.PictureLogo).left() - 7);

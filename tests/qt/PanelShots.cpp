@@ -1,5 +1,5 @@
-// Writes pictures of the panel in its states, and of the dialogs, into a folder: panel_shots
-// FOLDER. The scale factor is taken from QT_SCALE_FACTOR and goes into the names of the files.
+// Draws the panel in its states and the dialogs into a folder: panel_shots FOLDER. The scale factor
+// comes from QT_SCALE_FACTOR and becomes part of the file names.
 
 #include <QApplication>
 #include <QDir>

@@ -276,14 +276,14 @@ TEST_F(PanelViewTest, AWheelThatPassesOverAListChoosesNothing) {
   EXPECT_EQ(panel.ComboComPort.state().index, 0);
 }
 
-TEST_F(PanelViewTest, ShowsAnErrorOfTheModelToThePerson) {
+TEST_F(PanelViewTest, ShowsAnErrorOfTheModelToTheUser) {
   panel.CmdDeviceInfo.setClickHandler(
-      [] { throw RunTimeError(ErrorNumber::TypeMismatch, "The rate \"fast\" is no number"); });
+      [] { throw RunTimeError(ErrorNumber::TypeMismatch, "The rate \"fast\" is not a number"); });
   QTest::mouseClick(&shown(panel.CmdDeviceInfo), Qt::LeftButton);
-  EXPECT_EQ(errors, std::vector<std::string>{"The rate \"fast\" is no number"});
+  EXPECT_EQ(errors, std::vector<std::string>{"The rate \"fast\" is not a number"});
 }
 
-TEST_F(PanelViewTest, ShowsWhatTheModelHoldsAfterAFailedChoice) {
+TEST_F(PanelViewTest, ShowsTheStateOfTheModelAfterAFailedSelection) {
   panel.ComboComPort.setClickHandler([this] {
     panel.ComboComPort.setClickHandler(nullptr);
     panel.ComboComPort.select(3);

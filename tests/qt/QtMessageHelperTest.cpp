@@ -18,7 +18,7 @@ struct Seen {
   QWidget* parent = nullptr;
 };
 
-/// Looks at the next message box, again and again until it is there, and then answers it.
+/// Waits for the next message box and answers it.
 void whenShown(const std::function<void(QMessageBox&)>& answer) {
   auto* watch = new QTimer(qApp);
   watch->setInterval(5);
@@ -36,7 +36,7 @@ Seen lookAt(const QMessageBox& box) {
   return {box.text(), box.windowTitle(), box.icon(), box.textFormat(), box.parentWidget()};
 }
 
-TEST(QtMessageHelper, ShowsTextTitleAndStyleAndGives1ForOk) {
+TEST(QtMessageHelper, ShowsTextTitleAndStyleAndReturns1ForOk) {
   const std::vector<std::pair<MessageStyle, QMessageBox::Icon>> styles{
       {MessageStyle::Error, QMessageBox::Critical}, {MessageStyle::Warning, QMessageBox::Warning}};
   for (const auto& [style, icon] : styles) {
@@ -60,7 +60,7 @@ TEST(QtMessageHelper, EscapeCountsAsOk) {
   EXPECT_EQ(QtMessageHelper().Show(u"Text", MessageStyle::Warning, u"Title"), 1);
 }
 
-TEST(QtMessageHelper, BelongsToItsParentForAsLongAsThatLives) {
+TEST(QtMessageHelper, BelongsToItsParentAsLongAsThatLives) {
   QtMessageHelper helper;
   auto window = std::make_unique<QWidget>();
   helper.setParent(window.get());
@@ -79,7 +79,7 @@ TEST(QtMessageHelper, BelongsToItsParentForAsLongAsThatLives) {
   EXPECT_EQ(parent, nullptr);
 }
 
-TEST(QtMessageHelper, SurvivesTheEndOfItsParent) {
+TEST(QtMessageHelper, SurvivesTheDeletionOfItsParent) {
   QtMessageHelper helper;
   auto window = std::make_unique<QWidget>();
   helper.setParent(window.get());

@@ -17,7 +17,7 @@
 
 namespace tessara::testing {
 
-/// A panel in German on the screen, with what its buttons and lists have been told.
+/// A panel in German on the screen, with a count of the handlers run.
 class PanelOnScreen : public ::testing::Test {
  protected:
   PanelOnScreen() {
@@ -28,7 +28,7 @@ class PanelOnScreen : public ::testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
   }
 
-  /// The Qt widget of that one of the model.
+  /// The Qt widget of this widget of the model.
   template <class Kind = QWidget>
   Kind& shown(const Widget& widget) {
     auto* found = dynamic_cast<Kind*>(view.viewOf(widget));
@@ -42,7 +42,7 @@ class PanelOnScreen : public ::testing::Test {
     return clicks;
   }
 
-  /// What a screen reader says of the widget.
+  /// The accessible name of the widget.
   QString spoken(const Widget& widget, QAccessible::Text what = QAccessible::Name) {
     return QAccessible::queryAccessibleInterface(&shown(widget))->text(what);
   }

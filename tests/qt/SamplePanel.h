@@ -16,14 +16,14 @@ extern const PanelTexts german;
 extern const PanelTexts russian;
 extern const PanelTexts chinese;
 
-/// Puts texts, ports and pictures on the panel, as it stands before a module is read. The fields of
-/// rate and address are hidden, as they are on most machines.
+/// Sets texts, ports and pictures of the panel as before a read. The fields for rate and address
+/// are hidden, as by default.
 void bringUp(Panel& panel, const PanelTexts& texts);
 
-/// Shows the fields of rate and address.
+/// Shows the fields for rate and address.
 void showInputs(Panel& panel);
 
-/// Fills in a module without fault.
+/// Fills in a module without faults.
 void fillHealthy(Panel& panel);
 
 /// Fills in the longest values that a module can have, with several faults.
@@ -32,7 +32,7 @@ void fillLongest(Panel& panel);
 /// Disables the buttons that can be disabled.
 void disableButtons(Panel& panel);
 
-/// A palette as desktops have them at night.
+/// The palette of a dark theme.
 QPalette darkPalette();
 
 }  // namespace tessara::testing

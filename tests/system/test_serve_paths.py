@@ -39,8 +39,7 @@ class Paths(hart_bench.HartBench, ServeBench):
             self.assertIsNone(client.call("AutomaticConnection"))
             received = client.take_notifications()
             objects = {params["object"] for method, params in received if method == "device"}
-            self.assertEqual(objects,
-                             {comm_object})
+            self.assertEqual(objects, {comm_object})
             self.assertEqual(
                 [params["args"] for method, params in received
                  if method == "device" and params["operation"] == "ConnectWithSerialDevice"],

@@ -72,7 +72,7 @@ class Settings(Bench):
 
     def test_a_read_fails_on_a_setting_that_is_not_a_number(self):
         self.write_settings("[Settings]\nShowAllComPorts=perhaps\n")
-        self.assertIn('The setting ShowAllComPorts: "perhaps" is no number',
+        self.assertIn('The setting ShowAllComPorts: "perhaps" is not a number',
                       self.fail_with(3, "read", "--simulate", self.module()))
 
     def test_a_read_ends_at_a_setting_that_is_an_object_or_a_list(self):

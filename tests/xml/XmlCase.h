@@ -5,8 +5,8 @@
 
 namespace tessara::testing {
 
-/// A document, named for the production of XML 1.0 that it keeps or breaks, with the production's
-/// number: `Comment15…`.
+/// A document, named for the production of XML 1.0 that it follows or violates, with the
+/// production's number: `Comment15…`.
 struct XmlCase {
   const char* name;
   std::string document;
@@ -16,7 +16,7 @@ inline void PrintTo(const XmlCase& sample, std::ostream* out) {
   *out << sample.document;
 }
 
-/// How a suite names the test of a case.
+/// The name of the test for a case.
 template <typename Info>
 std::string caseName(const Info& info) {
   return info.param.name;

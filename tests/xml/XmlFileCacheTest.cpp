@@ -14,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-/// A catalogue that was written a while ago.
+/// A cache, and a file that was written an hour ago.
 class XmlFileCacheTest : public ::testing::Test {
  protected:
   XmlFileCacheTest() {

@@ -17,7 +17,7 @@
 namespace tessara {
 namespace {
 
-/// Draws a dialog that is shown into a file, and leaves it as a person does.
+/// Draws a dialog to a file when it is shown, then cancels it.
 class DialogPicture : public FormObserver {
  public:
   explicit DialogPicture(QString file) : file_(std::move(file)) {}
@@ -50,13 +50,13 @@ bool draw(Form& form, EventLoop& loop, const QString& file) {
 bool drawDialogs(const std::string& languageFile, std::int16_t language, const QDir& folder) {
   LanguageFile texts = LanguageFile::open(languageFile);
   if (!readLanguageFile(texts, u".", moduleWide())) {
-    std::cerr << languageFile << ": no language file that the control takes\n";
+    std::cerr << languageFile << ": not a language file that the control accepts\n";
     return false;
   }
   QtEventLoop loop;
   LinuxPlatform platform(loop, std::make_shared<HeadlessMessageHelper>(std::cerr),
                          {.looksForDevices = false, .keepsSettings = false});
-  // The dialogs ask for what a control holds for them.
+  // The dialogs use objects that a control provides.
   moduleWide().RegistryHelper = platform.createRegistryHelper();
   moduleWide().FileSystem = platform.createFileSystem();
   frmLanguage languages(platform);
@@ -70,7 +70,7 @@ bool drawDialogs(const std::string& languageFile, std::int16_t language, const Q
 }  // namespace
 }  // namespace tessara
 
-/// The help shows the control's dialogs as the program draws them, in the language of the help.
+/// Draws the dialogs of the control for the help, in its language.
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   if (argc != 4) {

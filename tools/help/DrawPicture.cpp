@@ -3,7 +3,7 @@
 #include <QSvgRenderer>
 #include <iostream>
 
-/// Viewers of help files know no SVG, so that its pictures are drawn while the help is being built.
+/// Help viewers do not show SVG, so the build draws the pictures of the help.
 int main(int argc, char** argv) {
   if (argc != 4) {
     std::cerr << "usage: modulinfo_draw_picture SVG PNG SIDE\n";
@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
   image.fill(Qt::transparent);
   QPainter painter(&image);
   if (!renderer.isValid() || !painter.isActive()) {
-    std::cerr << argv[1] << ": no picture that can be drawn " << argv[3] << " pixels wide\n";
+    std::cerr << argv[1] << ": cannot be drawn " << argv[3] << " pixels wide\n";
     return 1;
   }
   renderer.render(&painter);

@@ -29,7 +29,7 @@ bool writeTo(const std::filesystem::path& file, const std::string& content) {
   return stream.good();
 }
 
-/// One language on its way from sources to pages.
+/// Builds the help of one language.
 class HelpBuild {
  public:
   HelpBuild(std::filesystem::path source, const std::filesystem::path& languageFile)
@@ -60,13 +60,13 @@ class HelpBuild {
       if (readLanguageFile(file, u".", texts_)) {
         return;
       }
-      problems_.push_back(languageFile.string() + ": no language file that the control takes");
+      problems_.push_back(languageFile.string() + ": not a language file that the control accepts");
     } catch (const RunTimeError& error) {
       problems_.push_back(languageFile.string() + ": " + error.what());
     }
   }
 
-  /// The text of a source, empty and with a problem noted if there is none.
+  /// The text of a source; empty, with a problem noted, if it cannot be read.
   std::string sourceText(const std::filesystem::path& file) {
     const auto text = contentOf(file);
     if (!text) {
@@ -101,14 +101,14 @@ class HelpBuild {
   void checkLinks() {
     for (const HelpPage& page : pages_) {
       for (const auto& [line, target] : page.links) {
-        if (!leadsSomewhere(page, target)) {
-          note(sourceOf(page.name), {{line, "the link to " + target + " leads nowhere"}});
+        if (!hasTarget(page, target)) {
+          note(sourceOf(page.name), {{line, "the link to " + target + " is broken"}});
         }
       }
     }
   }
 
-  [[nodiscard]] bool leadsSomewhere(const HelpPage& from, const std::string& target) const {
+  [[nodiscard]] bool hasTarget(const HelpPage& from, const std::string& target) const {
     const auto mark = target.find('#');
     const std::string file = target.substr(0, mark);
     const auto page = std::find_if(pages_.begin(), pages_.end(), [&](const HelpPage& candidate) {

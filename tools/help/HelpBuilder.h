@@ -6,12 +6,12 @@
 
 namespace tessara {
 
-/// Builds the help of one language in the folder `out`, named like the help file without ".chm":
-/// its pages as HTML, and the project from which the help file is compiled there.
+/// Builds the help of one language in the folder `out`, which has the name of the help file without
+/// ".chm": its HTML pages and the project for the help compiler.
 ///
-/// `source` is the folder with `help.txt` and the pages, `languageFile` the language file whose
-/// texts they show. Gives what is wrong, a line for each thing: with anything wrong, nothing is
-/// written. Local links have to lead somewhere; whether pictures are there, the compiler will tell.
+/// `source` is the folder with `help.txt` and the pages, `languageFile` the language file with the
+/// texts that they show. Returns the problems, one line each; nothing is written if there are any.
+/// Local links are checked here, pictures by the help compiler.
 std::vector<std::string> buildHelp(const std::filesystem::path& source,
                                    const std::filesystem::path& languageFile,
                                    const std::filesystem::path& out);

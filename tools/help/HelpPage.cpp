@@ -22,7 +22,7 @@ std::vector<std::string> wordsOf(const std::string& list) {
   return words;
 }
 
-/// The text of a language file's entry, "ModulInfo" and 8; nothing if there is none.
+/// The text of an entry of the language file, such as "ModulInfo" and 8; nothing if there is none.
 std::optional<std::string> languageText(TextTables& texts, const std::string& section,
                                         std::size_t index) {
   const auto* found = findLanguageSection(fromUtf8("[" + section + "]"));
@@ -53,7 +53,7 @@ class PageReader {
     const auto pages = std::count_if(page_.headings.begin(), page_.headings.end(),
                                      [](const HelpHeading& heading) { return heading.level == 1; });
     if (pages != 1 || page_.headings.front().level != 1) {
-      problem("a page begins with its one <h1>");
+      problem("a page must begin with its only <h1>");
     }
   }
 
@@ -78,19 +78,19 @@ class PageReader {
     line = (filled + source.mid(end)).toStdString();
     const auto rest = line.find("{{");
     if (rest != std::string::npos && line.find(contentsMark) != rest) {
-      problem("nothing is known of \"" + line.substr(rest) + "\"");
+      problem("unknown placeholder \"" + line.substr(rest) + "\"");
     }
     return line;
   }
 
-  /// Notes the line's heading, if it has one, and gives the line without what only the index needs.
+  /// Stores the heading of the line, if any, and returns the line without its data-index.
   std::string withPlainHeading(const std::string& line) {
     static const QRegularExpression heading(
         R"rx(<h([12])(?: id="([^"]+)")?(?: data-index="([^"]+)")?>(.*)</h\1>)rx");
     const QRegularExpressionMatch found = heading.match(QString::fromStdString(line));
     if (!found.hasMatch()) {
       if (line.find("<h1") != std::string::npos || line.find("<h2") != std::string::npos) {
-        problem("a heading stands on one line, with id and data-index in this order");
+        problem("a heading must be on one line, with id and data-index in this order");
       }
       return line;
     }
@@ -98,9 +98,9 @@ class PageReader {
     const int level = part(1) == "1" ? 1 : 2;
     const std::string anchor = part(2);
     if ((level == 2) == anchor.empty()) {
-      problem("a section has an id, and a page has none");
+      problem("a section needs an id, a page title has none");
     } else if (page_.hasAnchor(anchor)) {
-      problem("the id " + anchor + " is there already");
+      problem("duplicate id " + anchor);
     }
     page_.headings.push_back({level, anchor, withoutTags(part(4)), wordsOf(part(3))});
     std::string plain = line;

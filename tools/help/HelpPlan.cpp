@@ -26,17 +26,17 @@ bool isAscii(const std::string& text) {
   return std::all_of(text.begin(), text.end(), [](char letter) { return letter > 0; });
 }
 
-/// Puts the entry into the plan and gives what is wrong with it; empty if nothing is.
+/// Adds the entry to the plan and returns its problem; empty if there is none.
 std::string take(HelpPlan& plan, const std::string& name, const std::string& value) {
   if (name == pageKey) {
     const bool isNew = std::find(plan.pages.begin(), plan.pages.end(), value) == plan.pages.end();
     plan.pages.push_back(value);
-    return isNew ? "" : "the page " + value + " is there already";
+    return isNew ? "" : "duplicate page " + value;
   }
   const auto* key =
       std::find_if(keys.begin(), keys.end(), [&](const PlanKey& row) { return row.name == name; });
   if (key == keys.end()) {
-    return "there is no entry \"" + name + "\"";
+    return "unknown entry \"" + name + "\"";
   }
   plan.*key->value = value;
   return {};
@@ -55,7 +55,7 @@ HelpPlan readHelpPlan(const std::string& text, std::vector<FileProblem>& problem
     const auto place = line.find(sign);
     const std::string wrong =
         place == std::string::npos
-            ? "\"" + line + "\" is no entry; one reads: name = value"
+            ? "\"" + line + "\" is not of the form: name = value"
             : take(plan, line.substr(0, place), line.substr(place + sign.size()));
     if (!wrong.empty()) {
       problems.push_back({number, wrong});
@@ -63,14 +63,14 @@ HelpPlan readHelpPlan(const std::string& text, std::vector<FileProblem>& problem
   }
   for (const PlanKey& key : keys) {
     if ((plan.*key.value).empty()) {
-      problems.push_back({0, "there is no entry \"" + std::string(key.name) + "\""});
+      problems.push_back({0, "the entry \"" + std::string(key.name) + "\" is missing"});
     }
   }
   if (plan.pages.empty()) {
-    problems.push_back({0, "there is no page"});
+    problems.push_back({0, "no page is listed"});
   }
   if (!isAscii(plan.title)) {
-    problems.push_back({0, "the title holds other characters than ASCII"});
+    problems.push_back({0, "the title contains non-ASCII characters"});
   }
   return plan;
 }

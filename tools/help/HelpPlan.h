@@ -7,7 +7,7 @@
 
 namespace tessara {
 
-/// What holds for the help of one language as a whole: the file `help.txt` beside its pages.
+/// The properties of the help of one language: the file `help.txt` beside its pages.
 ///
 ///     # a comment
 ///     title = Module information - help
@@ -19,23 +19,23 @@ namespace tessara {
 ///     page = index
 ///     page = first-read
 ///
-/// All texts are UTF-8. Blank lines and lines that start with # count for nothing.
+/// All texts are UTF-8. Blank lines and lines that start with # are ignored.
 struct HelpPlan {
-  /// The title of the help file's window; ASCII, since viewers do not agree on more.
+  /// The title of the help window; ASCII, since viewers use different encodings.
   std::string title;
-  /// Number and name of the language as help files call it.
+  /// Number and name of the language in help files.
   std::string language;
-  /// The language as HTML calls it.
+  /// The language code in HTML.
   std::string htmlLanguage;
-  /// What stands for the way to the first page, to the page before and to the one behind.
+  /// The labels of the links to the first, the previous and the next page.
   std::string contents;
   std::string back;
   std::string next;
-  /// The names of the pages without ".html", in the order of reading. The first holds the contents.
+  /// The names of the pages without ".html", in reading order. The first holds the contents.
   std::vector<std::string> pages;
 };
 
-/// Takes a plan from its text and adds what is wrong with it to `problems`.
+/// Reads a plan and adds its problems to `problems`.
 HelpPlan readHelpPlan(const std::string& text, std::vector<FileProblem>& problems);
 
 }  // namespace tessara

@@ -24,18 +24,18 @@ std::string navigation(const HelpPlan& plan, const std::vector<HelpPage>& pages,
                        std::size_t place) {
   std::string html = "<p class=\"ways\">";
   if (place > 0) {
-    const HelpPage& before = pages[place - 1];
+    const HelpPage& previous = pages[place - 1];
     html += linkTo(fileOf(pages.front()), plan.contents) + "\n" +
-            linkTo(fileOf(before), plan.back + ": " + before.title()) + "\n";
+            linkTo(fileOf(previous), plan.back + ": " + previous.title()) + "\n";
   }
   if (place + 1 < pages.size()) {
-    const HelpPage& behind = pages[place + 1];
-    html += linkTo(fileOf(behind), plan.next + ": " + behind.title());
+    const HelpPage& next = pages[place + 1];
+    html += linkTo(fileOf(next), plan.next + ": " + next.title());
   }
   return html + "</p>\n";
 }
 
-/// All pages but the first, which holds the list.
+/// All pages but the first, which contains the list.
 std::string listOfPages(const std::vector<HelpPage>& pages) {
   std::string html = "<ol class=\"contents\">\n";
   for (std::size_t place = 1; place < pages.size(); ++place) {

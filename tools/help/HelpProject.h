@@ -11,12 +11,12 @@ namespace tessara {
 /// The style sheet of all pages.
 inline constexpr auto helpStyle = "help.css";
 
-/// A page as a browser shows it, with the ways to its neighbours.
+/// A page as a browser shows it, with links to its neighbours.
 std::string pageHtml(const HelpPlan& plan, const std::vector<HelpPage>& pages, std::size_t place);
 
-/// The three files from which the compiler of help files works: the project, whose result is
-/// `<stem>.chm` and whose other two files are `<stem>.hhc` and `<stem>.hhk`; the contents, pages
-/// with their sections; and the index, headings and keywords in alphabetical order.
+/// The three input files of the help compiler: the project, which produces `<stem>.chm` from
+/// `<stem>.hhc` and `<stem>.hhk`; the contents, with pages and sections; and the index, with
+/// headings and keywords in alphabetical order.
 std::string projectText(const HelpPlan& plan, const std::vector<HelpPage>& pages,
                         const std::string& stem);
 std::string contentsText(const std::vector<HelpPage>& pages);

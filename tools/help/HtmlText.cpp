@@ -14,7 +14,7 @@ struct Entity {
   std::string_view name;
 };
 
-/// The ampersand last: resolved before the others, it would make new ones.
+/// The ampersand comes last: resolved earlier, it would create new entities.
 constexpr std::array<Entity, 4> entities{
     {{'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}, {'&', "&amp;"}}};
 

@@ -5,15 +5,15 @@
 
 namespace tessara {
 
-/// The text as it can stand in HTML, in UTF-8: `&`, `<`, `>` and `"` are named.
+/// The text escaped for HTML, in UTF-8: `&`, `<`, `>` and `"` become entities.
 std::string asHtml(std::string_view text);
 
-/// The text of a piece of HTML: without its tags, the entities that asHtml writes and `&nbsp;`
+/// The plain text of a piece of HTML: tags removed, `&nbsp;` and the entities that asHtml writes
 /// resolved.
 std::string withoutTags(std::string_view html);
 
-/// UTF-8 text in ASCII, each other character as its number: viewers of help files do not agree on
-/// the encoding of contents and index.
+/// The text escaped for HTML in ASCII, other characters as numbers: help viewers use different
+/// encodings for contents and index.
 std::string asAsciiHtml(std::string_view text);
 
 }  // namespace tessara

@@ -21,7 +21,7 @@ struct SourceSection {
   std::vector<std::u16string> texts;
 };
 
-/// "3 = Gerätetyp" in its two parts.
+/// The two parts of "3 = Gerätetyp".
 struct SourceEntry {
   std::size_t index = 0;
   std::string_view text;
@@ -43,7 +43,7 @@ std::optional<SourceEntry> splitEntry(std::string_view line) {
   return entry;
 }
 
-/// Takes a source line by line and gathers its sections.
+/// Reads a source line by line and collects its sections.
 class SourceReader {
  public:
   void take(std::string_view line) {
@@ -69,7 +69,7 @@ class SourceReader {
       } else if (section->texts.size() < complete) {
         line_ = section->line;
         report("section " + toUtf8(kind.header) + " has " + std::to_string(section->texts.size()) +
-               " entries of " + std::to_string(complete));
+               " of " + std::to_string(complete) + " entries");
       }
     }
   }
@@ -89,9 +89,9 @@ class SourceReader {
   void openSection(std::string_view line) {
     const auto* kind = findLanguageSection(fromUtf8(line));
     if (kind == nullptr) {
-      report("there is no section \"" + std::string(line) + "\"");
+      report("unknown section \"" + std::string(line) + "\"");
     } else if (const auto* earlier = find(*kind); earlier != nullptr) {
-      report("section " + std::string(line) + " is there already, in line " +
+      report("section " + std::string(line) + " is already defined in line " +
              std::to_string(earlier->line));
       kind = nullptr;
     }
@@ -101,11 +101,11 @@ class SourceReader {
   void addEntry(std::string_view line) {
     const auto entry = splitEntry(line);
     if (!entry) {
-      report("\"" + std::string(line) + "\" is no entry; one reads: 0 = text");
+      report("\"" + std::string(line) + "\" is not an entry; expected: 0 = text");
       return;
     }
     if (sections_.empty()) {
-      report("the entry stands before the first section");
+      report("entry before the first section");
       return;
     }
     auto& section = sections_.back();
@@ -116,19 +116,18 @@ class SourceReader {
 
   void checkEntry(const SourceSection& section, std::size_t index, std::u16string_view text) {
     if (index != section.texts.size()) {
-      report("entry " + std::to_string(index) + " stands where entry " +
-             std::to_string(section.texts.size()) + " should");
+      report("entry " + std::to_string(index) + " found where entry " +
+             std::to_string(section.texts.size()) + " was expected");
     }
     if (text.empty()) {
       report("entry " + std::to_string(index) + " has no text");
     }
     if (std::any_of(text.begin(), text.end(), isUnfit)) {
-      report("entry " + std::to_string(index) +
-             " holds a control character or bytes that are no UTF-8");
+      report("entry " + std::to_string(index) + " contains a control character or invalid UTF-8");
     }
     if (section.kind != nullptr && section.texts.size() == section.kind->slots) {
-      report("section " + toUtf8(section.kind->header) + " takes " +
-             std::to_string(section.kind->slots) + " entries at most");
+      report("section " + toUtf8(section.kind->header) + " has room for " +
+             std::to_string(section.kind->slots) + " entries");
     }
   }
 

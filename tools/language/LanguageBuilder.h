@@ -9,7 +9,7 @@
 
 namespace tessara {
 
-/// A language file in the making.
+/// The result of building a language file.
 struct BuiltLanguage {
   /// The file: byte order mark, sections with their counts, all lines ended by CR LF, in UTF-16
   /// little-endian. Empty if there are problems.
@@ -25,13 +25,13 @@ struct BuiltLanguage {
 ///     1 = COM port
 ///
 /// A section starts with its header; its entries follow, numbered from 0 without a gap. The text is
-/// everything behind the first "= " as it stands. Blank lines and lines that start with # count for
-/// nothing. Each of the five sections must be there once with all texts that the control and its
-/// host read; the counts come out of the entries.
+/// everything after the first " = ", unchanged. Blank lines and lines that start with # are
+/// ignored. Each of the five sections must occur once, with all texts that the control and its host
+/// read; the counts of the file are those of the entries.
 BuiltLanguage buildLanguage(std::string_view source);
 
-/// Builds the file `out` from the file `source`. With problems, files that cannot be read or
-/// written among them, nothing is written.
+/// Builds the file `out` from the file `source` and returns what is wrong, unreadable and
+/// unwritable files included. If anything is wrong, nothing is written.
 std::vector<FileProblem> buildLanguageFile(const std::filesystem::path& source,
                                            const std::filesystem::path& out);
 

@@ -15,24 +15,24 @@
 namespace tessara {
 namespace {
 
-/// Counts in the files are plain digits, so the sign between digits does not matter here.
+/// Counts in the files are plain digits, so the decimal separator does not matter here.
 constexpr std::u16string_view separator = u".";
 
 std::string inQuotes(std::u16string_view text) {
   return "\"" + visible(text) + "\"";
 }
 
-/// True for a line that someone meant as a header though the control does not read it so.
+/// True for a line that was meant as a header but is not one for the control.
 bool looksLikeHeader(std::u16string_view line) {
   return std::any_of(
       languageSections.begin(), languageSections.end(),
       [&](const LanguageSection& section) { return containsIgnoringCase(line, section.header); });
 }
 
-/// Walks through a file line by line as the control does, and notes what it meets.
-class Walk {
+/// Reads a file line by line as the control does, and reports what it finds.
+class LanguageWalk {
  public:
-  Walk(const std::string& bytes, LanguageReport& report)
+  LanguageWalk(const std::string& bytes, LanguageReport& report)
       : bytes_(bytes), file_(bytes), report_(report) {}
 
   void run() {
@@ -44,7 +44,7 @@ class Walk {
         if (const auto* section = findLanguageSection(line); section != nullptr) {
           readSection(*section);
         } else {
-          passOver(line);
+          ignore(line);
         }
       } while (!file_.atEnd());
     } catch (const RunTimeError& error) {
@@ -62,8 +62,9 @@ class Walk {
   void checkEncoding() {
     if (!bytes_.starts_with("\xFF\xFE")) {
       problem(
-          "the file does not start with FF FE: it is no UTF-16 little-endian text, or its first "
-          "character is lost in place of the mark",
+          "the file does not start with the byte order mark FF FE: it is not UTF-16 little-endian, "
+          "or "
+          "its first character is skipped in place of the mark",
           0);
     }
   }
@@ -78,12 +79,13 @@ class Walk {
     }
     const bool ended = end - start > line.size() * 2;
     if (ended && unitAt(end - 2) != u'\n') {
-      problem("CR is not followed by LF; the character behind it is lost");
+      problem("CR is not followed by LF; the character after it is lost");
     }
     if (line.starts_with(u"\r\n")) {
-      problem("a blank line ends nothing: it opens the next line, which reads " + inQuotes(line));
+      problem("blank line: its CR LF becomes the start of the next line, which reads " +
+              inQuotes(line));
     } else if (std::any_of(line.begin(), line.end(), isUnfit)) {
-      problem("the line holds control characters or damaged text: " + inQuotes(line));
+      problem("the line contains control characters or damaged text: " + inQuotes(line));
     }
     return line;
   }
@@ -101,8 +103,8 @@ class Walk {
     found.count = toInt16(Variant{count}, separator);
     const bool isTitle = section.header == titleHeader;
     if (isTitle ? found.count != 1 : found.count < 0) {
-      problem("section " + toUtf8(section.header) + " cannot have " + inQuotes(count) +
-              " texts; the control refuses the file");
+      problem("invalid number of texts " + inQuotes(count) + " in section " +
+              toUtf8(section.header) + "; the control refuses the file");
     }
     const auto lines = static_cast<std::size_t>(isTitle ? 1 : std::max<int>(found.count, 0));
     while (found.texts.size() < lines) {
@@ -114,9 +116,9 @@ class Walk {
 
   void checkText(const LanguageSection& section, std::size_t index, std::u16string_view text) {
     if (index >= section.slots) {
-      throw RunTimeError(ErrorNumber::Subscript, "section " + toUtf8(section.header) + " takes " +
-                                                     std::to_string(section.slots) +
-                                                     " texts at most");
+      throw RunTimeError(ErrorNumber::Subscript, "section " + toUtf8(section.header) +
+                                                     " has room for " +
+                                                     std::to_string(section.slots) + " texts");
     }
     if (findLanguageSection(text) != nullptr) {
       problem("the header " + toUtf8(text) + " is read as text " + std::to_string(index) + " of " +
@@ -127,18 +129,18 @@ class Walk {
   void noteRepetition(const LanguageSection& section) {
     for (const auto& earlier : report_.sections) {
       if (earlier.header == section.header) {
-        problem("section " + toUtf8(section.header) + " writes over the one in line " +
+        problem("section " + toUtf8(section.header) + " overwrites the one in line " +
                 std::to_string(earlier.line));
         return;
       }
     }
   }
 
-  void passOver(std::u16string_view line) {
+  void ignore(std::u16string_view line) {
     if (looksLikeHeader(line)) {
-      problem("no header as it stands, so the section behind it is passed over: " + inQuotes(line));
+      problem("not a valid header, so its section is ignored: " + inQuotes(line));
     } else {
-      report_.passedOver.push_back({line_, "passed over: " + visible(line)});
+      report_.ignored.push_back({line_, "ignored: " + visible(line)});
     }
   }
 
@@ -150,7 +152,7 @@ class Walk {
       }
       const auto complete = completeCount(section.header);
       if (texts < complete) {
-        problem("section " + toUtf8(section.header) + " gives " + std::to_string(texts) + " of " +
+        problem("section " + toUtf8(section.header) + " has " + std::to_string(texts) + " of " +
                     std::to_string(complete) + " texts; the others stay empty",
                 0);
       }
@@ -164,21 +166,22 @@ class Walk {
   std::size_t nextLine_ = 1;
 };
 
-constexpr const char* fallsBack = "cannot be used; the control falls back on its German wording";
+constexpr const char* fallsBack =
+    "cannot be used; the control falls back to its built-in German texts";
 
-std::string endsTheStart(const RunTimeError& error) {
-  return "ends the start of the control with error " +
+std::string stopsStartUp(const RunTimeError& error) {
+  return "stops the start-up of the control with error " +
          std::to_string(static_cast<int>(error.number())) + ": " + error.what();
 }
 
-/// What the control itself makes of the file.
+/// How the control itself reads the file.
 std::string verdictOn(const std::string& bytes) {
   LanguageFile file(bytes);
   LanguageState state;
   try {
     return readLanguageFile(file, separator, state) ? "loads" : fallsBack;
   } catch (const RunTimeError& error) {
-    return endsTheStart(error);
+    return stopsStartUp(error);
   }
 }
 
@@ -199,7 +202,7 @@ std::int16_t languageNamed(const std::filesystem::path& file) {
 LanguageReport checkLanguage(const std::string& bytes) {
   LanguageReport report;
   report.verdict = verdictOn(bytes);
-  Walk(bytes, report).run();
+  LanguageWalk(bytes, report).run();
   return report;
 }
 
@@ -208,7 +211,7 @@ LanguageReport checkLanguageFile(const std::filesystem::path& path) {
   try {
     report = checkLanguage(LanguageFile::open(path).bytes());
   } catch (const RunTimeError& error) {
-    report.verdict = std::filesystem::is_regular_file(path) ? endsTheStart(error) : fallsBack;
+    report.verdict = std::filesystem::is_regular_file(path) ? stopsStartUp(error) : fallsBack;
     report.problems.push_back({0, error.what()});
   }
   report.language = languageNamed(path);

@@ -21,20 +21,20 @@ struct SectionReport {
   std::vector<std::u16string> texts;
 };
 
-/// What a language file would load as.
+/// The result of checking a language file.
 struct LanguageReport {
-  /// The language number that has a file of this name; 0 if none has.
+  /// The number of the language whose file has this name; 0 if there is none.
   std::int16_t language = 0;
-  /// What the control makes of the file, and why: takes it, falls back on its German wording, or
-  /// ends its start with an error.
+  /// Whether the control loads the file, falls back to its built-in German texts, or stops its
+  /// start-up with an error, and why.
   std::string verdict;
-  /// The sections in the order of the file, repeated ones included, up to the line that ends the
-  /// load.
+  /// The sections in the order of the file, repeated ones included, up to an error that stops the
+  /// loading.
   std::vector<SectionReport> sections;
   /// What is wrong.
   std::vector<FileProblem> problems;
-  /// Lines between sections that the control passes over, as it does with comments.
-  std::vector<FileProblem> passedOver;
+  /// Lines between sections that the control ignores, like comments.
+  std::vector<FileProblem> ignored;
 };
 
 /// Reads `bytes` as the control reads a language file.

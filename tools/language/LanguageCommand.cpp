@@ -34,7 +34,7 @@ bool checkOne(const std::filesystem::path& file, std::ostream& out) {
   for (const auto& section : report.sections) {
     writeSection(section, out);
   }
-  for (const auto& line : report.passedOver) {
+  for (const auto& line : report.ignored) {
     out << toLine(name, line) << '\n';
   }
   for (const auto& problem : report.problems) {

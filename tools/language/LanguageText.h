@@ -6,14 +6,14 @@
 
 namespace tessara {
 
-/// `text` in UTF-8 as it can stand in a message, with control characters made visible.
+/// `text` in UTF-8 for use in a message, with control characters made visible.
 std::string visible(std::u16string_view text);
 
-/// True for a code unit that no text should hold: a control character, or U+FFFD, which stands for
-/// bytes that could not be read as text.
+/// True for a code unit that texts must not contain: a control character, or U+FFFD, which replaces
+/// bytes that are not valid text.
 bool isUnfit(char16_t unit);
 
-/// How many texts a section has in a complete file; the control and its host read no others.
+/// The number of texts in a section of a complete file; the control and its host use no others.
 std::size_t completeCount(std::u16string_view header);
 
 }  // namespace tessara

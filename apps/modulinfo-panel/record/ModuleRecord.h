@@ -9,15 +9,15 @@
 
 namespace tessara {
 
-/// What was known of one module at one moment: what is saved, printed and copied. Texts are as they
-/// are read, without the padding of the module's registers.
+/// The state of a module at one time, to be saved, printed and copied. Texts are without the padding
+/// of the module's registers.
 struct ModuleRecord {
-  /// The moment at which the record was taken, with its offset from UTC.
+  /// The time of the record, with its offset from UTC.
   QDateTime time;
   /// The program that took it, with its version.
   QString program;
-  /// The number of the language that the status texts are in, 1 to 11; 0 if the system's country
-  /// had decided on it.
+  /// The number of the language of the status texts, 1 to 11; 0 if it followed the country of the
+  /// system.
   std::int16_t language = 0;
 
   struct Connection {
@@ -50,7 +50,7 @@ struct ModuleRecord {
   struct Status {
     QString module;
     QString channel;
-    /// What the status line of the host said.
+    /// The text of the status line.
     QString line;
     /// The last status word and the last LED word.
     std::int16_t word = 0;
@@ -63,9 +63,9 @@ struct ModuleRecord {
 
   struct Catalogue {
     CatalogResult result = CatalogResult::CatalogFileError;
-    /// The panel shows no firmware version for this module.
+    /// The panel hides the firmware version of this module.
     bool hidesFirmware = false;
-    /// Empty where the catalogue gives none.
+    /// Empty if the catalogue has none.
     QString product;
     QString datasheet;
     QString leaflet;

@@ -68,19 +68,21 @@ std::vector<RecordRow> statusRows(const ModuleRecord& record, const TextTables& 
   const auto& status = record.status;
   const QString both = hexadecimal(static_cast<std::uint16_t>(status.word)) + " / " +
                        hexadecimal(static_cast<std::uint32_t>(status.led));
+  //: The line of the panel that reports what the control does
+  const QString line = RecordWords::tr("Status line");
   return {{captionOf(texts.TextModulInfo[21]), status.module},
           {captionOf(texts.TextModulInfo[22]), status.channel},
           {RecordWords::tr("Status word / LED word"), both},
-          //: The line of the panel that reports what the control does
-          {RecordWords::tr("Status line"), status.line}};
+          {line, status.line}};
 }
 
 std::vector<RecordRow> connectionRows(const ModuleRecord& record, const TextTables& texts) {
   const auto& [port, adapter, object, baudrate, address] = record.connection;
+  //: How the module was accessed: Modbus, HART or NFC
+  const QString path = RecordWords::tr("Path");
   std::vector<RecordRow> rows{
       {captionOf(texts.TextModulInfo[1]), adapter.contains(port) ? adapter : port + " " + adapter},
-      {//: How the module was accessed: Modbus, HART or NFC
-       RecordWords::tr("Path"), pathOf(object)}};
+      {path, pathOf(object)}};
   if (object == modbusObject) {
     rows.push_back({captionOf(texts.TextModulInfo[2]), QString::number(baudrate)});
   }
@@ -90,12 +92,14 @@ std::vector<RecordRow> connectionRows(const ModuleRecord& record, const TextTabl
 
 std::vector<RecordRow> catalogueRows(const ModuleRecord& record) {
   const auto& catalogue = record.catalogue;
-  return {{//: Whether the catalogue knows the module
-           RecordWords::tr("Entry"), resultText(catalogue.result)},
+  //: Whether the catalogue knows the module
+  const QString entry = RecordWords::tr("Entry");
+  //: The instructions that come with the module
+  const QString leaflet = RecordWords::tr("Package leaflet");
+  return {{entry, resultText(catalogue.result)},
           {RecordWords::tr("Product page"), catalogue.product},
           {RecordWords::tr("Data sheet"), catalogue.datasheet},
-          {//: The instructions that come with the module
-           RecordWords::tr("Package leaflet"), catalogue.leaflet}};
+          {leaflet, catalogue.leaflet}};
 }
 
 /// The number of terminal columns that a text takes; East Asian characters take two.
@@ -108,18 +112,20 @@ qsizetype columns(const QString& text) {
 }  // namespace
 
 std::vector<RecordSection> recordSections(const ModuleRecord& record, const TextTables& texts) {
+  //: Heading above name, description, serial number and firmware
+  const QString module = RecordWords::tr("Module");
+  //: Heading above the identification words of the module
+  const QString identification = RecordWords::tr("Identification");
+  //: Heading above port, path, rate and address
+  const QString connection = RecordWords::tr("Connection");
+  //: Heading above the entry of the device catalogue
+  const QString catalogue = RecordWords::tr("Catalogue");
   std::vector<RecordSection> sections{
-      {RecordPart::Module,
-       //: Heading above name, description, serial number and firmware
-       RecordWords::tr("Module"), moduleRows(record, texts)},
-      {RecordPart::Identification,  //: Heading above the identification words of the module
-       RecordWords::tr("Identification"), identificationRows(record)},
+      {RecordPart::Module, module, moduleRows(record, texts)},
+      {RecordPart::Identification, identification, identificationRows(record)},
       {RecordPart::Status, captionOf(texts.TextModulInfo[7]), statusRows(record, texts)},
-      {RecordPart::Connection,
-       //: Heading above port, path, rate and address
-       RecordWords::tr("Connection"), connectionRows(record, texts)},
-      {RecordPart::Catalogue,  //: Heading above what the device catalogue says of the module
-       RecordWords::tr("Catalogue"), catalogueRows(record)}};
+      {RecordPart::Connection, connection, connectionRows(record, texts)},
+      {RecordPart::Catalogue, catalogue, catalogueRows(record)}};
   for (RecordSection& section : sections) {
     std::erase_if(section.rows, [](const RecordRow& row) { return row.value.isEmpty(); });
   }

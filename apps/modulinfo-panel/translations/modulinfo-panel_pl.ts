@@ -254,7 +254,7 @@
     </message>
     <message>
         <source>Catalogue</source>
-        <extracomment>Heading above what the device catalogue says of the module</extracomment>
+        <extracomment>Heading above the entry of the device catalogue</extracomment>
         <translation>Katalog</translation>
     </message>
     <message>

@@ -9,8 +9,8 @@ namespace {
 
 constexpr std::string_view devicesFolder = "/devices/";
 
-/// Serial numbers are whatever a maker put there; only visible ASCII goes into a key.
-std::string visible(std::string text) {
+/// Serial numbers may hold any bytes; only printable ASCII goes into a key.
+std::string printable(std::string text) {
   std::replace_if(
       text.begin(), text.end(), [](char c) { return c <= ' ' || c >= '\x7F'; }, '_');
   return text;
@@ -22,11 +22,11 @@ std::string identityOf(const UsbIdentity& usb, const std::string& usbPort) {
   std::array<char, 8> interfaceNumber{};
   std::snprintf(interfaceNumber.data(), interfaceNumber.size(), ":%02x", usb.interfaceNumber);
   const bool severalPorts = !usbPort.empty() && usbPort != "0";
-  return numbers.data() + visible(usb.serial) + interfaceNumber.data() +
-         (severalPorts ? "." + visible(usbPort) : "");
+  return numbers.data() + printable(usb.serial) + interfaceNumber.data() +
+         (severalPorts ? "." + printable(usbPort) : "");
 }
 
-/// Of "/devices/pci0000:00/0000:00:14.0/usb1/1-2/1-2.1" the controller and "2.1".
+/// The controller and "2.1" for "/devices/pci0000:00/0000:00:14.0/usb1/1-2/1-2.1".
 std::string placeOf(std::string_view usbPath) {
   if (usbPath.starts_with(devicesFolder)) {
     usbPath.remove_prefix(devicesFolder.size());
@@ -34,9 +34,10 @@ std::string placeOf(std::string_view usbPath) {
   const auto bus = usbPath.find("/usb");
   const auto ports = usbPath.rfind('-');
   if (bus == std::string_view::npos || ports == std::string_view::npos || ports < bus) {
-    return visible(std::string(usbPath));
+    return printable(std::string(usbPath));
   }
-  return visible(std::string(usbPath.substr(0, bus)) + "/usb" + std::string(usbPath.substr(ports)));
+  return printable(std::string(usbPath.substr(0, bus)) + "/usb" +
+                   std::string(usbPath.substr(ports)));
 }
 
 }  // namespace

@@ -18,14 +18,14 @@ namespace {
 struct DriverName {
   std::string_view driver;
   std::string_view name;
-  /// The least number of digits of the number behind the name.
-  std::size_t digits;
+  /// The minimum number of digits after the name.
+  std::size_t minDigits;
 };
 
 constexpr std::string_view uartName = "Serial";
 
-/// The drivers that have the kernel's UARTs, in the order in which kernels came to use them, and
-/// the adapters. ch341-uart is the serial half of the driver ch341.
+/// The drivers of the kernel's UARTs, from older to newer kernels, and those of adapters.
+/// ch341-uart is the serial half of the driver ch341.
 constexpr std::array<DriverName, 7> driverNames{{{"serial8250", uartName, 1},
                                                  {"serial", uartName, 1},
                                                  {"port", uartName, 1},
@@ -69,7 +69,7 @@ bool isPhantomUart(const SerialDevice& device) {
 std::string deviceNameOf(const SerialDevice& device) {
   const DriverName known = nameFor(device);
   std::string number = device.name.substr(terminalKind(device.name).size());
-  number.insert(0, known.digits - std::min(known.digits, number.size()), '0');
+  number.insert(0, known.minDigits - std::min(known.minDigits, number.size()), '0');
   return "\\Device\\" + std::string(known.name) + number;
 }
 

@@ -7,7 +7,7 @@
 
 namespace tessara {
 
-/// The memory of which device each COM number belongs to, kept from one start to the next.
+/// A persistent record of which device each COM number belongs to.
 class PortNumbers {
  public:
   PortNumbers() = default;
@@ -15,12 +15,12 @@ class PortNumbers {
   PortNumbers& operator=(const PortNumbers&) = delete;
   virtual ~PortNumbers() = default;
 
-  /// Every number that was ever given, with its device. A memory that cannot be read is a
-  /// RunTimeError.
+  /// Every number that has been assigned, with its device. Throws a RunTimeError if the record
+  /// cannot be read.
   [[nodiscard]] virtual std::map<std::int16_t, DeviceKey> load() const = 0;
 
-  /// From now on the number is that device's. Where it cannot be written down it is remembered as
-  /// long as the program runs.
+  /// Assigns the number to that device. If the record cannot be written, this holds as long as the
+  /// program runs.
   virtual void store(std::int16_t number, const DeviceKey& device) = 0;
 };
 

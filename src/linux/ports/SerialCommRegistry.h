@@ -50,7 +50,7 @@ class SerialCommRegistry final : public RegistryApi {
 
   const PortSource& ports_;
   PortProblemSink report_;
-  /// The last look at the system, and whether a walk has already begun on it.
+  /// The last state of the system, and whether a walk over it has already begun.
   std::shared_ptr<const Snapshot> current_;
   bool walked_ = false;
   std::map<RegistryKey, std::shared_ptr<const Snapshot>> openKeys_;

@@ -9,19 +9,19 @@
 
 namespace tessara {
 
-/// The serial ports that the system has discovered, in the order of their COM numbers. A port whose
-/// device node is missing, and a UART without hardware, are left out.
+/// The serial ports that the system has discovered, in the order of their COM numbers. Ports whose
+/// device node is missing and UARTs without hardware are left out.
 class SerialPorts final : public PortSource {
  public:
-  /// Somebody who knows the devices, or says that he cannot tell.
+  /// A source of devices; it returns nothing if it is not available.
   using Layer = std::function<FoundDevices()>;
 
-  /// Both have to outlive this object. The numbers of the ports in `claimed` are left to them.
-  /// Of the layers the first that can tell is heard.
+  /// `numbers` and `claimed` must outlive this object. Numbers of ports in `claimed` are not given
+  /// to devices. The first layer that is available is used.
   SerialPorts(PortNumbers& numbers, const PortSource& claimed,
               std::vector<Layer> layers = {udevDevices, [] { return sysfsDevices(); }});
 
-  /// Throws a RunTimeError if the memory of the numbers cannot be read.
+  /// Throws a RunTimeError if the record of the numbers cannot be read.
   [[nodiscard]] std::vector<KnownPort> ports() const override;
 
  private:

@@ -15,7 +15,7 @@ std::optional<std::string> attribute(const fs::path& folder, const char* name) {
   return std::getline(file, line) ? std::optional(line) : std::nullopt;
 }
 
-/// The folder itself or the nearest one above it that has the attribute; empty if there is none.
+/// The folder itself or the nearest parent that has the attribute; empty if there is none.
 fs::path ancestorWith(const char* name, fs::path folder) {
   std::error_code error;
   while (folder.has_relative_path()) {

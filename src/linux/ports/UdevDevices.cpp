@@ -24,19 +24,19 @@ std::string attribute(udev_device* device, const char* name) {
   return device == nullptr ? std::string() : textOf(udev_device_get_sysattr_value(device, name));
 }
 
-/// Together these take every name but those of the virtual consoles, tty0 and on: there are several
-/// dozen of them on every machine, and udev opens some thirty folders for each that it is to list.
+/// Together these match every name but those of the virtual consoles, tty0 onwards: every machine
+/// has several dozen of them, and udev opens some thirty folders for each one that it lists.
 constexpr std::array<const char*, 4> namesButConsoles{"[!t]*", "t[!t]*", "tt[!y]*", "tty[!0-9]*"};
 
-/// True for the other terminals without a device that are no ports. Their paths tell, which is
-/// quicker than asking udev for each.
+/// True for the other terminals without a device, which are not ports. This is judged by their
+/// paths, which is quicker than asking udev for each.
 bool isConsole(std::string_view path) {
   return path.find("/devices/virtual/") != std::string_view::npos &&
          !isPortWithoutDevice(path.substr(path.rfind('/') + 1));
 }
 
-/// `parent` is the device that the terminal belongs to, null for a terminal without one. Parents
-/// are held by their children.
+/// `parent` is the device that the terminal belongs to, null for a terminal without one. Children
+/// own their parents.
 SerialDevice describe(udev_device* terminal, udev_device* parent) {
   SerialDevice found;
   found.name = textOf(udev_device_get_sysname(terminal));
@@ -81,7 +81,7 @@ FoundDevices udevDevices() {
   }
   udev_list_entry* entry = udev_enumerate_get_list_entry(walk.get());
   if (entry == nullptr) {
-    // Every kernel has a console at the least.
+    // Every kernel has at least a console, so udev is not running.
     return std::nullopt;
   }
   std::vector<SerialDevice> devices;
@@ -90,7 +90,7 @@ FoundDevices udevDevices() {
     const Owned<udev_device> terminal(
         isConsole(path) ? nullptr : udev_device_new_from_syspath(context.get(), path.c_str()));
     if (!terminal) {
-      continue;  // a console, or unplugged meanwhile
+      continue;  // a console, or unplugged in the meantime
     }
     devices.push_back(describe(terminal.get(), udev_device_get_parent(terminal.get())));
   }

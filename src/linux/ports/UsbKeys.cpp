@@ -32,7 +32,7 @@ bool isServedByUsbser(const KnownPort& port) {
 }
 
 /// "USB\VID_09D8&PID_0420\A1", with the number of the interface on devices that have several. A
-/// path has to name one device alone, so the port stands in for a missing or doubled serial number.
+/// path must name one device only, so the port replaces a missing or duplicate serial number.
 std::string instancePath(const KnownPort& port, std::set<std::string>& taken) {
   const UsbIdentity& usb = *port.usb;
   std::array<char, 32> text{};

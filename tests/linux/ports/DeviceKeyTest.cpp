@@ -15,13 +15,13 @@ SerialDevice adapter(const std::string& serial, const std::string& usbPath) {
 
 constexpr const char* socketTwo = "/devices/pci0000:00/0000:00:14.0/usb1/1-2";
 
-TEST(DeviceKey, AnAdapterIsKnownByWhatItSaysAndWhereItIs) {
+TEST(DeviceKey, AnAdapterIsIdentifiedByItsUsbIdentityAndItsSocket) {
   const DeviceKey key = deviceKeyOf(adapter("0001", socketTwo));
   EXPECT_EQ(key.identity, "10c4:ea60:0001:02");
   EXPECT_EQ(key.place, "pci0000:00/0000:00:14.0/usb-2");
 }
 
-TEST(DeviceKey, TheNumberOfTheBusIsNoPartOfThePlace) {
+TEST(DeviceKey, TheBusNumberIsNotPartOfThePlace) {
   EXPECT_EQ(deviceKeyOf(adapter("", "/devices/pci0000:00/0000:00:14.0/usb1/1-2/1-2.4")),
             deviceKeyOf(adapter("", "/devices/pci0000:00/0000:00:14.0/usb3/3-2/3-2.4")));
   EXPECT_EQ(deviceKeyOf(adapter("", "/devices/pci0000:00/0000:00:14.0/usb1/1-2/1-2.4")).place,
@@ -33,7 +33,7 @@ TEST(DeviceKey, AnUnusualPathIsThePlaceAsItStands) {
   EXPECT_EQ(deviceKeyOf(adapter("", "")).place, "");
 }
 
-TEST(DeviceKey, SocketsControllersInterfacesAndPortsTellDevicesApart) {
+TEST(DeviceKey, SocketsControllersInterfacesAndPortsDistinguishDevices) {
   const SerialDevice first = adapter("0001", socketTwo);
   SerialDevice other = adapter("0001", "/devices/pci0000:00/0000:00:14.0/usb1/1-3");
   EXPECT_NE(deviceKeyOf(first), deviceKeyOf(other));
@@ -53,17 +53,17 @@ TEST(DeviceKey, TheOnlyPortOfAnInterfaceIsNotNumbered) {
   EXPECT_EQ(deviceKeyOf(device).identity, "10c4:ea60:0001:02");
 }
 
-TEST(DeviceKey, HoldsNoBlankAndNoSignThatCannotBeSeen) {
+TEST(DeviceKey, HoldsPrintableCharactersOnly) {
   EXPECT_EQ(deviceKeyOf(adapter("A B\t\xC3\xBC", socketTwo)).identity, "10c4:ea60:A_B___:02");
 }
 
-TEST(DeviceKey, WithoutUsbTheTerminalIsTheDevice) {
+TEST(DeviceKey, WithoutUsbTheTerminalIdentifiesTheDevice) {
   const DeviceKey key = deviceKeyOf({.name = "ttyS0", .node = "/dev/ttyS0", .driver = "serial"});
   EXPECT_EQ(key.identity, "ttyS0");
   EXPECT_EQ(key.place, "");
 }
 
-TEST(DeviceKey, OnlyASerialNumberMakesADeviceKnownAnywhere) {
+TEST(DeviceKey, OnlyASerialNumberIdentifiesADeviceInAnySocket) {
   EXPECT_TRUE(isKnownAnywhere(adapter("0001", socketTwo)));
   EXPECT_FALSE(isKnownAnywhere(adapter("", socketTwo)));
   EXPECT_FALSE(isKnownAnywhere({.name = "ttyS0", .node = "/dev/ttyS0", .driver = "serial"}));

@@ -54,7 +54,7 @@ TEST(DeviceNames, AUartOfTypeZeroIsAPhantom) {
   EXPECT_FALSE(isPhantomUart(uart));
 }
 
-TEST(DeviceNames, AnAdapterIsNoPhantom) {
+TEST(DeviceNames, AnAdapterIsNotAPhantom) {
   EXPECT_FALSE(isPhantomUart(device("ttyUSB0", "cp210x")));
 }
 

@@ -9,7 +9,7 @@ namespace {
 using testing::Adapter;
 using testing::MockedMachine;
 
-/// What both ways of discovery have to find on the same machine.
+/// What both kinds of discovery must find on the same machine.
 class Discovery : public ::testing::TestWithParam<FoundDevices (*)()> {
  protected:
   static std::vector<SerialDevice> found() {
@@ -86,7 +86,7 @@ TEST_P(Discovery, PortsOfOneInterfaceAreNumbered) {
   EXPECT_EQ(found().front().usbPort, "3");
 }
 
-TEST(DiscoveryWithoutTerminals, NobodyCanTell) {
+TEST(DiscoveryWithoutTerminals, NoSourceIsAvailable) {
   const std::unique_ptr<UMockdevTestbed, void (*)(gpointer)> empty(umockdev_testbed_new(),
                                                                    g_object_unref);
   EXPECT_FALSE(udevDevices().has_value());

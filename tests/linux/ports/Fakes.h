@@ -8,7 +8,7 @@
 
 namespace tessara::testing {
 
-/// A memory of numbers that counts what it was told.
+/// A record of numbers that counts the calls to store().
 class FakePortNumbers : public PortNumbers {
  public:
   [[nodiscard]] std::map<std::int16_t, DeviceKey> load() const override { return known; }
@@ -21,7 +21,7 @@ class FakePortNumbers : public PortNumbers {
   int stores = 0;
 };
 
-/// Ports as a test orders them; counts how often they were asked for.
+/// Ports set by a test; counts how often they are looked up.
 class FakePorts : public PortSource {
  public:
   [[nodiscard]] std::vector<KnownPort> ports() const override {

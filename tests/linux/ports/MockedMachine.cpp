@@ -19,7 +19,7 @@ std::string usbInterface(const Adapter& adapter) {
   return usbDevice(adapter) + "/1-" + adapter.socket + ":1." + adapter.interfaceNumber.substr(1);
 }
 
-/// A port of usbserial is a device of its own; a modem's terminal hangs on the interface.
+/// A port of usbserial is a device of its own; a modem's terminal belongs to the interface.
 bool isUsbSerial(const Adapter& adapter) {
   return adapter.tty.starts_with("ttyUSB");
 }
@@ -61,7 +61,7 @@ gboolean answerSerialInfo(UMockdevIoctlBase* /*handler*/, UMockdevIoctlClient* c
 }  // namespace
 
 MockedMachine::MockedMachine() : bed_(umockdev_testbed_new(), g_object_unref) {
-  // What every kernel has.
+  // Every kernel has consoles.
   addVirtualTerminal("console");
   addVirtualTerminal("tty0");
   add("P: " + controller + "\nE: SUBSYSTEM=usb\nE: DEVTYPE=usb_device\nA: idVendor=1d6b\\n\n" +

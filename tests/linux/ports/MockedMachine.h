@@ -30,7 +30,7 @@ inline const Adapter twn4{.tty = "ttyACM0",
                           .socket = "4"};
 
 /// A machine without any device but its consoles, as the programs under test see it: /sys and /dev
-/// are its own. Adapters are plugged in and pulled out at will.
+/// are its own. Adapters can be plugged in and unplugged.
 class MockedMachine {
  public:
   MockedMachine();
@@ -42,11 +42,11 @@ class MockedMachine {
   void pullOut(const Adapter& adapter);
   /// A UART of the machine itself; type 0 is one that the kernel did not find.
   void addUart(const std::string& tty, const std::string& driver, int type);
-  /// A UART whose type only the terminal itself tells when it is asked.
+  /// A UART whose type only the terminal itself reports.
   void addSilentUart(const std::string& tty, const std::string& driver, int type);
-  /// A terminal that belongs to no device.
+  /// A terminal without a device.
   void addVirtualTerminal(const std::string& tty);
-  /// The device node goes, the kernel's device stays.
+  /// Removes the device node; the kernel's device stays.
   void removeNode(const std::string& tty) const;
   /// A port of an adapter that has several on one interface.
   void setPortOnInterface(const Adapter& adapter, const std::string& number);
@@ -58,7 +58,7 @@ class MockedMachine {
   [[nodiscard]] std::string nodePath(const std::string& tty) const;
 
   std::unique_ptr<UMockdevTestbed, void (*)(gpointer)> bed_;
-  /// What the terminals of silent UARTs answer.
+  /// The type that the terminals of silent UARTs report.
   std::map<std::string, int> uartTypes_;
 };
 

@@ -41,40 +41,40 @@ TEST_F(NumberAssignment, UartsOfTheMachineGetTheLowestNumbersFromOne) {
             (Numbers{1, 2, 3, 4}));
 }
 
-TEST_F(NumberAssignment, ADeviceKeepsItsNumberWhateverStandsBesideIt) {
+TEST_F(NumberAssignment, ADeviceKeepsItsNumberWhateverElseIsPluggedIn) {
   (void)assign({adapter("A", "1"), adapter("B", "2"), uart("ttyS0")});
   EXPECT_EQ(assign({adapter("B", "2")}), Numbers{4});
   EXPECT_EQ(assign({uart("ttyS0"), adapter("C", "3"), adapter("B", "2"), adapter("A", "1")}),
             (Numbers{1, 5, 4, 3}));
 }
 
-TEST_F(NumberAssignment, ADeviceThatIsKnownIsNotWrittenDownAgain) {
+TEST_F(NumberAssignment, AKnownDeviceIsNotStoredAgain) {
   (void)assign({adapter("A", "1"), uart("ttyS0")});
   EXPECT_EQ(memory.stores, 2);
   (void)assign({adapter("A", "1"), uart("ttyS0")});
   EXPECT_EQ(memory.stores, 2);
 }
 
-TEST_F(NumberAssignment, TheNumberOfADeviceThatIsAwayIsNotGivenAgain) {
+TEST_F(NumberAssignment, TheNumberOfAnUnpluggedDeviceIsNotAssignedAgain) {
   (void)assign({adapter("A", "1")});
   EXPECT_EQ(assign({adapter("B", "1")}), Numbers{4});
 }
 
-TEST_F(NumberAssignment, ASerialNumberIsKnownInAnySocket) {
+TEST_F(NumberAssignment, ASerialNumberIsRecognisedInAnySocket) {
   (void)assign({adapter("A", "1"), adapter("B", "2")});
   EXPECT_EQ(assign({adapter("A", "2"), adapter("B", "1")}), (Numbers{3, 4}));
   EXPECT_EQ(memory.known.at(3), deviceKeyOf(adapter("A", "2")));
   EXPECT_EQ(memory.known.size(), 2U);
 }
 
-TEST_F(NumberAssignment, WithoutASerialNumberTheSocketHasTheNumber) {
+TEST_F(NumberAssignment, WithoutASerialNumberTheNumberBelongsToTheSocket) {
   EXPECT_EQ(assign({adapter("", "1"), adapter("", "2")}), (Numbers{3, 4}));
   EXPECT_EQ(assign({adapter("", "2")}), Numbers{4});
   EXPECT_EQ(assign({adapter("", "3")}), Numbers{5});
   EXPECT_EQ(assign({adapter("", "1")}), Numbers{3});
 }
 
-TEST_F(NumberAssignment, AdaptersWithTheSameSerialNumberAreToldApartByTheirSockets) {
+TEST_F(NumberAssignment, AdaptersWithTheSameSerialNumberAreDistinguishedByTheirSockets) {
   EXPECT_EQ(assign({adapter("0001", "1")}), Numbers{3});
   EXPECT_EQ(assign({adapter("0001", "2"), adapter("0001", "1")}), (Numbers{4, 3}));
   EXPECT_EQ(assign({adapter("0001", "2")}), Numbers{4});
@@ -86,11 +86,11 @@ TEST_F(NumberAssignment, OneOfSeveralTwinsThatMovedTakesANumberThatNoTwinUses) {
   EXPECT_EQ(assign({adapter("0001", "3"), adapter("0001", "2")}), (Numbers{3, 4}));
 }
 
-TEST_F(NumberAssignment, ClaimedNumbersAreNotGiven) {
+TEST_F(NumberAssignment, ClaimedNumbersAreNotAssigned) {
   EXPECT_EQ(assign({adapter("A", "1"), uart("ttyS0")}, {1, 3, 4}), (Numbers{5, 2}));
 }
 
-TEST_F(NumberAssignment, ADeviceWhoseNumberIsClaimedStepsAsideForThatTime) {
+TEST_F(NumberAssignment, ADeviceWhoseNumberIsClaimedHasAnotherForThatTime) {
   (void)assign({adapter("A", "1"), adapter("B", "2")});
   const int before = memory.stores;
   EXPECT_EQ(assign({adapter("A", "1"), adapter("B", "2")}, {3}), (Numbers{5, 4}));
@@ -98,20 +98,20 @@ TEST_F(NumberAssignment, ADeviceWhoseNumberIsClaimedStepsAsideForThatTime) {
   EXPECT_EQ(assign({adapter("A", "1"), adapter("B", "2")}), (Numbers{3, 4}));
 }
 
-TEST_F(NumberAssignment, ANewDeviceDoesNotTakeTheNumberOfOneThatStepsAside) {
+TEST_F(NumberAssignment, ANewDeviceDoesNotGetTheNumberOfADeviceWhoseNumberIsClaimed) {
   (void)assign({adapter("A", "1")});
   EXPECT_EQ(assign({adapter("A", "1")}, {3}), Numbers{4});
   EXPECT_EQ(assign({adapter("C", "2"), adapter("A", "1")}, {3}), (Numbers{5, 4}));
 }
 
-TEST_F(NumberAssignment, TheNumberOfTheUsbReaderIsNeverGiven) {
+TEST_F(NumberAssignment, TheNumberOfTheUsbReaderIsNeverAssigned) {
   for (std::int16_t number = 1; number < 999; ++number) {
     memory.known[number] = {"gone", ""};
   }
   EXPECT_EQ(assign({adapter("A", "1")}), Numbers{1000});
 }
 
-TEST_F(NumberAssignment, ADeviceForWhichNoNumberIsLeftHasNone) {
+TEST_F(NumberAssignment, ADeviceForWhichNoNumberIsLeftGetsNone) {
   for (std::int32_t number = 1; number <= 32767; ++number) {
     memory.known[static_cast<std::int16_t>(number)] = {"gone", ""};
   }

@@ -12,7 +12,7 @@ using testing::cp210x;
 using testing::twn4;
 using Lines = std::vector<std::u16string>;
 
-/// Answers nothing but the USB keys.
+/// A registry with the USB keys alone.
 class UsbOnlyRegistry : public RegistryHelper {
  public:
   explicit UsbOnlyRegistry(SerialCommRegistry& ports) : ports_(ports) {}
@@ -95,7 +95,7 @@ TEST_F(RegistryWalk, AReaderBesideAViatorIsASerialPortToo) {
                              u"Bluetooth Adapter (COM4)"}));
 }
 
-TEST_F(RegistryWalk, AReaderPluggedInBetweenTwoShowingsIsThereInTheSecond) {
+TEST_F(RegistryWalk, AReaderPluggedInBetweenTwoShowingsIsListedInTheSecond) {
   machine.plugIn(cp210x);
   EXPECT_EQ(lines(), Lines{u"USB Adapter OKT (COM3)"});
   machine.plugIn(twn4);

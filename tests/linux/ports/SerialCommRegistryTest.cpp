@@ -74,7 +74,7 @@ TEST_F(SerialCommRegistryTest, ANameNeedsRoomForItsFinalZero) {
   EXPECT_EQ(nameLength, 17U);
 }
 
-TEST_F(SerialCommRegistryTest, AQueryWithoutABufferTellsTypeAndSizeWithTheFinalZero) {
+TEST_F(SerialCommRegistryTest, AQueryWithoutABufferReturnsTypeAndSizeWithTheFinalZero) {
   std::uint32_t type = 0;
   std::uint32_t size = 0;
   EXPECT_EQ(
@@ -84,7 +84,7 @@ TEST_F(SerialCommRegistryTest, AQueryWithoutABufferTellsTypeAndSizeWithTheFinalZ
   EXPECT_EQ(size, 6U);
 }
 
-TEST_F(SerialCommRegistryTest, AQueryWithABufferGivesThePortAndItsFinalZero) {
+TEST_F(SerialCommRegistryTest, AQueryWithABufferReturnsThePortAndItsFinalZero) {
   std::string data(10, 'x');
   std::uint32_t type = 0;
   std::uint32_t size = 10;
@@ -93,7 +93,7 @@ TEST_F(SerialCommRegistryTest, AQueryWithABufferGivesThePortAndItsFinalZero) {
   EXPECT_EQ(size, 6U);
 }
 
-TEST_F(SerialCommRegistryTest, ABufferThatIsTooSmallIsToldTheSize) {
+TEST_F(SerialCommRegistryTest, ABufferThatIsTooSmallReturnsTheSize) {
   std::string data(5, 'x');
   std::uint32_t type = 0;
   std::uint32_t size = 5;
@@ -105,13 +105,13 @@ TEST_F(SerialCommRegistryTest, ABufferThatIsTooSmallIsToldTheSize) {
   EXPECT_EQ(registry.RegQueryValueExA(open(), R"(\Device\USBSER000)", type, &data, size), 234);
 }
 
-TEST_F(SerialCommRegistryTest, AValueThatNobodyHasIsNotFound) {
+TEST_F(SerialCommRegistryTest, AnUnknownValueIsNotFound) {
   std::uint32_t type = 0;
   std::uint32_t size = 0;
   EXPECT_EQ(registry.RegQueryValueExA(open(), R"(\Device\Silabser)", type, nullptr, size), 2);
 }
 
-TEST_F(SerialCommRegistryTest, WithoutAnyPortThereIsNoKey) {
+TEST_F(SerialCommRegistryTest, WithoutPortsThereIsNoKey) {
   source.list.clear();
   EXPECT_EQ(resultOfOpening(RegistryApi::localMachine, serialComm), 2);
 }
@@ -122,7 +122,7 @@ TEST_F(SerialCommRegistryTest, OtherKeysAndHivesAreNotFound) {
   EXPECT_EQ(resultOfOpening(RegistryApi::localMachine, R"(hardware\DeviceMap\SerialComm)"), 0);
 }
 
-TEST_F(SerialCommRegistryTest, AClosedOrMadeUpHandleIsInvalid) {
+TEST_F(SerialCommRegistryTest, AClosedOrInventedHandleIsInvalid) {
   const RegistryKey key = open();
   EXPECT_EQ(registry.RegCloseKey(key), 0);
   std::uint32_t type = 0;
@@ -133,7 +133,7 @@ TEST_F(SerialCommRegistryTest, AClosedOrMadeUpHandleIsInvalid) {
   EXPECT_EQ(registry.RegQueryValueExA(key, R"(\Device\Silabser0)", type, nullptr, size), 6);
 }
 
-TEST_F(SerialCommRegistryTest, NamesThatTwoPortsShareAreCountedUp) {
+TEST_F(SerialCommRegistryTest, NamesThatTwoPortsShareGetAnotherNumber) {
   source.list = {{3, R"(\Device\Serial0)", "/dev/ttyS0"},
                  {4, R"(\Device\Serial0)", "/dev/ttyAMA0"},
                  {5, R"(\Device\SERIAL1)", "/dev/ttyS1"},

@@ -28,7 +28,7 @@ TEST(SerialDevice, AMissingInterfaceNumberIsTheFirstInterface) {
   EXPECT_EQ(usbIdentity("10c4", "ea60", "", ""), (UsbIdentity{0x10C4, 0xEA60, "", 0}));
 }
 
-TEST(SerialDevice, WithoutVendorOrProductNobodyKnowsTheUsbDevice) {
+TEST(SerialDevice, WithoutVendorOrProductTheUsbDeviceIsUnknown) {
   EXPECT_EQ(usbIdentity("", "ea60", "", "00"), std::nullopt);
   EXPECT_EQ(usbIdentity("10c4", "", "", "00"), std::nullopt);
   EXPECT_EQ(usbIdentity("10c4", "ea60x", "", "00"), std::nullopt);

@@ -46,7 +46,7 @@ TEST_F(SerialPortsTest, EachClassOfAdapterHasItsName) {
                    R"(COM6 \Device\ch34110 /dev/ttyUSB10)"}));
 }
 
-TEST_F(SerialPortsTest, TellsDriverAndUsbDevice) {
+TEST_F(SerialPortsTest, ReportsDriverAndUsbDevice) {
   machine.plugIn(twn4);
   const SerialPorts source(memory, claimed);
   EXPECT_EQ(source.ports(),
@@ -54,7 +54,7 @@ TEST_F(SerialPortsTest, TellsDriverAndUsbDevice) {
                                      UsbIdentity{0x09D8, 0x0420, "T1", 0}}}));
 }
 
-TEST_F(SerialPortsTest, TwoOfAKindAreToldApart) {
+TEST_F(SerialPortsTest, TwoOfAKindAreDistinguished) {
   machine.plugIn(cp210x);
   machine.plugIn(twin);
   const Lines both{R"(COM3 \Device\Silabser0 /dev/ttyUSB0)",
@@ -63,7 +63,7 @@ TEST_F(SerialPortsTest, TwoOfAKindAreToldApart) {
   EXPECT_EQ(ports(), both);
 }
 
-TEST_F(SerialPortsTest, NumbersStayWhenTheKernelNamesTheAdaptersTheOtherWayRound) {
+TEST_F(SerialPortsTest, NumbersStayWhenTheKernelSwapsTheNamesOfTheAdapters) {
   machine.plugIn(cp210x);
   machine.plugIn(twin);
   (void)ports();
@@ -78,7 +78,7 @@ TEST_F(SerialPortsTest, NumbersStayWhenTheKernelNamesTheAdaptersTheOtherWayRound
                             R"(COM4 \Device\Silabser0 /dev/ttyUSB0)"}));
 }
 
-TEST_F(SerialPortsTest, ANumberStaysThroughReplugIntoAnotherSocket) {
+TEST_F(SerialPortsTest, ANumberStaysWhenTheAdapterMovesToAnotherSocket) {
   machine.plugIn(twin);
   machine.plugIn(cp210x);
   (void)ports();
@@ -92,7 +92,7 @@ TEST_F(SerialPortsTest, ANumberStaysThroughReplugIntoAnotherSocket) {
                             R"(COM4 \Device\Silabser1 /dev/ttyUSB1)"}));
 }
 
-TEST_F(SerialPortsTest, AnAdapterThatCameBetweenTwoLooksIsSeenByTheSameObject) {
+TEST_F(SerialPortsTest, AnAdapterPluggedInBetweenTwoLooksIsSeenByTheSameObject) {
   const SerialPorts source(memory, claimed);
   EXPECT_TRUE(source.ports().empty());
   machine.plugIn(cp210x);
@@ -116,13 +116,13 @@ TEST_F(SerialPortsTest, PhantomUartsAreLeftOutAndGetNoNumber) {
   EXPECT_EQ(memory.known.size(), 1U);
 }
 
-TEST_F(SerialPortsTest, TheTerminalIsAskedWhereTheTreeDoesNotTellOfPhantoms) {
+TEST_F(SerialPortsTest, TheTerminalIsAskedWhereTheTreeDoesNotShowPhantoms) {
   machine.addSilentUart("ttyS0", "serial8250", 4);
   machine.addSilentUart("ttyS1", "serial8250", 0);
   EXPECT_EQ(ports(), Lines{R"(COM1 \Device\Serial0 /dev/ttyS0)"});
 }
 
-TEST_F(SerialPortsTest, NumbersThatOthersClaimAreLeftToThem) {
+TEST_F(SerialPortsTest, NumbersThatOtherPortsClaimAreNotAssigned) {
   machine.plugIn(cp210x);
   claimed.list = {{3, R"(\Device\Silabser9)", "/dev/pts/5"}};
   EXPECT_EQ(ports(), Lines{R"(COM4 \Device\Silabser0 /dev/ttyUSB0)"});
@@ -146,12 +146,12 @@ class Layers : public ::testing::Test {
   testing::FakePorts claimed;
 };
 
-TEST_F(Layers, TheNextIsHeardWhereTheFirstCannotTell) {
+TEST_F(Layers, TheNextIsUsedIfTheFirstIsNotAvailable) {
   EXPECT_EQ(namesFrom({[] { return FoundDevices(); }, [] { return nullDevice("ttyUSB4"); }}),
             std::vector<std::string>{R"(\Device\Silabser4)"});
 }
 
-TEST_F(Layers, TheNextIsNotAskedWhereTheFirstKnowsThatThereIsNone) {
+TEST_F(Layers, TheNextIsNotAskedIfTheFirstFindsNoDevice) {
   EXPECT_TRUE(namesFrom({[] { return FoundDevices(std::in_place); },
                          [] {
                            ADD_FAILURE() << "asked in vain";
@@ -160,7 +160,7 @@ TEST_F(Layers, TheNextIsNotAskedWhereTheFirstKnowsThatThereIsNone) {
                   .empty());
 }
 
-TEST_F(Layers, WhereNobodyCanTellThereIsNoPort) {
+TEST_F(Layers, WithoutAnAvailableLayerThereAreNoPorts) {
   EXPECT_TRUE(namesFrom({[] { return FoundDevices(); }}).empty());
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A made-up tree of devices in a folder of its own.
+/// A made-up device tree in a folder of its own.
 class SysfsDevices : public ::testing::Test {
  protected:
   SysfsDevices() {
@@ -69,13 +69,13 @@ TEST_F(SysfsDevices, ADeviceWithoutADriverHasTheNameOfItsKind) {
   EXPECT_EQ(sysfsDevices(root), expected);
 }
 
-TEST_F(SysfsDevices, ALinkThatLeadsNowhereIsNoDevice) {
+TEST_F(SysfsDevices, ADanglingLinkIsNotADevice) {
   addConsole();
   link("sys/class/tty/ttyUSB0", "../../devices/gone/tty/ttyUSB0");
   EXPECT_EQ(sysfsDevices(root), std::vector<SerialDevice>{});
 }
 
-TEST_F(SysfsDevices, CannotTellWithoutATree) {
+TEST_F(SysfsDevices, IsNotAvailableWithoutATree) {
   EXPECT_EQ(sysfsDevices(root), std::nullopt);
   fs::create_directories(root / "sys");
   EXPECT_EQ(sysfsDevices(root), std::nullopt);

@@ -57,7 +57,7 @@ TEST(UsbKeys, UsbserListsTheInstancesOfItsDevices) {
   EXPECT_EQ(keys.value(usbser, u"2"), Variant{});
 }
 
-TEST(UsbKeys, EachInstanceTellsItsPort) {
+TEST(UsbKeys, EachInstanceHasItsPort) {
   const UsbKeys keys({twn4(9, "A1"), twn4(12, "A2")});
   EXPECT_EQ(portNameOf(keys, uR"(USB\VID_09D8&PID_0420\A1)"), text(u"COM9"));
   EXPECT_EQ(portNameOf(keys, uR"(USB\VID_09D8&PID_0420\A2)"), text(u"COM12"));
@@ -89,12 +89,12 @@ TEST(UsbKeys, InterfacesOfOneDeviceHavePathsOfTheirOwn) {
   EXPECT_EQ(portNameOf(keys, uR"(USB\VID_1234&PID_ABCD&MI_02\S)"), text(u"COM4"));
 }
 
-TEST(UsbKeys, PortsWithoutUsbAreNotTold) {
+TEST(UsbKeys, PortsWithoutUsbHaveNoValues) {
   const UsbKeys keys({{9, R"(\Device\USBSER009)", "/dev/pts/5"}});
   EXPECT_EQ(keys.value(usbser, u"Count"), Variant{std::int64_t{0}});
 }
 
-TEST(UsbKeys, LetterCaseDoesNotMatter) {
+TEST(UsbKeys, LetterCaseIsIgnored) {
   const UsbKeys keys({twn4(9, "aB")});
   EXPECT_EQ(keys.value(u"system\\currentcontrolset\\services\\USBSER\\Enum", u"COUNT"),
             Variant{std::int64_t{1}});

@@ -27,23 +27,23 @@ class TakeRecordTest : public ControlFixture {
   }
 };
 
-TEST_F(TakeRecordTest, ThereIsNoneBeforeARead) {
+TEST_F(TakeRecordTest, ReturnsNothingBeforeARead) {
   EXPECT_FALSE(take());
 }
 
-TEST_F(TakeRecordTest, ThereIsNoneAfterAReadThatFailed) {
+TEST_F(TakeRecordTest, ReturnsNothingAfterAFailedRead) {
   platform.device.connects = false;
   control.AutomaticConnection();
   EXPECT_FALSE(take());
 }
 
-TEST_F(TakeRecordTest, ThereIsNoneInOfflineMode) {
+TEST_F(TakeRecordTest, ReturnsNothingInOfflineMode) {
   control.AutomaticConnection();
   inside(control).panel.CmdOfflineConfigure.press();
   EXPECT_FALSE(take());
 }
 
-TEST_F(TakeRecordTest, TellsWhatThePanelSays) {
+TEST_F(TakeRecordTest, HasTheTextsOfThePanel) {
   const ModuleRecord record = read();
   EXPECT_EQ(record.module.vendorId, 49);
   EXPECT_EQ(record.module.groupId, 1);
@@ -58,7 +58,7 @@ TEST_F(TakeRecordTest, TellsWhatThePanelSays) {
   EXPECT_EQ(record.language, 1);
 }
 
-TEST_F(TakeRecordTest, TellsTheConnection) {
+TEST_F(TakeRecordTest, HasTheConnection) {
   inside(control).panel.ComboComPort.addItem(u"USB Adapter OKT (COM3)");
   inside(control).panel.ComboComPort.setText(u"USB Adapter OKT (COM3)");
   const auto expected = ModuleRecord::Connection{.port = "COM3",
@@ -69,13 +69,13 @@ TEST_F(TakeRecordTest, TellsTheConnection) {
   EXPECT_EQ(read().connection, expected);
 }
 
-TEST_F(TakeRecordTest, TellsTheTimeInWholeSecondsWithItsOffset) {
+TEST_F(TakeRecordTest, HasTheTimeInWholeSecondsWithItsOffset) {
   const ModuleRecord record = read();
   EXPECT_EQ(record.time.toString(Qt::ISODate), "2024-05-17T08:04:59+02:00");
   EXPECT_EQ(record.time.time().msec(), 0);
 }
 
-TEST_F(TakeRecordTest, HasThePictureOfTheStateAsLongAsItShows) {
+TEST_F(TakeRecordTest, HasTheStatePictureWhileItIsVisible) {
   EXPECT_EQ(read().status.picture, 1);
   inside(control).panel.ImageDevState.setVisible(false);
   EXPECT_EQ(take()->status.picture, std::nullopt);
@@ -127,7 +127,7 @@ TEST_F(TakeRecordTest, LoadsNoCatalogue) {
   EXPECT_FALSE(loaded);
 }
 
-TEST_F(TakeRecordTest, DoesNotTouchTheModule) {
+TEST_F(TakeRecordTest, DoesNotAccessTheModule) {
   control.AutomaticConnection();
   bool touched = false;
   platform.device.before = [&](const std::string&) { touched = true; };
@@ -135,7 +135,7 @@ TEST_F(TakeRecordTest, DoesNotTouchTheModule) {
   EXPECT_FALSE(touched);
 }
 
-TEST_F(TakeRecordTest, SurvivesTheFile) {
+TEST_F(TakeRecordTest, IsTheSameAfterSavingAndReading) {
   const ModuleRecord record = read();
   EXPECT_EQ(recordFromJson(recordJson(record), "a.json"), record);
 }

@@ -40,7 +40,7 @@ inline std::string catalogueOf(const std::string& versions) {
   return catalogue(family("49", "16", device("161", links + versions)));
 }
 
-/// "5: message", one after the other.
+/// "5: message" for each problem.
 inline std::vector<std::string> linesOf(const std::vector<FileProblem>& problems) {
   std::vector<std::string> lines;
   for (const FileProblem& problem : problems) {

@@ -24,7 +24,7 @@ class AboutBoxView : public DialogOnScreen {
   }
 };
 
-TEST_F(AboutBoxView, IsTitledAndShowsTheVersion) {
+TEST_F(AboutBoxView, HasATitleAndShowsTheVersion) {
   inside(*control).VersionString = u"3.2.1";
   open([](FormView& view) {
     EXPECT_EQ(view.windowTitle(), "Information");
@@ -32,7 +32,7 @@ TEST_F(AboutBoxView, IsTitledAndShowsTheVersion) {
   });
 }
 
-TEST_F(AboutBoxView, ReturnEscapeClosingAndAClickAreAllOk) {
+TEST_F(AboutBoxView, ReturnEscapeClosingAndAClickAllMeanOk) {
   const std::vector<std::function<void(FormView&)>> ways{
       [](FormView&) { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); },
       [](FormView&) { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); },
@@ -47,7 +47,7 @@ TEST_F(AboutBoxView, ReturnEscapeClosingAndAClickAreAllOk) {
   }
 }
 
-TEST_F(AboutBoxView, TheKeyboardBeginsAtOk) {
+TEST_F(AboutBoxView, StartsWithTheFocusOnOk) {
   open([](FormView& view) { EXPECT_TRUE(part(view, u"cmdOK").hasFocus()); });
 }
 
@@ -58,7 +58,7 @@ TEST_F(AboutBoxView, AClickOnALinkOpensIt) {
   EXPECT_EQ(log.count("ShellExecuteA 0 Open mailto:" + toUtf8(maker.mail)), 1U);
 }
 
-TEST_F(AboutBoxView, AClickBesideTheAddressOpensNothing) {
+TEST_F(AboutBoxView, AClickBesideAnAddressOpensNothing) {
   open([](FormView& view) {
     auto& link = part(view, u"HyperLinkWeb");
     QTest::mouseClick(&link, Qt::LeftButton, {}, QPoint(link.width() - 2, 8));
@@ -86,7 +86,7 @@ TEST_F(AboutBoxView, ContactDataCanBeCopied) {
   });
 }
 
-TEST_F(AboutBoxView, ALinkThatNothingOpensIsTold) {
+TEST_F(AboutBoxView, ReportsALinkThatNoProgramOpens) {
   platform.programs.result = Shell::noAssociation;
   open([](FormView& view) {
     QTest::mouseClick(&part(view, u"HyperLinkWeb"), Qt::LeftButton, {}, QPoint(4, 8));
@@ -96,7 +96,7 @@ TEST_F(AboutBoxView, ALinkThatNothingOpensIsTold) {
   EXPECT_NE(errors[0].find(toUtf8(maker.web)), std::string::npos);
 }
 
-TEST_F(AboutBoxView, TheSecondColumnStandsWhereTheModelPutsIt) {
+TEST_F(AboutBoxView, PlacesTheSecondColumnWhereTheModelDoes) {
   const double pixels = window.logicalDpiX() / 1440.0;
   open([&](FormView& view) { EXPECT_EQ(leftOf(view, u"LblPhoneNr"), qRound(4600 * pixels)); });
   moduleWide().TextMainFrame[22] = std::u16string(14, u'i');
@@ -107,7 +107,7 @@ TEST_F(AboutBoxView, TheSecondColumnStandsWhereTheModelPutsIt) {
   });
 }
 
-TEST_F(AboutBoxView, ACaptionThatIsWiderThanItsLengthSaysPushesTheSecondColumnOn) {
+TEST_F(AboutBoxView, AWideCaptionMovesTheSecondColumn) {
   moduleWide().TextMainFrame[22] = std::u16string(14, u'W');
   open([](FormView& view) {
     EXPECT_FALSE(part<LabelView>(view, u"LblPhone").isCut());
@@ -115,7 +115,7 @@ TEST_F(AboutBoxView, ACaptionThatIsWiderThanItsLengthSaysPushesTheSecondColumnOn
   });
 }
 
-TEST_F(AboutBoxView, ALongDescriptionGetsTheLinesThatItNeeds) {
+TEST_F(AboutBoxView, ALongDescriptionGetsAsManyLinesAsItNeeds) {
   QSize usual;
   open([&](FormView& view) { usual = view.size(); });
   std::u16string text;

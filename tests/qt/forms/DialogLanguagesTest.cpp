@@ -19,13 +19,13 @@ class DialogLanguages : public DialogOnScreen, public ::testing::WithParamInterf
     control->UserControl_Show();
   }
 
-  /// Looks at one dialog after the other.
+  /// Calls the function with each dialog in turn.
   void lookAt(const std::function<void(FormView&, const Form&)>& look) {
     press(panel.cmdSettings, [&](FormView& view) { look(view, *moduleWide().frmLanguage); });
     press(panel.CmdAbout, [&](FormView& view) { look(view, *moduleWide().frmAbout); });
   }
 
-  /// Looks at every widget of both that is shown.
+  /// Calls the function with each visible widget of both.
   void lookAtEach(const std::function<void(QWidget&, const Widget&)>& look) {
     lookAt([&](FormView& view, const Form& form) {
       std::size_t seen = 0;
@@ -43,7 +43,7 @@ class DialogLanguages : public DialogOnScreen, public ::testing::WithParamInterf
 
 INSTANTIATE_TEST_SUITE_P(AllEleven, DialogLanguages, ::testing::Range<std::int16_t>(1, 12));
 
-TEST_P(DialogLanguages, NoTextIsCut) {
+TEST_P(DialogLanguages, NoTextIsCutOff) {
   lookAtEach([](QWidget& shown, const Widget& widget) {
     if (const auto* label = dynamic_cast<const LabelView*>(&shown)) {
       EXPECT_FALSE(label->isCut()) << label->text().toStdString();
@@ -63,7 +63,7 @@ TEST_P(DialogLanguages, EveryTextIsThere) {
   });
 }
 
-TEST_P(DialogLanguages, TheWidgetsLieInsideOfTheWindowAndBesideEachOther) {
+TEST_P(DialogLanguages, WidgetsAreInsideTheWindowAndDoNotOverlap) {
   lookAt([](FormView& view, const Form& form) {
     std::vector<const Widget*> others;
     for (const Widget* widget : form.widgets()) {

@@ -22,7 +22,7 @@
 
 namespace tessara::testing {
 
-/// A world of fakes in which the event loop is a real one.
+/// A platform of fakes with a real event loop.
 class QtWorld : public FakePlatform {
  public:
   EventLoop& eventLoop() override { return turning_; }
@@ -31,7 +31,7 @@ class QtWorld : public FakePlatform {
   QtEventLoop turning_;
 };
 
-/// A control whose dialogs come up on the screen, in German.
+/// A control whose dialogs open on the screen, in German.
 class DialogOnScreen : public ::testing::Test {
  protected:
   DialogOnScreen() {
@@ -44,8 +44,8 @@ class DialogOnScreen : public ::testing::Test {
 
   enum class Afterwards { Cancel, Leave };
 
-  /// Presses the button of the panel and does what a person does in the dialog that comes up. If
-  /// that has left it open, it is cancelled, or left.
+  /// Presses the button of the panel and runs the user's actions in the dialog that opens. A dialog
+  /// still open afterwards is cancelled.
   void press(Widget& opener, const std::function<void(FormView&)>& person,
              Afterwards afterwards = Afterwards::Cancel) {
     bool seen = false;

@@ -46,7 +46,7 @@ class FormLayoutTest : public ::testing::Test {
   std::map<const Widget*, double> heightsAskedAt;
 };
 
-TEST_F(FormLayoutTest, TextsReachToTheirNeighbourOrTheEdge) {
+TEST_F(FormLayoutTest, TextsExtendToTheirNeighbourOrTheEdge) {
   const FormLayout made = layout();
   EXPECT_EQ(made.size(), QSize(1000, 600));
   EXPECT_EQ(made.place(form.left), QRect(100, 100, 310, 50));
@@ -57,7 +57,7 @@ TEST_F(FormLayoutTest, TextsReachToTheirNeighbourOrTheEdge) {
   EXPECT_EQ(made.place(form.cancel), QRect(700, 300, 200, 50));
 }
 
-TEST_F(FormLayoutTest, AreEnlargedWithThePixelsOfATwip) {
+TEST_F(FormLayoutTest, ScalesWithThePixelsPerTwip) {
   const FormLayout made = layout(0.5);
   EXPECT_EQ(made.size(), QSize(500, 300));
   EXPECT_EQ(made.place(form.right), QRect(300, 50, 150, 25));
@@ -68,7 +68,7 @@ TEST_F(FormLayoutTest, ATextThatFitsMovesNothing) {
   EXPECT_EQ(layout().size(), QSize(1000, 600));
 }
 
-TEST_F(FormLayoutTest, ATextThatNeedsMoreMovesWhatStandsToItsRight) {
+TEST_F(FormLayoutTest, ATextThatNeedsMoreSpaceMovesWidgetsToItsRight) {
   widths[&form.left] = 340;
   const FormLayout made = layout();
   EXPECT_EQ(made.size(), QSize(1030, 600));
@@ -78,7 +78,7 @@ TEST_F(FormLayoutTest, ATextThatNeedsMoreMovesWhatStandsToItsRight) {
   EXPECT_EQ(made.place(form.heading).width(), 830);
 }
 
-TEST_F(FormLayoutTest, WhatOneTextHasWonCountsForThoseAcrossIt) {
+TEST_F(FormLayoutTest, SpaceInsertedForOneTextCountsForThoseThatSpanIt) {
   widths[&form.left] = 340;
   widths[&form.heading] = 840;
   const FormLayout made = layout();
@@ -94,7 +94,7 @@ TEST_F(FormLayoutTest, TheButtonsKeepTheirDistanceFromTheRightEdge) {
   EXPECT_EQ(made.place(form.ok), QRect(550, 300, 150, 50));
 }
 
-TEST_F(FormLayoutTest, AButtonWithALongCaptionGrowsToTheLeftAndPushesTheOther) {
+TEST_F(FormLayoutTest, AButtonWithALongCaptionGrowsToTheLeftAndMovesTheOther) {
   widths[&form.cancel] = 230;
   const FormLayout made = layout();
   EXPECT_EQ(made.size(), QSize(1000, 600));
@@ -102,7 +102,7 @@ TEST_F(FormLayoutTest, AButtonWithALongCaptionGrowsToTheLeftAndPushesTheOther) {
   EXPECT_EQ(made.place(form.ok), QRect(470, 300, 150, 50));
 }
 
-TEST_F(FormLayoutTest, ATextInSeveralLinesMovesWhatStandsBelow) {
+TEST_F(FormLayoutTest, AMultiLineTextMovesWidgetsBelowIt) {
   heights[&form.below] = 90;
   const FormLayout made = layout();
   EXPECT_EQ(made.size(), QSize(1000, 640));

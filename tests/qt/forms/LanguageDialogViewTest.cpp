@@ -21,7 +21,7 @@ class LanguageDialogView : public DialogOnScreen {
   static QString focused() { return QApplication::focusWidget()->property("text").toString(); }
 };
 
-TEST_F(LanguageDialogView, IsModalInFrontOfTheWindowAndTitledByTheSystem) {
+TEST_F(LanguageDialogView, IsModalInFrontOfTheWindowWithATitleBarOfTheSystem) {
   open([this](FormView& view) {
     EXPECT_TRUE(view.isModal());
     EXPECT_EQ(view.windowModality(), Qt::ApplicationModal);
@@ -43,7 +43,7 @@ TEST_F(LanguageDialogView, AClickOnAnOptionAndOnOkStoresTheLanguage) {
   EXPECT_EQ(log.count("Show 48"), 1U);
 }
 
-TEST_F(LanguageDialogView, AClickBesideTheTextOfAnOptionIsNone) {
+TEST_F(LanguageDialogView, AClickBesideTheTextOfAnOptionDoesNothing) {
   open([](FormView& view) {
     auto& option = button(view, u"OptionPL");
     QTest::mouseClick(&option, Qt::LeftButton, {}, QPoint(option.width() - 2, 8));
@@ -51,7 +51,7 @@ TEST_F(LanguageDialogView, AClickBesideTheTextOfAnOptionIsNone) {
   });
 }
 
-TEST_F(LanguageDialogView, ReturnIsOkAndTheArrowKeysGoAmongTheOptions) {
+TEST_F(LanguageDialogView, ReturnMeansOkAndTheArrowKeysMoveBetweenOptions) {
   open([](FormView& view) {
     EXPECT_EQ(focused(), "Deutsch");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
@@ -83,7 +83,7 @@ TEST_F(LanguageDialogView, TheArrowKeysReachEveryLanguage) {
   });
 }
 
-TEST_F(LanguageDialogView, TabGoesFromTheChosenOptionToTheButtonsAndBack) {
+TEST_F(LanguageDialogView, TabMovesFromTheSelectedOptionToTheButtonsAndBack) {
   open([](FormView& /*view*/) {
     QStringList way;
     for (int press = 0; press < 4; ++press) {
@@ -126,7 +126,7 @@ TEST_F(LanguageDialogView, TheCancelButtonCancelsByMouseAndByKeyboard) {
   });
 }
 
-TEST_F(LanguageDialogView, TheGroundOfAButtonChangesUnderThePointer) {
+TEST_F(LanguageDialogView, TheBackgroundOfAButtonChangesUnderThePointer) {
   open([](FormView& view) {
     auto& ok = button(view, u"cmdOK");
     const QImage idle = ok.grab().toImage();
@@ -151,7 +151,7 @@ TEST_F(LanguageDialogView, ThePointerMayLeaveAWindowThatIsClosing) {
   EXPECT_EQ(log.count("Show 48"), 1U);
 }
 
-TEST_F(LanguageDialogView, AChangeOfTheModelIsShownAtOnce) {
+TEST_F(LanguageDialogView, ShowsAChangeOfTheModelAtOnce) {
   open([](FormView& view) {
     form().OptionIT.setValue(true);
     EXPECT_TRUE(button(view, u"OptionIT").isChecked());
@@ -165,7 +165,7 @@ TEST_F(LanguageDialogView, AChangeOfTheModelIsShownAtOnce) {
   });
 }
 
-TEST_F(LanguageDialogView, TheEndOfTheControlClosesTheWindow) {
+TEST_F(LanguageDialogView, ClosesWhenTheControlIsDestroyed) {
   QPointer<FormView> closed;
   open([&](FormView& view) {
     closed = &view;
@@ -177,7 +177,7 @@ TEST_F(LanguageDialogView, TheEndOfTheControlClosesTheWindow) {
   EXPECT_EQ(inside(*control).Language, 1);
 }
 
-TEST_F(LanguageDialogView, EndsWithTheWindowThatOwnsIt) {
+TEST_F(LanguageDialogView, ClosesWithItsOwner) {
   auto owner = std::make_unique<QWidget>();
   QtForms its(*owner);
   control->setFormObserver(&its);
@@ -185,14 +185,14 @@ TEST_F(LanguageDialogView, EndsWithTheWindowThatOwnsIt) {
   EXPECT_EQ(moduleWide().frmLanguage, nullptr);
 }
 
-TEST_F(LanguageDialogView, EndsWithWhatDrawsIt) {
+TEST_F(LanguageDialogView, ClosesWithTheViewOfThePanel) {
   auto its = std::make_unique<QtForms>(window);
   control->setFormObserver(its.get());
   open([&](FormView& /*view*/) { its.reset(); });
   EXPECT_EQ(moduleWide().frmLanguage, nullptr);
 }
 
-TEST_F(LanguageDialogView, EndsWhenTheProgramQuits) {
+TEST_F(LanguageDialogView, ClosesWhenTheProgramQuits) {
   const std::vector<std::function<void()>> ways{[] { QCoreApplication::quit(); },
                                                 [] { QCoreApplication::exit(0); }};
   for (const auto& way : ways) {
@@ -209,7 +209,7 @@ TEST_F(LanguageDialogView, EndsWhenTheProgramQuits) {
   }
 }
 
-TEST_F(LanguageDialogView, AMessageBoxComesUpInFrontOfTheOpenDialog) {
+TEST_F(LanguageDialogView, AMessageBoxOpensInFrontOfTheOpenDialog) {
   QWidget* parent = nullptr;
   open([&](FormView& view) {
     QtMessageHelper boxes;
@@ -227,7 +227,7 @@ TEST_F(LanguageDialogView, AMessageBoxComesUpInFrontOfTheOpenDialog) {
   });
 }
 
-TEST_F(LanguageDialogView, TakesTheIconOfTheWindowWhenItHasNoneOfItsOwn) {
+TEST_F(LanguageDialogView, UsesTheIconOfItsOwnerIfItHasNone) {
   QPixmap blue(16, 16);
   blue.fill(Qt::blue);
   window.setWindowIcon(QIcon(blue));

@@ -73,9 +73,8 @@ TEST_F(HelpBuilder, WritesPagesAndProjectIntoItsFolder) {
 
 TEST_F(HelpBuilder, TellsALinkThatLeadsNowhereAndWritesNothing) {
   write("de/b.html", "<h1>B</h1>\n<a href=\"c.html\">x</a>\n<a href=\"index.html#d\">y</a>\n");
-  EXPECT_THAT(build(),
-              ElementsAre(pathOf("de/b.html") + ":2: the link to c.html leads nowhere",
-                          pathOf("de/b.html") + ":3: the link to index.html#d leads nowhere"));
+  EXPECT_THAT(build(), ElementsAre(pathOf("de/b.html") + ":2: the link to c.html is broken",
+                                   pathOf("de/b.html") + ":3: the link to index.html#d is broken"));
   EXPECT_EQ(read("out/Help_049/index.html"), "");
 }
 
@@ -94,7 +93,7 @@ TEST_F(HelpBuilder, TellsFilesThatAreNotThere) {
 
 TEST_F(HelpBuilder, TellsALanguageFileThatTheControlDoesNotTake) {
   writeLanguage("[Title]\r\n2\r\nTitle\r\n");
-  EXPECT_THAT(build()[0], HasSubstr("no language file that the control takes"));
+  EXPECT_THAT(build()[0], HasSubstr("not a language file that the control accepts"));
 }
 
 TEST_F(HelpBuilder, TellsAPlaceThatCannotBeWritten) {

@@ -66,22 +66,22 @@ TEST_F(HelpPageTest, TellsTextsThatThereAreNot) {
   problems.clear();
   EXPECT_EQ(problemOf("<h1>A</h1>\n{{Letters 1}}"), "2: no language file has {{Letters 1}}");
   problems.clear();
-  EXPECT_EQ(problemOf("<h1>A</h1>\n{{words}}"), "2: nothing is known of \"{{words}}\"");
+  EXPECT_EQ(problemOf("<h1>A</h1>\n{{words}}"), "2: unknown placeholder \"{{words}}\"");
 }
 
 TEST_F(HelpPageTest, TellsHeadingsOutOfOrder) {
-  EXPECT_EQ(problemOf("<p>A</p>"), "1: a page begins with its one <h1>");
+  EXPECT_EQ(problemOf("<p>A</p>"), "1: a page must begin with its only <h1>");
   problems.clear();
-  EXPECT_EQ(problemOf("<h1>A</h1>\n<h1>B</h1>"), "1: a page begins with its one <h1>");
+  EXPECT_EQ(problemOf("<h1>A</h1>\n<h1>B</h1>"), "1: a page must begin with its only <h1>");
   problems.clear();
-  EXPECT_EQ(problemOf("<h2 id=\"b\">B</h2>\n<h1>A</h1>"), "1: a page begins with its one <h1>");
+  EXPECT_EQ(problemOf("<h2 id=\"b\">B</h2>\n<h1>A</h1>"),
+            "1: a page must begin with its only <h1>");
   problems.clear();
-  EXPECT_EQ(problemOf("<h1>A</h1>\n<h2>B</h2>"), "2: a section has an id, and a page has none");
+  EXPECT_EQ(problemOf("<h1>A</h1>\n<h2>B</h2>"), "2: a section needs an id, a page title has none");
   problems.clear();
-  EXPECT_EQ(problemOf("<h1>A</h1>\n<h2 id=\"b\">B</h2>\n<h2 id=\"b\">C</h2>"),
-            "3: the id b is there already");
+  EXPECT_EQ(problemOf("<h1>A</h1>\n<h2 id=\"b\">B</h2>\n<h2 id=\"b\">C</h2>"), "3: duplicate id b");
   problems.clear();
-  EXPECT_THAT(problemOf("<h1>A</h1>\n<h2 id=\"b\">\nB</h2>"), HasSubstr("stands on one line"));
+  EXPECT_THAT(problemOf("<h1>A</h1>\n<h2 id=\"b\">\nB</h2>"), HasSubstr("must be on one line"));
 }
 
 }  // namespace

@@ -33,9 +33,9 @@ TEST(HelpPlan, TakesItsEntriesAndPagesInOrder) {
 TEST(HelpPlan, TellsLinesThatAreNoEntriesOrUnknownOnes) {
   const auto problems = problemsOf(complete + "rubbish\ncolour = blue\npage = ports\n");
   EXPECT_THAT(problems,
-              ElementsAre(Field(&FileProblem::message, HasSubstr("\"rubbish\" is no entry")),
-                          Field(&FileProblem::message, "there is no entry \"colour\""),
-                          Field(&FileProblem::message, "the page ports is there already")));
+              ElementsAre(Field(&FileProblem::message, HasSubstr("\"rubbish\" is not of the form")),
+                          Field(&FileProblem::message, "unknown entry \"colour\""),
+                          Field(&FileProblem::message, "duplicate page ports")));
   EXPECT_EQ(problems[0].line, 11U);
 }
 

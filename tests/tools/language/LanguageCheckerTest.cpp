@@ -31,7 +31,7 @@ std::vector<std::string> problemsOf(std::u16string_view text) {
   return linesOf(checkLanguage(languageBytes(text)).problems);
 }
 
-/// A complete file as text, without its mark.
+/// A complete file as text, without its byte order mark.
 std::u16string completeText() {
   const auto bytes = buildLanguage(completeSource()).bytes;
   std::u16string text;
@@ -51,10 +51,10 @@ TEST(LanguageChecker, FindsNothingWrongWithACompleteFile) {
   const auto report = checkLanguage(languageBytes(completeText()));
   EXPECT_EQ(report.verdict, "loads");
   EXPECT_THAT(report.problems, IsEmpty());
-  EXPECT_THAT(report.passedOver, IsEmpty());
+  EXPECT_THAT(report.ignored, IsEmpty());
 }
 
-TEST(LanguageChecker, TellsEachSectionWithItsLineCountAndTexts) {
+TEST(LanguageChecker, ListsEachSectionWithItsLineCountAndTexts) {
   const auto report = checkLanguage(languageBytes(completeText()));
   ASSERT_THAT(report.sections, SizeIs(5));
   const auto& modulInfo = report.sections[2];
@@ -73,83 +73,86 @@ TEST(LanguageChecker, TellsEachSectionWithItsLineCountAndTexts) {
   }());
 }
 
-TEST(LanguageChecker, TellsCommentsAsPassedOver) {
+TEST(LanguageChecker, ReportsCommentsAsIgnored) {
   const auto report = checkLanguage(languageBytes(u"; words\r\n" + completeText()));
   EXPECT_THAT(report.problems, IsEmpty());
-  EXPECT_THAT(linesOf(report.passedOver), ElementsAre("x:1: passed over: ; words"));
+  EXPECT_THAT(linesOf(report.ignored), ElementsAre("x:1: ignored: ; words"));
 }
 
-TEST(LanguageChecker, TellsABlankLineBeforeAHeader) {
+TEST(LanguageChecker, ReportsABlankLineBeforeAHeader) {
   const auto text = changed(u"[Buttons]", u"\r\n[Buttons]");
-  EXPECT_THAT(problemsOf(text),
-              ElementsAre("x:60: a blank line ends nothing: it opens the next line, which reads "
-                          "\"<CR><LF>[Buttons]\"",
-                          "x:60: no header as it stands, so the section behind it is passed over: "
-                          "\"<CR><LF>[Buttons]\"",
-                          "x: section [Buttons] gives 0 of 1 texts; the others stay empty"));
+  EXPECT_THAT(
+      problemsOf(text),
+      ElementsAre("x:60: blank line: its CR LF becomes the start of the next line, which reads "
+                  "\"<CR><LF>[Buttons]\"",
+                  "x:60: not a valid header, so its section is ignored: "
+                  "\"<CR><LF>[Buttons]\"",
+                  "x: section [Buttons] has 0 of 1 texts; the others stay empty"));
   EXPECT_EQ(checkLanguage(languageBytes(text)).verdict, "loads");
 }
 
-TEST(LanguageChecker, TellsAHeaderThatIsReadAsText) {
+TEST(LanguageChecker, ReportsAHeaderThatIsReadAsText) {
   EXPECT_THAT(problemsOf(changed(u"26\r\nModulInfo 0", u"27\r\nModulInfo 0")),
               ElementsAre("x:60: the header [Buttons] is read as text 26 of [ModulInfo], which "
                           "announces more texts than it has",
-                          "x: section [Buttons] gives 0 of 1 texts; the others stay empty"));
+                          "x: section [Buttons] has 0 of 1 texts; the others stay empty"));
 }
 
-TEST(LanguageChecker, TellsAHeaderThatIsNotExact) {
+TEST(LanguageChecker, ReportsAHeaderInTheWrongLetterCase) {
   EXPECT_THAT(problemsOf(changed(u"[Buttons]", u"[BUTTONS]")),
-              Contains("x:60: no header as it stands, so the section behind it is passed over: "
-                       "\"[BUTTONS]\""));
+              Contains("x:60: not a valid header, so its section is ignored: \"[BUTTONS]\""));
 }
 
-TEST(LanguageChecker, TellsTextsBehindTheLastThatIsRead) {
+TEST(LanguageChecker, ReportsTextsThatTheCountLeavesOut) {
   const auto report =
       checkLanguage(languageBytes(changed(u"26\r\nModulInfo 0", u"25\r\nModulInfo 0")));
-  EXPECT_THAT(linesOf(report.passedOver), ElementsAre("x:59: passed over: ModulInfo 25"));
+  EXPECT_THAT(linesOf(report.ignored), ElementsAre("x:59: ignored: ModulInfo 25"));
   EXPECT_THAT(linesOf(report.problems),
-              ElementsAre("x: section [ModulInfo] gives 25 of 26 texts; the others stay empty"));
+              ElementsAre("x: section [ModulInfo] has 25 of 26 texts; the others stay empty"));
 }
 
-TEST(LanguageChecker, TellsAMissingSection) {
+TEST(LanguageChecker, ReportsAMissingSection) {
   EXPECT_THAT(problemsOf(changed(u"[Buttons]\r\n1\r\nButtons 0\r\n", u"")),
-              ElementsAre("x: section [Buttons] gives 0 of 1 texts; the others stay empty"));
+              ElementsAre("x: section [Buttons] has 0 of 1 texts; the others stay empty"));
 }
 
-TEST(LanguageChecker, TellsARepeatedSection) {
+TEST(LanguageChecker, ReportsARepeatedSection) {
   EXPECT_THAT(problemsOf(completeText() + u"[Title]\r\n1\r\nagain\r\n"),
-              ElementsAre("x:100: section [Title] writes over the one in line 1"));
+              ElementsAre("x:100: section [Title] overwrites the one in line 1"));
 }
 
-TEST(LanguageChecker, TellsACountThatRefusesTheFile) {
+TEST(LanguageChecker, ReportsACountThatMakesTheControlRefuseTheFile) {
   const auto refused = [](std::u16string_view part, std::u16string_view by) {
     const auto report = checkLanguage(languageBytes(changed(part, by)));
-    EXPECT_EQ(report.verdict, "cannot be used; the control falls back on its German wording");
+    EXPECT_EQ(report.verdict,
+              "cannot be used; the control falls back to its built-in German texts");
     return linesOf(report.problems);
   };
-  EXPECT_THAT(refused(u"[Title]\r\n1", u"[Title]\r\n2"),
-              ElementsAre("x:2: section [Title] cannot have \"2\" texts; the control refuses the "
-                          "file"));
-  EXPECT_THAT(refused(u"[Buttons]\r\n1\r\nButtons 0", u"[Buttons]\r\n-3"),
-              Contains("x:61: section [Buttons] cannot have \"-3\" texts; the control refuses the "
-                       "file"));
+  EXPECT_THAT(
+      refused(u"[Title]\r\n1", u"[Title]\r\n2"),
+      ElementsAre("x:2: invalid number of texts \"2\" in section [Title]; the control refuses "
+                  "the file"));
+  EXPECT_THAT(
+      refused(u"[Buttons]\r\n1\r\nButtons 0", u"[Buttons]\r\n-3"),
+      Contains("x:61: invalid number of texts \"-3\" in section [Buttons]; the control refuses "
+               "the file"));
 }
 
-TEST(LanguageChecker, TellsACountThatIsNoNumber) {
+TEST(LanguageChecker, ReportsACountThatIsNotANumber) {
   const auto report = checkLanguage(languageBytes(changed(u"[Buttons]\r\n1", u"[Buttons]\r\none")));
   EXPECT_THAT(report.verdict, AllOf(HasSubstr("error 13"), HasSubstr("[Buttons]")));
-  EXPECT_THAT(linesOf(report.problems), Contains("x:61: \"one\" is no number"));
+  EXPECT_THAT(linesOf(report.problems), Contains("x:61: \"one\" is not a number"));
 }
 
-TEST(LanguageChecker, TellsTextsPastTheTable) {
+TEST(LanguageChecker, ReportsTextsThatTheTableHasNoRoomFor) {
   const auto report = checkLanguage(
       languageBytes(changed(u"1\r\nButtons 0", u"5\r\nButtons 0\r\nb1\r\nb2\r\nb3\r\nb4")));
   EXPECT_THAT(report.verdict, HasSubstr("error 9"));
-  EXPECT_THAT(linesOf(report.problems), Contains("x:66: section [Buttons] takes 4 texts at most"));
+  EXPECT_THAT(linesOf(report.problems), Contains("x:66: section [Buttons] has room for 4 texts"));
   EXPECT_THAT(report.sections.back().texts, SizeIs(4));
 }
 
-TEST(LanguageChecker, TellsAFileThatEndsTooEarly) {
+TEST(LanguageChecker, ReportsAFileThatEndsTooEarly) {
   auto text = completeText();
   text.resize(text.find(u"Messages 34"));
   const auto report = checkLanguage(languageBytes(text));
@@ -158,13 +161,13 @@ TEST(LanguageChecker, TellsAFileThatEndsTooEarly) {
   EXPECT_THAT(report.sections.back().texts, SizeIs(34));
 }
 
-TEST(LanguageChecker, TellsAnOddByteAtTheEnd) {
+TEST(LanguageChecker, ReportsAnOddByteAtTheEnd) {
   const auto report = checkLanguage(languageBytes(completeText()) + 'x');
   EXPECT_THAT(report.verdict, HasSubstr("error 62"));
   EXPECT_THAT(linesOf(report.problems), ElementsAre(HasSubstr("x:100: the file ends after")));
 }
 
-TEST(LanguageChecker, TellsAFileOfTwoBytesOrLess) {
+TEST(LanguageChecker, ReportsAFileOfTwoBytesOrLess) {
   for (const std::string bytes : {"", "\xFF", "\xFF\xFE"}) {
     const auto report = checkLanguage(bytes);
     EXPECT_THAT(report.verdict, HasSubstr("error 62"));
@@ -172,39 +175,39 @@ TEST(LanguageChecker, TellsAFileOfTwoBytesOrLess) {
   }
 }
 
-TEST(LanguageChecker, TellsAnotherEncoding) {
+TEST(LanguageChecker, ReportsAnotherEncoding) {
   const auto report = checkLanguage("[Title]\r\n1\r\nCancel");
   EXPECT_THAT(linesOf(report.problems),
-              Contains(HasSubstr("x: the file does not start with FF FE")));
+              Contains(HasSubstr("x: the file does not start with the byte order mark FF FE")));
 }
 
-TEST(LanguageChecker, TellsLinesThatEndInLfAlone) {
+TEST(LanguageChecker, ReportsLinesThatEndInLfAlone) {
   EXPECT_THAT(problemsOf(changed(u"Buttons 0\r\n", u"Buttons\n0\r\n")),
-              ElementsAre("x:62: the line holds control characters or damaged text: "
+              ElementsAre("x:62: the line contains control characters or damaged text: "
                           "\"Buttons<LF>0\""));
 }
 
-TEST(LanguageChecker, TellsWhatGetsLostBehindCr) {
+TEST(LanguageChecker, ReportsACharacterLostAfterCr) {
   EXPECT_THAT(problemsOf(changed(u"Buttons 0\r\n", u"Buttons 0\rX")),
-              ElementsAre("x:62: CR is not followed by LF; the character behind it is lost"));
+              ElementsAre("x:62: CR is not followed by LF; the character after it is lost"));
 }
 
-TEST(LanguageChecker, CountsLinesAsAnEditorDoes) {
+TEST(LanguageChecker, CountsLinesAsEditorsDo) {
   const auto text = changed(u"MainFrame 3\r\n", u"Main\nFrame\r\n");
   const auto report = checkLanguage(languageBytes(text));
   EXPECT_EQ(report.sections[2].line, 33U);
 }
 
-TEST(LanguageChecker, TakesALastLineWithoutCrLf) {
+TEST(LanguageChecker, AcceptsALastLineWithoutCrLf) {
   auto text = completeText();
   text.resize(text.size() - 2);
   EXPECT_THAT(problemsOf(text), IsEmpty());
 }
 
-TEST(LanguageChecker, TellsAFileThatCannotBeRead) {
+TEST(LanguageChecker, ReportsAFileThatCannotBeRead) {
   const auto report = checkLanguageFile("/nowhere/MERIDEX_CONF.flg");
   EXPECT_EQ(report.language, 3);
-  EXPECT_EQ(report.verdict, "cannot be used; the control falls back on its German wording");
+  EXPECT_EQ(report.verdict, "cannot be used; the control falls back to its built-in German texts");
   EXPECT_THAT(linesOf(report.problems), ElementsAre("x: the file cannot be read"));
 }
 

@@ -33,7 +33,7 @@ class LanguageCommand : public testing::LanguageFolder {
   std::ostringstream err;
 };
 
-TEST_F(LanguageCommand, BuildsAFileThatChecksWell) {
+TEST_F(LanguageCommand, BuildsAFileThatPassesTheCheck) {
   write("words.txt", completeSource());
   EXPECT_TRUE(build(pathOf("words.txt"), pathOf("MERIDEX_CONF.zlg")));
   EXPECT_EQ(err.str(), "");
@@ -41,7 +41,7 @@ TEST_F(LanguageCommand, BuildsAFileThatChecksWell) {
   EXPECT_TRUE(load(10));
 }
 
-TEST_F(LanguageCommand, CheckListsWhatTheFileLoadsAs) {
+TEST_F(LanguageCommand, CheckListsTheContentOfTheFile) {
   write("words.txt", replaced(completeSource(), "Buttons 0", "Anuluj"));
   build(pathOf("words.txt"), pathOf("MERIDEX_CONF.zlg"));
   check({pathOf("MERIDEX_CONF.zlg")});
@@ -51,14 +51,14 @@ TEST_F(LanguageCommand, CheckListsWhatTheFileLoadsAs) {
   EXPECT_THAT(out.str(), HasSubstr("\n    34  Messages 34\n"));
 }
 
-TEST_F(LanguageCommand, CheckTellsThatNoLanguageHasAFileOfThatName) {
+TEST_F(LanguageCommand, CheckReportsThatNoLanguageHasAFileOfThisName) {
   write("words.txt", completeSource());
   build(pathOf("words.txt"), pathOf("words.xlg"));
   EXPECT_TRUE(check({pathOf("words.xlg")}));
   EXPECT_THAT(out.str(), HasSubstr("  no language has a file of this name\n"));
 }
 
-TEST_F(LanguageCommand, CheckTellsProblemsWithFileAndLine) {
+TEST_F(LanguageCommand, CheckReportsProblemsWithFileAndLine) {
   write("words.txt", completeSource());
   build(pathOf("words.txt"), pathOf("good.elg"));
   write("bad.elg", "\xFF\xFE");
@@ -67,41 +67,41 @@ TEST_F(LanguageCommand, CheckTellsProblemsWithFileAndLine) {
   EXPECT_THAT(out.str(), HasSubstr(pathOf("good.elg") + ": loads\n"));
 }
 
-TEST_F(LanguageCommand, CheckTellsAFileThatIsNotThere) {
+TEST_F(LanguageCommand, CheckReportsAMissingFile) {
   EXPECT_FALSE(check({pathOf("none.elg")}));
   EXPECT_THAT(out.str(), HasSubstr(pathOf("none.elg") + ": the file cannot be read\n"));
 }
 
-TEST_F(LanguageCommand, BuildTellsProblemsAndWritesNothing) {
+TEST_F(LanguageCommand, BuildReportsProblemsAndWritesNothing) {
   write("words.txt", replaced(completeSource(), "0 = Buttons 0", "1 = Buttons 0"));
   EXPECT_FALSE(build(pathOf("words.txt"), pathOf("out.elg")));
-  EXPECT_EQ(err.str(), pathOf("words.txt") + ":58: entry 1 stands where entry 0 should\n");
+  EXPECT_EQ(err.str(), pathOf("words.txt") + ":58: entry 1 found where entry 0 was expected\n");
   EXPECT_FALSE(std::filesystem::exists(pathOf("out.elg")));
 }
 
-TEST_F(LanguageCommand, BuildTellsASourceThatIsNotThere) {
+TEST_F(LanguageCommand, BuildReportsAMissingSource) {
   EXPECT_FALSE(build(pathOf("none.txt"), pathOf("out.elg")));
   EXPECT_EQ(err.str(), pathOf("none.txt") + ": the file cannot be read\n");
 }
 
-TEST_F(LanguageCommand, BuildTellsASourceThatIsAFolder) {
+TEST_F(LanguageCommand, BuildReportsAFolderAsSource) {
   EXPECT_FALSE(build(folder().string(), pathOf("out.elg")));
   EXPECT_EQ(err.str(), folder().string() + ": the file cannot be read\n");
 }
 
-TEST_F(LanguageCommand, BuildTellsAnEmptySource) {
+TEST_F(LanguageCommand, BuildReportsAnEmptySource) {
   write("empty.txt", "");
   EXPECT_FALSE(build(pathOf("empty.txt"), pathOf("out.elg")));
   EXPECT_THAT(err.str(), HasSubstr("section [Title] is missing"));
 }
 
-TEST_F(LanguageCommand, BuildTellsAnOutputThatCannotBeWritten) {
+TEST_F(LanguageCommand, BuildReportsAnOutputThatCannotBeWritten) {
   write("words.txt", completeSource());
   EXPECT_FALSE(build(pathOf("words.txt"), pathOf("none/out.elg")));
   EXPECT_THAT(err.str(), HasSubstr(pathOf("none/out.elg") + " cannot be written"));
 }
 
-TEST_F(LanguageCommand, BuildTellsADiskThatIsFull) {
+TEST_F(LanguageCommand, BuildReportsAFullDisk) {
   write("words.txt", completeSource());
   EXPECT_FALSE(build(pathOf("words.txt"), "/dev/full"));
   EXPECT_THAT(err.str(), HasSubstr("/dev/full cannot be written"));
