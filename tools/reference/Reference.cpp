@@ -9,24 +9,15 @@ namespace tessara {
 namespace {
 
 constexpr std::string_view opening =
-    "# Reference\n\n"
-    "Every property, method and callback of `ModulInfoFLII`, in the order of its interface, with "
-    "the "
-    "number by which\nit is called. This page is written by the build from the table of members; "
-    "the "
-    "descriptions stand in\n`src/referencetool`.\n\n"
-    "In C++ a property `Baudrate` is `get_Baudrate()` and `put_Baudrate()`, and callbacks are "
-    "those "
-    "of `HostEvents`.\nOver the bridge all go by the names given here.\n\n"
-    "| Type | Meaning |\n|---|---|\n"
-    "| Long | 32-bit signed whole number |\n"
-    "| Integer | 16-bit signed whole number |\n"
-    "| Byte | 8-bit unsigned whole number |\n"
-    "| Double | 64-bit floating-point number |\n"
-    "| Boolean | truth value |\n"
-    "| string | text |\n"
-    "| variant | text, number or nothing; where text is kept, numbers become text |\n"
-    "| object | a communication object |\n";
+    "# Reference\n\nEvery property, method and callback of `ModulInfoFLII`, in the order of its "
+    "interface, with its dispatch number.\nThe build writes this page from the member table; the "
+    "descriptions are in `tools/reference`.\n\nIn C++ a property `Baudrate` is `get_Baudrate()` "
+    "and `put_Baudrate()`, and callbacks are those of `HostEvents`.\nThe bridge uses the names "
+    "given here.\n\n| Type | Meaning |\n|---|---|\n| Long | 32-bit signed whole number |\n| "
+    "Integer | 16-bit signed whole number |\n| Byte | 8-bit unsigned whole number |\n| Double | "
+    "64-bit floating-point number |\n| Boolean | truth value |\n| string | text |\n| variant | "
+    "text, number or nothing; where text is kept, numbers become text |\n| object | a "
+    "communication object |\n";
 
 const Description& descriptionOf(const Member& member, std::span<const Description> texts) {
   const auto found = std::find_if(texts.begin(), texts.end(), [&](const Description& text) {
@@ -44,7 +35,7 @@ void checkThatAllAreMembers(std::span<const Member> members, std::span<const Des
       return text.name == member.name && text.kind == member.kind;
     });
     if (!isMember) {
-      throw std::invalid_argument(std::string(text.name) + " is described and is no member");
+      throw std::invalid_argument(std::string(text.name) + " is described but is not a member");
     }
   }
 }
@@ -90,8 +81,8 @@ constexpr Section sections[] = {
     {MemberKind::Property, "Properties", "| # | Name | Type | Access | |\n|---|---|---|---|---|\n"},
     {MemberKind::Method, "Methods", "| # | Name | Arguments | Result | |\n|---|---|---|---|---|\n"},
     {MemberKind::Callback, "Callbacks",
-     "Callbacks run on the control's thread, inside the operation that raises them.\n\n"
-     "| # | Name | Arguments | |\n|---|---|---|---|\n"},
+     "Callbacks run on the control's thread, inside the operation that raises them.\n\n| # | Name "
+     "| Arguments | |\n|---|---|---|---|\n"},
 };
 
 std::string sectionText(const Section& section, std::span<const Member> members,

@@ -80,9 +80,9 @@ TEST(Reference, AMemberWithoutADescriptionIsNamed) {
 
 TEST(Reference, ADescriptionWithoutAMemberIsNamed) {
   EXPECT_EQ(failureOf(memberTable().subspan(1), descriptions()),
-            "DeviceID is described and is no member");
+            "DeviceID is described but is not a member");
   constexpr std::array texts{Description{"NFCReader", MemberKind::Method, "x"}};
-  EXPECT_EQ(failureOf(memberTable(), texts), "NFCReader is described and is no member");
+  EXPECT_EQ(failureOf(memberTable(), texts), "NFCReader is described but is not a member");
 }
 
 TEST(Reference, NoCellBreaksItsTable) {
