@@ -15,7 +15,7 @@
 namespace tessara {
 namespace {
 
-/// A system of which nothing is known but how it writes numbers.
+/// Settings that hold nothing but the decimal separator.
 class BareSettings : public RegistryHelper {
  public:
   [[nodiscard]] std::int32_t ValueTypeNumber() const override { return 4; }
@@ -39,7 +39,7 @@ class BareLocale : public Locale {
   }
 };
 
-/// A file in memory, for a reader that takes nothing but files.
+/// A file in memory, for a reader that accepts only files.
 class MemoryFile {
  public:
   MemoryFile(const std::uint8_t* data, std::size_t size) : file_(memfd_create("catalogue", 0)) {
@@ -73,7 +73,8 @@ void lookUp(XmlTree& tree, const CatalogueQuestion& question) {
 }  // namespace
 }  // namespace tessara
 
-/// Whatever a catalogue holds, a lookup in it finds, finds nothing, or raises a run-time error.
+/// Whatever a catalogue contains, a lookup in it succeeds, finds nothing or raises a run-time
+/// error.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const tessara::MemoryFile file(data, size);
   tessara::XmlFileCache cache;

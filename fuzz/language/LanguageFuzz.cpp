@@ -6,7 +6,7 @@
 #include "localisation/Language.h"
 #include "localisation/LanguageFile.h"
 
-/// Whatever a language file holds, it loads, is refused, or raises a run-time error.
+/// Whatever a language file contains, it loads, is refused or raises a run-time error.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   for (const auto* separator : {u".", u","}) {
     tessara::LanguageFile file(std::string(data, data + size));
