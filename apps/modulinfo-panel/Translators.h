@@ -1,6 +1,6 @@
 #pragma once
 
-#include "localisation/Language.h"
+#include "localisation/LanguageState.h"
 
 namespace tessara {
 

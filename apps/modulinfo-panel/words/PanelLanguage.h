@@ -5,7 +5,7 @@
 #include <QTranslator>
 #include <memory>
 
-#include "localisation/Language.h"
+#include "localisation/LanguageState.h"
 
 namespace tessara {
 
