@@ -45,8 +45,8 @@ class HostBench : public ::testing::Test {
   }
 
   ModulInfoFLII& control() { return window->control(); }
-  /// The message of the host in the status bar.
   Panel& panel() { return inside(control()).panel; }
+  /// The message of the host in the status bar.
   QString told() { return window->statusBar()->currentMessage(); }
   [[nodiscard]] QString path(const QString& name) const { return folder.filePath(name); }
 

@@ -42,7 +42,7 @@ TEST_F(PanelViewTest, DrawsEveryWidgetExceptTimersAndImageLists) {
   }
 }
 
-TEST_F(PanelViewTest, MeasuresWhatThePanelMeasures) {
+TEST_F(PanelViewTest, HasTheSizeOfThePanel) {
   EXPECT_EQ(view.sizeHint(), QSize(803, 167));
   EXPECT_EQ(view.minimumSizeHint(), view.sizeHint());
 }
@@ -61,7 +61,7 @@ TEST_F(PanelViewTest, ShowsAChangeInTheSameCall) {
   EXPECT_EQ(shown<QLineEdit>(panel.txtDevAddr).text(), "17");
 }
 
-TEST_F(PanelViewTest, PaintsAtOnceWhatIsRefreshed) {
+TEST_F(PanelViewTest, PaintsARefreshedWidgetAtOnce) {
   QApplication::processEvents();
   PaintCounter counter(shown(panel.LblVendorID));
   panel.LblVendorID.setCaption(u"176");
@@ -70,7 +70,7 @@ TEST_F(PanelViewTest, PaintsAtOnceWhatIsRefreshed) {
   EXPECT_EQ(counter.count, 1);
 }
 
-TEST_F(PanelViewTest, HidesWhatTheModelHides) {
+TEST_F(PanelViewTest, HidesWidgetsThatTheModelHides) {
   EXPECT_FALSE(shown(panel.ComboBaudrate).isVisible());
   EXPECT_FALSE(shown(panel.ImageDevState).isVisible());
   showInputs(panel);
@@ -108,7 +108,7 @@ TEST_F(PanelViewTest, AChangeByTheModelRunsNoHandler) {
   EXPECT_EQ(clicks, 0);
 }
 
-TEST_F(PanelViewTest, PressesTheButtonThatIsClicked) {
+TEST_F(PanelViewTest, PressesAClickedButton) {
   for (const auto button : buttonsInOrder) {
     clicks = 0;
     countClicks(panel.*button);
@@ -127,7 +127,7 @@ TEST_F(PanelViewTest, PressesTheFocusedButtonWithSpaceAndEnter) {
   }
 }
 
-TEST_F(PanelViewTest, PressesNoDisabledButton) {
+TEST_F(PanelViewTest, DoesNotPressADisabledButton) {
   countClicks(panel.CmdDeviceInfo);
   panel.CmdDeviceInfo.setEnabled(false);
   QTest::mouseClick(&shown(panel.CmdDeviceInfo), Qt::LeftButton);
@@ -154,7 +154,7 @@ TEST_F(PanelViewTest, HasShortcutsForTheFrequentButtons) {
   }
 }
 
-TEST_F(PanelViewTest, TabReachesButtonsInputsAndStatusTextsInTheOrderInWhichTheyStand) {
+TEST_F(PanelViewTest, TabReachesButtonsInputsAndStatusTextsInOrder) {
   showInputs(panel);
   std::vector<const Widget*> wanted;
   wanted.reserve(14);
@@ -173,11 +173,11 @@ TEST_F(PanelViewTest, TabReachesButtonsInputsAndStatusTextsInTheOrderInWhichThey
   EXPECT_EQ(QApplication::focusWidget(), &shown(*wanted.front()));
 }
 
-TEST_F(PanelViewTest, BeginsWithTheFocusOnTheReadButton) {
+TEST_F(PanelViewTest, StartsWithTheFocusOnTheReadButton) {
   EXPECT_EQ(QApplication::focusWidget(), &shown(panel.CmdDeviceInfo));
 }
 
-TEST_F(PanelViewTest, ADisabledButtonKeepsTheFocusFromItsNeighboursAndTakesItBack) {
+TEST_F(PanelViewTest, AReenabledButtonRegainsTheFocus) {
   countClicks(panel.CmdOpenDiskParameter);
   shown(panel.CmdDeviceInfo).setFocus();
   panel.CmdDeviceInfo.setEnabled(false);
@@ -187,7 +187,7 @@ TEST_F(PanelViewTest, ADisabledButtonKeepsTheFocusFromItsNeighboursAndTakesItBac
   EXPECT_EQ(QApplication::focusWidget(), &shown(panel.CmdDeviceInfo));
 }
 
-TEST_F(PanelViewTest, FocusThatThePersonMovedStaysThere) {
+TEST_F(PanelViewTest, KeepsTheFocusThatTheUserMoved) {
   shown(panel.CmdDeviceInfo).setFocus();
   panel.CmdDeviceInfo.setEnabled(false);
   shown(panel.ComboComPort).setFocus();
@@ -195,7 +195,7 @@ TEST_F(PanelViewTest, FocusThatThePersonMovedStaysThere) {
   EXPECT_EQ(QApplication::focusWidget(), &shown(panel.ComboComPort));
 }
 
-TEST_F(PanelViewTest, ChoosingALineRunsTheHandlerAlsoForTheSelectedOne) {
+TEST_F(PanelViewTest, SelectingALineRunsTheHandlerEvenForTheSelectedLine) {
   countClicks(panel.ComboComPort);
   auto& list = shown<QComboBox>(panel.ComboComPort);
   list.setFocus();
@@ -226,7 +226,7 @@ TEST_F(PanelViewTest, TypingReachesTheModelAndRunsNoHandler) {
   EXPECT_EQ(clicks, 0);
 }
 
-TEST_F(PanelViewTest, InputsTakeDigitsOnly) {
+TEST_F(PanelViewTest, InputsAcceptOnlyDigits) {
   showInputs(panel);
   auto& address = shown<QLineEdit>(panel.txtDevAddr);
   address.selectAll();
@@ -238,7 +238,7 @@ TEST_F(PanelViewTest, InputsTakeDigitsOnly) {
   EXPECT_EQ(toUtf8(panel.ComboBaudrate.text()), "9600");
 }
 
-TEST_F(PanelViewTest, EnterChoosesTheRateThatWasTyped) {
+TEST_F(PanelViewTest, EnterSelectsATypedRate) {
   showInputs(panel);
   countClicks(panel.ComboBaudrate);
   auto& rates = shown<QComboBox>(panel.ComboBaudrate);
@@ -255,7 +255,7 @@ TEST_F(PanelViewTest, EnterChoosesTheRateThatWasTyped) {
   EXPECT_EQ(rates.count(), 11);
 }
 
-TEST_F(PanelViewTest, TypingInTheMiddleLeavesTheCursorThere) {
+TEST_F(PanelViewTest, KeepsTheCursorWhenTypingInTheMiddle) {
   showInputs(panel);
   auto& rates = shown<QComboBox>(panel.ComboBaudrate);
   rates.lineEdit()->setCursorPosition(1);
@@ -264,7 +264,7 @@ TEST_F(PanelViewTest, TypingInTheMiddleLeavesTheCursorThere) {
   EXPECT_EQ(rates.lineEdit()->cursorPosition(), 3);
 }
 
-TEST_F(PanelViewTest, AWheelThatPassesOverAListChoosesNothing) {
+TEST_F(PanelViewTest, TheWheelSelectsNothingInAListWithoutFocus) {
   countClicks(panel.ComboComPort);
   shown(panel.CmdHelp).setFocus();
   auto& list = shown(panel.ComboComPort);
@@ -296,7 +296,7 @@ TEST_F(PanelViewTest, ShowsTheStateOfTheModelAfterAFailedSelection) {
   EXPECT_EQ(list.currentIndex(), 3);
 }
 
-TEST(PanelViewLife, MayBeDestroyedByTheActionThatItStarted) {
+TEST(PanelViewLife, MayBeDestroyedByAnActionItStarted) {
   Panel panel;
   auto view = std::make_unique<PanelView>(panel);
   bool failed = false;
@@ -310,7 +310,7 @@ TEST(PanelViewLife, MayBeDestroyedByTheActionThatItStarted) {
   EXPECT_FALSE(failed);
 }
 
-TEST(PanelViewLife, ObservesThePanelForAsLongAsItLives) {
+TEST(PanelViewLife, ObservesThePanelAsLongAsItLives) {
   Panel panel;
   {
     const PanelView view(panel);
@@ -320,7 +320,7 @@ TEST(PanelViewLife, ObservesThePanelForAsLongAsItLives) {
   panel.LblVendorID.setCaption(u"1");
 }
 
-TEST_F(PanelViewTest, TellsTheTextsOfTheToolTips) {
+TEST_F(PanelViewTest, ShowsTheTextsOfTheToolTips) {
   EXPECT_EQ(shown(panel.CmdDeviceInfo).toolTip(), "<p>Parameter aus Modul lesen (F5)</p>");
   EXPECT_EQ(shown(panel.cmdSettings).toolTip(), "<p>Sprache...</p>");
   panel.LblModulState.setToolTipTitle(u"Modul Status");
@@ -329,7 +329,7 @@ TEST_F(PanelViewTest, TellsTheTextsOfTheToolTips) {
             "<p><b>Modul Status</b><br>4 -&gt; Simulation &lt;RAM&gt;</p>");
 }
 
-TEST_F(PanelViewTest, TheClosedListTellsThePortAlsoBesideRateAndAddress) {
+TEST_F(PanelViewTest, TheClosedListShowsThePortEvenBesideRateAndAddress) {
   showInputs(panel);
   const auto& list = shown<DropDownView>(panel.ComboComPort);
   EXPECT_EQ(list.shownText(), "USB Adapter OKT (COM3)");
@@ -338,7 +338,7 @@ TEST_F(PanelViewTest, TheClosedListTellsThePortAlsoBesideRateAndAddress) {
   EXPECT_TRUE(list.shownText().endsWith("(COM12)"));
 }
 
-TEST_F(PanelViewTest, ToolTipOfTheClosedListTellsTheWholePort) {
+TEST_F(PanelViewTest, TheToolTipOfTheClosedListShowsTheWholePort) {
   panel.ComboComPort.select(1);
   EXPECT_EQ(shown(panel.ComboComPort).toolTip(), "<p>USB Hart Adapter Viator (COM12)</p>");
 }
@@ -371,12 +371,12 @@ TEST_F(PanelViewTest, CaptionsAreTheLabelsOfTheirFields) {
   EXPECT_EQ(relations.front().first->object(), &shown(panel.LngLabel[1]));
 }
 
-TEST_F(PanelViewTest, TheStatePictureIsSpokenToo) {
+TEST_F(PanelViewTest, TheStatePictureHasAnAccessibleName) {
   fillHealthy(panel);
   EXPECT_EQ(spoken(panel.ImageDevState), "Modul Status: 0 -> Kein Fehler");
 }
 
-TEST_F(PanelViewTest, ButtonsAreButtonsAndTextsAreTextsForScreenReaders) {
+TEST_F(PanelViewTest, ButtonsAndTextsHaveTheirAccessibleRoles) {
   const auto role = [this](const Widget& widget) {
     return QAccessible::queryAccessibleInterface(&shown(widget))->role();
   };

@@ -9,8 +9,8 @@
 
 namespace tessara {
 
-/// The state of a module at one time, to be saved, printed and copied. Texts are without the padding
-/// of the module's registers.
+/// The state of a module at one time, to be saved, printed and copied. Texts are without the
+/// padding of the module's registers.
 struct ModuleRecord {
   /// The time of the record, with its offset from UTC.
   QDateTime time;
