@@ -12,7 +12,7 @@ namespace tessara {
 
 namespace {
 
-using Row = std::pair<std::string, std::string>;
+using PanelRow = std::pair<std::string, std::string>;
 
 /// A row of the panel: the caption and what stands beside it.
 constexpr std::array<std::pair<std::u16string_view, std::u16string_view>, 13> panelRows{
@@ -34,8 +34,8 @@ std::string valueOf(const Widget& widget) {
   return withoutPadding(widget.kind() == WidgetKind::Label ? widget.caption() : widget.text());
 }
 
-std::vector<Row> rowsOf(const ModulInfoFLII& control) {
-  std::vector<Row> rows;
+std::vector<PanelRow> rowsOf(const ModulInfoFLII& control) {
+  std::vector<PanelRow> rows;
   for (const auto& [caption, value] : panelRows) {
     const Widget& widget = control.panel().widget(value);
     if (widget.visible()) {
@@ -74,7 +74,7 @@ std::string withoutPadding(std::u16string_view text) {
 }
 
 std::string panelText(const ModulInfoFLII& control) {
-  const std::vector<Row> rows = rowsOf(control);
+  const std::vector<PanelRow> rows = rowsOf(control);
   std::size_t width = 0;
   for (const auto& [caption, value] : rows) width = std::max(width, columns(caption));
   std::string text;

@@ -15,7 +15,7 @@ namespace tessara {
 namespace {
 
 /// A row of the table: port or label, state, device node, driver, USB device.
-using Row = std::array<std::string, 5>;
+using PortRow = std::array<std::string, 5>;
 
 constexpr const char* unlisted =
     "Not in the list of ports (the setting ShowAllComPorts lists ports with unrecognised adapters "
@@ -35,8 +35,8 @@ std::string usbText(const KnownPort& port) {
   return hexText(port.usb->vendor) + ':' + hexText(port.usb->product) + serial;
 }
 
-Row rowOf(const PortLine& line) {
-  Row row{line.label.empty() ? line.port : line.label, portStateText(line.state)};
+PortRow rowOf(const PortLine& line) {
+  PortRow row{line.label.empty() ? line.port : line.label, portStateText(line.state)};
   if (line.known) {
     row[2] = line.known->deviceNode;
     row[3] = line.known->driver;
@@ -46,14 +46,14 @@ Row rowOf(const PortLine& line) {
 }
 
 /// The rows with each column as wide as its longest entry, and no blank at the end of a line.
-void printRows(std::ostream& out, const std::vector<Row>& rows) {
-  std::array<std::size_t, std::tuple_size_v<Row>> widths{};
-  for (const Row& row : rows) {
+void printRows(std::ostream& out, const std::vector<PortRow>& rows) {
+  std::array<std::size_t, std::tuple_size_v<PortRow>> widths{};
+  for (const PortRow& row : rows) {
     for (std::size_t i = 0; i < row.size(); ++i) {
       widths.at(i) = std::max(widths.at(i), row.at(i).size());
     }
   }
-  for (const Row& row : rows) {
+  for (const PortRow& row : rows) {
     std::string text;
     for (std::size_t i = 0; i < row.size(); ++i) {
       text += row.at(i) + std::string(widths.at(i) - row.at(i).size() + 2, ' ');
@@ -121,8 +121,8 @@ std::vector<PortLine> portLines(
 
 void printPortTable(std::ostream& out, const std::vector<PortLine>& lines,
                     const std::vector<std::string>& problems) {
-  std::vector<Row> listed;
-  std::vector<Row> others;
+  std::vector<PortRow> listed;
+  std::vector<PortRow> others;
   for (const PortLine& line : lines) {
     (line.label.empty() ? others : listed).push_back(rowOf(line));
   }

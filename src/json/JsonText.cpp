@@ -6,23 +6,23 @@ namespace tessara {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
-std::string dumped(const Json& value) {
-  return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+std::string written(const OrderedJson& value) {
+  return value.dump(-1, ' ', false, OrderedJson::error_handler_t::replace);
 }
 
 }  // namespace
 
-JsonText::JsonText(double value) : text_(dumped(value)) {}
+JsonText::JsonText(double value) : text_(written(value)) {}
 
-JsonText::JsonText(std::string_view text) : text_(dumped(text)) {}
+JsonText::JsonText(std::string_view text) : text_(written(text)) {}
 
 JsonText JsonText::object(const std::vector<Member>& members) {
   std::string text = "{";
   for (const auto& [key, value] : members) {
     if (text.size() > 1) text += ',';
-    text += dumped(key) + ':' + value.text_;
+    text += written(key) + ':' + value.text_;
   }
   return verbatim(text + '}');
 }
@@ -44,7 +44,7 @@ JsonText JsonText::verbatim(std::string text) {
 
 std::string JsonText::indented() const {
   constexpr int indent = 2;
-  return Json::parse(text_).dump(indent);
+  return OrderedJson::parse(text_).dump(indent);
 }
 
 }  // namespace tessara

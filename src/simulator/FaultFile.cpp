@@ -9,7 +9,7 @@ namespace tessara {
 
 namespace {
 
-const std::vector<FaultKind<FaultEffect>>& kinds() {
+const std::vector<FaultKind<FaultEffect>>& modbusFaultKinds() {
   using Node = JsonReader;
   static const std::vector<FaultKind<FaultEffect>> kinds{
       {"noReply", {}, [](const Node&) -> FaultEffect { return faults::NoReply{}; }},
@@ -46,7 +46,7 @@ const std::vector<FaultKind<FaultEffect>>& kinds() {
 }  // namespace
 
 Fault readFault(const JsonReader& node) {
-  Fault fault{readEffect(node, kinds()), readTrigger(node)};
+  Fault fault{readEffect(node, modbusFaultKinds()), readTrigger(node)};
   try {
     checkFault(fault);
   } catch (const std::invalid_argument& error) {

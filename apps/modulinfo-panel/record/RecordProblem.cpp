@@ -7,7 +7,7 @@
 namespace tessara {
 namespace {
 
-QString shown(const std::string& text) {
+QString inQt(const std::string& text) {
   return QString::fromStdString(text);
 }
 
@@ -32,7 +32,7 @@ struct FieldError {
   const std::string& path;
 
   RecordError operator()(const jsonProblem::Missing& /*problem*/) const {
-    return RecordError({record_message::fieldMissing, {name, shown(path)}});
+    return RecordError({record_message::fieldMissing, {name, inQt(path)}});
   }
   RecordError operator()(const jsonProblem::Other& problem) const {
     throw std::logic_error(path + ": " + problem.text);
@@ -42,12 +42,12 @@ struct FieldError {
   }
   RecordError operator()(const jsonProblem::WrongNumber& problem) const {
     return wrongField(name, path, problem.value,
-                      {record_kind::number, {shown(problem.min), shown(problem.max)}});
+                      {record_kind::number, {inQt(problem.min), inQt(problem.max)}});
   }
   RecordError operator()(const jsonProblem::WrongChoice& problem) const {
     QStringList choices;
     for (const std::string& choice : problem.choices) {
-      choices += shown(choice);
+      choices += inQt(choice);
     }
     return wrongField(name, path, problem.value, {record_kind::oneOf, {choices.join(", ")}});
   }
@@ -58,7 +58,7 @@ struct FieldError {
 RecordError recordError(const QString& name, const JsonSyntaxError& error) {
   return RecordError({record_message::invalidJson,
                       {name, QString::number(error.place().line),
-                       QString::number(error.place().column), shown(error.cause())}});
+                       QString::number(error.place().column), inQt(error.cause())}});
 }
 
 RecordError recordError(const QString& name, const JsonError& error) {
@@ -67,7 +67,7 @@ RecordError recordError(const QString& name, const JsonError& error) {
 
 RecordError wrongField(const QString& name, const std::string& path, const std::string& value,
                        const Phrase& kind) {
-  return RecordError({record_message::fieldWrong, {name, shown(path), shown(value)}}, kind);
+  return RecordError({record_message::fieldWrong, {name, inQt(path), inQt(value)}}, kind);
 }
 
 }  // namespace tessara

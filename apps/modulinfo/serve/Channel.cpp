@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <iterator>
-#include <utility>
 
 #include <poll.h>
 #include <unistd.h>
@@ -23,16 +21,10 @@ void Channel::receive() {
   const ssize_t count = read(in_, bytes.data(), bytes.size());
   if (count < 0 && (errno == EINTR || errno == EAGAIN)) return;
   isAtEnd_ = count <= 0;
-  auto lines = isAtEnd_ ? splitter_.finish()
-                        : splitter_.add({bytes.data(), static_cast<std::size_t>(count)});
-  std::move(lines.begin(), lines.end(), std::back_inserter(lines_));
+  const auto lines = isAtEnd_ ? splitter_.finish()
+                              : splitter_.add({bytes.data(), static_cast<std::size_t>(count)});
+  if (lineArrived) std::ranges::for_each(lines, lineArrived);
   if (arrived) arrived();
-}
-
-std::optional<std::string> Channel::takeLine() {
-  std::optional<std::string> line = std::move(lines_.front());
-  lines_.pop_front();
-  return line;
 }
 
 void Channel::send(std::string_view line) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -24,11 +23,8 @@ class Channel {
 
   /// Reads what has arrived; blocks if nothing has.
   void receive();
-  /// True once the client has closed its end; lines may still be waiting then.
+  /// True once the client has closed its end.
   [[nodiscard]] bool isAtEnd() const { return isAtEnd_; }
-  [[nodiscard]] bool hasLine() const { return !lines_.empty(); }
-  /// The next line without its line feed; nothing for one that was too long.
-  std::optional<std::string> takeLine();
 
   /// Writes the line, which ends in a line feed. While the client does not read, what it sends is
   /// read, so that the two never wait for each other.
@@ -39,7 +35,10 @@ class Channel {
   /// not an error.
   [[nodiscard]] int error() const { return error_; }
 
-  /// Called when something was received, the end included.
+  /// Called with each line that was received, without its line feed; with nothing for one that was
+  /// too long.
+  std::function<void(const std::optional<std::string>& line)> lineArrived;
+  /// Called after the lines when something was received, the end included.
   std::function<void()> arrived;
   /// Called when a write has failed. What is sent from then on is dropped.
   std::function<void()> broken;
@@ -51,7 +50,6 @@ class Channel {
   int in_;
   int out_;
   LineSplitter splitter_{maxLine};
-  std::deque<std::optional<std::string>> lines_;
   bool isAtEnd_ = false;
   bool isBroken_ = false;
   int error_ = 0;

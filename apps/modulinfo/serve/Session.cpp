@@ -50,6 +50,7 @@ Session::Session(AsioEventLoop& loop, Channel& channel, Turns& turns, Bridge& br
         if (channel_.isDeaf()) end();
       })) {
   arrivals_.emplace(loop, channel.input(), [this] { channel_.receive(); });
+  channel_.lineArrived = [this](const std::optional<std::string>& line) { queueLine(line); };
   channel_.arrived = [this] { noteArrival(); };
   // A write may fail in the middle of a call to a module, where the control cannot be ended.
   channel_.broken = [this] { ending_.request(); };
@@ -61,6 +62,7 @@ Session::Session(AsioEventLoop& loop, Channel& channel, Turns& turns, Bridge& br
 }
 
 Session::~Session() {
+  channel_.lineArrived = nullptr;
   channel_.arrived = nullptr;
   channel_.broken = nullptr;
   turns_.nextMayCome = nullptr;
@@ -82,7 +84,7 @@ void Session::noteArrival() {
 
 void Session::handleWaiting() {
   while (!bridge_.loop.isEnded() && turns_.mayHandle()) {
-    if (!fetchWaiting()) {
+    if (waiting_.empty()) {
       if (channel_.isAtEnd()) end();
       return;
     }
@@ -94,18 +96,12 @@ void Session::handleWaiting() {
   }
 }
 
-bool Session::fetchWaiting() {
-  while (waiting_.empty() && channel_.hasLine()) {
-    const auto line = channel_.takeLine();
-    queueLine(line ? decodeLine(*line) : tooLong());
-  }
-  return !waiting_.empty();
-}
-
-void Session::queueLine(RpcLine line) {
+void Session::queueLine(const std::optional<std::string>& line) {
+  if (bridge_.loop.isEnded()) return;
+  RpcLine decoded = line ? decodeLine(*line) : tooLong();
   std::shared_ptr<Batch> batch;
-  if (line.isBatch) batch = std::make_shared<Batch>(Batch{.unanswered = line.entries.size()});
-  for (RpcEntry& entry : line.entries) waiting_.push_back({std::move(entry), batch});
+  if (decoded.isBatch) batch = std::make_shared<Batch>(Batch{.unanswered = decoded.entries.size()});
+  for (RpcEntry& entry : decoded.entries) waiting_.push_back({std::move(entry), batch});
 }
 
 void Session::handle(const Waiting& waiting) {
@@ -122,8 +118,9 @@ void Session::answer(const Waiting& waiting, std::optional<JsonText> message) {
   Batch& batch = *waiting.batch;
   if (message) batch.answers.push_back(*std::move(message));
   --batch.unanswered;
-  if (batch.unanswered == 0 && !batch.answers.empty())
+  if (batch.unanswered == 0 && !batch.answers.empty()) {
     channel_.send(encodeLine(JsonText::list(batch.answers)));
+  }
 }
 
 void Session::end() {

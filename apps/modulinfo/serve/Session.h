@@ -45,8 +45,7 @@ class Session {
   void noteArrival();
   void handleWaiting();
   /// False if everything that has arrived is being handled or done.
-  bool fetchWaiting();
-  void queueLine(RpcLine line);
+  void queueLine(const std::optional<std::string>& line);
   void handle(const Waiting& waiting);
   void answer(const Waiting& waiting, std::optional<JsonText> message);
   /// Ends the control; what is being handled ends without another callback.

@@ -28,6 +28,9 @@ struct StateKey {
   JsonText (*read)(const WidgetState& state);
 };
 
+/// The keys of a state, and those of each kind of widget.
+namespace stateKeys {
+
 using State = const WidgetState&;
 
 constexpr StateKey caption{"caption", [](State s) -> JsonText { return toUtf8(s.caption); }};
@@ -66,24 +69,26 @@ constexpr std::array imageListKeys{items};
 constexpr std::array optionKeys{caption, enabled, visible, value, left, top, width, height};
 constexpr std::array captionKeys{caption, enabled, visible, left, top, width, height};
 
+}  // namespace stateKeys
+
 struct KindKeys {
   WidgetKind kind;
   std::span<const StateKey> keys;
 };
 
 constexpr std::array<KindKeys, 12> kinds{{
-    {WidgetKind::DropDownList, dropDownKeys},
-    {WidgetKind::TextBox, textBoxKeys},
-    {WidgetKind::Timer, timerKeys},
-    {WidgetKind::Label, labelKeys},
-    {WidgetKind::Image, pictureKeys},
-    {WidgetKind::PictureBox, pictureKeys},
-    {WidgetKind::Button, buttonKeys},
-    {WidgetKind::Frame, frameKeys},
-    {WidgetKind::ImageList, imageListKeys},
-    {WidgetKind::Option, optionKeys},
-    {WidgetKind::FormCaption, captionKeys},
-    {WidgetKind::HyperLink, captionKeys},
+    {WidgetKind::DropDownList, stateKeys::dropDownKeys},
+    {WidgetKind::TextBox, stateKeys::textBoxKeys},
+    {WidgetKind::Timer, stateKeys::timerKeys},
+    {WidgetKind::Label, stateKeys::labelKeys},
+    {WidgetKind::Image, stateKeys::pictureKeys},
+    {WidgetKind::PictureBox, stateKeys::pictureKeys},
+    {WidgetKind::Button, stateKeys::buttonKeys},
+    {WidgetKind::Frame, stateKeys::frameKeys},
+    {WidgetKind::ImageList, stateKeys::imageListKeys},
+    {WidgetKind::Option, stateKeys::optionKeys},
+    {WidgetKind::FormCaption, stateKeys::captionKeys},
+    {WidgetKind::HyperLink, stateKeys::captionKeys},
 }};
 
 }  // namespace

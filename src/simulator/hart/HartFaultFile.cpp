@@ -31,7 +31,7 @@ bool isPrimaryMaster(const JsonReader& node) {
   node.fail(node.shown() + R"( is not one of "primary" and "secondary")");
 }
 
-const std::vector<FaultKind<HartEffect>>& kinds() {
+const std::vector<FaultKind<HartEffect>>& hartFaultKinds() {
   using Node = JsonReader;
   static const std::vector<FaultKind<HartEffect>> kinds{
       {"noReply", {}, [](const Node&) -> HartEffect { return faults::NoReply{}; }},
@@ -106,7 +106,7 @@ const std::vector<FaultKind<HartEffect>>& kinds() {
 }  // namespace
 
 HartMisbehaviour readHartFault(const JsonReader& node) {
-  return {readEffect(node, kinds()), readTrigger(node)};
+  return {readEffect(node, hartFaultKinds()), readTrigger(node)};
 }
 
 }  // namespace tessara

@@ -13,7 +13,7 @@ std::optional<std::chrono::milliseconds> timeIn(const JsonReader& node, const st
   return node.has(key) ? std::optional(readDelay(node[key])) : std::nullopt;
 }
 
-const std::vector<FaultKind<FieldEffect>>& kinds() {
+const std::vector<FaultKind<FieldEffect>>& fieldFaultKinds() {
   using Node = JsonReader;
   using namespace fieldFaults;
   static const std::vector<FaultKind<FieldEffect>> kinds{
@@ -42,7 +42,7 @@ const std::vector<FaultKind<FieldEffect>>& kinds() {
 }  // namespace
 
 FieldFault readFieldFault(const JsonReader& node) {
-  return {readEffect(node, kinds()), readTrigger(node)};
+  return {readEffect(node, fieldFaultKinds()), readTrigger(node)};
 }
 
 }  // namespace tessara
