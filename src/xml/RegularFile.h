@@ -1,13 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace tessara {
 
-/// What stays the same as long as nobody writes to a file or puts another in its place.
+/// Changes when a file is written to or replaced by another one.
 struct FileIdentity {
   std::uint64_t device = 0;
   std::uint64_t inode = 0;
@@ -18,7 +18,7 @@ struct FileIdentity {
   bool operator==(const FileIdentity&) const = default;
 };
 
-/// A file that is open for reading. Folders, pipes and devices are not opened.
+/// A file that is open for reading. Only regular files can be read, not folders, pipes or devices.
 class RegularFile {
  public:
   /// `path` in UTF-8.
@@ -37,8 +37,8 @@ class RegularFile {
   int file_ = -1;
 };
 
-/// True if a file that is written to from now on gets a later time than `identity` has. The
-/// system's clock for files advances in steps of some milliseconds.
+/// True if writing to the file from now on would give it a later time than `identity` has. The
+/// clock for file times advances in steps of a few milliseconds.
 bool wouldShowChange(const FileIdentity& identity);
 
 }  // namespace tessara

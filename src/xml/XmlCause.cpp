@@ -9,7 +9,7 @@
 namespace tessara {
 namespace {
 
-/// What stands before and at the place, and what that means. The first row that fits decides.
+/// The text before and at the place of the fault, and its meaning. The first matching row applies.
 struct TokenCause {
   std::string_view before;
   std::string_view here;
@@ -23,7 +23,7 @@ constexpr std::array<TokenCause, 4> tokenCauses{{
     {"", "&", "'&' inside a tag"},
 }};
 
-/// True if an '&' stands before the end of `text`, with nothing but a name or number behind it.
+/// True if `text` ends with an '&' and the start of a name or number.
 bool endsInReference(std::string_view text) {
   constexpr std::string_view delimiters = " \t\r\n;<>'\"=/&";
   const auto last = text.find_last_of(delimiters);
@@ -71,7 +71,7 @@ std::string invalidTokenCause(std::string_view text, std::size_t index) {
   const std::string_view before = text.substr(0, index);
   const std::string_view here = text.substr(index);
   if (endsInReference(before)) {
-    return "'&' that begins no reference; write '&amp;'";
+    return "'&' is not the start of a reference; write '&amp;'";
   }
   const auto* row = std::find_if(tokenCauses.begin(), tokenCauses.end(), [&](const auto& known) {
     return before.ends_with(known.before) && here.starts_with(known.here);

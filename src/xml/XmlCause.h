@@ -6,8 +6,8 @@
 
 namespace tessara {
 
-/// What is wrong with a token that the parser cannot make sense of: `text` is the document in an
-/// encoding that contains ASCII, `index` the byte at which the parser gave up.
+/// Describes what is wrong with an invalid token. `text` is the document in an encoding that
+/// contains ASCII, `index` the byte at which the parser stopped.
 std::string invalidTokenCause(std::string_view text, std::size_t index);
 
 }  // namespace tessara

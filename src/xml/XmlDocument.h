@@ -16,7 +16,7 @@ struct XmlPlace {
   std::size_t column = 0;
 };
 
-/// An element of a document; the document returns what belongs to it.
+/// An element of a document, which returns its tag, attributes, children and text.
 struct XmlElement {
   std::uint32_t tag = 0;
   /// 0 for the root.
@@ -41,7 +41,7 @@ class XmlDocument {
   [[nodiscard]] const std::string& tag(const XmlElement& element) const {
     return tags_[element.tag];
   }
-  /// The number that stands for this tag in `XmlElement::tag`; `noTag` if no element has it.
+  /// The number of this tag in `XmlElement::tag`; `noTag` if no element has it.
   [[nodiscard]] std::uint32_t tagNumber(std::string_view tag) const;
   static constexpr std::uint32_t noTag = UINT32_MAX;
 
@@ -51,7 +51,7 @@ class XmlDocument {
   }
 
   /// The text between the element's tags without that of its children. White space that stands
-  /// alone between two pieces of markup is left out.
+  /// alone between two pieces of markup is omitted.
   [[nodiscard]] const char* text(const XmlElement& element) const {
     return strings_.data() + element.text;
   }
@@ -74,9 +74,9 @@ class XmlDocument {
   /// In document order.
   std::vector<XmlElement> elements_;
   std::vector<XmlPlace> places_;
-  /// The children of each element in a row, by their places in `elements_`.
+  /// The children of all elements as indexes into `elements_`; those of one element are adjacent.
   std::vector<std::uint32_t> children_;
-  /// Where the values start in `strings_`; those of one element in a row.
+  /// Where the values start in `strings_`; those of one element are adjacent.
   std::vector<std::size_t> attributes_;
   /// Values and texts, each ended by a zero; the empty text comes first.
   std::string strings_{std::string(1, '\0')};

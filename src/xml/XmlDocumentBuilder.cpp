@@ -34,7 +34,7 @@ void XmlDocumentBuilder::close() {
 }
 
 void XmlDocumentBuilder::endData() {
-  // White space that was put into a CDATA section is meant.
+  // White space in a CDATA section is intended.
   levels_[depth_ - 1].text += run_;
   run_.clear();
 }

@@ -13,10 +13,10 @@
 
 namespace tessara {
 
-/// Puts a document together from what a parser meets, in the order in which it meets it.
+/// Builds a document from what a parser reports, in the order of the file.
 class XmlDocumentBuilder {
  public:
-  /// `attributes` are names and values in turn, ended by a null pointer.
+  /// `attributes` alternates names and values and ends with a null pointer.
   void open(std::string_view tag, const char* const* attributes);
   void close();
   void characters(std::string_view text) { run_ += text; }

@@ -25,7 +25,7 @@ std::shared_ptr<const XmlDocument> XmlFileCache::load(const std::u16string& path
     return nullptr;
   }
   auto loaded = std::make_shared<const XmlDocument>(std::move(*document));
-  // A file that was written to meanwhile, or may be without showing it, is read anew the next time.
+  // A file that has changed meanwhile, or could change unnoticed, is parsed again the next time.
   if (file.identity() == identity && wouldShowChange(*identity)) {
     identity_ = identity;
     document_ = loaded;

@@ -9,9 +9,8 @@
 
 namespace tessara {
 
-/// Keeps the document of the XML file that was read last, and returns it again as long as the file
-/// is the same: device, inode, size and time of modification. A file that does not load is not
-/// kept.
+/// Keeps the document of the last XML file and returns it again as long as the file is the same
+/// (device, inode, size and modification time). Nothing is kept of a file that does not load.
 class XmlFileCache {
  public:
   /// The file's document; null if the file is missing, unreadable or not well-formed.

@@ -11,8 +11,8 @@
 
 namespace tessara {
 
-/// The tree of a file that a cache loads. Visiting the children of an element one after the other
-/// by their index costs the same for each of them, however many there are.
+/// The tree of a file that a cache loads. Visiting the children of an element in order takes the
+/// same time for each of them, however many there are.
 class XmlFileTree final : public XmlTree {
  public:
   /// `cache` must outlive the tree.
@@ -35,7 +35,7 @@ class XmlFileTree final : public XmlTree {
     const XmlElement* parent = nullptr;
     std::uint32_t tag = 0;
     std::int32_t index = 0;
-    /// Its place among all children.
+    /// Its index among all children.
     std::size_t place = 0;
   };
 

@@ -16,7 +16,7 @@ namespace {
 
 static_assert(std::is_same_v<XML_Char, char>, "expat must be built for UTF-8");
 
-/// The version numbers of XML 1.0: 1.0, and later ones, which are read as 1.0.
+/// True for 1.0 and later minor versions, which are parsed as 1.0.
 bool isVersionOne(std::string_view version) {
   constexpr std::string_view start = "1.";
   return version.starts_with(start) && version.size() > start.size() &&
@@ -38,7 +38,7 @@ class XmlRun {
     XML_SetCommentHandler(parser, onComment);
     XML_SetProcessingInstructionHandler(parser, onInstruction);
     XML_SetCdataSectionHandler(parser, onDataStart, onDataEnd);
-    // What the document's own parameter entities declare counts; others are not fetched.
+    // Parameter entities are expanded too; external ones are not read without a handler.
     XML_SetParamEntityParsing(parser, XML_PARAM_ENTITY_PARSING_ALWAYS);
   }
 
@@ -161,7 +161,7 @@ class XmlRun {
   XmlDocumentBuilder builder_;
   std::string encoding_;
   std::size_t entities_ = 0;
-  /// What expat takes and this reader does not.
+  /// What expat accepts but this parser refuses.
   std::optional<XmlFault> refusal_;
 };
 

@@ -9,8 +9,8 @@
 
 namespace tessara {
 
-/// Limits beyond which a document is refused. No catalogue comes near them; they keep a damaged or
-/// hostile file from taking the memory or the stack.
+/// Limits above which a document is refused. They are far above those of any catalogue and keep a
+/// damaged or malicious file from exhausting memory or stack.
 namespace xmlLimit {
 constexpr std::size_t bytes = 256 * 1024 * 1024;
 /// Elements within elements, the root included.
@@ -19,20 +19,20 @@ constexpr std::size_t depth = 64;
 constexpr std::size_t entities = 256;
 }  // namespace xmlLimit
 
-/// Why a text is not a document that can be used.
+/// Why a document was refused.
 struct XmlFault {
-  /// Line 0 if the document as a whole is at fault.
+  /// Line 0 if the fault concerns the document as a whole.
   XmlPlace place;
   std::string cause;
 };
 
-/// Whether elements remember where they stand, which takes time.
+/// Whether to record the places of elements, which takes time.
 enum class XmlPlaces { Dropped, Kept };
 
-/// Parses a whole XML 1.0 document: UTF-8, UTF-16, or US-ASCII or ISO 8859-1 if it says so. A
-/// document that is not well-formed or breaks a limit is refused. Entities that the document itself
-/// declares are replaced, as long as they do not make it disproportionately larger; nothing outside
-/// of it is read, and references to external entities are passed over.
+/// Parses a whole XML 1.0 document: UTF-8, UTF-16, or US-ASCII or ISO 8859-1 if declared. A
+/// document that is not well-formed or exceeds a limit is refused. Entities that the document
+/// itself declares are expanded, unless that makes it disproportionately larger; nothing outside of
+/// it is read, and references to external entities are ignored.
 std::variant<XmlDocument, XmlFault> parseXml(std::string_view bytes,
                                              XmlPlaces places = XmlPlaces::Dropped);
 

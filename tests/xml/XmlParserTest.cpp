@@ -34,8 +34,8 @@ TEST(XmlFault, HasLineAndColumnInCharacters) {
 
 TEST(XmlFault, NamesTheCause) {
   EXPECT_EQ(faultOf("<r a='1<2'/>"), "1:8: '<' inside a tag or a value; in values write '&lt;'");
-  EXPECT_EQ(faultOf("<r>A & B</r>"), "1:7: '&' that begins no reference; write '&amp;'");
-  EXPECT_EQ(faultOf("<r a='?x&y=1'/>"), "1:11: '&' that begins no reference; write '&amp;'");
+  EXPECT_EQ(faultOf("<r>A & B</r>"), "1:7: '&' is not the start of a reference; write '&amp;'");
+  EXPECT_EQ(faultOf("<r a='?x&y=1'/>"), "1:11: '&' is not the start of a reference; write '&amp;'");
   EXPECT_EQ(faultOf("<r>&nbsp;</r>"), "1:4: undefined entity");
   EXPECT_EQ(faultOf("<r>&#0;</r>"), "1:4: reference to invalid character number");
   EXPECT_EQ(faultOf("<r><!-- a -- b --></r>"), "1:13: '--' inside a comment");
