@@ -11,7 +11,9 @@ namespace {
 
 void run(const std::function<void()>& handler) {
   if (handler) {
-    handler();
+    // A handler may replace itself.
+    const std::function<void()> running = handler;
+    running();
   }
 }
 

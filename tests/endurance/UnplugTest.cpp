@@ -24,6 +24,8 @@ struct Path {
   const char* name;
   const char* module;
   std::u16string serialNumber;
+  /// Command 48, the last call before the close, reports an unplugged module by its count.
+  bool readsStatusByCommand48 = false;
 };
 
 void PrintTo(const Path& path, std::ostream* out) {
@@ -49,9 +51,9 @@ class Unplugged : public SettingsFolder, public ::testing::WithParamInterface<Pa
 
   /// Neither frozen nor waiting in circles: every call has its deadline, and what waits, sleeps.
   static void expectCalm(const ModuleAtWork& work, const Effort& effort) {
-    constexpr double longestDeadline = 6000;
+    constexpr double maxDeadline = 6000;
     for (const DeviceCall& call : work.calls) {
-      EXPECT_LT(call.milliseconds, longestDeadline) << traceLine(call);
+      EXPECT_LT(call.milliseconds, maxDeadline) << traceLine(call);
     }
     EXPECT_LT(effort.work, effort.wall / 2 + 200ms);
   }
@@ -83,6 +85,9 @@ class Unplugged : public SettingsFolder, public ::testing::WithParamInterface<Pa
     return work.calls.size();
   }
 
+  /// How many passes fail when the module is unplugged during one.
+  static int failedPasses() { return GetParam().readsStatusByCommand48 ? 0 : 1; }
+
   static void unplugAfter(ModuleAtWork& work, std::size_t call) {
     work.forget();
     work.afterCall = [&work, call](std::size_t calls) {
@@ -100,7 +105,8 @@ TEST_P(Unplugged, DuringAReadEndsItWithOneTextAndTheNextReadWorks) {
     unplugAfter(work, call);
     const Effort effort = ModuleAtWork::effortOf([&] { work.read(); });
     expectCalm(work, effort);
-    if (call + 1 < calls) {
+    const std::size_t lastFailing = GetParam().readsStatusByCommand48 ? calls - 2 : calls - 1;
+    if (call < lastFailing) {
       EXPECT_FALSE(work.isRead());
       EXPECT_EQ(std::ranges::count(work.statusTexts, connectFailed), 1);
       EXPECT_EQ(inside(work.control()).StatusString, connectFailed);
@@ -123,15 +129,15 @@ TEST_P(Unplugged, DuringAScanFailsThatPassAndEndsTheScanSilentlyAtTheNext) {
     unplugAfter(work, call);
     const Effort effort = ModuleAtWork::effortOf([&] { EXPECT_TRUE(work.loop.tick()); });
     expectCalm(work, effort);
-    EXPECT_EQ(inside(work.control()).ScanErrorCount, failures + 1);
-    EXPECT_EQ(work.activities[Activity::AccessOver], 1);
+    EXPECT_EQ(inside(work.control()).ScanErrorCount, failures + failedPasses());
+    EXPECT_EQ(work.activities[Activity::AccessOver], failedPasses());
     EXPECT_TRUE(inside(work.control()).panel.TimerScanDevice.enabled());
 
     work.forget();
     EXPECT_TRUE(work.loop.tick());
     EXPECT_THAT(work.statusTexts, IsEmpty());
     EXPECT_THAT(work.activities, ElementsAre(std::pair(Activity::Scanning, 1)));
-    EXPECT_EQ(inside(work.control()).ScanErrorCount, failures + 1);
+    EXPECT_EQ(inside(work.control()).ScanErrorCount, failures + failedPasses());
     EXPECT_FALSE(work.loop.tick());
     work.module.plug();
     expectNextReadWorks(work);
@@ -146,7 +152,7 @@ TEST_P(Unplugged, AndReplugedDuringAScanFailsThatPassAlone) {
     SCOPED_TRACE("unplugged after call " + std::to_string(call));
     unplugAfter(work, call);
     EXPECT_TRUE(work.loop.tick());
-    EXPECT_EQ(work.activities[Activity::AccessOver], 1);
+    EXPECT_EQ(work.activities[Activity::AccessOver], failedPasses());
     work.module.plug();
     work.afterCall = [](std::size_t) {};
     EXPECT_EQ(callsOfOneScan(work), calls);
@@ -209,7 +215,7 @@ TEST_P(Unplugged, InTheMiddleOfAnAnswerCostsThatReadAtMost) {
 INSTANTIATE_TEST_SUITE_P(
     OnEachPath, Unplugged,
     ::testing::Values(Path{"SerialAdapter", "tessara-um-161.json", u"1809030161007"},
-                      Path{"HartModem", "hart-healthy.json", u"2304170226101"},
+                      Path{"HartModem", "hart-healthy.json", u"2304170226101", true},
                       Path{"Twn4Reader", "nfc-twn4-healthy.json", u"2205300161021"},
                       Path{"UsbReader", "nfc-usb-healthy.json", u"2205300151022"}),
     [](const auto& path) { return path.param.name; });

@@ -66,9 +66,10 @@ TEST(RecordJson, IgnoresUnknownFields) {
   EXPECT_EQ(complaint(json.dump()), "");
 }
 
-TEST(RecordJson, TellsLineAndColumnOfInvalidJson) {
-  EXPECT_EQ(complaint("").substr(0, 65),
-            "a.json is no module record: it is no JSON at line 1, column 1 (un");
+TEST(RecordJson, NamesLineAndColumnOfInvalidJson) {
+  EXPECT_TRUE(complaint("").starts_with(
+      "a.json is not a module record: invalid JSON at line 1, column 1 (un"))
+      << complaint("");
   EXPECT_NE(complaint("{\n  \"format\": nonsense\n}").find("line 2, column 14"), std::string::npos)
       << complaint("{\n  \"format\": nonsense\n}");
   EXPECT_NE(complaint("{}\nx").find("line 2, column 1"), std::string::npos) << complaint("{}\nx");
@@ -76,7 +77,7 @@ TEST(RecordJson, TellsLineAndColumnOfInvalidJson) {
   EXPECT_NE(complaint("{\"format\": \"\xff\"}").find("invalid JSON"), std::string::npos);
 }
 
-TEST(RecordJson, TellsANumberThatNoTypeHolds) {
+TEST(RecordJson, NamesANumberThatNoTypeHolds) {
   EXPECT_EQ(complaint("{\n  \"version\": -1e999\n}"),
             "a.json is not a module record: invalid JSON at line 2, column 14 (number overflow: "
             "-1e999).");
@@ -100,7 +101,7 @@ TEST(RecordJson, RefusesANewerVersion) {
             "version 1.");
 }
 
-TEST(RecordJson, RefusesAWrongVersion) {
+TEST(RecordJson, RefusesAnInvalidVersion) {
   for (const Json& version : {Json(0), Json(-1), Json("1"), Json(1.5), Json()}) {
     Json json = sampleJson();
     json["version"] = version;
@@ -186,7 +187,7 @@ TEST(RecordJson, NamesTheValidResultsOfTheCatalogue) {
             std::string::npos);
 }
 
-TEST(RecordJson, RefusesAWrongTime) {
+TEST(RecordJson, RefusesAnInvalidTime) {
   for (const std::string time : {"yesterday", "2024-13-01T00:00:00Z", ""}) {
     Json json = sampleJson();
     json["time"] = time;
@@ -231,14 +232,14 @@ TEST(RecordJson, ReportsErrorsInTheLanguageInstalled) {
   }
 }
 
-TEST(RecordJson, EveryTruncationIsRefused) {
+TEST(RecordJson, RefusesEveryTruncation) {
   const std::string whole = recordJson(sampleRecord()).trimmed().toStdString();
   for (std::size_t length = 0; length < whole.size(); ++length) {
     EXPECT_NE(complaint(whole.substr(0, length)), "") << length;
   }
 }
 
-TEST(RecordJson, ADamagedByteGivesNoOtherError) {
+TEST(RecordJson, ThrowsNothingElseForABrokenByte) {
   const std::string whole = recordJson(sampleRecord()).toStdString();
   for (std::size_t place = 0; place < whole.size(); ++place) {
     for (const char byte : {'\0', '"', '{', '9', '\xc3'}) {
