@@ -7,7 +7,7 @@ namespace tessara {
 namespace {
 
 /// The gap between a text and its right neighbour, in twips.
-constexpr std::int32_t gap = 90;
+constexpr std::int32_t textGap = 90;
 
 bool isPlaced(const Widget& widget) {
   return widget.state().place.width > 0;
@@ -49,11 +49,11 @@ double FormLayout::at(std::int32_t twips, const Insertions& insertions) const {
 
 std::int32_t FormLayout::rightOf(const Widget& widget) const {
   const Place& own = widget.state().place;
-  std::int32_t right = std::max(edge_, own.left + gap);
+  std::int32_t right = std::max(edge_, own.left + textGap);
   for (const Widget* other : form_.widgets()) {
     const Place& place = other->state().place;
     if (isPlaced(*other) && place.left > own.left && isBeside(own, place)) {
-      right = std::min(right, place.left - gap);
+      right = std::min(right, place.left - textGap);
     }
   }
   return right;

@@ -19,7 +19,7 @@
 namespace tessara {
 namespace {
 
-LabelRole roleOf(const Widget& label) {
+LabelRole panelRoleOf(const Widget& label) {
   if (label.name() == u"LabelDeviceName") {
     return LabelRole::StrongValue;
   }
@@ -83,7 +83,7 @@ WidgetView* PanelView::makeView(Widget& widget) {
       return new FrameView(widget, widget.name() == u"Frame3" ? FrameRole::Foot : FrameRole::Card,
                            this);
     case WidgetKind::Label:
-      return new LabelView(widget, roleOf(widget), this);
+      return new LabelView(widget, panelRoleOf(widget), this);
     case WidgetKind::Image:
     case WidgetKind::PictureBox:
       return new PictureView(widget, PictureGround::White, this);

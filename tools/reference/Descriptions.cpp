@@ -7,7 +7,7 @@ namespace {
 
 using enum MemberKind;
 
-constexpr auto table = std::to_array<Description>({
+constexpr auto memberDescriptions = std::to_array<Description>({
     {"DeviceID", Property,
      "Fourth word of the module's identification. Writing a value outside -32768 to 32767 is error "
      "6."},
@@ -126,7 +126,7 @@ constexpr auto table = std::to_array<Description>({
 }  // namespace
 
 std::span<const Description> descriptions() {
-  return table;
+  return memberDescriptions;
 }
 
 }  // namespace tessara

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "base/Text.h"
 #include "linux/ports/UsbKeys.h"
@@ -23,14 +24,12 @@ constexpr const char* serialCommKey = R"(HARDWARE\DEVICEMAP\SERIALCOMM)";
 constexpr const char* firstViatorKey =
     R"(SYSTEM\ControlSet001\Enum\USB\VID_2458&PID_0001\1\Device Parameters)";
 
-struct Value {
-  std::string name;
-  std::string port;
-};
+/// The name of a value, such as \Device\Silabser0, and its text, such as COM3.
+using Value = std::pair<std::string, std::string>;
 
 std::vector<Value>::const_iterator find(const std::vector<Value>& values, std::string_view name) {
   return std::find_if(values.begin(), values.end(),
-                      [&](const Value& value) { return equalIgnoringCase(value.name, name); });
+                      [&](const Value& value) { return equalIgnoringCase(value.first, name); });
 }
 
 /// The name, with another number if another port has it already: names of values are unique.
@@ -46,7 +45,7 @@ std::vector<Value> valuesOf(const std::vector<KnownPort>& ports) {
   std::vector<Value> values;
   values.reserve(ports.size());
   for (const KnownPort& port : ports) {
-    values.push_back({freeName(values, port.deviceName), "COM" + std::to_string(port.comPort)});
+    values.emplace_back(freeName(values, port.deviceName), "COM" + std::to_string(port.comPort));
   }
   return values;
 }
@@ -109,7 +108,7 @@ std::int32_t SerialCommRegistry::RegEnumValueA(RegistryKey key, std::uint32_t in
   if (index >= snapshot->values.size()) {
     return noMoreItems;
   }
-  const std::string& found = snapshot->values[index].name;
+  const std::string& found = snapshot->values[index].first;
   if (found.size() >= std::min<std::size_t>(length, name.size())) {
     return moreData;
   }
@@ -130,7 +129,7 @@ std::int32_t SerialCommRegistry::RegQueryValueExA(RegistryKey key, const std::st
   if (value == snapshot->values.end()) {
     return notFound;
   }
-  const std::string& port = value->port;
+  const std::string& port = value->second;
   const std::uint32_t offered = size;
   type = static_cast<std::uint32_t>(RegistryType::String);
   size = static_cast<std::uint32_t>(port.size() + 1);
