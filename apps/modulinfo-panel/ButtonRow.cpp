@@ -6,13 +6,13 @@
 namespace tessara {
 namespace {
 
-constexpr int margin = 8;
+constexpr int buttonMargin = 8;
 
 }  // namespace
 
 ButtonRow::ButtonRow(QWidget& window) : window_(window), message_(new QLabel(&window)) {
-  setContentsMargins(margin, margin, margin, margin);
-  setSpacing(margin);
+  setContentsMargins(buttonMargin, buttonMargin, buttonMargin, buttonMargin);
+  setSpacing(buttonMargin);
   message_->setTextFormat(Qt::PlainText);
   message_->setObjectName("message");
   // A long path must not widen the window.
@@ -26,7 +26,7 @@ void ButtonRow::add(const QString& text, const QKeySequence& keys,
   button->setAutoDefault(true);
   // Some styles leave long texts too little margin.
   const int textWidth = button->fontMetrics().size(Qt::TextShowMnemonic, text).width();
-  button->setMinimumWidth(textWidth + 4 * margin);
+  button->setMinimumWidth(textWidth + 4 * buttonMargin);
   QObject::connect(button, &QPushButton::clicked, &window_, task);
   addWidget(button);
   if (!keys.isEmpty()) {

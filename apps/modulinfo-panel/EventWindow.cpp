@@ -13,12 +13,12 @@
 namespace tessara {
 namespace {
 
-constexpr auto geometryName = "Events";
+constexpr auto eventWindowName = "Events";
 constexpr auto textSuffix = "txt";
 constexpr auto suggestedFile = "modulinfo-events.txt";
-constexpr int margin = 8;
+constexpr int cellMargin = 8;
 /// The initial size of the window in line heights.
-constexpr QSize initialLines{66, 22};
+constexpr QSize initialEventLines{66, 22};
 
 /// The widest texts expected in the narrow columns.
 constexpr auto widestTime = "00:00:00.000";
@@ -43,7 +43,7 @@ EventWindow::EventWindow(EventLog& log, HostSettings& settings, QWidget* parent)
   table_.setTabKeyNavigation(false);
   table_.setFrameShape(QFrame::NoFrame);
   table_.verticalHeader()->hide();
-  table_.verticalHeader()->setDefaultSectionSize(fontMetrics().lineSpacing() + margin / 2);
+  table_.verticalHeader()->setDefaultSectionSize(fontMetrics().lineSpacing() + cellMargin / 2);
   table_.horizontalHeader()->setHighlightSections(false);
   table_.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   connect(&log, &QAbstractItemModel::rowsInserted, this, &EventWindow::followNewest);
@@ -64,8 +64,8 @@ EventWindow::EventWindow(EventLog& log, HostSettings& settings, QWidget* parent)
       tr("C&lear"), {}, [this] { log_.clear(); });
   buttons_->add(tr("&Close"), QKeySequence(Qt::Key_Escape), [this] { close(); });
 
-  resize(initialLines * fontMetrics().lineSpacing());
-  restoreGeometry(settings.geometry(geometryName));
+  resize(initialEventLines * fontMetrics().lineSpacing());
+  restoreGeometry(settings.geometry(eventWindowName));
 }
 
 void EventWindow::toggle() {
@@ -82,7 +82,7 @@ void EventWindow::showEvent(QShowEvent* event) {
   if (table_.model() == nullptr) {
     table_.setModel(&log_);
     const auto width = [this](const char* text) {
-      return table_.fontMetrics().horizontalAdvance(text) + 2 * margin;
+      return table_.fontMetrics().horizontalAdvance(text) + 2 * cellMargin;
     };
     table_.setColumnWidth(EventLog::Time, width(widestTime));
     table_.setColumnWidth(EventLog::Origin, width(widestOrigin));
@@ -99,7 +99,7 @@ void EventWindow::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
   if (!event->spontaneous()) {
     table_.setModel(nullptr);
-    settings_.keepGeometry(geometryName, saveGeometry());
+    settings_.keepGeometry(eventWindowName, saveGeometry());
   }
 }
 

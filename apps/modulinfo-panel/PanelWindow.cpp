@@ -24,7 +24,7 @@
 namespace tessara {
 namespace {
 
-constexpr auto geometryName = "Window";
+constexpr auto panelWindowName = "Window";
 constexpr int messageMilliseconds = 8000;
 constexpr int statusMargin = 6;
 constexpr std::chrono::milliseconds freePause{50};
@@ -113,7 +113,7 @@ void PanelWindow::showLogo() {
 }
 
 void PanelWindow::takePlace() {
-  restoreGeometry(settings_.geometry(geometryName));
+  restoreGeometry(settings_.geometry(panelWindowName));
 }
 
 void PanelWindow::read() {
@@ -152,7 +152,7 @@ void PanelWindow::tell(const QString& text) {
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event) {
-  settings_.keepGeometry(geometryName, saveGeometry());
+  settings_.keepGeometry(panelWindowName, saveGeometry());
   QMainWindow::closeEvent(event);
 }
 

@@ -15,11 +15,11 @@
 namespace tessara {
 namespace {
 
-constexpr auto geometryName = "Record";
+constexpr auto recordWindowName = "Record";
 constexpr int bannerMargin = 8;
 constexpr int pageMargin = 14;
 /// The initial width of the window in line heights.
-constexpr int initialLines = 44;
+constexpr int initialRecordLines = 44;
 /// The largest share of the screen's height that the window takes at first.
 constexpr double maxScreenShare = 0.85;
 
@@ -72,12 +72,12 @@ void RecordWindow::makeButtons() {
 }
 
 void RecordWindow::takePlace() {
-  const int width = initialLines * fontMetrics().lineSpacing();
+  const int width = initialRecordLines * fontMetrics().lineSpacing();
   page_.document()->setTextWidth(width);
   const int whole = banner_.heightForWidth(width) + buttons_->sizeHint().height() +
                     qRound(page_.document()->size().height()) + 1;
   resize(width, std::min(whole, qRound(screen()->availableGeometry().height() * maxScreenShare)));
-  restoreGeometry(settings_.geometry(geometryName));
+  restoreGeometry(settings_.geometry(recordWindowName));
 }
 
 RecordInk RecordWindow::ink() const {
@@ -113,7 +113,7 @@ void RecordWindow::changeEvent(QEvent* event) {
 }
 
 void RecordWindow::closeEvent(QCloseEvent* event) {
-  settings_.keepGeometry(geometryName, saveGeometry());
+  settings_.keepGeometry(recordWindowName, saveGeometry());
   QWidget::closeEvent(event);
 }
 
