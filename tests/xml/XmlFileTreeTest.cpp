@@ -126,10 +126,10 @@ TEST_F(XmlFileTreeTest, ReadsTheEncodingsThatFilesComeIn) {
   ASSERT_TRUE(load("<?xml version='1.0' encoding='ISO-8859-1'?><r a='\xFC'/>"));
   EXPECT_EQ(tree.attribute(tree.root(), 0), u"\u00FC");
 
-  const std::u16string wide = u"<r a='\u00FC\u20AC'/>";
+  const std::u16string utf16 = u"<r a='\u00FC\u20AC'/>";
   std::string little = "\xFF\xFE";
   std::string big = "\xFE\xFF";
-  for (const char16_t unit : wide) {
+  for (const char16_t unit : utf16) {
     const char low = static_cast<char>(unit & 0xFFU);
     const char high = static_cast<char>(unit >> 8U);
     little += {low, high};
