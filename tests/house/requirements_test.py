@@ -8,11 +8,14 @@ import subprocess
 import tempfile
 import unittest
 
-from house import ROOT
+from house import ROOT, files, shown
 
 BUILD = pathlib.Path(os.environ["HOUSE_BUILD"])
 
 REQUIREMENT = re.compile(r'^ *tessara_require\("([^"]+)" (\S+) (\w+) (\w+) ?([^)]*)\)', re.MULTILINE)
+
+# Commands that search for what must be in that list.
+SEARCH = re.compile(r"\b(find_(package|library|path|file)|pkg_check_modules)\(")
 
 
 def requirements():
@@ -50,8 +53,8 @@ class Requirements(unittest.TestCase):
         cache = cached()
         cls.found = {name: cache[name] for _, _, kind, name, _ in cls.requirements
                      if kind in ("HEADER", "PROGRAM")}
-        cls.found |= {name: cache[name] for name in ("CMAKE_MAKE_PROGRAM", "PKG_CONFIG_EXECUTABLE",
-                                                     "CMAKE_CXX_COMPILER")}
+        cls.found |= {name: cache[name] for name in ("CMAKE_MAKE_PROGRAM", "CMAKE_CXX_COMPILER",
+                                                     "EXPAT_INCLUDE_DIR", "PKG_CONFIG_EXECUTABLE")}
 
     def configure(self, environment=(), **definitions):
         """Configures anew, with everything else where it was found; returns what CMake reports."""
@@ -92,6 +95,14 @@ class Requirements(unittest.TestCase):
                 with self.subTest(what, argument=argument):
                     self.assertIn(f"{what} was not found. Install the package {package}.",
                                   self.without(kind, name, argument))
+
+    def test_they_are_all_in_one_list(self):
+        build_files = [ROOT / "CMakeLists.txt", ROOT / "cmake/TessaraTargets.cmake"] + [
+            file for folder in ("apps", "bench", "data", "packaging", "src", "tests", "tools")
+            for file in files(ROOT / folder, "CMakeLists.txt")]
+        self.assertGreater(len(build_files), 30)
+        for file in build_files:
+            self.assertNotRegex(file.read_text("utf-8"), SEARCH, shown(file))
 
     def test_the_scripts_install_what_is_named(self):
         listed = subprocess.run(

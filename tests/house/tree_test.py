@@ -4,7 +4,7 @@ import os
 import re
 import unittest
 
-from house import ROOT, files, shown
+from house import ROOT, SRC, files, shown
 
 FOLDERS = ("apps", "bench", "cmake", "data", "docs", "fuzz", "packaging", "scripts", "src", "tests", "tools")
 WRITTEN = ("*.h", "*.cpp", "*.py", "*.sh", "*.cmake", "*.txt", "*.qrc")
@@ -15,6 +15,10 @@ UNFINISHED = re.compile("|".join(rf"\b{first}{second}\b" for first, second in (
 
 LINK = re.compile(r"\[[^\]]*\]\(([^)#\s]+)[^)]*\)")
 
+# A path as documents write it, `src/qt`, `scripts/*.sh` or `src/drivers/nfc/Twn4` for header and source:
+# from the root or, as an #include names it, from src/ or apps/.
+PATH = re.compile(r"`([\w.-]+/[\w./*-]*)`")
+BASES = (ROOT, SRC, ROOT / "apps")
 
 def written():
     """Sources, scripts and build files of the whole tree; what fuzz targets start from is left out."""
@@ -43,6 +47,18 @@ class Tree(unittest.TestCase):
             for target in LINK.findall(page.read_text("utf-8")):
                 if "://" not in target:
                     self.assertTrue((page.parent / target).exists(), f"{shown(page)}: {target}")
+
+    def test_every_path_in_a_document_is_there(self):
+        tops = {entry.name for base in BASES for entry in base.iterdir() if entry.is_dir()} - {"build"}
+        checked = 0
+        for page in pages():
+            for path in PATH.findall(page.read_text("utf-8")):
+                if path.split("/")[0] in tops:
+                    checked += 1
+                    found = any(list(base.glob(path.rstrip("/") + end))
+                                for base in BASES for end in ("", ".h"))
+                    self.assertTrue(found, f"{shown(page)}: {path}")
+        self.assertGreater(checked, 50)
 
     def test_scripts_at_the_root_are_executable(self):
         for name in ("run.sh", "test.sh", ".ci/run"):
