@@ -7,7 +7,7 @@
 namespace tessara {
 namespace {
 
-/// The fourth argument of every read on the register path.
+/// The fourth argument of each read on the register path.
 constexpr std::int32_t registerAccess = 2;
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace {
 constexpr std::int32_t retryBaudrate = 115200;
 /// A read that fails after more attempts than this is given up.
 constexpr std::int16_t maxAttemptsBeforeRetry = 1;
-/// The fourth argument of every read on the HART path.
+/// The fourth argument of each read on the HART path.
 constexpr std::int32_t hartAccess = 12;
 
 }  // namespace

@@ -18,8 +18,7 @@ constexpr std::chrono::milliseconds errorWordDelay{100};
 constexpr std::size_t moduleStatusTitle = 21;
 constexpr std::size_t channelStatusTitle = 22;
 
-void showState(Widget& label, std::u16string text, std::size_t title) {
-  label.setCaption(std::move(text));
+void repeatInToolTip(Widget& label, std::size_t title) {
   label.setToolTipTitle(moduleWide().TextModulInfo[title]);
   label.setToolTipText(label.caption());
 }
@@ -43,7 +42,7 @@ void Control::readRegisterStatus(const StatusAccess& how) {
   yieldIf(how.yields);
   const std::int16_t output = wordOf(readWords(RegChnOut, 1), 0);
   yieldIf(how.yields);
-  showChannelStatus(StatusWord, output);
+  showChnState(DecodeChannelStatus(StatusWord, output, bNFCReader, FamilyID, moduleWide()));
 }
 
 std::int16_t Control::readErrorWord(bool bTwice) {
@@ -69,9 +68,8 @@ void Control::readHartStatus(const StatusAccess& how) {
       panel.ImageDevState.setPicture(pictureGood);
     }
   }
-  showState(panel.LblModulState, std::move(module), moduleStatusTitle);
-  showState(panel.LblChnState, bReplied ? decimalText(std::int32_t{reply[0]}) : std::u16string(),
-            channelStatusTitle);
+  showModulState(std::move(module), 0);
+  showChnState(bReplied ? decimalText(std::int32_t{reply[0]}) : std::u16string());
 }
 
 void Control::showModuleStatus(std::int16_t statusWord, std::int32_t ledWord) {
@@ -85,13 +83,13 @@ void Control::showModulState(std::u16string text, std::int32_t ledWord) {
   if ((ledWord & usbPowered) != 0) {
     text.insert(0, usbPowerText);
   }
-  showState(panel.LblModulState, std::move(text), moduleStatusTitle);
+  panel.LblModulState.setCaption(std::move(text));
+  repeatInToolTip(panel.LblModulState, moduleStatusTitle);
 }
 
-void Control::showChannelStatus(std::int16_t inStatus, std::int16_t outStatus) {
-  showState(panel.LblChnState,
-            DecodeChannelStatus(inStatus, outStatus, bNFCReader, FamilyID, moduleWide()),
-            channelStatusTitle);
+void Control::showChnState(std::u16string text) {
+  panel.LblChnState.setCaption(std::move(text));
+  repeatInToolTip(panel.LblChnState, channelStatusTitle);
 }
 
 }  // namespace tessara

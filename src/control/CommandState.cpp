@@ -11,8 +11,8 @@ struct ButtonImage {
   std::u16string_view key;
 };
 
-/// The pictures look from the module's side: "Download" writes to it, "Upload" reads from it.
-/// The order is that in which the pictures are handed out.
+/// The names of the pictures take the module's point of view: "Download" writes to it, "Upload"
+/// reads from it. The pictures are set in this order.
 constexpr std::array<ButtonImage, 9> buttonImages{{
     {&Panel::CmdDeviceInfo, u"Upload"},
     {&Panel::CmdStoreParameter, u"Download"},

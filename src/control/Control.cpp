@@ -45,7 +45,8 @@ void Control::UserControl_Terminate() {
     try {
       wide.ModbusCommObject->ShutDown();
     } catch (const std::exception&) {
-      // The end of a control cannot be put off: what could not be shut down is released as it is.
+      // The end of a control cannot be delayed: an object that could not be shut down is released
+      // all the same.
     }
   }
   CommObject.reset();

@@ -42,15 +42,15 @@ class Control : public Fields {
   void ResetState();
   void ApplyButtonImages();
   void connectHandlers();
-  // A control that has ended raises nothing more, also when a workflow is still on its way out.
+  // A control that has ended raises nothing more, even while a workflow is still returning.
   void raise(void (HostEvents::*callback)());
   void raiseModulActive(Activity activity);
   void raiseNfcReader();
-  /// With AppTitle for a title, or with one of its own.
+  /// With AppTitle as the title, or with the given one.
   void showMessage(const std::u16string& text, MessageStyle style);
   void showMessage(const std::u16string& text, MessageStyle style, const std::u16string& title);
-  /// Shows a dialog and blocks the panel until it has hidden itself. False if the control was ended
-  /// in between: there is then nothing more to do.
+  /// Shows a dialog and blocks the panel until it has hidden itself. False if the control ended in
+  /// the meantime; the caller must then do nothing more.
   bool showModally(const std::shared_ptr<Form>& form);
   void closeDialog();
   void setStatus(std::u16string text);
@@ -75,12 +75,12 @@ class Control : public Fields {
   void CmdPrintConfiguration_Click();
 
   void showInput(Widget& caption, Widget& input, std::u16string_view setting);
-  /// Each gives true if the path is an NFC reader.
+  /// Each returns true if the path is an NFC reader.
   bool choosePort();
   bool chooseReaderWithoutPorts();
   void loadLanguage();
   void applyCaptions();
-  /// The first step of the reader's detection, and the rest of it.
+  /// The first step of detecting the reader, and the remaining ones.
   bool connectNfcReader();
   bool probeNfcReader();
   void selectCommObject(bool bNfc);
@@ -118,7 +118,7 @@ class Control : public Fields {
   void takeFirmwareVersion();
   void readStatusByVendor();
   void finishRead();
-  /// After a failed read: true if it is to be tried again; otherwise the read has been given up.
+  /// After a failed read: true if it must be repeated; otherwise the read has been given up.
   bool mayRetryRead();
 
   void readRegisterStatus(const StatusAccess& how);
@@ -126,7 +126,7 @@ class Control : public Fields {
   void readHartStatus(const StatusAccess& how);
   void showModuleStatus(std::int16_t statusWord, std::int32_t ledWord);
   void showModulState(std::u16string text, std::int32_t ledWord);
-  void showChannelStatus(std::int16_t inStatus, std::int16_t outStatus);
+  void showChnState(std::u16string text);
 
   void ScanTick();
   void ScanDevice();

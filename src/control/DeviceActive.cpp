@@ -10,8 +10,8 @@ namespace {
 
 enum class Buttons { Stay, SaveAndOff, BackOn, BackOnPrintOff, BackOnAll };
 
-/// What a host declares with DeviceActive, and what follows. The numbers that go out differ from
-/// those that come in from 6 upward.
+/// What a host declares with DeviceActive, and its effects. From 6 on, the numbers that go out
+/// differ from those that come in.
 struct Declaration {
   std::int32_t lActive;
   Buttons buttons;

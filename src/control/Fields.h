@@ -15,44 +15,44 @@ namespace tessara {
 
 /// The state of one control: plain fields that all its parts read and write.
 struct Fields : DeviceProfile {
-  /// A connection to a module is open at this moment.
+  /// A connection to a module is open.
   bool DeviceConnected = false;
-  /// The last read ended completely.
+  /// The last read was completed.
   bool bDataValid = false;
   /// The last status word read.
   std::int16_t StatusWord = 0;
   /// The one line that the host displays.
   std::u16string StatusString;
-  /// The selected communication object as the host gets it, and as the control calls it. Both are
+  /// The selected communication object as hosts get it, and as the control calls it. Both are
   /// assigned together.
   std::shared_ptr<tessara::CommunicationObject> CommunicationObject;
   std::shared_ptr<tessara::CommunicationObject> CommObject;
   /// The host has declared work in progress.
   bool HostActive = false;
-  /// CmdStoreParameter may not be enabled by EnableCmdStore.
+  /// EnableCmdStore must not enable CmdStoreParameter.
   bool bCmdStoreLocked = true;
   /// Folder of the language files and of the logo and picture files.
   std::u16string AppPathString;
   /// Language number, 1 to 11; 0 follows the country of the system.
   std::int16_t Language = 0;
   /// Enabled states of CmdStoreParameter, CmdOfflineConfigure, CmdOpenDiskParameter and
-  /// CmdSave2DiskParameter, kept while the host works and during a read; the rest is unused.
+  /// CmdSave2DiskParameter, saved while the host is busy and during a read; the rest is unused.
   std::array<bool, 7> SavedCmdEnabled{true, true, true, false, false, false, false};
   /// The user chose to work without a module.
   bool OfflineMode = false;
   /// Neither a port nor an NFC reader was found at start-up.
   bool ReaderMissing = false;
-  /// Attempts of the running read; 0 between two reads.
+  /// Attempts of the current read; 0 between two reads.
   std::int16_t ConnectAttempts = 0;
-  /// Failed passes of the background scan in the control's whole life.
+  /// Failed scans of the control since it was initialised.
   std::int16_t ScanErrorCount = 0;
-  /// The remembered enabled state of the scan timer.
+  /// The saved enabled state of the scan timer.
   bool ScanEnabled = false;
   /// The selected port's number; 999 for the USB NFC reader.
   std::int16_t ComPort = 0;
   /// The selected rate in bit/s.
   std::int32_t Baudrate = 0;
-  /// The serial line as hosts are told it: 8 data bits, 1 stop bit, even parity (2).
+  /// The serial line as reported to hosts: 8 data bits, 1 stop bit, even parity (2).
   std::int16_t DataBits = 0;
   std::int16_t StopBits = 0;
   std::int16_t Parity = 0;
@@ -68,11 +68,11 @@ struct Fields : DeviceProfile {
   std::u16string FwVersion;
   /// The second version number of a module; shown nowhere.
   float SecondVersion = 0;
-  /// Nothing before the first read, then a decimal of up to 64 bits.
+  /// Empty before the first read, then a decimal of up to 64 bits.
   Variant SerialNumber;
-  /// For hosts that ask; nothing assigns it.
+  /// Only read by hosts; never assigned.
   std::int32_t MaxBaudrate = 0;
-  /// The station address of every call to a module; 0 until the first read.
+  /// The address in every call to a module; 0 until the first read.
   std::uint8_t DevAddr = 0;
   /// Revision of the NFC reader's processor, three decimal numbers joined by points.
   std::u16string sNFCMCURevision;
@@ -82,7 +82,7 @@ struct Fields : DeviceProfile {
   std::optional<CatalogResult> catalogVerdict;
   /// Version text of the host, for the about box.
   std::u16string VersionString;
-  /// A text that the host keeps here.
+  /// A text for the host's own use.
   std::u16string CmdLineString;
   /// The selected path is an NFC reader.
   bool bNFCReader = false;

@@ -40,7 +40,7 @@ void ModulInfoFLII::put_ManufactureLogoString(const Variant& value) {
 }
 
 void ModulInfoFLII::put_DeviceLogoString(const Variant& value) {
-  // The caller brings its own separator.
+  // The caller supplies the separator.
   const std::u16string candidate = control_->AppPathString + control_->asText(value);
   if (live(moduleWide().FileSystem, "FileSystem").FileExists(candidate)) {
     moduleWide().DeviceLogoPath = candidate;

@@ -12,7 +12,7 @@
 namespace tessara {
 namespace {
 
-/// How a C++ type of a member crosses the interface: its host type and the conversions both ways.
+/// How a C++ type crosses the interface: its host type and the conversions in both directions.
 template <typename Type>
 struct Crossing;
 

@@ -31,12 +31,13 @@ struct Member {
   ValueType type = ValueType::None;
   std::span<const Argument> arguments;
 
-  /// Null where the member cannot be read, written or called. Values are converted to the member's
-  /// types; one that does not convert is a type mismatch (13) or an overflow (6). An object reads
-  /// as its name, or as nothing.
+  /// Null if the member cannot be read, written or called. Values are converted to the member's
+  /// types; one that cannot be converted is a type mismatch (13) or an overflow (6). An object
+  /// reads as its name, or as nothing.
   Variant (*get)(ModulInfoFLII& control) = nullptr;
   void (*set)(ModulInfoFLII& control, const Variant& value) = nullptr;
-  /// Takes exactly as many values as the member has arguments, else it is an invalid call (5).
+  /// Takes exactly as many values as the member has arguments; any other number is an invalid call
+  /// (5).
   Variant (*call)(ModulInfoFLII& control, std::span<const Variant> values) = nullptr;
 };
 
@@ -47,7 +48,7 @@ std::span<const Member> memberTable();
 /// callback.
 const Member* findMember(std::string_view name, MemberKind kind);
 
-/// How a type is called on the interface: "Long", "variant" and so on.
+/// The name of a type on the interface: "Long", "variant" and so on.
 std::string_view typeName(ValueType type);
 
 }  // namespace tessara

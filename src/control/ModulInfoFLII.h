@@ -16,23 +16,23 @@ namespace tessara {
 
 class Control;
 
-/// The device-information panel: connects to a module, shows what it is and whether it is well, and
-/// keeps the host informed.
+/// The device-information panel: connects to a module, shows its identity and status, and keeps the
+/// host informed.
 ///
-/// Life: construct, UserControl_Initialize, set the host's properties, show, use, destroy. All
-/// calls come from one thread. Platform and events must outlive the control. Members are prefixed
-/// get_ and put_ where they are properties; the member table (MemberTable.h) lists what a host
-/// sees.
+/// Life cycle: construct, UserControl_Initialize, set the host's properties, show, use, destroy.
+/// All calls come from one thread. Platform and events must outlive the control. Properties have
+/// the prefixes get_ and put_; the member table (MemberTable.h) lists what hosts in other languages
+/// see.
 class ModulInfoFLII {
  public:
   ModulInfoFLII(Platform& platform, HostEvents& events);
   ModulInfoFLII(const ModulInfoFLII&) = delete;
   ModulInfoFLII& operator=(const ModulInfoFLII&) = delete;
-  /// Runs UserControl_Terminate unless that has happened.
+  /// Runs UserControl_Terminate unless it has already run.
   ~ModulInfoFLII();
 
-  /// Creates the module-wide objects and sets the defaults. An object that cannot be created ends
-  /// it with that object's error.
+  /// Creates the module-wide objects and sets the defaults. Fails with the error of an object that
+  /// cannot be created.
   void UserControl_Initialize();
   /// Shuts the communication objects down and releases everything; an error while shutting down is
   /// not reported. May be called inside a callback or a turn of the event loop: the workflow in
@@ -41,8 +41,8 @@ class ModulInfoFLII {
   void UserControl_Terminate();
 
   /// Brings the panel up: reads the settings, lists the ports, looks for the NFC reader, selects
-  /// the communication object, loads the language and sets every caption and tool tip. Runs each
-  /// time that the host shows the control. Contacts no module. An error ends it where it happened.
+  /// the communication object, loads the language and sets every caption and tool tip. Call it each
+  /// time the host shows the control. Contacts no module. An error stops it where it occurs.
   void UserControl_Show();
 
   /// The widgets of the panel, by name: `panel().widget(u"LblModulState").caption()`. What draws
@@ -63,25 +63,25 @@ class ModulInfoFLII {
   /// The texts of the language in force, which all controls of the thread share.
   [[nodiscard]] static const LanguageState& texts();
 
-  /// The system's decimal separator, by which the values of a host are converted.
+  /// The system's decimal separator, used to convert the values of a host.
   [[nodiscard]] std::u16string decimalSeparator() const;
 
   /// What the catalogue said about the module that was looked up last; nothing before the first
   /// lookup. CatalogFileError also stands for a lookup that an invalid number in the catalogue
   /// ended.
   [[nodiscard]] std::optional<CatalogResult> catalogVerdict() const;
-  /// The catalogue wants the firmware row of that module hidden.
+  /// Whether the catalogue hides the firmware row of the last module that it listed.
   [[nodiscard]] bool hidesFirmware() const;
 
-  // What the last access left, beyond the properties.
+  // Results of the last access that are not properties.
   [[nodiscard]] std::int16_t vendorId() const;
   [[nodiscard]] std::int16_t groupId() const;
   /// The last device or channel status word that was read, and the last LED status word.
   [[nodiscard]] std::int16_t statusWord() const;
   [[nodiscard]] std::int32_t ledWord() const;
 
-  // Properties. A 16-bit field written with a value outside its range raises an overflow (error 6)
-  // and keeps what it held.
+  // Properties. Writing a value outside the range of a 16-bit field raises an overflow (error 6)
+  // and leaves the field unchanged.
   [[nodiscard]] std::int32_t get_DeviceID() const;
   void put_DeviceID(std::int32_t value);
   [[nodiscard]] std::int32_t get_FamilyID() const;
@@ -93,7 +93,7 @@ class ModulInfoFLII {
   [[nodiscard]] Variant get_CmdLineString() const;
   void put_CmdLineString(const Variant& value);
   [[nodiscard]] Variant get_FwVersion() const;
-  /// Stored with a point for the first comma and filled up by its length: 1.2 becomes 1.200.
+  /// Stored with a point for the first comma and padded by its length: 1.2 becomes 1.200.
   void put_FwVersion(const Variant& value);
   [[nodiscard]] Variant get_SerialNumber() const;
   [[nodiscard]] Variant get_PackbLink() const;
@@ -112,7 +112,7 @@ class ModulInfoFLII {
   /// 0 clears data and offline mode; any other value sets the data valid and nothing else.
   void put_DataValid(std::int32_t value);
   [[nodiscard]] std::int32_t get_DeviceConnected() const;
-  /// Exactly 1 is true.
+  /// Only 1 is true.
   void put_DeviceConnected(std::int32_t value);
   [[nodiscard]] std::int32_t get_ComPort() const;
   void put_ComPort(std::int32_t value);
@@ -120,48 +120,48 @@ class ModulInfoFLII {
   [[nodiscard]] std::int32_t get_StopBits() const;
   [[nodiscard]] std::int32_t get_Parity() const;
   [[nodiscard]] std::int32_t get_Baudrate() const;
-  /// Bit/s; need not be a rate of the list. A value equal to the field does nothing.
+  /// Bit/s; need not be in the list. Writing the current value does nothing.
   void put_Baudrate(std::int32_t value);
   [[nodiscard]] std::int32_t get_MaxBaudrate() const;
   [[nodiscard]] Variant get_AppPathString() const;
   void put_AppPathString(const Variant& value);
   [[nodiscard]] std::int16_t get_Language() const;
-  /// Texts are not reloaded.
+  /// Does not reload the texts.
   void put_Language(std::int16_t value);
   [[nodiscard]] Variant get_StatusString() const;
-  /// Raises StatusChange, also for the value that it holds already.
+  /// Raises StatusChange, even with the current text.
   void put_StatusString(const Variant& value);
-  /// The texts that the status labels hold at this moment.
+  /// The current texts of the status labels.
   [[nodiscard]] Variant get_ChnStatusString() const;
   [[nodiscard]] Variant get_ModulStatusString() const;
   /// Caption and tool tip of the description label; stored nowhere else.
   void put_DescriptionString(const Variant& value);
   [[nodiscard]] Variant get_ManufactureLogoString() const;
-  /// Shows that file of AppPathString, else the one that the setting Logo names, else none. A file
-  /// that is no picture is an invalid picture (error 481), and the old picture stays.
+  /// Shows the file of that name in AppPathString, else the one that the setting Logo names, else
+  /// none. A file that is not a picture is error 481, and the old picture stays.
   void put_ManufactureLogoString(const Variant& value);
   /// Shows the file at AppPathString directly followed by the name, else none. Errors as above.
   void put_DeviceLogoString(const Variant& value);
   [[nodiscard]] Variant get_DevicePictureString() const;
-  /// Keeps the path formed as for the device logo, or an empty one if there is no such file.
+  /// Stores the path formed as for the device logo, or an empty one if there is no such file.
   void put_DevicePictureString(const Variant& value);
   [[nodiscard]] std::int32_t get_StringsReverse() const;
   [[nodiscard]] std::int32_t get_NFCReader() const;
   [[nodiscard]] std::u16string get_GetNFCMCURevison() const;
   [[nodiscard]] std::int32_t get_QuickSetupMode() const;
   [[nodiscard]] std::int32_t get_QuickSetup() const;
-  /// Exactly 1 is true.
+  /// Only 1 is true.
   void put_QuickSetup(std::int32_t value);
   /// Declares what the host is doing: 0, 1 and 3 to 7; other values do nothing.
   void put_DeviceActive(std::int32_t lActive);
   /// Reads the module and compares it with the fields: 1 for the same family, device and firmware,
-  /// 0 for another module or none, 3 for an access that failed.
+  /// 0 for another module or none, 3 for a failed access.
   std::int32_t get_CheckDeviceType();
   /// Raises DataTransfer and returns false.
   [[nodiscard]] bool get_DataTrafic();
 
   // Methods.
-  /// Shows the texts of status words that the host read itself. Always true; a word outside the
+  /// Shows the texts of status words that the host has read itself. Always true; a word outside the
   /// signed 16-bit range raises an overflow (error 6) and changes nothing.
   bool SetChnStatus(std::int32_t& lInStatus, std::int32_t& lOutStatus);
   bool SetModuleStatus(std::int32_t& lDevStatus, std::int32_t& lLedStatus);
@@ -174,13 +174,13 @@ class ModulInfoFLII {
   void AutomaticConnection();
   /// Reads the firmware version into fields and label.
   void GetFWVersion();
-  /// Reads the identification record into the fields; the labels stay.
+  /// Reads the identification record into the fields; the labels do not change.
   void GetDeviceInformation();
   /// Reads the status words and shows them.
   void GetDeviceStatus();
 
  private:
-  /// The door of the tests (tests/support/Inside.h); no part of the product defines it.
+  /// Gives tests access to the state (tests/support/Inside.h); the product does not define it.
   friend class Inside;
 
   std::unique_ptr<Control> control_;

@@ -17,8 +17,8 @@ namespace tessara {
 class frmAbout;
 class frmLanguage;
 
-/// What all controls of one user-interface thread share. The objects are replaced by every control
-/// that comes up and released by every one that ends; texts, port list and paths stay.
+/// What all controls of one user-interface thread share. Each control that initialises replaces the
+/// objects, and each one that ends releases them; texts, port list and paths stay.
 struct ModuleWide : LanguageState, RegEnum {
   std::shared_ptr<tessara::RegistryHelper> RegistryHelper;
   std::shared_ptr<tessara::BitFieldHelper> BitFieldHelper;
@@ -28,20 +28,20 @@ struct ModuleWide : LanguageState, RegEnum {
   std::shared_ptr<tessara::FileSystem> FileSystem;
   std::shared_ptr<tessara::MessageHelper> MessageHelper;
 
-  /// The dialogs while they are in use.
-  std::shared_ptr<tessara::frmLanguage> frmLanguage;
-  std::shared_ptr<tessara::frmAbout> frmAbout;
+  /// The dialogs while a control shows them.
+  std::weak_ptr<tessara::frmLanguage> frmLanguage;
+  std::weak_ptr<tessara::frmAbout> frmAbout;
 
-  /// Full paths found by the path properties.
+  /// Full paths that the path properties found.
   std::u16string ManufactureLogoPath;
   std::u16string DeviceLogoPath;
   std::u16string DevicePicturePath;
 };
 
-/// The set of the calling thread.
+/// The objects of the calling thread.
 ModuleWide& moduleWide();
 
-/// The object behind `pointer`; an error (91) that names it if another control has released it.
+/// The object that `pointer` holds; error 91, which names it, if another control has released it.
 template <typename Object>
 Object& live(const std::shared_ptr<Object>& pointer, const char* name) {
   if (!pointer) {

@@ -6,8 +6,8 @@
 
 namespace tessara {
 
-/// The panel of the control with its design values, as plain widgets. What draws it observes it.
-/// Places are in twips; the panel measures 12045 by 2505.
+/// The panel of the control with its design values, as plain widgets. Whatever draws it observes
+/// it. Places are in twips; the panel measures 12045 by 2505.
 struct Panel : WidgetOwner {
   static constexpr std::int32_t width = 12045;
   static constexpr std::int32_t height = 2505;
@@ -85,7 +85,7 @@ struct Panel : WidgetOwner {
       *this, u"PictureDevice", WidgetKind::Image, {.place = {9105, 1650, 765, 765}}};
   Widget PictureLogo{
       *this, u"PictureLogo", WidgetKind::PictureBox, {.place = {9960, 1650, 1995, 765}}};
-  /// Picture 1 goes with a module without fault, picture 2 with any other state.
+  /// Picture 1 shows a module without fault, picture 2 any other state.
   Widget ImageList1{*this, u"ImageList1", WidgetKind::ImageList, {.items = {u"1", u"2"}}};
   Widget ImageListButtons{*this,
                           u"ImageListButtons",

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::u16string_view languageFileMessage = u"Error language file! Set to default!";
 
-/// Where the text of a button's tool tip stands, and what follows it.
+/// The table entry with a button's tool tip, and what follows its text.
 struct ToolTip {
   Widget Panel::*button;
   TextTable<31> TextTables::*table;
@@ -32,7 +32,7 @@ constexpr std::array<ToolTip, 9> toolTips{{
     {&Panel::CmdAbout, &TextTables::TextMainFrame, 5, u"..."},
 }};
 
-/// The device type caption has room for so many characters in one line; a longer one gets two.
+/// Maximum characters of a device type caption in one line; a longer one gets two lines.
 constexpr std::size_t oneLineCaption = 13;
 
 }  // namespace

@@ -9,7 +9,7 @@
 namespace tessara {
 namespace {
 
-/// What the reader's library may write into the buffer of a reply.
+/// Size of the buffer for a reply of the reader's library.
 constexpr std::size_t replyBuffer = 256;
 
 std::int32_t hexadecimalAt(const std::u16string& text, std::size_t position) {
@@ -42,7 +42,7 @@ bool Control::probeNfcReader() {
   if (reader.CR95HFDll_Echo(reply) != NfcReaderLibrary::success) {
     return false;
   }
-  // An older board answers the echo but knows no revision; it is a reader all the same.
+  // An older board answers the echo but does not know its revision; it is still a reader.
   (void)reader.CR95HFDLL_getMCUrev(reply);
   sNFCMCURevision = fromUtf8(reply.substr(0, reply.find('\0')));
   sNFCMCURevision = McuRevisionText(sNFCMCURevision);

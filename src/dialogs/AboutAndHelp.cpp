@@ -2,7 +2,6 @@
 #include <array>
 
 #include "control/Control.h"
-#include "dialogs/FormUse.h"
 #include "dialogs/frmAbout.h"
 
 namespace tessara {
@@ -11,7 +10,7 @@ namespace {
 constexpr std::u16string_view helpWithoutLanguage = u"Help_001.chm";
 constexpr std::u16string_view helpErrorTitle = u"Error Help File";
 
-/// What the user is told of a help file that could not be opened; of other results nothing.
+/// The message for a help file that could not be opened; other results have none.
 struct HelpFailure {
   std::int16_t result;
   std::u16string_view message;
@@ -26,10 +25,10 @@ constexpr std::array<HelpFailure, 5> helpFailures{{{Shell::fileNotFound, u"File 
 
 void Control::CmdAbout_Click() {
   ModuleWide& wide = moduleWide();
-  const FormUse<frmAbout> box(wide.frmAbout, platform_);
+  const auto box = createDialog(wide.frmAbout, platform_);
   box->UniFormCaptionB1.setCaption(wide.TextMainFrame[5]);
   box->SetVersionString(VersionString);
-  showModally(box.form());
+  showModally(box);
 }
 
 void Control::CmdHelp_Click() {

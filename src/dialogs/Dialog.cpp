@@ -37,7 +37,8 @@ void Dialog::showIdle(Widget& button) {
 void Dialog::Form_Load() {
   titleBar_ = &UniFormCaptionB1;
   const ModuleWide& wide = moduleWide();
-  // Joined as it stands: an empty folder makes it a path from the root, an empty setting a folder.
+  // Joined without any checks: an empty folder gives a path from the root, an empty setting a
+  // folder.
   const std::u16string candidate = sAppPath + u"\\" +
                                    ReadText(live(wide.RegistryHelper, "RegistryHelper"), u"Icon",
                                             platform_.locale().decimalSeparator());

@@ -1,5 +1,4 @@
 #include "control/Control.h"
-#include "dialogs/FormUse.h"
 #include "dialogs/frmLanguage.h"
 #include "localisation/Language.h"
 #include "localisation/Settings.h"
@@ -9,18 +8,18 @@ namespace {
 
 constexpr std::u16string_view outcomeOk = u"1";
 constexpr std::int16_t englishLanguage = 2;
-/// For those who cannot read the sentence of the language in force.
+/// For users who cannot read the current language.
 constexpr std::u16string_view restartInEnglish = u"\n\nPlease restart application!";
 
 }  // namespace
 
 void Control::cmdSettings_Click() {
   ModuleWide& wide = moduleWide();
-  const FormUse<frmLanguage> dialog(wide.frmLanguage, platform_);
+  const auto dialog = createDialog(wide.frmLanguage, platform_);
   dialog->SetAppPath(AppPathString);
   dialog->SetLanguage(Language);
   dialog->UniFormCaptionB1.setCaption(wide.TextModulInfo[16]);
-  if (!showModally(dialog.form())) {
+  if (!showModally(dialog)) {
     return;
   }
   const std::int16_t oldLanguage = Language;

@@ -4,7 +4,7 @@
 
 namespace tessara {
 
-/// Who makes the product, as it was set when the product was configured (cmake/Maker.cmake).
+/// The manufacturer of the product, as set when the build was configured (cmake/Maker.cmake).
 struct Maker {
   std::u16string_view company;
   std::u16string_view address1;
@@ -16,7 +16,7 @@ struct Maker {
   /// A web address, with or without a scheme.
   std::u16string_view web;
   std::u16string_view year;
-  /// The version of the product, for hosts that have none of their own.
+  /// The version of the product, for hosts without one of their own.
   std::u16string_view version;
 };
 

@@ -9,7 +9,7 @@
 namespace tessara {
 namespace {
 
-/// The captions of the first column of contact data, and the entries of TextMainFrame for them.
+/// The captions in the first column of contact data, and their entries in TextMainFrame.
 struct ContactCaption {
   Widget frmAbout::*label;
   std::size_t entry;
@@ -21,11 +21,11 @@ constexpr std::array<ContactCaption, 4> contactCaptions{{{&frmAbout::LblPhone, 2
 constexpr std::array secondColumn{&frmAbout::LblPhoneNr, &frmAbout::LblFaxNr,
                                   &frmAbout::HyperLinkEmail, &frmAbout::HyperLinkWeb};
 
-/// The first column has room for so many characters; each one more moves the second column.
+/// Characters that fit into the first column; each further one moves the second column.
 constexpr std::size_t roomForCharacters = 10;
 constexpr std::size_t twipsPerCharacter = 100;
 constexpr std::size_t secondColumnLeft = 4600;
-/// Longer texts overflow all the same, and the figure stays within 32 bits.
+/// Longer texts overflow as well, and the number stays within 32 bits.
 constexpr std::size_t longestCounted = 1000;
 
 std::u16string withScheme(std::u16string_view scheme, std::u16string_view address) {

@@ -7,7 +7,7 @@
 
 namespace tessara {
 
-/// The about box: what the product is, its version, and who makes it. Tag is "1" after OK.
+/// The about box: the product, its version and its manufacturer. Tag is "1" after OK.
 class frmAbout : public Dialog {
  public:
   explicit frmAbout(Platform& platform);
@@ -82,7 +82,7 @@ class frmAbout : public Dialog {
   Widget cmdOK{*this, u"cmdOK", WidgetKind::Button, button(u"OK", {6300, 4365, 1350, 405})};
 
  protected:
-  /// A second column that would leave the range of 16 bits is an overflow (error 6).
+  /// A second column beyond the 16-bit range is an overflow (error 6).
   void Form_Load() override;
 
  private:

@@ -8,7 +8,7 @@
 namespace tessara {
 namespace {
 
-/// The options by the language number less 1.
+/// The options by language number - 1.
 constexpr std::array options{&frmLanguage::OptionDE, &frmLanguage::OptionGB, &frmLanguage::OptionFR,
                              &frmLanguage::OptionES, &frmLanguage::OptionIT, &frmLanguage::OptionPT,
                              &frmLanguage::OptionTR, &frmLanguage::OptionRU, &frmLanguage::OptionCN,
@@ -38,7 +38,7 @@ void frmLanguage::preselect() {
   } else if (nLanguage > 0 && static_cast<std::size_t>(nLanguage) <= options.size()) {
     (this->*options[static_cast<std::size_t>(nLanguage - 1)]).setValue(true);
   } else {
-    // The texts of such a number are the English ones; the dialog offers German all the same.
+    // Such a number loads the English texts; the dialog nevertheless offers German.
     OptionDE.setValue(true);
   }
 }

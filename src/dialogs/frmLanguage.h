@@ -6,14 +6,14 @@
 
 namespace tessara {
 
-/// The dialog in which a person chooses the language. It changes nothing by itself: whoever shows
-/// it reads Tag, "1" for OK and "2" for Cancel, and the choice, when it has hidden itself.
+/// The dialog for choosing the language. It changes nothing by itself: once it has hidden itself,
+/// the caller reads Tag, "1" for OK and "2" for Cancel, and the choice.
 class frmLanguage : public Dialog {
  public:
   explicit frmLanguage(Platform& platform);
 
-  /// The language number, in and out. Shown with 0 the dialog goes by the country of the system;
-  /// with a number that no language has, it offers German.
+  /// The language number, in and out. With 0 the dialog preselects the language of the system's
+  /// country; with an unknown number, German.
   void SetLanguage(std::int16_t language) { nLanguage = language; }
   [[nodiscard]] std::int16_t GetLanguage() const { return nLanguage; }
 
@@ -21,8 +21,8 @@ class frmLanguage : public Dialog {
   [[nodiscard]] Widget& cancelButton() override { return cmdCancel; }
   [[nodiscard]] Place area() const override { return {0, 0, 6000, 3570}; }
 
-  /// One option for each language, in the order of the numbers, in its own words; those of question
-  /// marks take theirs from the texts in force.
+  /// One option for each language, in the order of the numbers and in its own words; captions of
+  /// question marks are replaced by the current texts.
   Widget OptionDE{*this,
                   u"OptionDE",
                   WidgetKind::Option,
@@ -68,7 +68,7 @@ class frmLanguage : public Dialog {
                   WidgetKind::Option,
                   {.caption = u"???", .place = {3690, 1920, 2130, 285}}};
 
-  /// The flags beside the options; the last one spans the neighbours Chinese and Japanese.
+  /// The flags beside the options; the last one spans Chinese and Japanese.
   Widget UniPictureBox1{*this,
                         u"UniPictureBox1",
                         WidgetKind::PictureBox,

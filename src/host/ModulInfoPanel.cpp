@@ -63,7 +63,7 @@ class OwnSystem {
 
 }  // namespace
 
-/// What the panel is put together from, in the order in which one needs the other.
+/// The parts of the panel, in the order in which each needs those before it.
 class ModulInfoPanel::Parts final : public HostEvents {
  public:
   Parts(ModulInfoPanel& panel, std::unique_ptr<OwnSystem> system, Platform& platform)

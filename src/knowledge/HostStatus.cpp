@@ -1,5 +1,6 @@
 #include "control/Control.h"
 #include "control/ModulInfoFLII.h"
+#include "knowledge/ChannelStatus.h"
 
 namespace tessara {
 
@@ -13,7 +14,8 @@ bool ModulInfoFLII::SetModuleStatus(std::int32_t& lDevStatus, std::int32_t& lLed
 bool ModulInfoFLII::SetChnStatus(std::int32_t& lInStatus, std::int32_t& lOutStatus) {
   const std::int16_t inStatus = narrowToInt16(lInStatus, "lInStatus");
   const std::int16_t outStatus = narrowToInt16(lOutStatus, "lOutStatus");
-  control_->showChannelStatus(inStatus, outStatus);
+  control_->showChnState(DecodeChannelStatus(inStatus, outStatus, control_->bNFCReader,
+                                             control_->FamilyID, moduleWide()));
   return true;
 }
 

@@ -9,7 +9,7 @@
 
 namespace tessara {
 
-/// What a line of the port list says of the adapter behind it.
+/// The adapter type that a line of the port list names.
 enum class PortClass : std::uint8_t {
   ProgrammingAdapter,  ///< "USB Adapter OKT ("
   ViatorModem,         ///< "USB Hart Adapter Viator ("
@@ -22,7 +22,7 @@ enum class PortClass : std::uint8_t {
 /// the path to the module.
 std::u16string portLabel(PortClass portClass, std::u16string_view port);
 
-/// The kind of driver that a kernel device name tells of.
+/// The type of driver that a kernel device name identifies.
 enum class PortDriver : std::uint8_t { Silabser, Viator, Usbser, Other };
 
 /// Looks for the words of the known drivers anywhere in the name, letter case ignored, in the order
@@ -35,13 +35,13 @@ struct ViatorList {
   std::int32_t count = 0;
 };
 
-/// A port of no known kind has a line only on request, and only if it is called COM.
+/// A port of an unknown type is listed only on request, and only if its name contains COM.
 bool listedAsPlain(std::u16string_view port, bool showAll);
 
-/// The lines of a port behind usbser as far as the Viator modems decide them, one pass over all
-/// modems from the last to the first: each pass that meets the port gives ViatorOverUsbser and
-/// drops the highest entry from the passes of later ports; each other pass gives Plain where that
-/// is listed. A port may so have several lines.
+/// The lines of a port behind usbser as far as the Viator modems determine them. There is one pass
+/// for each modem, from the last to the first: a pass whose modem has this port gives
+/// ViatorOverUsbser and drops the highest entry from the passes of later ports; any other pass
+/// gives Plain if such ports are listed. A port may thus have several lines.
 std::vector<PortClass> viatorPasses(ViatorList& viators, std::u16string_view port, bool showAll);
 
 }  // namespace tessara

@@ -23,14 +23,14 @@ constexpr std::uint32_t nameBufferSize = 256;
 /// The length of "COM".
 constexpr std::size_t portNumberStart = 3;
 
-/// The values that are read here are whole numbers; the sign of a fraction matters to none.
+/// Only whole numbers are read here, so the decimal separator does not matter.
 constexpr std::u16string_view separator = u".";
 
 /// The devices behind usbser that are TWN4 readers.
 struct Twn4List {
   FixedTable<std::u16string, 11> keys{"Twn4Keys"};
-  /// Index of the last entry; 0 as well when the driver serves no device, so that an empty path is
-  /// looked up then.
+  /// Index of the last entry; also 0 when the driver serves no device, so that an empty path is
+  /// then looked up.
   std::int32_t last = 0;
 };
 
@@ -78,7 +78,7 @@ Twn4List findTwn4Readers(RegistryHelper& registry) {
   return readers;
 }
 
-/// Fills PortDeviceNames and gives the number of names; 0 if there is no key.
+/// Fills PortDeviceNames and returns the number of names; 0 if there is no key.
 std::int32_t collectDeviceNames(RegEnum& regEnum, RegistryApi& api) {
   const SerialCommKey key(api, readAccess);
   if (!key.opened()) {

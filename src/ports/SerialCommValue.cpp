@@ -42,7 +42,7 @@ std::u16string readNumber(RegistryApi& api, RegistryKey key, const std::string& 
 }  // namespace
 
 std::u16string GetSerialCommValue(RegistryApi& api, const std::u16string& valueName) {
-  // Whether the key could be opened shows in the query.
+  // The query shows whether the key could be opened.
   const SerialCommKey key(api, changeAccess);
   const std::string name = toUtf8(valueName);
   std::uint32_t type = 0;

@@ -8,7 +8,7 @@
 namespace tessara {
 namespace {
 
-/// Hides a form at the end of its showing, however that comes about.
+/// Hides a form when showing it ends, for whatever reason.
 class Hiding {
  public:
   explicit Hiding(Form& form) : form_(form) {}

@@ -10,7 +10,7 @@ namespace tessara {
 
 class Form;
 
-/// Draws the forms of a control, or watches them.
+/// Draws or monitors the forms of a control.
 class FormObserver {
  public:
   FormObserver() = default;
@@ -26,7 +26,7 @@ class FormObserver {
   virtual void formHidden(Form& form) = 0;
 };
 
-/// A window of its own with widgets, as a model: what draws it observes it.
+/// The model of a window with widgets; whatever draws it observes it.
 class Form : public WidgetOwner {
  public:
   explicit Form(std::u16string name) : name_(std::move(name)) {}
@@ -38,11 +38,11 @@ class Form : public WidgetOwner {
   /// The file of the window's icon; empty for none.
   [[nodiscard]] const std::u16string& icon() const { return icon_; }
 
-  /// The widget whose caption stands in the window's frame; null before the form is loaded.
+  /// The widget whose caption is the title of the window; null before the form is loaded.
   [[nodiscard]] const Widget* titleBar() const { return titleBar_; }
   /// The button that the Return key presses.
   [[nodiscard]] virtual Widget& defaultButton() = 0;
-  /// The button that the Escape key presses, and closing the window by its frame.
+  /// The button pressed by the Escape key and by closing the window.
   [[nodiscard]] virtual Widget& cancelButton() = 0;
   /// The size of the form in twips, without its frame; left and top are 0.
   [[nodiscard]] virtual Place area() const = 0;
@@ -50,17 +50,17 @@ class Form : public WidgetOwner {
   /// The outcome of the form; empty until there is one.
   [[nodiscard]] const std::u16string& Tag() const { return tag_; }
 
-  /// Loads the form, shows it and handles events until it has hidden itself, or the program is
-  /// about to quit, which hides it without an outcome. The observer has to live until then; without
-  /// one nobody could ever answer the form, which is an invalid call (error 5). A form that is
-  /// shown already is error 400; what loading raises passes to the caller, and nothing is shown.
+  /// Loads the form, shows it and handles events until it has hidden itself, or until the program
+  /// is about to quit, which hides it without an outcome. The observer must live until then; a null
+  /// observer is an invalid call (error 5), since nobody could answer the form. A form that is
+  /// already shown is error 400. An error while loading passes to the caller, and nothing is shown.
   void showModal(EventLoop& loop, FormObserver* observer);
 
-  /// Ends the modal run. A form that is not shown stays so.
+  /// Ends the modal run. Does nothing if the form is not shown.
   void hide();
 
  protected:
-  /// Brings the widgets into the state in which they are shown.
+  /// Sets the widgets to the state in which they are shown.
   virtual void Form_Load() = 0;
 
   const Widget* titleBar_ = nullptr;

@@ -55,7 +55,7 @@ struct WidgetState {
   std::int32_t interval = 0;
   /// An option is set.
   bool value = false;
-  /// The colours of a text button's ground from top to bottom, as 0xRRGGBB.
+  /// The background colours of a text button from top to bottom, as 0xRRGGBB.
   std::uint32_t gradientstartcolor = 0;
   std::uint32_t gradientendcolor = 0;
   Place place{};
@@ -79,7 +79,7 @@ enum class WidgetAspect {
 
 class Widget;
 
-/// Draws widgets, or watches them. Called after each write, also one that changes nothing.
+/// Draws or monitors widgets. Called after each write, even one that changes nothing.
 class WidgetObserver {
  public:
   WidgetObserver() = default;
@@ -110,8 +110,8 @@ class WidgetOwner {
   /// The same; a name that no widget has is an invalid call (error 5).
   [[nodiscard]] Widget& widget(std::u16string_view name) const;
 
-  /// While the modal form of that name is open, no button of this one is pressed and nothing is
-  /// typed; an empty name ends it.
+  /// While the modal form of that name is open, no button of this form can be pressed and nothing
+  /// can be typed; an empty name ends this.
   void setBlockedBy(std::u16string form) { blockedBy_ = std::move(form); }
   [[nodiscard]] const std::u16string& blockedBy() const { return blockedBy_; }
 
@@ -140,8 +140,8 @@ class Widget {
   [[nodiscard]] bool visible() const { return state_.visible; }
 
   void setCaption(std::u16string caption);
-  /// The text of a box. In a drop-down list it also moves the selected line to the item of that
-  /// text, or to none; no handler runs.
+  /// The text of a box. In a drop-down list it also selects the item with that text, or none; no
+  /// handler runs.
   void setText(std::u16string text);
   void setToolTipTitle(std::u16string title);
   void setToolTipText(std::u16string text);
@@ -160,27 +160,27 @@ class Widget {
   /// Asks the observer to paint the widget at once.
   void refresh();
 
-  /// Selects a line, by a person or by code, and runs the handler, also for the line that is
-  /// selected already. A line that is not there is an invalid property value (error 380).
+  /// Selects a line, by a person or by code, and runs the handler, even for the line that is
+  /// already selected. A line that does not exist is an invalid property value (error 380).
   void select(std::int32_t index);
-  /// Sets an option as a person does, and runs the handler, also for the one that is set already.
+  /// Sets an option as a person does, and runs the handler, even for one that is already set.
   /// A disabled or hidden one is an invalid call (error 5).
   void select();
-  /// Presses a button or a hyperlink. A disabled or hidden one, or one of a form that a modal form
+  /// Presses a button or a hyperlink. A disabled or hidden one, or one on a form that a modal form
   /// blocks, is an invalid call (error 5).
   void press();
-  /// Replaces what stands in a box as a person's typing does; no handler runs. Errors as in press.
+  /// Replaces the text of a box as a person's typing does; no handler runs. Errors as for press.
   void type(std::u16string text);
-  /// The pointer comes over the widget, or leaves it.
+  /// The pointer enters or leaves the widget.
   void pointerEnter();
   void pointerLeave();
 
-  /// A timer ticks: runs the handler.
+  /// Runs the handler, as a tick of a timer does.
   void tick();
 
   /// What runs when a line or an option is chosen, a button pressed or a timer ticks.
   void setClickHandler(std::function<void()> handler);
-  /// What runs when the pointer comes over the widget, and when it leaves.
+  /// What runs when the pointer enters and leaves the widget.
   void setPointerHandlers(std::function<void()> enter, std::function<void()> leave);
 
  private:

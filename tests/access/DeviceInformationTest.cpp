@@ -73,7 +73,7 @@ TEST_F(DeviceInformation, AModuleThatThrowsRaisesZeroAndStopsTheScan) {
   EXPECT_TRUE(inside(control).bDataValid);
 }
 
-TEST_F(DeviceInformation, AnElementThatIsNoWordTakesTheExceptionEnd) {
+TEST_F(DeviceInformation, AnElementOutsideTheRangeOfAWordTakesTheExceptionEnd) {
   platform.device.identifier = {1, 2, 40000, 4};
   control.GetDeviceInformation();
   EXPECT_EQ(log.entries().back(), "ModulActive(0)");
@@ -87,7 +87,7 @@ TEST_F(DeviceInformation, ARecordThatIsTooShortTakesTheExceptionEnd) {
   EXPECT_EQ(inside(control).StatusString, u"Fehler Verbindung!");
 }
 
-TEST_F(DeviceInformation, WaitsForTheConnectionToFallBeforeItConnects) {
+TEST_F(DeviceInformation, WaitsForTheConnectionToCloseBeforeItConnects) {
   inside(control).DeviceConnected = true;
   int turns = 0;
   platform.loop.onYield = [&] { inside(control).DeviceConnected = ++turns < 3; };
@@ -98,14 +98,14 @@ TEST_F(DeviceInformation, WaitsForTheConnectionToFallBeforeItConnects) {
                           "ReadDeviceIdentifier(7)", "CloseSerialConnection", "ModulActive(0)"));
 }
 
-TEST_F(DeviceInformation, WithoutASelectedObjectItIsAConnectionThatFailed) {
+TEST_F(DeviceInformation, WithoutASelectedObjectTheConnectionFails) {
   inside(control).CommObject.reset();
   control.GetDeviceInformation();
   EXPECT_THAT(story(), ElementsAre("ModulActive(1)", "StatusChange(Lese Daten)",
                                    "StatusChange(Fehler Verbindung!)", "ModulActive(3)"));
 }
 
-TEST_F(DeviceInformation, AnErrorOfTheCloseInTheExceptionEndStillReports) {
+TEST_F(DeviceInformation, AnErrorOfTheCloseInTheExceptionEndIsStillReported) {
   platform.device.before = [](const std::string& entry) {
     if (!entry.starts_with("Connect")) {
       throw std::runtime_error("the port has gone");

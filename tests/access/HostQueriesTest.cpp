@@ -28,7 +28,7 @@ class HostQueries : public ControlFixture {
   }
 };
 
-TEST_F(HostQueries, CheckDeviceTypeComparesWithoutTouchingTheFields) {
+TEST_F(HostQueries, CheckDeviceTypeComparesWithoutChangingTheFields) {
   inside(control).GroupID = 99;
   inside(control).VendorID = 98;
   EXPECT_EQ(control.get_CheckDeviceType(), 1);
@@ -116,7 +116,7 @@ TEST_F(HostQueries, GetFWVersionFillsFieldsAndLabel) {
   EXPECT_TRUE(inside(control).bDataValid);
 }
 
-TEST_F(HostQueries, GetFWVersionWaitsForTheConnectionToFall) {
+TEST_F(HostQueries, GetFWVersionWaitsForTheConnectionToClose) {
   inside(control).DeviceConnected = true;
   int turns = 0;
   platform.loop.onYield = [&] { inside(control).DeviceConnected = ++turns < 5; };
@@ -178,7 +178,7 @@ TEST_F(HostQueries, GetDeviceStatusReadsTheErrorWordOnceAndHidesUsbPowerOnNfc) {
   EXPECT_EQ(inside(control).panel.LblChnState.caption(), u"NFC");
 }
 
-TEST_F(HostQueries, GetDeviceStatusTakesTheRegistersAlsoForHartModules) {
+TEST_F(HostQueries, GetDeviceStatusReadsTheRegistersEvenOfHartModules) {
   inside(control).VendorID = 176;
   control.GetDeviceStatus();
   EXPECT_EQ(log.count("CMD48"), 0U);
@@ -203,7 +203,7 @@ TEST_F(HostQueries, GetDeviceStatusThatThrowsIsThreeAndLeavesTheTimer) {
   EXPECT_TRUE(inside(control).ScanEnabled);
 }
 
-TEST_F(HostQueries, GetDeviceStatusIsGuardedOnlyBehindItsTurn) {
+TEST_F(HostQueries, GetDeviceStatusIsGuardedOnlyAfterItsTurn) {
   platform.loop.onYield = [] { throw std::runtime_error("an event is upset"); };
   EXPECT_THROW(control.GetDeviceStatus(), std::runtime_error);
   EXPECT_THAT(story(), ElementsAre("ModulActive(1)", "yield"));
@@ -244,7 +244,7 @@ class StoreButton : public HostQueries {
   void press() { inside(control).panel.CmdStoreParameter.press(); }
 };
 
-TEST_F(StoreButton, AModuleThatFitsRaisesSetConfiguration) {
+TEST_F(StoreButton, AModuleThatMatchesRaisesSetConfiguration) {
   press();
   EXPECT_EQ(log.count("SetConfiguration"), 1U);
   EXPECT_THAT(log.only({"Show"}), IsEmpty());
@@ -259,7 +259,7 @@ TEST_F(StoreButton, AnotherModuleShowsAMessage) {
   EXPECT_EQ(inside(control).lMsgResult, 4);
 }
 
-TEST_F(StoreButton, NoModuleAttachedShowsTheSameMessageBehindTheFailureTexts) {
+TEST_F(StoreButton, WithoutAModuleTheSameMessageFollowsTheFailureTexts) {
   platform.device.connects = false;
   press();
   EXPECT_THAT(log.only({"StatusChange", "Show", "SetConfiguration"}),
@@ -267,7 +267,7 @@ TEST_F(StoreButton, NoModuleAttachedShowsTheSameMessageBehindTheFailureTexts) {
                           "Show 16 MERIDEX_CONF: Falscher Modultyp!"));
 }
 
-TEST_F(StoreButton, AQueryThatFailedShowsNothingMore) {
+TEST_F(StoreButton, AFailedQueryShowsNothingMore) {
   failAt("Read");
   press();
   EXPECT_THAT(log.only({"Show", "SetConfiguration"}), IsEmpty());

@@ -36,7 +36,7 @@ TEST_F(ReadFailure, APortThatCannotBeOpenedEndsAtOnceWithoutRetryOrClose) {
   EXPECT_EQ(inside(control).ConnectAttempts, 0);
 }
 
-TEST_F(ReadFailure, GivingUpSetsTheButtonsInOrderAndTheStorePastItsSetter) {
+TEST_F(ReadFailure, GivingUpSetsTheButtonsInOrderAndTheStoreNotThroughItsSetter) {
   platform.device.connects = false;
   inside(control).ScanEnabled = true;
   log.clear();
@@ -58,7 +58,7 @@ TEST_F(ReadFailure, GivingUpSetsTheButtonsInOrderAndTheStorePastItsSetter) {
   EXPECT_FALSE(inside(control).bDataValid);
 }
 
-TEST_F(ReadFailure, AModuleThatThrowsOnTheFirstReadIsTriedOnceMoreAtTheHighRate) {
+TEST_F(ReadFailure, AModuleThatThrowsOnTheFirstReadIsRetriedOnceAtTheHighRate) {
   failFrom("ReadDeviceIdentifier");
   read();
   EXPECT_THAT(story(), ElementsAre("StatusChange()", "StatusChange(Verbindungsaufbau)",
@@ -90,7 +90,7 @@ TEST_F(ReadFailure, ASecondAttemptThatSucceedsEndsAsOneRead) {
   EXPECT_EQ(inside(control).Baudrate, 115200);
 }
 
-TEST_F(ReadFailure, AnExceptionOfTheConnectItselfIsRetriedWithoutBoundWhileItRecurs) {
+TEST_F(ReadFailure, AnExceptionOfTheConnectIsRetriedAsLongAsItRecurs) {
   int connects = 0;
   platform.device.before = [&connects](const std::string& entry) {
     if (entry.starts_with("Connect") && ++connects < 5000) {
@@ -105,7 +105,7 @@ TEST_F(ReadFailure, AnExceptionOfTheConnectItselfIsRetriedWithoutBoundWhileItRec
   EXPECT_TRUE(inside(control).bDataValid);
 }
 
-TEST_F(ReadFailure, AFalseConnectAtTheRetryEndsWithoutClosingAgain) {
+TEST_F(ReadFailure, AFailedConnectAtTheRetryEndsWithoutClosingAgain) {
   platform.device.before = [this](const std::string& entry) {
     if (entry.starts_with("ReadDeviceIdentifier")) {
       platform.device.connects = false;
@@ -178,7 +178,7 @@ TEST_F(ReadFailure, ACloseThatThrowsAtTheEndOfAReadIsRetriedAndReported) {
   EXPECT_EQ(control.get_DataValid(), 0);
 }
 
-TEST_F(ReadFailure, WithoutASelectedObjectItIsAConnectionThatFailed) {
+TEST_F(ReadFailure, WithoutASelectedObjectTheConnectionFails) {
   inside(control).CommObject.reset();
   read();
   EXPECT_THAT(story(),

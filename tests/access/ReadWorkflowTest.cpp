@@ -62,7 +62,7 @@ TEST_F(ReadWorkflow, AHealthyModuleIsReadStepByStep) {
           "ModulActive(0)", "NFCReader(false)", "TimerScanDevice.enabled=true"));
 }
 
-TEST_F(ReadWorkflow, TheFieldsHoldWhatTheModuleSaid) {
+TEST_F(ReadWorkflow, TheFieldsHoldTheRepliesOfTheModule) {
   inside(control).OfflineMode = true;
   read();
   EXPECT_EQ(inside(control).VendorID, 49);
@@ -103,21 +103,21 @@ TEST_F(ReadWorkflow, DataIsValidUpToTheFirstStatusChangeAndAgainAtTheEnd) {
                   Pair("ModulActive(0)", 1), Pair("NFCReader(false)", 1)));
 }
 
-TEST_F(ReadWorkflow, StoreAndOfflineAreRememberedAsOff) {
+TEST_F(ReadWorkflow, StoreAndOfflineAreSavedAsDisabled) {
   inside(control).panel.CmdSave2DiskParameter.setEnabled(false);
   read();
   EXPECT_THAT(inside(control).SavedCmdEnabled,
               ElementsAre(false, false, true, false, false, false, false));
 }
 
-TEST_F(ReadWorkflow, AfterAReadHostWorkEndedLeavesStoreAndOfflineOff) {
+TEST_F(ReadWorkflow, AfterAReadHostIdleLeavesStoreAndOfflineDisabled) {
   read();
   control.put_DeviceActive(0);
   EXPECT_FALSE(panel().CmdStoreParameter.enabled());
   EXPECT_FALSE(panel().CmdOfflineConfigure.enabled());
 }
 
-TEST_F(ReadWorkflow, AutomaticConnectionReadsAsTheButtonDoes) {
+TEST_F(ReadWorkflow, AutomaticConnectionReadsLikeTheButton) {
   read();
   const auto byButton = log.entries();
   log.clear();
@@ -127,7 +127,7 @@ TEST_F(ReadWorkflow, AutomaticConnectionReadsAsTheButtonDoes) {
   EXPECT_EQ(log.entries(), byButton);
 }
 
-TEST_F(ReadWorkflow, AutomaticConnectionReadsAlsoWithTheButtonOff) {
+TEST_F(ReadWorkflow, AutomaticConnectionReadsEvenWithTheButtonDisabled) {
   inside(control).panel.CmdDeviceInfo.setEnabled(false);
   control.AutomaticConnection();
   EXPECT_TRUE(inside(control).bDataValid);
@@ -165,7 +165,7 @@ TEST_F(ReadWorkflow, AModuleWithAStatusBitShowsPictureTwo) {
   EXPECT_TRUE(panel().ImageDevState.visible());
 }
 
-TEST_F(ReadWorkflow, UsbPowerStandsInFrontAlsoOnAnNfcReader) {
+TEST_F(ReadWorkflow, UsbPowerIsShownInFrontEvenOnAnNfcReader) {
   platform.device.registers[64] = {0x1000};
   read();
   EXPECT_EQ(panel().LblModulState.caption(), u"USB-Power; 0 -> Kein Fehler");
@@ -241,7 +241,7 @@ TEST_F(ReadWorkflow, HideFwVersionHidesTheFirmwareRowAndAnyOtherValueShowsIt) {
   EXPECT_TRUE(panel().LngLabel[4].visible());
 }
 
-TEST_F(ReadWorkflow, TheSystemsDecimalCommaDoesNotShowInTheVersion) {
+TEST_F(ReadWorkflow, TheVersionIsShownWithAPointUnderADecimalComma) {
   platform.systemLocale.separator = u",";
   platform.settings[u"Control Panel\\International\\|sDecimal"] = std::u16string(u",");
   read();
@@ -292,14 +292,14 @@ TEST_F(HartRead, AGoodStatusByteShowsNoFaultAndPictureOne) {
   EXPECT_EQ(inside(control).StatusString, u"");
 }
 
-TEST_F(HartRead, AnotherStatusByteShowsTheNumberAloneAndPictureTwo) {
+TEST_F(HartRead, AnotherStatusByteShowsOnlyTheNumberAndPictureTwo) {
   platform.device.cmd48Reply[1] = 200;
   read();
   EXPECT_EQ(panel().LblModulState.caption(), u"200");
   EXPECT_EQ(panel().ImageDevState.state().picture, PictureSource{2});
 }
 
-TEST_F(HartRead, NoReplyEmptiesTheLabelsAndLeavesPictureAndStatus) {
+TEST_F(HartRead, WithoutAReplyTheLabelsAreClearedAndPictureAndStatusStay) {
   for (const std::int16_t count : {std::int16_t{0}, std::int16_t{-1}}) {
     platform.device.cmd48Count = count;
     inside(control).panel.ImageDevState.setPicture(PictureSource{7});
@@ -335,7 +335,7 @@ TEST_F(HartRead, LeavesTheVisibilityOfTheFirmwareRow) {
   EXPECT_THAT(log.only({"LngLabel"}), IsEmpty());
 }
 
-TEST_F(HartRead, IsTakenByTheVendorWhicheverObjectIsSelected) {
+TEST_F(HartRead, IsChosenByTheVendorWhicheverObjectIsSelected) {
   inside(control).CommObject = moduleWide().NfcCommObject;
   read();
   EXPECT_EQ(log.count("CMD48"), 1U);

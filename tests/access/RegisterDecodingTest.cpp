@@ -34,7 +34,7 @@ struct VersionRow {
 
 class VersionTexts : public ::testing::TestWithParam<VersionRow> {};
 
-TEST_P(VersionTexts, FollowTheNumberOfTheirCharacters) {
+TEST_P(VersionTexts, DependOnTheirNumberOfCharacters) {
   EXPECT_EQ(versionOf(GetParam().word), GetParam().number);
   EXPECT_EQ(VersionText(versionOf(GetParam().word), u"."), GetParam().text);
   EXPECT_EQ(VersionText(versionOf(GetParam().word), u","), GetParam().text);
@@ -70,7 +70,7 @@ TEST(SerialNumber, AWordWithItsTopBitSetCountsAsUnsigned) {
   EXPECT_EQ(SerialNumberOf({0, 0, 0, -32768}), 0x8000000000000000U);
 }
 
-TEST(SerialNumber, ElementsBeyondSixtyFourBitsOverflow) {
+TEST(SerialNumber, ElementsBeyond64BitsOverflow) {
   EXPECT_EQ(errorNumberOf([] { (void)SerialNumberOf({0, 0, 0, 70000}); }), 6);
 }
 
@@ -95,7 +95,7 @@ TEST(NameText, TooFewWordsAreASubscriptError) {
   EXPECT_EQ(errorNumberOf([] { (void)NameText(DeviceWords(15)); }), 9);
 }
 
-TEST(HartText, LeavesTheStatusBytesOut) {
+TEST(HartText, OmitsTheStatusBytes) {
   EXPECT_EQ(HartText({0, 64, 0x48, 0x31}), u"H1");
 }
 
@@ -104,7 +104,7 @@ TEST(HartText, IsEmptyForTwoElementsAndForNone) {
   EXPECT_EQ(HartText({}), u"");
 }
 
-TEST(HartText, AnElementThatIsNoCharacterIsAnInvalidCall) {
+TEST(HartText, AnElementThatIsNotACharacterIsAnInvalidCall) {
   EXPECT_EQ(errorNumberOf([] { (void)HartText({0, 0, -1}); }), 5);
   EXPECT_EQ(errorNumberOf([] { (void)HartText({0, 0, 65536}); }), 5);
 }

@@ -30,7 +30,7 @@ class Scan : public ControlFixture {
   [[nodiscard]] const Panel& panel() const { return inside(control).panel; }
 };
 
-TEST_F(Scan, AGoodPassReadsTheStatusWordsWithItsTurnsAndGivesNoEndingValue) {
+TEST_F(Scan, AGoodPassReadsTheStatusWordsWithItsTurnsAndReportsNoEnd) {
   tick();
   EXPECT_THAT(
       log.entries(),
@@ -58,7 +58,7 @@ TEST_F(Scan, TheErrorWordIsReadOnceWithoutDelay) {
   EXPECT_EQ(panel().ImageDevState.state().picture, PictureSource{2});
 }
 
-TEST_F(Scan, UsbPowerIsShownOnlyOffAnNfcReader) {
+TEST_F(Scan, UsbPowerIsNotShownOnAnNfcReader) {
   platform.device.registers[64] = {0x1000};
   tick();
   EXPECT_EQ(panel().LblModulState.caption(), u"USB-Power; 0 -> Kein Fehler");
@@ -77,7 +77,7 @@ TEST_F(Scan, ReadsTheStatusAtAnyAddress) {
   EXPECT_EQ(panel().LblModulState.caption(), u"0 -> Kein Fehler");
 }
 
-TEST_F(Scan, TheGateHoldsWhileTheHostWorksOrAConnectionIsOpen) {
+TEST_F(Scan, TicksDoNothingWhileTheHostIsBusyOrAConnectionIsOpen) {
   control.put_DeviceActive(4);
   log.clear();
   tick();
@@ -92,7 +92,7 @@ TEST_F(Scan, TheGateHoldsWhileTheHostWorksOrAConnectionIsOpen) {
   EXPECT_THAT(log.entries(), IsEmpty());
 }
 
-TEST_F(Scan, APortThatHasGoneStopsTheScanSilently) {
+TEST_F(Scan, AMissingPortStopsTheScanSilently) {
   platform.device.connects = false;
   tick();
   EXPECT_THAT(log.entries(),
@@ -104,7 +104,7 @@ TEST_F(Scan, APortThatHasGoneStopsTheScanSilently) {
   EXPECT_TRUE(inside(control).bDataValid);
 }
 
-TEST_F(Scan, AFailedPassCountsAndGoesOn) {
+TEST_F(Scan, AFailedPassCountsAndTheScanContinues) {
   fail();
   tick();
   EXPECT_THAT(story(), ElementsAre("ModulActive(4)", "yield", "ConnectWithSerialDevice(3, 19200)",
@@ -116,7 +116,7 @@ TEST_F(Scan, AFailedPassCountsAndGoesOn) {
   EXPECT_TRUE(inside(control).bDataValid);
 }
 
-TEST_F(Scan, TheEleventhFailureOfALifeGoesOffline) {
+TEST_F(Scan, TheEleventhFailureOfAControlGoesOffline) {
   fail();
   for (int pass = 0; pass < 10; ++pass) {
     tick();
@@ -157,7 +157,7 @@ TEST_F(Scan, TheCounterStaysAtItsLargestValue) {
   EXPECT_EQ(inside(control).ScanErrorCount, 32767);
 }
 
-TEST_F(Scan, AFailurePartWayLeavesWhatThePassHadWritten) {
+TEST_F(Scan, AFailureLeavesWhatThePassHadWritten) {
   platform.device.registers[60] = {0x0004};
   platform.device.before = [](const std::string& entry) {
     if (entry == "ReadInputRegisters(192, 63, 1, 2)") {
@@ -198,7 +198,7 @@ TEST_F(HartScan, AZeroStatusByteIsGood) {
   EXPECT_EQ(panel().ImageDevState.state().picture, PictureSource{1});
 }
 
-TEST_F(HartScan, NoReplyCountsAsGoodWithNothingInFront) {
+TEST_F(HartScan, NoReplyCountsAsGoodWithoutANumber) {
   platform.device.cmd48Count = 0;
   platform.device.cmd48Reply[1] = 0;
   tick();

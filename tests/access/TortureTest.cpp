@@ -153,7 +153,7 @@ TEST_P(Torture, AHealthyReadMakesTheseCalls) {
   EXPECT_EQ(calls(), expected);
 }
 
-TEST_P(Torture, OneCallThatGoesWrongIsMetByTheRetryOrEndsTheReadInOrder) {
+TEST_P(Torture, AFailedCallIsRetriedOrEndsTheReadInOrder) {
   for (std::size_t nth = 0; nth < path.calls.size(); ++nth) {
     const Call& call = path.calls[nth];
     for (const char way : ways) {
@@ -178,7 +178,7 @@ TEST_P(Torture, OneCallThatGoesWrongIsMetByTheRetryOrEndsTheReadInOrder) {
   }
 }
 
-TEST_P(Torture, AModuleThatDiesAtACallAndStaysDeadIsGivenUpAfterTheRetry) {
+TEST_P(Torture, AModuleThatStopsAnsweringIsGivenUpAfterTheRetry) {
   for (std::size_t nth = 1; nth < path.calls.size(); ++nth) {
     SCOPED_TRACE(std::string(path.name) + ": dead from " + path.calls[nth].entry);
     heal();

@@ -23,11 +23,11 @@ class CommandState : public ControlFixture {
   }
 };
 
-TEST_F(CommandState, ADesignedPanelHasAllButtonsOn) {
+TEST_F(CommandState, ANewPanelHasAllButtonsEnabled) {
   EXPECT_EQ(states(), "111111");
 }
 
-TEST_F(CommandState, LockPutsTheStoreButtonOffAndItsPictureAgain) {
+TEST_F(CommandState, LockDisablesTheStoreButtonAndSetsItsPictureAgain) {
   control.UnLockCmdStore();
   log.clear();
   EXPECT_EQ(control.LockCmdStore(), Variant{});
@@ -36,7 +36,7 @@ TEST_F(CommandState, LockPutsTheStoreButtonOffAndItsPictureAgain) {
               ElementsAre("CmdStoreParameter.enabled=false", "CmdStoreParameter.picture=Download"));
 }
 
-TEST_F(CommandState, UnlockPutsTheStoreButtonOn) {
+TEST_F(CommandState, UnlockEnablesTheStoreButton) {
   control.LockCmdStore();
   EXPECT_EQ(control.UnLockCmdStore(), Variant{});
   EXPECT_FALSE(inside(control).bCmdStoreLocked);
@@ -51,7 +51,7 @@ TEST_F(CommandState, EnableDoesNothingWhileLocked) {
   EXPECT_EQ(states(), "101111");
 }
 
-TEST_F(CommandState, EnablePutsTheStoreButtonOnWhenUnlocked) {
+TEST_F(CommandState, EnableEnablesTheStoreButtonWhenUnlocked) {
   control.UnLockCmdStore();
   control.DisableCmdStore();
   log.clear();
@@ -60,7 +60,7 @@ TEST_F(CommandState, EnablePutsTheStoreButtonOnWhenUnlocked) {
               ElementsAre("CmdStoreParameter.enabled=true", "CmdStoreParameter.picture=Download"));
 }
 
-TEST_F(CommandState, DisablePutsFourButtonsOffInOrderAndKeepsTheLock) {
+TEST_F(CommandState, DisableDisablesFourButtonsInOrderAndKeepsTheLock) {
   control.UnLockCmdStore();
   log.clear();
   EXPECT_EQ(control.DisableCmdStore(), Variant{});
@@ -73,13 +73,13 @@ TEST_F(CommandState, DisablePutsFourButtonsOffInOrderAndKeepsTheLock) {
   EXPECT_FALSE(inside(control).bCmdStoreLocked);
 }
 
-TEST_F(CommandState, UnlockAfterDisablePutsOnlyStoreOn) {
+TEST_F(CommandState, UnlockAfterDisableEnablesOnlyStore) {
   control.DisableCmdStore();
   control.UnLockCmdStore();
   EXPECT_EQ(states(), "111000");
 }
 
-TEST_F(CommandState, HostWorkSavesFourStatesAndPutsAllSixOffBeforeTheCallback) {
+TEST_F(CommandState, HostBusySavesFourStatesAndDisablesAllSixBeforeTheCallback) {
   inside(control).panel.CmdOfflineConfigure.setEnabled(false);
   inside(control).panel.CmdOpenDiskParameter.setEnabled(false);
   log.clear();
@@ -97,7 +97,7 @@ TEST_F(CommandState, HostWorkSavesFourStatesAndPutsAllSixOffBeforeTheCallback) {
   EXPECT_TRUE(inside(control).HostActive);
 }
 
-TEST_F(CommandState, HostWorkEndedRestoresStoreAndOfflineAndPutsTheOthersOn) {
+TEST_F(CommandState, HostIdleRestoresStoreAndOfflineAndEnablesTheOthers) {
   inside(control).panel.CmdStoreParameter.setEnabled(false);
   control.put_DeviceActive(1);
   log.clear();
@@ -114,7 +114,7 @@ TEST_F(CommandState, HostWorkEndedRestoresStoreAndOfflineAndPutsTheOthersOn) {
   EXPECT_FALSE(inside(control).HostActive);
 }
 
-TEST_F(CommandState, OpenAndSaveComeBackOnAlthoughTheyWereOff) {
+TEST_F(CommandState, OpenAndSaveAreEnabledEvenIfTheyWereDisabled) {
   inside(control).panel.CmdOpenDiskParameter.setEnabled(false);
   inside(control).panel.CmdSave2DiskParameter.setEnabled(false);
   control.put_DeviceActive(1);
@@ -122,20 +122,20 @@ TEST_F(CommandState, OpenAndSaveComeBackOnAlthoughTheyWereOff) {
   EXPECT_EQ(states(), "111111");
 }
 
-TEST_F(CommandState, HostWorkDeclaredTwiceSavesTheOffState) {
+TEST_F(CommandState, HostBusyDeclaredTwiceSavesTheDisabledState) {
   control.put_DeviceActive(1);
   control.put_DeviceActive(1);
   control.put_DeviceActive(0);
   EXPECT_EQ(states(), "100111");
 }
 
-TEST_F(CommandState, HostWorkEndedWithoutAStartTakesTheInitialSavedStates) {
+TEST_F(CommandState, HostIdleWithoutHostBusyTakesTheInitialSavedStates) {
   control.DisableCmdStore();
   control.put_DeviceActive(0);
   EXPECT_EQ(states(), "111111");
 }
 
-TEST_F(CommandState, FailureDeclaredPutsPrintOffAndStopsTheTimer) {
+TEST_F(CommandState, FailureDeclaredDisablesPrintAndStopsTheTimer) {
   platform.loop.timerEnabled = true;
   inside(control).ScanEnabled = true;
   inside(control).HostActive = true;
@@ -176,7 +176,7 @@ TEST_F(CommandState, RestoreDeclaredSetsTheButtonsInOrder) {
   EXPECT_EQ(log.entries(), expected);
 }
 
-TEST_F(CommandState, ScanDeclaredHoldsTheScanAndTouchesNothingElse) {
+TEST_F(CommandState, ScanDeclaredPausesTheScanAndChangesNothingElse) {
   platform.loop.timerEnabled = true;
   control.put_DeviceActive(4);
   EXPECT_THAT(log.entries(), ElementsAre("ModulActive(4)"));
@@ -197,7 +197,7 @@ TEST_F(CommandState, RestoreDeclaredLeavesPrintAndStopsTheTimer) {
   EXPECT_EQ(log.entries().back(), "ModulActive(5)");
 }
 
-TEST_F(CommandState, SixAndSevenArePassedOnOneHigher) {
+TEST_F(CommandState, SixAndSevenAreReportedOneHigher) {
   inside(control).HostActive = true;
   control.put_DeviceActive(6);
   control.put_DeviceActive(7);
@@ -212,7 +212,7 @@ TEST_F(CommandState, OtherDeclarationsDoNothing) {
   EXPECT_THAT(log.entries(), IsEmpty());
 }
 
-TEST_F(CommandState, OfflineButtonPutsFiveButtonsOnPastTheLockAndClearsTheLabels) {
+TEST_F(CommandState, OfflineButtonEnablesFiveButtonsDespiteTheLockAndClearsTheLabels) {
   control.DisableCmdStore();
   inside(control).panel.CmdDeviceInfo.setEnabled(false);
   inside(control).panel.CmdPrintConfiguration.setEnabled(false);
@@ -238,7 +238,7 @@ TEST_F(CommandState, OfflineButtonPutsFiveButtonsOnPastTheLockAndClearsTheLabels
   EXPECT_FALSE(inside(control).ScanEnabled);
 }
 
-TEST_F(CommandState, DiskAndPrintButtonsOnlyAskTheHost) {
+TEST_F(CommandState, DiskAndPrintButtonsOnlyNotifyTheHost) {
   inside(control).panel.CmdOpenDiskParameter.press();
   inside(control).panel.CmdSave2DiskParameter.press();
   inside(control).panel.CmdPrintConfiguration.press();

@@ -32,7 +32,7 @@ struct VersionRow {
 
 class FirmwareTexts : public HostPictures, public ::testing::WithParamInterface<VersionRow> {};
 
-TEST_P(FirmwareTexts, AreFilledUpByTheirLength) {
+TEST_P(FirmwareTexts, ArePaddedByTheirLength) {
   control.put_FwVersion(text(GetParam().given));
   EXPECT_EQ(control.get_FwVersion(), text(GetParam().kept));
 }
@@ -45,7 +45,7 @@ INSTANTIATE_TEST_SUITE_P(
                       VersionRow{u"1.234", u"1.234"}, VersionRow{u"1,2,3", u"1.2,3"},
                       VersionRow{u"a,b", u"a.b00"}));
 
-TEST_F(HostPictures, AFirmwareGivenAsANumberIsTakenInTheSystemsNotation) {
+TEST_F(HostPictures, AFirmwareGivenAsANumberIsWrittenInTheSystemsNotation) {
   platform.systemLocale.separator = u",";
   control.put_FwVersion(1.5);
   EXPECT_EQ(inside(control).FwVersion, u"1.500");
@@ -77,7 +77,7 @@ TEST_F(HostPictures, AMissingLogoFallsBackOnTheSetting) {
   EXPECT_EQ(control.get_ManufactureLogoString(), text(u"/app\\other.png"));
 }
 
-TEST_F(HostPictures, ALogoWithoutAFolderIsLookedForInTheRoot) {
+TEST_F(HostPictures, ALogoWithoutAFolderIsSearchedInTheRoot) {
   inside(control).AppPathString.clear();
   platform.files = {u"\\other.png"};
   logoSetting(u"other.png");
@@ -87,14 +87,14 @@ TEST_F(HostPictures, ALogoWithoutAFolderIsLookedForInTheRoot) {
   EXPECT_EQ(control.get_ManufactureLogoString(), text(u"\\other.png"));
 }
 
-TEST_F(HostPictures, NoLogoAtAllEmptiesThePictureAndKeepsThePath) {
+TEST_F(HostPictures, WithoutAnyLogoThePictureIsClearedAndThePathStays) {
   control.put_ManufactureLogoString(text(u"logo.png"));
   EXPECT_EQ(log.entries().back(), "PictureLogo.picture=none");
   EXPECT_EQ(control.get_ManufactureLogoString(), text(u"/old/logo.png"));
   EXPECT_THAT(log.only({"Show"}), IsEmpty());
 }
 
-TEST_F(HostPictures, TheDeviceLogoBringsItsOwnSeparator) {
+TEST_F(HostPictures, TheDeviceLogoSuppliesItsOwnSeparator) {
   platform.files = {u"/app/device.png"};
   control.put_DeviceLogoString(text(u"/device.png"));
   EXPECT_EQ(inside(control).panel.PictureDevice.state().picture,
@@ -106,7 +106,7 @@ TEST_F(HostPictures, TheDeviceLogoBringsItsOwnSeparator) {
   EXPECT_EQ(moduleWide().DeviceLogoPath, u"/app/device.png");
 }
 
-TEST_F(HostPictures, TheDevicePictureIsOnlyCheckedAndItsPathCleared) {
+TEST_F(HostPictures, TheDevicePictureIsOnlyCheckedAndItsPathIsCleared) {
   platform.files = {u"/app/p.png"};
   control.put_DevicePictureString(text(u"/p.png"));
   EXPECT_EQ(control.get_DevicePictureString(), text(u"/app/p.png"));

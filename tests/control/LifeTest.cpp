@@ -13,7 +13,7 @@ class Life : public ::testing::Test {
   FakeHost host{platform.log};
 };
 
-TEST_F(Life, InitializeCreatesTheObjectsInOrderAndThenHandsOutThePictures) {
+TEST_F(Life, InitializeCreatesTheObjectsInOrderAndThenSetsThePictures) {
   PanelLog panelLog(platform.log);
   ModulInfoFLII control(platform, host);
   inside(control).panel.setObserver(&panelLog);
@@ -29,7 +29,7 @@ TEST_F(Life, InitializeCreatesTheObjectsInOrderAndThenHandsOutThePictures) {
                   "CmdAbout.picture=About", "cmdSettings.picture=Settings"));
 }
 
-TEST_F(Life, FieldsAfterInitializeHoldTheirFirstValues) {
+TEST_F(Life, FieldsAfterInitializeHoldTheirInitialValues) {
   ModulInfoFLII control(platform, host);
   control.UserControl_Initialize();
   EXPECT_FALSE(inside(control).DeviceConnected);
@@ -68,7 +68,7 @@ TEST_F(Life, FieldsAfterInitializeHoldTheirFirstValues) {
   EXPECT_EQ(inside(control).lMsgResult, 0);
 }
 
-TEST_F(Life, AFurtherInitializeResetsTheState) {
+TEST_F(Life, ASecondInitializeResetsTheState) {
   ModulInfoFLII control(platform, host);
   control.UserControl_Initialize();
   inside(control).DeviceConnected = inside(control).bDataValid = inside(control).OfflineMode = true;
@@ -95,7 +95,7 @@ TEST_F(Life, AFurtherInitializeResetsTheState) {
   EXPECT_EQ(inside(control).StringsReverse, 1);
 }
 
-TEST_F(Life, TheScanTimerHasFourSecondsAndIsOff) {
+TEST_F(Life, TheScanTimerHasFourSecondsAndIsDisabled) {
   ModulInfoFLII control(platform, host);
   control.UserControl_Initialize();
   EXPECT_EQ(platform.loop.interval, std::chrono::milliseconds(4000));
@@ -103,7 +103,7 @@ TEST_F(Life, TheScanTimerHasFourSecondsAndIsOff) {
   EXPECT_FALSE(inside(control).panel.TimerScanDevice.enabled());
 }
 
-TEST_F(Life, TerminateReleasesInOrderAndShutsModbusDownOnly) {
+TEST_F(Life, TerminateReleasesInOrderAndShutsDownOnlyModbus) {
   ModulInfoFLII control(platform, host);
   control.UserControl_Initialize();
   inside(control).CommunicationObject = inside(control).CommObject = moduleWide().HartCommObject;
@@ -143,7 +143,7 @@ class StubbornModbus final : public FakeModbusCommObject {
   void ShutDown() override { throw std::runtime_error("the line cannot be given up"); }
 };
 
-TEST_F(Life, AShutDownThatFailsKeepsNothingFromBeingReleased) {
+TEST_F(Life, AFailedShutDownDoesNotPreventTheRelease) {
   {
     ModulInfoFLII control(platform, host);
     control.UserControl_Initialize();
@@ -158,14 +158,14 @@ TEST_F(Life, AShutDownThatFailsKeepsNothingFromBeingReleased) {
                           "release HartCommObject", "release MessageHelper"));
 }
 
-TEST_F(Life, AControlThatNeverCameUpEndsQuietly) {
+TEST_F(Life, AControlThatWasNeverInitialisedEndsSilently) {
   { const ModulInfoFLII control(platform, host); }
   EXPECT_TRUE(platform.log.entries().empty());
 }
 
 class FailingCreation : public Life, public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(FailingCreation, PassesTheErrorToTheHostAndTheEndIsOrderly) {
+TEST_P(FailingCreation, PassesTheErrorToTheHostAndEndsInOrder) {
   platform.failingCreation = GetParam();
   ModulInfoFLII control(platform, host);
   EXPECT_THROW(control.UserControl_Initialize(), std::runtime_error);
@@ -229,7 +229,7 @@ TEST_F(Life, PanelIsAsDesigned) {
   }
 }
 
-TEST_F(Life, EveryWidgetIsFoundUnderItsName) {
+TEST_F(Life, EveryWidgetIsFoundByItsName) {
   const ModulInfoFLII control(platform, host);
   EXPECT_EQ(inside(control).panel.find(u"LngLabel[3]"), &inside(control).panel.LngLabel[3]);
   EXPECT_EQ(inside(control).panel.find(u"LblModulState"), &inside(control).panel.LblModulState);

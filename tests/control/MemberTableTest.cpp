@@ -139,7 +139,7 @@ TEST_F(MemberTable, AWrongNumberOfArgumentsIsAnInvalidCall) {
   EXPECT_EQ(errorNumberOf([&] { findMember("LockCmdStore", method)->call(control, one); }), 5);
 }
 
-TEST_F(MemberTable, MethodsWithoutResultGiveNothing) {
+TEST_F(MemberTable, MethodsWithoutAResultReturnNothing) {
   EXPECT_EQ(findMember("LockCmdStore", method)->call(control, {}), Variant{});
   inside(control).ReaderMissing = true;
   EXPECT_EQ(findMember("AutomaticConnection", method)->call(control, {}), Variant{});

@@ -33,7 +33,7 @@ TEST_F(Properties, IdentifiersAreSignExtendedAndNarrowed) {
   EXPECT_EQ(control.get_FamilyID(), 32767);
 }
 
-TEST_F(Properties, AValueOutsideSixteenBitsOverflowsAndLeavesTheField) {
+TEST_F(Properties, AValueOutside16BitsOverflowsAndLeavesTheField) {
   inside(control).DeviceID = 1;
   inside(control).FamilyID = 2;
   inside(control).ComPort = 3;
@@ -47,7 +47,7 @@ TEST_F(Properties, AValueOutsideSixteenBitsOverflowsAndLeavesTheField) {
   EXPECT_EQ(inside(control).ComPort, 3);
 }
 
-TEST_F(Properties, FirmwareVersIsKeptInSinglePrecision) {
+TEST_F(Properties, FirmwareVersIsStoredInSinglePrecision) {
   control.put_FirmwareVers(1.1);
   EXPECT_EQ(inside(control).FirmwareVers, 1.1F);
   EXPECT_EQ(control.get_FirmwareVers(), static_cast<double>(1.1F));
@@ -68,13 +68,13 @@ TEST_F(Properties, TextPropertiesTakeAnyVariantAsText) {
   EXPECT_EQ(inside(control).panel.LabelDeviceName.caption(), u"");
 }
 
-TEST_F(Properties, NumbersBecomeTextWithTheSystemsDecimalSign) {
+TEST_F(Properties, NumbersBecomeTextWithTheSystemsDecimalSeparator) {
   platform.systemLocale.separator = u",";
   set("DeviceName", 1.5);
   EXPECT_EQ(inside(control).DeviceName, u"1,5");
 }
 
-TEST_F(Properties, TextsBecomeNumbersByTheSystemsDecimalSign) {
+TEST_F(Properties, TextsBecomeNumbersWithTheSystemsDecimalSeparator) {
   platform.systemLocale.separator = u",";
   set("FirmwareVers", text(u"1,5"));
   EXPECT_EQ(inside(control).FirmwareVers, 1.5F);
@@ -88,7 +88,7 @@ TEST_F(Properties, SerialNumberIsZeroBeforeAnyReadAndADecimalAfterwards) {
   EXPECT_EQ(control.get_SerialNumber(), Variant{std::uint64_t{18446744073709551615U}});
 }
 
-TEST_F(Properties, DataValidTellsOfflineModeBeforeValidData) {
+TEST_F(Properties, DataValidReportsOfflineModeBeforeValidData) {
   EXPECT_EQ(control.get_DataValid(), 0);
   inside(control).bDataValid = true;
   EXPECT_EQ(control.get_DataValid(), 1);
@@ -111,7 +111,7 @@ TEST_F(Properties, WritingTwoToDataValidDoesNotRestoreOfflineMode) {
   EXPECT_FALSE(inside(control).OfflineMode);
 }
 
-TEST_F(Properties, DeviceConnectedAndQuickSetupTakeExactlyOneAsTrue) {
+TEST_F(Properties, DeviceConnectedAndQuickSetupTakeOnlyOneAsTrue) {
   for (const std::int32_t value : {-1, 0, 2}) {
     control.put_DeviceConnected(1);
     control.put_QuickSetup(1);
@@ -124,7 +124,7 @@ TEST_F(Properties, DeviceConnectedAndQuickSetupTakeExactlyOneAsTrue) {
   }
 }
 
-TEST_F(Properties, ComPortDoesNotMoveTheListsSelection) {
+TEST_F(Properties, ComPortDoesNotChangeTheSelectedLine) {
   inside(control).panel.ComboComPort.addItem(u"Serial Port (COM7)");
   log.clear();
   control.put_ComPort(7);
@@ -138,14 +138,14 @@ TEST_F(Properties, TheSerialLineIsEightEvenOne) {
   EXPECT_EQ(control.get_Parity(), 2);
 }
 
-TEST_F(Properties, ANewBaudrateMovesTheListsText) {
+TEST_F(Properties, ANewBaudrateChangesTheTextOfTheList) {
   control.put_Baudrate(12345);
   EXPECT_EQ(inside(control).Baudrate, 12345);
   EXPECT_EQ(inside(control).panel.ComboBaudrate.text(), u"12345");
   EXPECT_EQ(inside(control).panel.ComboBaudrate.state().index, -1);
 }
 
-TEST_F(Properties, TheSameBaudrateLeavesWhatTheUserTyped) {
+TEST_F(Properties, TheSameBaudrateLeavesTheTypedText) {
   inside(control).panel.ComboBaudrate.type(u"4711");
   log.clear();
   control.put_Baudrate(19200);
@@ -165,7 +165,7 @@ TEST_F(Properties, LanguageIsStoredAndNothingIsReloaded) {
   EXPECT_TRUE(log.entries().empty());
 }
 
-TEST_F(Properties, WritingStatusStringRaisesStatusChangeAlsoForTheSameText) {
+TEST_F(Properties, WritingStatusStringRaisesStatusChangeEvenForTheSameText) {
   control.put_StatusString(text(u"a"));
   control.put_StatusString(text(u"a"));
   EXPECT_THAT(log.entries(), ElementsAre("StatusChange(a)", "StatusChange(a)"));

@@ -29,14 +29,14 @@ class Reentry : public ControlFixture {
   }
 };
 
-TEST_F(Reentry, ATickInAReadFindsTheGateClosed) {
+TEST_F(Reentry, ATickDuringAReadDoesNothing) {
   inTurn(2, [this] { platform.loop.tick(); });
   control.AutomaticConnection();
   EXPECT_THAT(log.only({"ModulActive(4)"}), IsEmpty());
   EXPECT_TRUE(inside(control).bDataValid);
 }
 
-TEST_F(Reentry, ATickInAScanFindsTheGateClosed) {
+TEST_F(Reentry, ATickDuringAScanDoesNothing) {
   readOnce();
   inTurn(3, [this] { platform.loop.tick(); });
   platform.loop.tick();
@@ -44,7 +44,7 @@ TEST_F(Reentry, ATickInAScanFindsTheGateClosed) {
   EXPECT_EQ(log.count("ConnectWithSerialDevice"), 1U);
 }
 
-TEST_F(Reentry, AReadInAScanRunsThroughAndTheScanEndsInOrder) {
+TEST_F(Reentry, AReadDuringAScanCompletesAndTheScanEndsInOrder) {
   readOnce();
   inTurn(3, [this] { control.AutomaticConnection(); });
   platform.loop.tick();
@@ -54,7 +54,7 @@ TEST_F(Reentry, AReadInAScanRunsThroughAndTheScanEndsInOrder) {
   EXPECT_EQ(log.count("ConnectWithSerialDevice"), 2U);
 }
 
-TEST_F(Reentry, AWaitingQueryInAScanGoesOnOnlyWhenTheHostLetsTheConnectionGo) {
+TEST_F(Reentry, AWaitingQueryDuringAScanContinuesOnlyWhenTheHostReleasesTheConnection) {
   readOnce();
   int turn = 0;
   int spins = 0;
@@ -72,7 +72,7 @@ TEST_F(Reentry, AWaitingQueryInAScanGoesOnOnlyWhenTheHostLetsTheConnectionGo) {
   EXPECT_FALSE(inside(control).DeviceConnected);
 }
 
-TEST_F(Reentry, AStatusQueryInAScanGoesOnToConnectAtOnce) {
+TEST_F(Reentry, AStatusQueryDuringAScanConnectsAtOnce) {
   readOnce();
   inTurn(3, [this] { control.GetDeviceStatus(); });
   platform.loop.tick();
@@ -80,7 +80,7 @@ TEST_F(Reentry, AStatusQueryInAScanGoesOnToConnectAtOnce) {
   EXPECT_FALSE(inside(control).DeviceConnected);
 }
 
-TEST_F(Reentry, ACheckInAScanGoesOnToConnectAndPutsTheTimerBack) {
+TEST_F(Reentry, ACheckDuringAScanConnectsAndRestoresTheTimer) {
   readOnce();
   inTurn(3, [this] { EXPECT_EQ(control.get_CheckDeviceType(), 1); });
   platform.loop.tick();
@@ -88,7 +88,7 @@ TEST_F(Reentry, ACheckInAScanGoesOnToConnectAndPutsTheTimerBack) {
   EXPECT_FALSE(inside(control).DeviceConnected);
 }
 
-TEST_F(Reentry, HostWorkDeclaredInAScanHoldsTheNextTick) {
+TEST_F(Reentry, HostBusyDeclaredDuringAScanHoldsTheNextTick) {
   readOnce();
   inTurn(3, [this] { control.put_DeviceActive(1); });
   platform.loop.tick();
@@ -97,7 +97,7 @@ TEST_F(Reentry, HostWorkDeclaredInAScanHoldsTheNextTick) {
   EXPECT_THAT(log.entries(), IsEmpty());
 }
 
-TEST_F(Reentry, HostWorkDeclaredInAReadLeavesTheButtonsToTheRead) {
+TEST_F(Reentry, HostBusyDeclaredDuringAReadLeavesTheButtonsToTheRead) {
   inTurn(2, [this] { control.put_DeviceActive(1); });
   control.AutomaticConnection();
   EXPECT_TRUE(inside(control).bDataValid);
@@ -105,7 +105,7 @@ TEST_F(Reentry, HostWorkDeclaredInAReadLeavesTheButtonsToTheRead) {
   EXPECT_TRUE(inside(control).panel.CmdDeviceInfo.enabled());
 }
 
-TEST_F(Reentry, ShownAgainInAReadTheReadEndsInOrder) {
+TEST_F(Reentry, ShownAgainDuringAReadTheReadEndsInOrder) {
   platform.serialKey.ports = {{"\\Device\\Silabser0", "COM3"}};
   inTurn(2, [this] { control.UserControl_Show(); });
   control.AutomaticConnection();
@@ -230,7 +230,7 @@ TEST_F(EndedInside, TheCallbackOfAFailedRead) {
   expectSilence();
 }
 
-TEST_F(EndedInside, TheCallbackOfAStoreThatFits) {
+TEST_F(EndedInside, TheCallbackOfAStoreThatMatches) {
   readOnce();
   control.UnLockCmdStore();
   endIn("SetConfiguration");

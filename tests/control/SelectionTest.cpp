@@ -106,7 +106,7 @@ TEST_F(Selection, BothReferencesAreAssignedBeforeTheInitialisationAndTheReaderBe
   EXPECT_THAT(story(), ElementsAre("InitNFCObject", "NFCReader(true)", stored(999)));
 }
 
-TEST_F(Selection, AnInitialisationThatFailsPassesToTheCallerWithTheObjectAssigned) {
+TEST_F(Selection, AFailedInitialisationPassesToTheCallerWithTheObjectAssigned) {
   lines({{u"NFC-USB-ZORVEN-ADAPTER", 0}});
   const auto nfc = std::make_shared<WatchedNfc>(platform.device);
   moduleWide().NfcCommObject = nfc;
@@ -134,7 +134,7 @@ TEST_F(Selection, TheUsbReaderIsNotProbedAgain) {
   EXPECT_EQ(control.get_GetNFCMCURevison(), u"1.4.15");
 }
 
-TEST_F(Selection, ATwn4LineLeavesTheRevisionOfTheUsbReader) {
+TEST_F(Selection, ATwn4LineKeepsTheRevisionOfTheUsbReader) {
   lines({{u"TWN4 NFC-Adapter (COM9)", 9}});
   inside(control).sNFCMCURevision = u"1.4.15";
   choose(0);
@@ -153,7 +153,7 @@ class ReadOnlySettings final : public FakeRegistryHelper {
   }
 };
 
-TEST_F(Selection, AFailedWriteOfTheSettingPassesToTheCallerWithThePathChosen) {
+TEST_F(Selection, AFailedWriteOfTheSettingPassesToTheCallerWithThePathSelected) {
   lines({{u"USB Hart Adapter Viator (COM5)", 5}});
   std::map<std::u16string, Variant> values;
   moduleWide().RegistryHelper = std::make_shared<ReadOnlySettings>(log, values);
@@ -187,13 +187,13 @@ TEST_F(Selection, ALineThatIsNotInTheListIsAnInvalidValue) {
   EXPECT_EQ(errorNumberOf([&] { choose(-1); }), 380);
 }
 
-TEST_F(Selection, ARateOfTheListBecomesTheRateAndIsNotStored) {
+TEST_F(Selection, ARateOfTheListIsTakenAndNotStored) {
   inside(control).panel.ComboBaudrate.select(10);
   EXPECT_EQ(inside(control).Baudrate, 115200);
   EXPECT_THAT(log.entries(), ElementsAre("ComboBaudrate.index=10"));
 }
 
-TEST_F(Selection, TextThatIsNoRateLeavesTheRate) {
+TEST_F(Selection, TextThatIsNotARateKeepsTheRate) {
   inside(control).panel.ComboBaudrate.addItem(u"fast");
   EXPECT_EQ(errorNumberOf([&] { inside(control).panel.ComboBaudrate.select(11); }), 13);
   EXPECT_EQ(inside(control).Baudrate, 19200);

@@ -85,7 +85,7 @@ class ShowSettings : public StartUp, public ::testing::WithParamInterface<int> {
   }
 };
 
-TEST_P(ShowSettings, OnlyExactlyOneShowsTheInputs) {
+TEST_P(ShowSettings, OnlyOneShowsTheInputs) {
   setting(u"ShowBaudrateSelection", std::int64_t{GetParam()});
   setting(u"ShowAddressSelection", std::int64_t{GetParam()});
   show();
@@ -106,7 +106,7 @@ TEST_F(ShowSettings, EmptySettingsHideBoth) {
   expectInputs(false);
 }
 
-TEST_F(StartUp, ASettingThatIsNoNumberEndsTheSequence) {
+TEST_F(StartUp, ASettingThatIsNotANumberEndsTheSequence) {
   setting(u"ShowAddressSelection", std::u16string(u"yes"));
   EXPECT_EQ(errorNumberOf([&] { show(); }), 13);
   EXPECT_THAT(log.only({"ComboComPort", "NFCReader", "LngLabel[0].caption"}), IsEmpty());
@@ -135,7 +135,7 @@ TEST_F(StartUp, APortThatIsNotInTheListSelectsTheFirstLineAndTakesItsNumber) {
   EXPECT_EQ(inside(control).ComPort, 3);
 }
 
-TEST_F(StartUp, AHartLineSelectsTheHartObjectTwiceInitialised) {
+TEST_F(StartUp, AHartLineSelectsTheHartObjectAndInitialisesItTwice) {
   inside(control).ComPort = 5;
   show();
   EXPECT_TRUE(inside(control).HartMode);
@@ -165,7 +165,7 @@ TEST_F(StartUp, ATwn4LineSelectsTheNfcObjectWithItsOwnPort) {
               ElementsAre("InitNFCObject", "NFCReader(true)", "InitNFCObject", "NFCReader(true)"));
 }
 
-TEST_F(StartUp, TheUsbReaderIsTheLineBehindThePorts) {
+TEST_F(StartUp, TheUsbReaderIsTheLineAfterThePorts) {
   platform.readerLibrary.connectStatus = 0;
   inside(control).ComPort = 999;
   show();
@@ -178,7 +178,7 @@ TEST_F(StartUp, TheUsbReaderIsTheLineBehindThePorts) {
   EXPECT_EQ(inside(control).sNFCMCURevision, u"1.4.15");
 }
 
-TEST_F(StartUp, AnUnselectedUsbReaderIsListedAllTheSame) {
+TEST_F(StartUp, AnUnselectedUsbReaderIsListedToo) {
   platform.readerLibrary.connectStatus = 0;
   inside(control).ComPort = 3;
   show();
@@ -187,7 +187,7 @@ TEST_F(StartUp, AnUnselectedUsbReaderIsListedAllTheSame) {
   EXPECT_TRUE(selected(moduleWide().ModbusCommObject));
 }
 
-TEST_F(StartUp, TheReaderChosenButAbsentGivesTheFirstPort) {
+TEST_F(StartUp, AMissingReaderThatWasChosenGivesTheFirstPort) {
   inside(control).ComPort = 999;
   show();
   EXPECT_EQ(panel().ComboComPort.state().index, 0);
@@ -195,7 +195,7 @@ TEST_F(StartUp, TheReaderChosenButAbsentGivesTheFirstPort) {
   EXPECT_FALSE(inside(control).bNFCReader);
 }
 
-TEST_F(StartUp, APortThatHasTheReadersNumberIsTakenForTheReaderThatIsThere) {
+TEST_F(StartUp, APortWithTheReadersNumberIsTakenForAReaderThatIsPresent) {
   platform.serialKey.ports = {{"\\Device\\Silabser0", "COM999"}};
   platform.readerLibrary.connectStatus = 0;
   inside(control).ComPort = 3;
@@ -207,7 +207,7 @@ TEST_F(StartUp, APortThatHasTheReadersNumberIsTakenForTheReaderThatIsThere) {
                                                            "InitNFCObject", "NFCReader(true)"));
 }
 
-TEST_F(StartUp, AReaderThatIsSilentAtTheEchoIsNoReader) {
+TEST_F(StartUp, AReaderThatDoesNotAnswerTheEchoIsNotAReader) {
   platform.readerLibrary.connectStatus = 0;
   platform.readerLibrary.echoStatus = 4;
   show();
@@ -231,7 +231,7 @@ TEST_F(StartUp, AMissingReaderLibraryEndsTheSequence) {
   EXPECT_THAT(log.only({"NFCReader", "LngLabel[0].caption"}), IsEmpty());
 }
 
-TEST_F(StartUp, NoPortAndNoReaderLeavesModbusAndAnEmptyList) {
+TEST_F(StartUp, WithoutPortAndReaderModbusIsSelectedAndTheListEmpty) {
   platform.serialKey.ports.clear();
   inside(control).ComPort = 3;
   show();
@@ -246,7 +246,7 @@ TEST_F(StartUp, NoPortAndNoReaderLeavesModbusAndAnEmptyList) {
   EXPECT_THAT(log.entries(), ElementsAre("ModulActive(6)"));
 }
 
-TEST_F(StartUp, NoPortButTheReaderSelectsItsLine) {
+TEST_F(StartUp, WithoutPortsTheReadersLineIsSelected) {
   platform.serialKey.ports.clear();
   platform.readerLibrary.connectStatus = 0;
   inside(control).ComPort = 3;
@@ -262,7 +262,7 @@ TEST_F(StartUp, NoPortButTheReaderSelectsItsLine) {
                           "InitNFCObject", "NFCReader(true)"));
 }
 
-TEST_F(StartUp, NoPortAndASilentReaderIsAnInvalidValueAndEndsTheSequence) {
+TEST_F(StartUp, WithoutPortsASilentReaderIsAnInvalidValueAndEndsTheSequence) {
   platform.serialKey.ports.clear();
   platform.readerLibrary.connectStatus = 0;
   platform.readerLibrary.echoStatus = 4;
@@ -272,13 +272,13 @@ TEST_F(StartUp, NoPortAndASilentReaderIsAnInvalidValueAndEndsTheSequence) {
               IsEmpty());
 }
 
-TEST_F(StartUp, ARateThatTheHostNeverSetIsShownAsZero) {
+TEST_F(StartUp, ARateThatTheHostDidNotSetIsShownAsZero) {
   inside(control).Baudrate = 0;
   show();
   EXPECT_EQ(panel().ComboBaudrate.text(), u"0");
 }
 
-TEST_F(StartUp, TheHostsRateIsUsedAlsoWithTheRateHidden) {
+TEST_F(StartUp, TheHostsRateIsUsedEvenWithTheRateHidden) {
   inside(control).Baudrate = 57600;
   show();
   EXPECT_FALSE(panel().ComboBaudrate.visible());
@@ -286,7 +286,7 @@ TEST_F(StartUp, TheHostsRateIsUsedAlsoWithTheRateHidden) {
   EXPECT_EQ(inside(control).Baudrate, 57600);
 }
 
-TEST_F(StartUp, AFurtherShowListsAnewAndKeepsReaderMissing) {
+TEST_F(StartUp, AFurtherShowRebuildsTheListAndKeepsReaderMissing) {
   platform.serialKey.ports.clear();
   show();
   platform.serialKey.ports = {{"\\Device\\Silabser0", "COM3"}};
@@ -373,7 +373,7 @@ TEST_F(LanguageFileOnDisk, ThirteenCharactersKeepOneLineAndFourteenGetTwo) {
   EXPECT_EQ(panel().LngLabel[3].caption(), u"12345678901234:");
 }
 
-TEST_F(LanguageFileOnDisk, AHealthyFileLeavesTheBuiltInGermanAlone) {
+TEST_F(LanguageFileOnDisk, AValidFileDoesNotUseTheBuiltInGerman) {
   moduleWide().TextModulInfo[8] = u"";
   writeDeviceType(u"Type");
   show();
@@ -382,12 +382,12 @@ TEST_F(LanguageFileOnDisk, AHealthyFileLeavesTheBuiltInGermanAlone) {
   EXPECT_EQ(moduleWide().AppTitle, u"Title");
 }
 
-TEST(McuRevision, TakesThreeBytesBehindResultAndLength) {
+TEST(McuRevision, TakesThreeBytesAfterResultAndLength) {
   EXPECT_EQ(McuRevisionText(u"000301040F"), u"1.4.15");
   EXPECT_EQ(McuRevisionText(u"000301040f99"), u"1.4.15");
 }
 
-TEST(McuRevision, ShortBlankOrForeignTextCountsZero) {
+TEST(McuRevision, ShortBlankOrInvalidTextCountsAsZero) {
   EXPECT_EQ(McuRevisionText(u""), u"0.0.0");
   EXPECT_EQ(McuRevisionText(u"          "), u"0.0.0");
   EXPECT_EQ(McuRevisionText(u"0003"), u"0.0.0");

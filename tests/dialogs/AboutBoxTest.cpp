@@ -38,7 +38,7 @@ class AboutBox : public DialogFixture {
   }
 };
 
-TEST_F(AboutBox, ShowsTheTextsOfTheLanguageInForce) {
+TEST_F(AboutBox, ShowsTheTextsOfTheCurrentLanguage) {
   const std::vector<std::pair<Widget frmAbout::*, const char16_t*>> captions{
       {&frmAbout::UniFormCaptionB1, u"Information"},
       {&frmAbout::LblInfo,
@@ -66,7 +66,7 @@ TEST_F(AboutBox, TheTitleIsNeverTranslated) {
   whileOpen([](frmAbout& box) { EXPECT_EQ(box.LblAppTitel.caption(), u"MERIDEX-CONF"); });
 }
 
-TEST_F(AboutBox, ShowsTheContactDataOfTheMaker) {
+TEST_F(AboutBox, ShowsTheContactDataOfTheManufacturer) {
   whileOpen([](frmAbout& box) {
     EXPECT_EQ(box.LblCompany.caption(), maker.company);
     EXPECT_EQ(box.LblCompanyAddress1.caption(), maker.address1);
@@ -94,7 +94,7 @@ TEST_F(AboutBox, HasBothPictures) {
   });
 }
 
-TEST_F(AboutBox, RunsThroughInOrder) {
+TEST_F(AboutBox, MakesItsCallsInOrder) {
   log.clear();
   whileOpen([](frmAbout& box) { box.cmdOK.press(); });
   EXPECT_THAT(log.entries(),
@@ -111,7 +111,7 @@ TEST_F(AboutBox, OkHidesItAndThenSetsTheOutcome) {
   });
   EXPECT_THAT(log.entries(),
               ElementsAre("cmdOK.gradient=16645629,15921131", "modal end", "frmAbout hidden"));
-  EXPECT_EQ(moduleWide().frmAbout, nullptr);
+  EXPECT_TRUE(moduleWide().frmAbout.expired());
 }
 
 TEST_F(AboutBox, TheButtonShowsWhetherThePointerIsOverIt) {
@@ -160,7 +160,7 @@ TEST_F(AboutBox, ASecondColumnBeyond16BitsIsAnOverflowAndNothingIsShown) {
   EXPECT_THAT(secondColumn(), ElementsAre(4600, 4600, 4600, 4600));
 }
 
-TEST_F(AboutBox, TheIconIsLookedForFromTheRootBecauseNobodyNamesAFolder) {
+TEST_F(AboutBox, TheIconIsSearchedInTheRootBecauseNoFolderIsSet) {
   platform.settings[iconSetting] = std::u16string(u"logo.ico");
   inside(control).AppPathString = u"/app";
   platform.files = {u"/app\\logo.ico"};

@@ -55,7 +55,7 @@ TEST_F(FormTest, LoadsIsShownRunsAndIsHidden) {
               ElementsAre("load", "shown", "modal run", "modal end", "hidden", "after hide"));
 }
 
-TEST_F(FormTest, ASecondHidingIsNone) {
+TEST_F(FormTest, HidingTwiceDoesNothing) {
   loop.onModalRun = [this] {
     form.hide();
     form.hide();
@@ -65,7 +65,7 @@ TEST_F(FormTest, ASecondHidingIsNone) {
   EXPECT_EQ(log.count("hidden"), 1U);
 }
 
-TEST_F(FormTest, ShownWhileItIsShownIsAnErrorThatLeavesItOpen) {
+TEST_F(FormTest, ShowingItTwiceIsAnErrorThatLeavesItOpen) {
   loop.onModalRun = [this] {
     EXPECT_EQ(errorNumberOf([this] { form.showModal(loop, this); }), 400);
     EXPECT_TRUE(form.visible());
@@ -89,7 +89,7 @@ TEST_F(FormTest, IsHiddenWhenAnEventThrows) {
   EXPECT_EQ(log.count("hidden"), 1U);
 }
 
-TEST_F(FormTest, SettingAnOptionClearsTheOthersAndTellsOfBoth) {
+TEST_F(FormTest, SettingAnOptionClearsTheOthersAndReportsBoth) {
   form.second.setValue(true);
   form.setObserver(&widgets);
   form.first.setValue(true);
@@ -103,7 +103,7 @@ TEST_F(FormTest, AnOptionIsClearedWithoutSettingAnother) {
   EXPECT_FALSE(form.second.state().value);
 }
 
-TEST_F(FormTest, APersonsChoiceRunsTheHandlerAlsoForTheOptionThatIsSet) {
+TEST_F(FormTest, APersonsChoiceRunsTheHandlerEvenForTheOptionThatIsSet) {
   int clicks = 0;
   form.first.setClickHandler([&] { ++clicks; });
   form.first.select();
@@ -112,7 +112,7 @@ TEST_F(FormTest, APersonsChoiceRunsTheHandlerAlsoForTheOptionThatIsSet) {
   EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(FormTest, ADisabledOrHiddenOptionIsNotChosen) {
+TEST_F(FormTest, ADisabledOrHiddenOptionCannotBeChosen) {
   form.first.setEnabled(false);
   EXPECT_EQ(errorNumberOf([this] { form.first.select(); }), 5);
   form.second.setVisible(false);
@@ -127,7 +127,7 @@ TEST_F(FormTest, APressedLinkRunsItsHandler) {
   EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(FormTest, PlacesAndColoursThatChangeAreTold) {
+TEST_F(FormTest, ChangedPlacesAndColoursAreReported) {
   form.setObserver(&widgets);
   form.button.setGradient(0x010203, 0x040506);
   form.button.setLeft(450);

@@ -28,7 +28,7 @@ TEST_F(Help, OpensTheFileOfTheLanguageBesideTheControlsOwnFile) {
   EXPECT_EQ(launched(), "ShellExecuteA 0 Open /opt/tessara\\Help_049.chm () /opt/tessara 1");
 }
 
-TEST_F(Help, AFolderThatEndsInASeparatorGetsNoSecondOne) {
+TEST_F(Help, AFolderThatEndsWithASeparatorGetsNoSecondOne) {
   platform.programFolder = u"C:\\";
   moduleWide().HelpFileName = u"Help_001.chm";
   EXPECT_EQ(launched(), "ShellExecuteA 0 Open C:\\Help_001.chm () C:\\ 1");
@@ -50,7 +50,7 @@ TEST_F(Help, FollowsTheLanguageOnlyFromTheNextStart) {
   EXPECT_EQ(launched(), "ShellExecuteA 0 Open /opt/tessara\\Help_001.chm () /opt/tessara 1");
 }
 
-TEST_F(Help, TellsOfTheFailuresThatHaveAMessage) {
+TEST_F(Help, ShowsTheFailuresThatHaveAMessage) {
   const std::vector<std::pair<std::int32_t, std::string>> messages{{2, "File Not Found!"},
                                                                    {3, "Path Not Found!"},
                                                                    {5, "Access denied!"},
@@ -61,7 +61,7 @@ TEST_F(Help, TellsOfTheFailuresThatHaveAMessage) {
   }
 }
 
-TEST_F(Help, EveryOtherResultPassesSilently) {
+TEST_F(Help, EveryOtherResultIsSilent) {
   for (std::int32_t result = -2; result <= 40; ++result) {
     if (result != 0 && result != 2 && result != 3 && result != 5 && result != 11) {
       EXPECT_THAT(messagesFor(result), ElementsAre()) << result;
@@ -75,13 +75,13 @@ TEST_F(Help, AResultBeyond16BitsIsAnOverflow) {
   EXPECT_EQ(errorNumberOf([this] { inside(control).panel.CmdHelp.press(); }), 6);
 }
 
-TEST_F(Help, KeepsTheAnswerToTheMessage) {
+TEST_F(Help, StoresTheAnswerToTheMessage) {
   platform.messageAnswer = 9;
   messagesFor(2);
   EXPECT_EQ(inside(control).lMsgResult, 9);
 }
 
-TEST_F(Help, LeavesThePanelAsItWas) {
+TEST_F(Help, DoesNotChangeThePanel) {
   platform.programs.result = 2;
   log.clear();
   inside(control).panel.CmdHelp.press();

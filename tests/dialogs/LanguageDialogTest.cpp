@@ -58,7 +58,7 @@ class LanguageDialog : public DialogFixture {
   void loadTexts(const char16_t* restart) { moduleWide().TextModulInfo[17] = restart; }
 };
 
-TEST_F(LanguageDialog, TheOptionsStandInTheirOwnLanguageBeforeTheFormIsLoaded) {
+TEST_F(LanguageDialog, TheOptionsAreInTheirOwnLanguageBeforeTheFormIsLoaded) {
   frmLanguage form(platform);
   EXPECT_EQ(form.OptionDE.caption(), u"Deutsch");
   EXPECT_EQ(form.OptionRU.caption(), u"???????");
@@ -68,7 +68,7 @@ TEST_F(LanguageDialog, TheOptionsStandInTheirOwnLanguageBeforeTheFormIsLoaded) {
   EXPECT_EQ(form.Tag(), u"");
 }
 
-TEST_F(LanguageDialog, ShowsElevenOptionsThreeOfThemInTheLanguageInForce) {
+TEST_F(LanguageDialog, ShowsElevenOptionsThreeOfThemInTheCurrentLanguage) {
   person([this] {
     for (const auto& row : languages) {
       EXPECT_EQ((dialog<frmLanguage>().*row.option).caption(), row.caption) << row.name;
@@ -100,7 +100,7 @@ TEST_F(LanguageDialog, TenPicturesStandBesideTheElevenOptions) {
   EXPECT_EQ(form.find(u"UniPictureBox11"), nullptr);
 }
 
-TEST_F(LanguageDialog, TheTitleBarIsAttachedAndReadsAsTheTextsSay) {
+TEST_F(LanguageDialog, TheTitleBarIsAttachedAndShowsItsText) {
   person([this] {
     ASSERT_EQ(forms.open->titleBar(), &dialog<frmLanguage>().UniFormCaptionB1);
     EXPECT_EQ(forms.open->titleBar()->caption(), u"Sprache");
@@ -114,7 +114,7 @@ TEST_F(LanguageDialog, PreselectsTheOptionOfTheNumber) {
   }
 }
 
-TEST_F(LanguageDialog, PreselectsGermanForANumberThatNoLanguageHas) {
+TEST_F(LanguageDialog, PreselectsGermanForAnUnknownNumber) {
   for (const std::int16_t number : std::vector<std::int16_t>{12, -1, 32767, -32768}) {
     EXPECT_THAT(preselected(number), ElementsAre("OptionDE")) << number;
   }
@@ -130,7 +130,7 @@ TEST_F(LanguageDialog, Preselects0ByTheCountryOfTheSystem) {
   }
 }
 
-TEST_F(LanguageDialog, OkOnWhatWasPreselectedFor0Stores1AndNot0) {
+TEST_F(LanguageDialog, OkOnTheLanguagePreselectedFor0Stores1AndNot0) {
   platform.systemLocale.country = u"43";
   inside(control).Language = 0;
   choose();
@@ -138,7 +138,7 @@ TEST_F(LanguageDialog, OkOnWhatWasPreselectedFor0Stores1AndNot0) {
   EXPECT_EQ(log.count(std::string(savedLanguage) + "1 type 4"), 1U);
 }
 
-TEST_F(LanguageDialog, OkGivesTheNumberOfTheChosenOption) {
+TEST_F(LanguageDialog, OkStoresTheNumberOfTheChosenOption) {
   for (const auto& row : languages) {
     inside(control).Language = row.number == 1 ? 2 : 1;
     log.clear();
@@ -170,7 +170,7 @@ TEST_F(LanguageDialog, ChoosingAnOptionClearsTheOthers) {
   inside(control).panel.cmdSettings.press();
 }
 
-TEST_F(LanguageDialog, OkRunsThroughInOrder) {
+TEST_F(LanguageDialog, OkMakesItsCallsInOrder) {
   inside(control).Language = 3;
   inside(control).AppPathString = u"/app";
   choose(&frmLanguage::OptionES);
@@ -217,14 +217,14 @@ TEST_F(LanguageDialog, CancelWithAChangedSelectionChangesNothing) {
   EXPECT_EQ(log.count("cmdCancel.gradient=16645629,15921131"), 1U);
 }
 
-TEST_F(LanguageDialog, OkOnTheLanguageInForceStillStoresAndAsksForARestart) {
+TEST_F(LanguageDialog, OkOnTheCurrentLanguageStillStoresAndAsksForARestart) {
   inside(control).Language = 5;
   choose();
   EXPECT_EQ(log.count(std::string(savedLanguage) + "5 "), 1U);
   EXPECT_EQ(log.count("Show 48 MERIDEX_CONF: "), 1U);
 }
 
-TEST_F(LanguageDialog, TheEnglishSentenceComesAlongUnlessEnglishWasInForce) {
+TEST_F(LanguageDialog, TheEnglishSentenceIsAddedUnlessEnglishWasCurrent) {
   loadTexts(u"Please restart!");
   inside(control).Language = 2;
   choose(&frmLanguage::OptionFR);
@@ -242,13 +242,13 @@ TEST_F(LanguageDialog, TheEnglishSentenceComesAlongUnlessEnglishWasInForce) {
             "Show 48 MERIDEX_CONF: Redémarrez !\n\nPlease restart application!");
 }
 
-TEST_F(LanguageDialog, KeepsTheAnswerToTheMessage) {
+TEST_F(LanguageDialog, StoresTheAnswerToTheMessage) {
   platform.messageAnswer = 7;
   choose();
   EXPECT_EQ(inside(control).lMsgResult, 7);
 }
 
-TEST_F(LanguageDialog, TheTextsInForceStayAsTheyAre) {
+TEST_F(LanguageDialog, TheCurrentTextsDoNotChange) {
   choose(&frmLanguage::OptionFR);
   EXPECT_EQ(moduleWide().TextModulInfo[16], u"Sprache");
   EXPECT_EQ(log.count("FileExists /app/MERIDEX_CONF"), 0U);
@@ -256,10 +256,10 @@ TEST_F(LanguageDialog, TheTextsInForceStayAsTheyAre) {
 
 TEST_F(LanguageDialog, IsUnloadedWhateverWasChosen) {
   choose();
-  EXPECT_EQ(moduleWide().frmLanguage, nullptr);
+  EXPECT_TRUE(moduleWide().frmLanguage.expired());
   person([this] { dialog<frmLanguage>().cmdCancel.press(); });
   inside(control).panel.cmdSettings.press();
-  EXPECT_EQ(moduleWide().frmLanguage, nullptr);
+  EXPECT_TRUE(moduleWide().frmLanguage.expired());
   EXPECT_EQ(inside(control).panel.blockedBy(), u"");
 }
 
@@ -272,7 +272,7 @@ TEST_F(LanguageDialog, SetsTheIconThatTheSettingNamesInTheFolderOfTheHost) {
   EXPECT_EQ(log.count("load /app\\logo.ico"), 1U);
 }
 
-TEST_F(LanguageDialog, AsksForItsIconEachTimeThatItLoads) {
+TEST_F(LanguageDialog, ReadsItsIconEachTimeItLoads) {
   platform.files = {u"/app\\first.ico", u"/app\\second.ico"};
   inside(control).AppPathString = u"/app";
   for (const auto* icon : {u"first.ico", u"second.ico"}) {
@@ -283,7 +283,7 @@ TEST_F(LanguageDialog, AsksForItsIconEachTimeThatItLoads) {
   EXPECT_EQ(log.count("modal run"), 2U);
 }
 
-TEST_F(LanguageDialog, AMissingIconFileIsNoError) {
+TEST_F(LanguageDialog, AMissingIconFileIsNotAnError) {
   platform.settings[iconSetting] = std::u16string(u"logo.ico");
   inside(control).AppPathString = u"/app";
   person([this] { EXPECT_EQ(forms.open->icon(), u""); });
@@ -292,7 +292,7 @@ TEST_F(LanguageDialog, AMissingIconFileIsNoError) {
   EXPECT_EQ(log.count("load"), 0U);
 }
 
-TEST_F(LanguageDialog, AnIconThatIsNoPictureIsAnErrorAndTheNextPressStartsAfresh) {
+TEST_F(LanguageDialog, AnIconThatIsNotAPictureIsAnErrorAndTheNextPressStartsAfresh) {
   platform.settings[iconSetting] = std::u16string(u"logo.ico");
   platform.files = {u"/app\\logo.ico"};
   platform.pictures.broken = true;
@@ -304,7 +304,7 @@ TEST_F(LanguageDialog, AnIconThatIsNoPictureIsAnErrorAndTheNextPressStartsAfresh
   EXPECT_EQ(log.count("frmLanguage hidden"), 1U);
 }
 
-TEST_F(LanguageDialog, AStoreThatRefusesTheLanguagePassesItsErrorOnWithTheNewNumberInForce) {
+TEST_F(LanguageDialog, AFailedWriteOfTheLanguagePassesItsErrorOnAndKeepsTheNewNumber) {
   person([this] {
     auto& form = dialog<frmLanguage>();
     form.OptionPL.select();
@@ -314,7 +314,7 @@ TEST_F(LanguageDialog, AStoreThatRefusesTheLanguagePassesItsErrorOnWithTheNewNum
   EXPECT_EQ(errorNumberOf([this] { inside(control).panel.cmdSettings.press(); }), 91);
   EXPECT_EQ(inside(control).Language, 10);
   EXPECT_EQ(log.count("Show"), 0U);
-  EXPECT_EQ(moduleWide().frmLanguage, nullptr);
+  EXPECT_TRUE(moduleWide().frmLanguage.expired());
 }
 
 TEST_F(LanguageDialog, TheButtonsShowByTheirColoursWhetherThePointerIsOverThem) {

@@ -55,12 +55,12 @@ TEST_P(OpenDialog, TheEndOfTheControlClosesItAndNothingIsCalledAfterwards) {
   });
   opener().press();
   EXPECT_THAT(log.entries(), IsEmpty());
-  EXPECT_EQ(moduleWide().frmLanguage, nullptr);
-  EXPECT_EQ(moduleWide().frmAbout, nullptr);
+  EXPECT_TRUE(moduleWide().frmLanguage.expired());
+  EXPECT_TRUE(moduleWide().frmAbout.expired());
   EXPECT_EQ(inside(control).panel.blockedBy(), u"");
 }
 
-TEST_P(OpenDialog, TheEndOfTheControlAfterOkLeavesTheLanguageAsItWas) {
+TEST_P(OpenDialog, TheEndOfTheControlAfterOkKeepsTheLanguage) {
   inside(control).Language = 3;
   person([this] {
     forms.open->defaultButton().press();
@@ -104,7 +104,7 @@ TEST_P(OpenDialog, TheControlMayBeShownAgainMeanwhile) {
   EXPECT_EQ(inside(control).panel.ComboComPort.state().items.size(), 1U);
 }
 
-TEST_P(OpenDialog, TheScanGoesOnBehindIt) {
+TEST_P(OpenDialog, TheScanContinuesWhileItIsOpen) {
   control.AutomaticConnection();
   log.clear();
   person([this] { platform.loop.tick(); });
@@ -112,7 +112,7 @@ TEST_P(OpenDialog, TheScanGoesOnBehindIt) {
   EXPECT_THAT(log.entries(), Contains("ModulActive(4)"));
 }
 
-TEST_P(OpenDialog, ComesUpInATurnOfTheEventLoopInARead) {
+TEST_P(OpenDialog, OpensInATurnOfTheEventLoopDuringARead) {
   bool opened = false;
   platform.loop.onYield = [&] {
     if (!std::exchange(opened, true)) opener().press();
@@ -129,7 +129,7 @@ TEST_P(OpenDialog, IsAnInvalidCallForAHostThatDrawsNoForms) {
   EXPECT_EQ(inside(control).panel.blockedBy(), u"");
 }
 
-TEST_P(OpenDialog, AControlThatCameUpAgainMeanwhileKeepsThePanelFree) {
+TEST_P(OpenDialog, AControlInitialisedAgainMeanwhileKeepsThePanelFree) {
   person([this] {
     control.UserControl_Terminate();
     control.UserControl_Initialize();

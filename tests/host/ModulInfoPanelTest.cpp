@@ -90,7 +90,7 @@ TEST_F(HostPanel, SignalsTheCallbacksOfARead) {
                                  "active 0", "no NFC"));
 }
 
-TEST_F(HostPanel, SignalsTheWishesOfThePerson) {
+TEST_F(HostPanel, SignalsTheRequestsOfTheUser) {
   ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
   panel.bringUp();
   panel.read();
@@ -138,7 +138,7 @@ TEST_F(HostPanel, LeavesTheChoiceToAHostThatShowsTheControlItself) {
   EXPECT_EQ(panel.control().get_Language(), 3);
 }
 
-TEST_F(HostPanel, LeavesTheSettingsAloneOnASimulatedModule) {
+TEST_F(HostPanel, DoesNotChangeTheSettingsOnASimulatedModule) {
   ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
   panel.bringUp();
   panel.read();
@@ -157,7 +157,7 @@ TEST_F(HostPanel, SaysWhatIsWrongWithASetting) {
   EXPECT_THROW(panel.bringUp(), RunTimeError);
 }
 
-TEST_F(HostPanel, ShowsWhatWentWrongInARead) {
+TEST_F(HostPanel, ShowsTheErrorOfARead) {
   ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
   panel.bringUp();
   QObject::connect(&panel, &ModulInfoPanel::StatusChange, [](const QString& /*text*/) {
@@ -168,7 +168,7 @@ TEST_F(HostPanel, ShowsWhatWentWrongInARead) {
   EXPECT_EQ(closed, "the host is at a loss");
 }
 
-TEST_F(HostPanel, StandsOnASystemThatTheHostPutTogether) {
+TEST_F(HostPanel, WorksOnASystemThatTheHostPutTogether) {
   FakePlatform platform;
   platform.serialKey.ports = {{"\\Device\\Silabser0", "COM3"}};
   {
@@ -182,7 +182,7 @@ TEST_F(HostPanel, StandsOnASystemThatTheHostPutTogether) {
   EXPECT_EQ(platform.log.count("ModbusCommObject.ShutDown"), 1U);
 }
 
-TEST_F(HostPanel, GivesTheQtWidgetsOfItsButtons) {
+TEST_F(HostPanel, ReturnsTheQtWidgetsOfItsButtons) {
   ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
   panel.bringUp();
   auto* button = qobject_cast<QAbstractButton*>(
@@ -193,14 +193,14 @@ TEST_F(HostPanel, GivesTheQtWidgetsOfItsButtons) {
   EXPECT_EQ(panel.viewOf(panel.control().panel().widget(u"TimerScanDevice")), nullptr);
 }
 
-TEST_F(HostPanel, ShowsWhatTheHostSaysWentWrong) {
+TEST_F(HostPanel, ShowsTheErrorsOfTheHost) {
   const ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
   closeNext(&QMessageBox::text);
   panel.showError("the disk is full");
   EXPECT_EQ(closed, "the disk is full");
 }
 
-TEST_F(HostPanel, HasItsViewFillIt) {
+TEST_F(HostPanel, IsFilledByItsView) {
   ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
   panel.resize(panel.sizeHint());
   EXPECT_EQ(panel.sizeHint().width(), Panel::width / 15);
@@ -209,7 +209,7 @@ TEST_F(HostPanel, HasItsViewFillIt) {
   EXPECT_EQ(panel.childrenRect().size(), panel.size());
 }
 
-TEST_F(HostPanel, TellsTheControlInWhichWindowItIsShown) {
+TEST_F(HostPanel, GivesTheControlItsWindow) {
   ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
   EXPECT_EQ(panel.control().get_hWnd(), 0U);
   panel.show();
@@ -227,7 +227,7 @@ TEST_F(HostPanel, OpensTheDialogsOfTheControl) {
   EXPECT_EQ(closed, "Information");
 }
 
-TEST_F(HostPanel, TellsTheVersionOfTheProductUntilTheHostTellsItsOwn) {
+TEST_F(HostPanel, ShowsTheVersionOfTheProductUntilTheHostSetsItsOwn) {
   ModulInfoPanel panel(nullptr, modules / "tessara-um-161.json");
   EXPECT_EQ(toUtf8(toText(panel.control().get_VersionString(), {})), toUtf8(maker.version));
   panel.control().put_VersionString(std::u16string(u"7.1"));
@@ -235,7 +235,7 @@ TEST_F(HostPanel, TellsTheVersionOfTheProductUntilTheHostTellsItsOwn) {
   EXPECT_EQ(toText(panel.control().get_VersionString(), {}), u"7.1");
 }
 
-TEST_F(HostPanel, MayBeDeletedByASlotInTheMiddleOfARead) {
+TEST_F(HostPanel, CanBeDeletedByASlotDuringARead) {
   auto* panel = new ModulInfoPanel(nullptr, modules / "tessara-um-161.json");
   panel->bringUp();
   bool isGone = false;

@@ -21,18 +21,18 @@ TEST_F(Classification, ViatorWithItsOwnDriverIsAHartAdapter) {
   EXPECT_EQ(numbers(), std::vector<std::int32_t>{7});
 }
 
-TEST_F(Classification, OtherPortsNeedTheOptionToBeExactlyOne) {
+TEST_F(Classification, OtherPortsNeedTheSettingToBeOne) {
   EXPECT_TRUE(linesOf({port("\\Device\\Serial0", "COM1")}, 0).empty());
   EXPECT_TRUE(linesOf({port("\\Device\\Serial0", "COM1")}, -1).empty());
   EXPECT_TRUE(linesOf({port("\\Device\\Serial0", "COM1")}, 2).empty());
   EXPECT_EQ(linesOf({port("\\Device\\Serial0", "COM1")}, 1), Lines{u"Serial Port (COM1)"});
 }
 
-TEST_F(Classification, OtherPortsThatAreNotCalledComAreNeverListed) {
+TEST_F(Classification, OtherPortsWithoutComInTheirNameAreNeverListed) {
   EXPECT_TRUE(linesOf({port("\\Device\\Serial0", "LPT12")}, 1).empty());
 }
 
-TEST_F(Classification, Twn4ReaderIsKnownByItsPort) {
+TEST_F(Classification, Twn4ReaderIsRecognisedByItsPort) {
   setUsbserCount(std::int64_t{1});
   addUsbser(0, u"USB\\VID_09D8&PID_0420\\A1", u"COM9");
   EXPECT_EQ(linesOf({port("\\Device\\USBSER000", "COM9")}), Lines{u"TWN4 NFC-Adapter (COM9)"});
@@ -48,13 +48,13 @@ TEST_F(Classification, Twn4ReadersThatShareAPortEachGiveALine) {
             (Lines{u"TWN4 NFC-Adapter (COM9)", u"TWN4 NFC-Adapter (COM9)"}));
 }
 
-TEST_F(Classification, Twn4PortIsComparedWithItsCase) {
+TEST_F(Classification, Twn4PortIsComparedCaseSensitively) {
   setUsbserCount(std::int64_t{1});
   addUsbser(0, u"USB\\VID_09D8&PID_0420\\A1", u"com9");
   EXPECT_TRUE(linesOf({port("\\Device\\USBSER000", "COM9")}).empty());
 }
 
-TEST_F(Classification, Twn4PortIsReadAnewForEachPort) {
+TEST_F(Classification, Twn4PortIsReadAgainForEachPort) {
   setUsbserCount(std::int64_t{1});
   addUsbser(0, u"USB\\VID_09D8&PID_0420\\A1", u"COM9");
   (void)linesOf({port("\\Device\\USBSER000", "COM8"), port("\\Device\\USBSER001", "COM9")});
@@ -98,7 +98,7 @@ TEST_F(Classification, AFoundViatorDropsTheLastOneForLaterPorts) {
             (Lines{u"Bluetooth Adapter (COM6)", u"Bluetooth Adapter (COM4)"}));
 }
 
-TEST_F(Classification, LinesStandInTheOrderOfTheSystem) {
+TEST_F(Classification, LinesAreInTheOrderOfTheSystem) {
   EXPECT_EQ(linesOf({port("\\Device\\Viator3", "COM12"), port("\\Device\\Serial0", "COM1"),
                      port("\\Device\\Silabser0", "COM3")},
                     1),
@@ -107,7 +107,7 @@ TEST_F(Classification, LinesStandInTheOrderOfTheSystem) {
   EXPECT_EQ(numbers(), (std::vector<std::int32_t>{12, 1, 3}));
 }
 
-TEST_F(Classification, KnownAdapterNeedsNoPortThatIsCalledCom) {
+TEST_F(Classification, KnownAdapterNeedsNoComInThePortName) {
   EXPECT_EQ(linesOf({port("\\Device\\Silabser0", "TTY17")}), Lines{u"USB Adapter OKT (TTY17)"});
   EXPECT_EQ(numbers(), std::vector<std::int32_t>{17});
 }

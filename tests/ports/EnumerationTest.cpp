@@ -14,7 +14,7 @@ const std::string usbserCount = R"(get SYSTEM\CurrentControlSet\Services\usbser\
 const std::string openForNames = "open -2147483646 HARDWARE\\DEVICEMAP\\SERIALCOMM 0 131097";
 const std::string openForData = "open -2147483646 HARDWARE\\DEVICEMAP\\SERIALCOMM 0 63";
 
-TEST_F(Enumeration, AsksTheSystemInOneFixedOrder) {
+TEST_F(Enumeration, QueriesTheSystemInAFixedOrder) {
   api.values = {port("\\Device\\Silabser0", "COM3"), port("\\Device\\USBSER000", "COM4")};
   enumerate();
   EXPECT_EQ(

@@ -74,21 +74,21 @@ TEST_F(Errors, AFailedAppendChangesNoEntry) {
   EXPECT_EQ(regEnum.PortLabels[0], u"USB Adapter OKT (COM3)");
 }
 
-TEST_F(Errors, ANumberBeyond32BitIsAnOverflow) {
+TEST_F(Errors, ANumberBeyond32BitsIsAnOverflow) {
   EXPECT_EQ(errorOfEnumeration({port("Silabser0", "COM2147483648")}), 6);
 }
 
-TEST_F(Errors, APortOfAForeignValueTypeReadsEmptyAndFailsForAKnownClass) {
+TEST_F(Errors, APortOfAnotherValueTypeReadsEmptyAndFailsForAKnownClass) {
   EXPECT_EQ(errorOfEnumeration({{"Silabser0", "COM3", 3}}), 5);
   EXPECT_EQ(regEnum.PortCount, 0);
 }
 
-TEST_F(Errors, APortOfAForeignValueTypeIsPassedOverAmongOtherPorts) {
+TEST_F(Errors, APortOfAnotherValueTypeIsSkippedAmongOtherPorts) {
   EXPECT_EQ(linesOf({{"Serial0", "COM3", 3}, port("Silabser0", "COM4")}, 1),
             Lines{u"USB Adapter OKT (COM4)"});
 }
 
-TEST_F(Errors, AnEmptyPortBehindUsbserMeetsTheEmptyTwn4Path) {
+TEST_F(Errors, AnEmptyPortBehindUsbserMatchesTheEmptyTwn4Path) {
   EXPECT_EQ(errorOfEnumeration({{"USBSER0", "COM3", 3}}), 5);
 }
 
@@ -99,12 +99,12 @@ TEST_F(Errors, AnAccountThatMayNotChangeTheKeyEndsInAnInvalidCall) {
   EXPECT_EQ(regEnum.PortDeviceNames[0], u"Silabser0");
 }
 
-TEST_F(Errors, ACountThatIsNoNumberIsATypeMismatch) {
+TEST_F(Errors, ACountThatIsNotANumberIsATypeMismatch) {
   setUsbserCount(std::u16string(u"many"));
   EXPECT_EQ(errorOfEnumeration({port("Silabser0", "COM3")}), 13);
 }
 
-TEST_F(Errors, AnErrorOfTheSettingsPassesToTheCallerAndLinesBeforeItStay) {
+TEST_F(Errors, AnErrorOfTheSettingsPassesToTheCallerAndEarlierLinesStay) {
   setUsbserCount(std::int64_t{2});
   addUsbser(0, u"USB\\VID_09D8&PID_0420\\A1", u"COM9");
   addUsbser(1, u"USB\\VID_09D8&PID_0420\\A2", u"COM8");

@@ -13,7 +13,7 @@ TEST(PortClass, EachClassHasItsLabel) {
   EXPECT_EQ(portLabel(PortClass::Plain, u"COM1"), u"Serial Port (COM1)");
 }
 
-TEST(PortClass, DriverWordsAreFoundAnywhereAndInAnyCase) {
+TEST(PortClass, DriverWordsAreFoundAnywhereIgnoringCase) {
   EXPECT_EQ(portDriverOf(u"\\Device\\Silabser0"), PortDriver::Silabser);
   EXPECT_EQ(portDriverOf(u"xSLABSERx"), PortDriver::Silabser);
   EXPECT_EQ(portDriverOf(u"VIATOR"), PortDriver::Viator);
@@ -22,7 +22,7 @@ TEST(PortClass, DriverWordsAreFoundAnywhereAndInAnyCase) {
   EXPECT_EQ(portDriverOf(u""), PortDriver::Other);
 }
 
-TEST(PortClass, OfSeveralDriverWordsTheFirstInTheOrderOfTestsDecides) {
+TEST(PortClass, OfSeveralDriverWordsTheFirstOneTestedDecides) {
   EXPECT_EQ(portDriverOf(u"usbser viator slabser"), PortDriver::Silabser);
   EXPECT_EQ(portDriverOf(u"usbser viator"), PortDriver::Viator);
 }
@@ -59,7 +59,7 @@ TEST(PortClass, PassesGoFromTheLastModemToTheFirst) {
             (std::vector<PortClass>{PortClass::Plain, PortClass::ViatorOverUsbser}));
 }
 
-TEST(PortClass, TheNumberOfPassesIsFixedWhenTheyBegin) {
+TEST(PortClass, TheNumberOfPassesIsFixedAtTheBeginning) {
   ViatorList viators = twoViators();
   viators.ports[2] = u"COM4";
   EXPECT_EQ(viatorPasses(viators, u"COM4", true),
@@ -67,7 +67,7 @@ TEST(PortClass, TheNumberOfPassesIsFixedWhenTheyBegin) {
   EXPECT_EQ(viators.count, 0);
 }
 
-TEST(PortClass, PortNamesAreComparedWithTheirCase) {
+TEST(PortClass, PortNamesAreComparedCaseSensitively) {
   ViatorList viators = twoViators();
   EXPECT_EQ(viatorPasses(viators, u"com4", true), std::vector<PortClass>(2, PortClass::Plain));
 }

@@ -23,31 +23,31 @@ TEST_F(PortIndex, IsTheLineOfThePort) {
   EXPECT_EQ(FindPortIndex(regEnum, 9), 2);
 }
 
-TEST_F(PortIndex, WithoutAHitIsTheFirstLine) {
+TEST_F(PortIndex, WithoutAMatchIsTheFirstLine) {
   EXPECT_EQ(FindPortIndex(regEnum, 3), 0);
   list({"COM3", "COM7"});
   EXPECT_EQ(FindPortIndex(regEnum, 5), 0);
   EXPECT_EQ(FindPortIndex(regEnum, 999), 0);
 }
 
-TEST_F(PortIndex, TheLastHitWins) {
+TEST_F(PortIndex, TheLastMatchWins) {
   list({"COM3", "COM4", "com3"});
   EXPECT_EQ(FindPortIndex(regEnum, 3), 2);
 }
 
-TEST_F(PortIndex, ANumberHitsALongerOneThatItBegins) {
+TEST_F(PortIndex, ANumberMatchesALongerOneThatItBegins) {
   list({"COM3", "COM31"});
   EXPECT_EQ(FindPortIndex(regEnum, 3), 1);
   EXPECT_EQ(FindPortIndex(regEnum, 1), 0);
 }
 
-TEST_F(PortIndex, LinesLeftOverFromEarlierAreNotSearched) {
+TEST_F(PortIndex, LeftOverLinesAreNotSearched) {
   list({"COM3", "COM4", "COM5"});
   list({"COM3"});
   EXPECT_EQ(FindPortIndex(regEnum, 5), 0);
 }
 
-TEST_F(PortIndex, ANegativeNumberHitsNothing) {
+TEST_F(PortIndex, ANegativeNumberMatchesNothing) {
   list({"COM3", "COM4"});
   EXPECT_EQ(FindPortIndex(regEnum, -4), 0);
 }

@@ -57,7 +57,7 @@ TEST_F(SerialCommValue, AValueThatCannotBeQueriedIsAnInvalidCall) {
   EXPECT_EQ(api.openKeys, 0);
 }
 
-TEST_F(SerialCommValue, TheResultOfOpeningIsNotLookedAt) {
+TEST_F(SerialCommValue, TheResultOfOpeningIsIgnored) {
   api.openResult[0x3F] = 5;
   api.handleInSpiteOfError = true;
   EXPECT_EQ(valueOf({"COM3\0", 5}, 1), u"COM3");

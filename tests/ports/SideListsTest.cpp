@@ -32,7 +32,7 @@ TEST_F(SideLists, ViatorsAreWalkedFromOneToTheFirstEmptyInstance) {
   EXPECT_FALSE(asked(viatorKey(4)));
 }
 
-TEST_F(SideLists, AForeignPortNameEndsTheWalkOverTheViators) {
+TEST_F(SideLists, AnotherPortNameEndsTheWalkOverTheViators) {
   addViator(1, u"COM4");
   addViator(2, u"LPT1");
   addViator(3, u"COM6");
@@ -111,7 +111,7 @@ TEST_F(SideLists, ElevenTwn4ReadersFit) {
   EXPECT_EQ(linesOf({port("USBSER0", "COM30")}), Lines{u"TWN4 NFC-Adapter (COM30)"});
 }
 
-TEST_F(SideLists, SideListsStartAnewWithEachEnumeration) {
+TEST_F(SideLists, SideListsAreRebuiltByEachEnumeration) {
   addViator(1, u"COM4");
   (void)linesOf({port("USBSER0", "COM4")});
   registry.values.clear();

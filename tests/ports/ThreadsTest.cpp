@@ -7,7 +7,7 @@
 namespace tessara {
 namespace {
 
-TEST(Threads, EachThreadHasAPortListOfItsOwn) {
+TEST(Threads, EachThreadHasItsOwnPortList) {
   moduleWide().PortCount = 1;
   moduleWide().PortLabels[0] = u"USB Adapter OKT (COM3)";
   std::int32_t countElsewhere = -1;

@@ -13,7 +13,7 @@ namespace {
 class AboutBoxView : public DialogOnScreen {
  protected:
   void open(const std::function<void(FormView&)>& person) { press(panel.CmdAbout, person); }
-  static frmAbout& form() { return *moduleWide().frmAbout; }
+  static frmAbout& form() { return *moduleWide().frmAbout.lock(); }
 
   template <class Kind = QAbstractButton>
   static Kind& part(FormView& view, std::u16string_view name) {

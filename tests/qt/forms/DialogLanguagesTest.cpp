@@ -21,8 +21,8 @@ class DialogLanguages : public DialogOnScreen, public ::testing::WithParamInterf
 
   /// Calls the function with each dialog in turn.
   void lookAt(const std::function<void(FormView&, const Form&)>& look) {
-    press(panel.cmdSettings, [&](FormView& view) { look(view, *moduleWide().frmLanguage); });
-    press(panel.CmdAbout, [&](FormView& view) { look(view, *moduleWide().frmAbout); });
+    press(panel.cmdSettings, [&](FormView& view) { look(view, *moduleWide().frmLanguage.lock()); });
+    press(panel.CmdAbout, [&](FormView& view) { look(view, *moduleWide().frmAbout.lock()); });
   }
 
   /// Calls the function with each visible widget of both.

@@ -12,7 +12,7 @@ namespace {
 class LanguageDialogView : public DialogOnScreen {
  protected:
   void open(const std::function<void(FormView&)>& person) { press(panel.cmdSettings, person); }
-  static frmLanguage& form() { return *moduleWide().frmLanguage; }
+  static frmLanguage& form() { return *moduleWide().frmLanguage.lock(); }
 
   template <class Kind = QAbstractButton>
   static Kind& button(FormView& view, std::u16string_view name) {
@@ -182,14 +182,14 @@ TEST_F(LanguageDialogView, ClosesWithItsOwner) {
   QtForms its(*owner);
   control->setFormObserver(&its);
   open([&](FormView& /*view*/) { owner.reset(); });
-  EXPECT_EQ(moduleWide().frmLanguage, nullptr);
+  EXPECT_TRUE(moduleWide().frmLanguage.expired());
 }
 
 TEST_F(LanguageDialogView, ClosesWithTheViewOfThePanel) {
   auto its = std::make_unique<QtForms>(window);
   control->setFormObserver(its.get());
   open([&](FormView& /*view*/) { its.reset(); });
-  EXPECT_EQ(moduleWide().frmLanguage, nullptr);
+  EXPECT_TRUE(moduleWide().frmLanguage.expired());
 }
 
 TEST_F(LanguageDialogView, ClosesWhenTheProgramQuits) {
@@ -204,7 +204,7 @@ TEST_F(LanguageDialogView, ClosesWhenTheProgramQuits) {
     });
     QCoreApplication::exec();
     EXPECT_TRUE(ended);
-    EXPECT_EQ(moduleWide().frmLanguage, nullptr);
+    EXPECT_TRUE(moduleWide().frmLanguage.expired());
     EXPECT_EQ(log.count("SetValue"), 0U);
   }
 }
