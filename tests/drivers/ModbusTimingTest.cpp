@@ -17,7 +17,7 @@ using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::Ge;
 
-ModbusTimings patientTimings() {
+ModbusTimings unhurriedTimings() {
   return {.answer = 20s, .pauses = 20s};
 }
 
@@ -28,7 +28,7 @@ TEST_P(ModbusSilence, IsKeptBetweenAnAnswerAndTheNextRequest) {
       {1200, 32083us}, {2400, 16041us}, {4800, 8020us},   {9600, 4010us},
       {19200, 2005us}, {38400, 1750us}, {115200, 1750us},
   };
-  ModbusLine line(always(registersAnswer(192, {1})), patientTimings());
+  ModbusLine line(always(registersAnswer(192, {1})), unhurriedTimings());
   ASSERT_TRUE(line.connect(GetParam()));
   for (int i = 0; i < 5; ++i) {
     line.registers(4, 1);
@@ -44,7 +44,7 @@ INSTANTIATE_TEST_SUITE_P(BitsPerSecond, ModbusSilence,
 constexpr auto silenceAt300 = 128ms;
 
 TEST(ModbusTiming, ALineThatHasBeenQuietLongEnoughIsUsedAtOnce) {
-  ModbusLine line(always(registersAnswer(192, {1})), patientTimings());
+  ModbusLine line(always(registersAnswer(192, {1})), unhurriedTimings());
   ASSERT_TRUE(line.connect(300));
   auto quickest = std::chrono::steady_clock::duration::max();
   // Other programs may slow down some of the reads, but not all.
@@ -59,7 +59,7 @@ TEST(ModbusTiming, ALineThatHasBeenQuietLongEnoughIsUsedAtOnce) {
 }
 
 TEST(ModbusTiming, WhatComesUnaskedPutsTheNextRequestOff) {
-  ModbusLine line(always(registersAnswer(192, {1})), patientTimings());
+  ModbusLine line(always(registersAnswer(192, {1})), unhurriedTimings());
   ASSERT_TRUE(line.connect(300));
   std::this_thread::sleep_for(2 * silenceAt300);
   line.slave.sendUnasked({0x55});
@@ -89,7 +89,7 @@ TEST(ModbusTiming, APortThatTakesNoCharactersIsAnError) {
 }
 
 TEST(ModbusTiming, AnUnpluggedPortEndsTheWaitAtOnce) {
-  ModbusLine line(inTurn({{{50ms, {}, true}}}), patientTimings());
+  ModbusLine line(inTurn({{{50ms, {}, true}}}), unhurriedTimings());
   ASSERT_TRUE(line.connect());
   const auto begun = std::chrono::steady_clock::now();
   EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
@@ -99,7 +99,7 @@ TEST(ModbusTiming, AnUnpluggedPortEndsTheWaitAtOnce) {
 }
 
 TEST(ModbusTiming, APortUnpluggedInTheMiddleOfAnAnswerHasGone) {
-  ModbusLine line(inTurn({{{0ms, {192, 4, 2}}, {50ms, {}, true}}}), patientTimings());
+  ModbusLine line(inTurn({{{0ms, {192, 4, 2}}, {50ms, {}, true}}}), unhurriedTimings());
   ASSERT_TRUE(line.connect());
   EXPECT_EQ(errorOf([&] { line.registers(4, 1); }),
             line.port() + ", input register 4 at address 192: the port has gone");
@@ -119,7 +119,7 @@ TEST(ModbusTiming, EveryReadFromAnUnpluggedPortFailsAndCostsNoTime) {
 }
 
 TEST(ModbusTiming, APortThatIsBackCanBeUsedAgain) {
-  ModbusLine line(inTurn({{{0ms, {}, true}}}), patientTimings());
+  ModbusLine line(inTurn({{{0ms, {}, true}}}), unhurriedTimings());
   ASSERT_TRUE(line.connect());
   EXPECT_NE(errorOf([&] { line.registers(4, 1); }), "");
   line.driver.CloseSerialConnection();
