@@ -17,7 +17,7 @@ void require(bool holds) {
   if (!holds) std::abort();
 }
 
-/// All that is found in the bytes when they come in pieces of up to `piece`.
+/// All frames found in the bytes when they come in pieces of up to `piece`.
 std::vector<HartReception> receptionsOf(std::span<const std::uint8_t> bytes, std::size_t piece) {
   HartParser parser;
   std::vector<HartReception> found;
@@ -36,7 +36,7 @@ std::vector<HartReception> receptionsOf(std::span<const std::uint8_t> bytes, std
   return found;
 }
 
-/// What a driver does with a sound frame.
+/// What a driver does with an intact frame.
 void useFrame(const HartFrame& frame) {
   const HartFrame request = hartRequest(frame.address, frame.commandNumber());
   (void)isHartAnswer(frame, request);
@@ -57,8 +57,8 @@ void useFrame(const HartFrame& frame) {
 }  // namespace
 }  // namespace tessara
 
-/// Whatever comes over the line: it does not matter in which pieces, a sound frame is encoded to
-/// the bytes that it came in, and nothing fails other than by its own fault.
+/// Any bytes from the line: the pieces make no difference, an intact frame is encoded to the same
+/// bytes again, and everything fails only with its own error.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tessara;
   const std::span<const std::uint8_t> bytes(data, size);

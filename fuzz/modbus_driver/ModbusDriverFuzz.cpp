@@ -27,7 +27,7 @@ void readAnswer(const ModbusRequest& request, std::span<const std::uint8_t> fram
   }
 }
 
-/// What a module sends as data is what the driver takes out of its answer.
+/// The driver finds the data that the module sent.
 void readOwnAnswer(const ModbusRequest& request, std::span<const std::uint8_t> data) {
   Bytes counted{static_cast<std::uint8_t>(data.size())};
   counted.insert(counted.end(), data.begin(), data.end());
@@ -40,7 +40,7 @@ void readOwnAnswer(const ModbusRequest& request, std::span<const std::uint8_t> d
 }  // namespace
 }  // namespace tessara
 
-/// No answer brings the driver down, or makes it fail in another way than by its own fault.
+/// Any answer makes the driver fail only with its own error.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using tessara::ModbusRequest;
   const std::span<const std::uint8_t> bytes(data, size);

@@ -15,7 +15,7 @@ void require(bool holds) {
   }
 }
 
-/// A frame that is understood is the very frame that its request makes.
+/// A decoded frame is encoded to the same bytes again.
 void decode(const Bytes& frame) {
   if (const auto request = decodeModbusRequest(frame)) {
     require(modbusFrame(request->address, request->function, request->data) == frame);
@@ -25,9 +25,9 @@ void decode(const Bytes& frame) {
 }  // namespace
 }  // namespace tessara
 
-/// Bytes from a master, in pieces of the length that the first one gives and with a silence at the
-/// end: all of them end in frames, and none of them brings the simulator down. Since few of them
-/// have a right checksum, they also come with one.
+/// Bytes from a master, in pieces whose length is in the first byte and with a silence at the end:
+/// all of them end in frames, and the simulator survives them. Since few have a right checksum,
+/// they are also tried with one.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::span<const std::uint8_t> bytes(data, size);
   const std::size_t piece = size == 0 ? 1 : data[0] + std::size_t{1};

@@ -4,7 +4,7 @@
 
 #include "simulator/ModuleFile.h"
 
-/// Whatever a module file holds, it describes a module or is refused with its own error.
+/// Any module file describes a module or is refused with its own error.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   try {
     (void)tessara::parseModule(std::string(data, data + size), "module.json");

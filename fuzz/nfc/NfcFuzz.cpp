@@ -61,7 +61,7 @@ void readLine(Input bytes) {
   require(bytesOfHex(hexText(contents)) == contents);
 }
 
-/// Messages, each behind its length.
+/// Messages, each preceded by its length.
 void assemble(Input bytes) {
   PieceAssembler assembler;
   while (!bytes.empty()) {
@@ -72,8 +72,8 @@ void assemble(Input bytes) {
   }
 }
 
-/// What a tag answers to each request of an exchange, each behind its length; a length of 255 is a
-/// refusal, and each answer takes a while.
+/// The answers of a tag to the requests of an exchange, each preceded by its length; a length of
+/// 255 is a refusal, and each answer takes a while.
 void exchangeMessages(Input bytes) {
   using namespace std::chrono_literals;
   MailboxExchange::Clock::time_point now{1h};
@@ -99,8 +99,7 @@ constexpr std::array decoders{readAirRequest, readAirAnswer, readReport,
 }  // namespace
 }  // namespace tessara
 
-/// The first byte says who reads the others. None of them fails in another way than by its own
-/// fault.
+/// The first byte selects the decoder of the others. Each fails only with its own error.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using tessara::decoders;
   if (size == 0) return 0;

@@ -29,7 +29,7 @@ void askTwn4(std::span<const std::uint8_t> bytes) {
   }
 }
 
-/// Reports of a client, each behind its length.
+/// Reports of a client, each preceded by its length.
 void askBoard(std::span<const std::uint8_t> bytes) {
   SimulatedBoard board(module());
   (void)board.answer(cr95hf::reportOf(cr95hf::ReportId::ToChip, cr95hf::selectIso15693));
@@ -44,7 +44,7 @@ void askBoard(std::span<const std::uint8_t> bytes) {
 }  // namespace
 }  // namespace tessara
 
-/// Nothing that a client sends brings a simulated reader down: the first byte says which of them.
+/// A simulated reader survives anything that a client sends; the first byte selects the reader.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
   const std::span<const std::uint8_t> bytes(data + 1, size - 1);

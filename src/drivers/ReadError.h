@@ -6,7 +6,7 @@
 
 namespace tessara {
 
-/// A read from a module has failed. The message tells a technician port, request and cause:
+/// A read from a module has failed. The message names port, request and cause:
 /// "COM3 (/dev/ttyUSB0), input registers 5..8 at address 192: no answer within 500 ms, asked
 /// twice".
 class ReadError : public std::runtime_error {

@@ -4,6 +4,9 @@
 
 namespace tessara {
 
+/// Lowest rate in bit/s that drivers use: at lower ones a read would block its caller for minutes.
+inline constexpr std::int32_t minLineRate = 300;
+
 enum class Parity { None, Even, Odd };
 
 /// How characters travel on a serial line.

@@ -32,7 +32,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view filePrefix = "COM";
 constexpr ::mode_t ownerOnly = 0700;
 
-/// While it lives, no other process changes the announcements.
+/// No other process changes the announcements while this object lives.
 class FolderLock {
  public:
   explicit FolderLock(const fs::path& folder)
@@ -43,10 +43,10 @@ class FolderLock {
   }
 
  private:
-  FileDescriptor folder_;  // closing it gives the lock back
+  FileDescriptor folder_;  // closing it releases the lock
 };
 
-/// True for a folder, not a link to one, that only this user can write to.
+/// True for a folder, not a link to one, that no other user can write to.
 bool isOwnFolder(const fs::path& folder) {
   struct ::stat status {};
   return ::lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
@@ -97,7 +97,7 @@ std::optional<RunningPort> readPort(const fs::path& file) {
   }
 }
 
-/// Every announcement in the folder, those of dead processes too.
+/// Every announcement in the folder, including those of ended processes.
 std::vector<RunningPort> announcedPorts(const fs::path& folder) {
   std::vector<RunningPort> ports;
   std::error_code error;
@@ -108,14 +108,14 @@ std::vector<RunningPort> announcedPorts(const fs::path& folder) {
   return ports;
 }
 
-/// To be called with the folder locked: otherwise the file may already be a new port's.
+/// Call it with the folder locked: otherwise the file may already belong to a new port.
 void removeDeadPorts(const fs::path& folder) {
   for (const RunningPort& port : announcedPorts(folder)) {
     if (!isAlive(port.process)) ::unlink(fileOf(folder, port.number).c_str());
   }
 }
 
-/// Readers see the old content or the new one, never a part.
+/// Readers see the old contents or the new ones, never a part.
 void writePort(const fs::path& folder, int number, const std::string& namePrefix,
                const std::string& device) {
   const fs::path file = fileOf(folder, number);
@@ -150,7 +150,7 @@ std::vector<RunningPort> runningPorts() {
       const FolderLock lock(folder);
       removeDeadPorts(folder);
     } catch (const std::system_error&) {
-      // Whoever announces the next port will try again.
+      // The next announcement tries again.
     }
   }
   std::erase_if(ports,

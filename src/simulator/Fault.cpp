@@ -7,7 +7,7 @@ namespace tessara {
 
 namespace {
 
-/// Applies one effect after the other to the answer of a request.
+/// Applies effects to the answer of a request.
 struct Spoiler {
   const MasterRequest& request;
   SimulatedAnswer& answer;
@@ -46,7 +46,7 @@ void require(bool condition, const char* otherwise) {
   if (!condition) throw std::invalid_argument(otherwise);
 }
 
-/// Has an overload for each alternative that can be wrong, and one for all others.
+/// Has an overload for each alternative that can be invalid, and one for all others.
 struct Checker {
   void operator()(const faults::ExceptionReply& fault) const {
     require(fault.code != 0, "the exception code must not be 0");

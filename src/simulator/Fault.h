@@ -21,7 +21,7 @@ struct ExceptionReply {
   std::uint8_t code;
 };
 
-/// The answer carries another station's address.
+/// The answer carries another address.
 struct WrongAddress {
   std::uint8_t address;
 };
@@ -35,17 +35,17 @@ struct CutOff {
 };
 
 /// The port is pulled out once the first `bytes` bytes of the answer have been read by the client:
-/// 0 while the client waits, nothing behind the whole answer. With `replugAfter` the port comes
-/// back after that time, with 0 before anybody can find it away, without it never by itself.
+/// 0 while the client waits, without a value after the whole answer. With `replugAfter` the port
+/// comes back after that time, with 0 before any client can notice, without it never by itself.
 struct Unplug {
   std::optional<std::size_t> bytes;
   std::optional<std::chrono::milliseconds> replugAfter;
 };
 
-/// The request is sent back in front of the answer, as by an adapter that hears itself.
+/// The request is sent back before the answer, as by an adapter that hears itself.
 struct Echo {};
 
-/// These bytes are sent in front of everything else.
+/// These bytes are sent before everything else.
 struct Noise {
   Bytes bytes;
 };
@@ -81,23 +81,23 @@ using FaultEffect =
                  faults::Unplug, faults::Echo, faults::Noise, faults::LateReply, faults::NoReply>;
 using FaultTrigger = std::variant<faults::At, faults::Every, faults::ByChance>;
 
-/// One fault that has been ordered: what goes wrong, and when.
+/// One ordered fault: what goes wrong, and when.
 struct Fault {
   FaultEffect effect;
   FaultTrigger trigger;
 };
 
-/// Throws std::invalid_argument that says what no fault can be: a request number or step of 0, a
+/// Throws std::invalid_argument for an impossible fault: a request number or step of 0, a
 /// probability outside 0 to 1, exception code 0, a cut that leaves nothing, noise without bytes.
 void checkFault(const Fault& fault);
 
-/// A part of an answer that follows the one before after a pause.
+/// A part of an answer that follows the previous one after a pause.
 struct SimulatedPiece {
   std::chrono::milliseconds pause{0};
   Bytes bytes;
 };
 
-/// What a module sends in answer to one request, and what happens beside it.
+/// What a module sends in answer to one request, and what else happens then.
 struct SimulatedAnswer {
   Bytes bytes;  ///< nothing is sent if empty
   std::chrono::milliseconds delay{0};
@@ -105,23 +105,23 @@ struct SimulatedAnswer {
   std::vector<SimulatedPiece> more{};  ///< what follows the bytes
 };
 
-/// Throws what checkFault throws for a trigger.
+/// Throws what checkFault throws for its trigger.
 void checkTrigger(const FaultTrigger& trigger);
 
-/// Decides for one request after the other whether a fault falls on it.
+/// Decides for each request in turn whether a fault falls on it.
 class FaultClock {
  public:
   explicit FaultClock(const FaultTrigger& trigger);
 
-  /// To be asked once for each request; they are counted from 1.
+  /// Call it once for each request; requests are counted from 1.
   bool fallsOn(std::uint64_t request);
 
  private:
   FaultTrigger trigger_;
-  std::mt19937_64 random_;  // used by faults::ByChance alone
+  std::mt19937_64 random_;  // used by faults::ByChance only
 };
 
-/// Decides for one request after the other which of the ordered faults fall on it.
+/// Decides for each request in turn which of the ordered faults fall on it.
 class FaultPlan {
  public:
   /// Throws what checkFault throws.

@@ -15,7 +15,7 @@ FaultTrigger uncheckedTrigger(const JsonReader& node) {
     node.fail(R"(needs one of the keys "at", "every" and "probability")");
   }
   if (node.has("seed") && !node.has("probability")) {
-    node["seed"].fail("goes with the key \"probability\" only");
+    node["seed"].fail("is valid only with the key \"probability\"");
   }
   if (node.has("at")) return faults::At{node["at"].number(1, maxRequests)};
   if (node.has("every")) return faults::Every{node["every"].number(1, maxRequests)};
@@ -48,9 +48,9 @@ std::chrono::milliseconds readDelay(const JsonReader& node) {
   return std::chrono::milliseconds(node.number(0, maxDelay));
 }
 
-faults::Unplug readUnplug(const JsonReader& node, std::size_t longest) {
+faults::Unplug readUnplug(const JsonReader& node, std::size_t maxLength) {
   faults::Unplug unplug;
-  if (node.has("bytes")) unplug.bytes = node["bytes"].number(0, longest);
+  if (node.has("bytes")) unplug.bytes = node["bytes"].number(0, maxLength);
   if (node.has("replugAfter")) unplug.replugAfter = readDelay(node["replugAfter"]);
   return unplug;
 }

@@ -16,11 +16,11 @@ namespace tessara {
 template <class Effect>
 struct FaultKind {
   std::string_view name;
-  std::vector<std::string_view> keys;  ///< beside those of every fault
+  std::vector<std::string_view> keys;  ///< in addition to those of every fault
   Effect (*read)(const JsonReader&);
 };
 
-/// When a fault in a module file is to happen. Throws JsonError.
+/// When a fault in a module file happens. Throws JsonError.
 FaultTrigger readTrigger(const JsonReader& node);
 
 /// A byte, a list of bytes, and a time in milliseconds of up to an hour.
@@ -28,10 +28,10 @@ std::uint8_t readByte(const JsonReader& node);
 Bytes readBytes(const JsonReader& node);
 std::chrono::milliseconds readDelay(const JsonReader& node);
 
-/// The fault "unplug" of an answer of up to `longest` bytes.
-faults::Unplug readUnplug(const JsonReader& node, std::size_t longest);
+/// The fault "unplug" of an answer of up to `maxLength` bytes.
+faults::Unplug readUnplug(const JsonReader& node, std::size_t maxLength);
 
-/// What the fault at `node` does: it must be one of `kinds`. Throws JsonError.
+/// The effect of the fault at `node`, which must be one of `kinds`. Throws JsonError.
 template <class Effect>
 Effect readEffect(const JsonReader& node, const std::vector<FaultKind<Effect>>& kinds) {
   const JsonReader named = node["kind"];

@@ -12,7 +12,7 @@ namespace tessara {
 
 namespace {
 
-/// Signals are for the program's own threads.
+/// Signals are left to the program's own threads.
 void blockSignals() {
   ::sigset_t all;
   ::sigfillset(&all);
@@ -49,7 +49,7 @@ void LinePort::plug() {
 void LinePort::onLine(const std::function<void()>& action) const {
   asio::io_context& context = loop_->context();
   if (context.get_executor().running_in_this_thread()) return action();
-  // Shared, since the caller may have its result before the task has quite returned.
+  // Shared, since the caller may have its result before the task has returned.
   auto task = std::make_shared<std::packaged_task<void()>>(action);
   asio::post(context, [task] { (*task)(); });
   task->get_future().get();

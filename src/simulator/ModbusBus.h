@@ -14,27 +14,27 @@
 
 namespace tessara {
 
-/// A request that was seen on a line, with the bytes sent for it: none if there was no answer.
+/// A request seen on a line, with the bytes sent in answer: none if there was no answer.
 struct SeenRequest {
   MasterRequest request;
   Bytes answer;
 };
 
-/// How many frames a line has seen.
+/// Counts of frames seen on a line.
 struct LineCounters {
   std::uint64_t requests = 0;  ///< addressed to a module on this line
-  std::uint64_t foreign = 0;   ///< sound, but for another station, or for all
+  std::uint64_t foreign = 0;   ///< intact, but for another address, or for all
   std::uint64_t damaged = 0;   ///< with a wrong checksum or length
 };
 
 /// The Modbus modules on one line.
 class ModbusBus final : public SimulatedLine {
  public:
-  /// Requests that the log keeps; older ones leave it.
+  /// Requests that the log keeps; older ones are dropped.
   static constexpr std::size_t maxLogged = 1000;
 
   /// Throws std::invalid_argument if there is no module, if two share an address, or if a module is
-  /// impossible.
+  /// invalid.
   explicit ModbusBus(std::vector<SimulatedModule> modules);
 
   std::vector<SimulatedAnswer> receive(std::span<const std::uint8_t> bytes) override;

@@ -35,7 +35,7 @@ Bytes counted(const Bytes& contents) {
 ModbusSlave::ModbusSlave(SimulatedModule module)
     : module_(std::move(module)), plan_(std::exchange(module_.faults, {})) {
   if (module_.address == 0 || module_.address > maxAddress) {
-    throw std::invalid_argument("a station has an address from 1 to " + std::to_string(maxAddress) +
+    throw std::invalid_argument("a module has an address from 1 to " + std::to_string(maxAddress) +
                                 ", not " + std::to_string(module_.address));
   }
 }

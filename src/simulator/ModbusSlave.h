@@ -9,10 +9,10 @@
 
 namespace tessara {
 
-/// One module as a Modbus station: the answers that its registers and its faults give.
+/// One module on a Modbus line: the answers that follow from its registers and its faults.
 class ModbusSlave {
  public:
-  /// Throws std::invalid_argument if the address is no station's or a fault is impossible.
+  /// Throws std::invalid_argument if the address is not a module's or a fault is invalid.
   explicit ModbusSlave(SimulatedModule module);
 
   [[nodiscard]] std::uint8_t address() const { return module_.address; }
@@ -21,10 +21,10 @@ class ModbusSlave {
   SimulatedAnswer answer(const MasterRequest& request);
 
   /// Replaces all faults, and counts requests from 1 again. Throws std::invalid_argument if a
-  /// fault is impossible; then all stays as it was.
+  /// fault is invalid; nothing changes then.
   void setFaults(std::vector<Fault> faults);
 
-  /// Gives the register a value, and the module the register if it has none of that number.
+  /// Sets the register, and adds it if the module does not have it.
   void setRegister(std::uint16_t number, std::uint16_t word);
 
  private:
@@ -33,7 +33,7 @@ class ModbusSlave {
   [[nodiscard]] Bytes reportServerId() const;
   [[nodiscard]] Bytes refuse(const MasterRequest& request, ModbusException code) const;
 
-  SimulatedModule module_;  // its list of faults has become the plan
+  SimulatedModule module_;  // its list of faults has moved to plan_
   FaultPlan plan_;
 };
 

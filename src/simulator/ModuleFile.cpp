@@ -77,10 +77,10 @@ class ModuleReader {
 
   void readSerialNumber() {
     if (!root_.has("serialNumber")) return;
-    constexpr std::uint64_t maxNumber = std::numeric_limits<std::uint64_t>::max();
+    constexpr std::uint64_t maxSerial = std::numeric_limits<std::uint64_t>::max();
     const JsonReader node = root_["serialNumber"];
     const auto serial =
-        node.isText() ? unsignedFromText(node.text(), maxNumber) : node.number(0, maxNumber);
+        node.isText() ? unsignedFromText(node.text(), maxSerial) : node.number(0, maxSerial);
     if (!serial) node.fail(node.shown() + " is not a number of 64 bits");
     for (std::size_t index = 0; index < serialNumberWords; ++index) {
       const auto number = static_cast<std::uint16_t>(serialNumberRegister + index);
@@ -107,7 +107,7 @@ class ModuleReader {
       const auto number = unsignedFromText(text, std::numeric_limits<std::uint16_t>::max());
       if (!number) node.fail("the key is not a register number from 0 to 65535");
       if (!module_.registers.emplace(static_cast<std::uint16_t>(*number), readWord(node)).second) {
-        node.fail("register " + std::to_string(*number) + " has been given already");
+        node.fail("register " + std::to_string(*number) + " is given twice");
       }
     }
   }

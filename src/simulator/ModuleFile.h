@@ -11,8 +11,8 @@
 
 namespace tessara {
 
-/// The Modbus module that a module file describes; docs/simulator.md tells the format. Throws
-/// ModuleFileError if the file cannot be read or holds anything that is not understood.
+/// The Modbus module that a module file describes; docs/simulator.md has the format. Throws
+/// ModuleFileError if the file cannot be read or holds anything unknown.
 SimulatedModule loadModule(const std::filesystem::path& file);
 
 /// The same from the text of such a file, which messages call `source`.

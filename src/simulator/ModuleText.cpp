@@ -21,11 +21,11 @@ std::uint8_t paddingByte(const JsonReader& root) {
 
 }  // namespace
 
-Bytes readLatin1(const JsonReader& node, std::size_t most) {
+Bytes readLatin1(const JsonReader& node, std::size_t maxLength) {
   const std::u16string characters = fromUtf8(node.text());
-  if (characters.size() > most) {
+  if (characters.size() > maxLength) {
     node.fail("has " + std::to_string(characters.size()) + " characters; a module has room for " +
-              std::to_string(most));
+              std::to_string(maxLength));
   }
   Bytes bytes;
   for (const char16_t character : characters) {

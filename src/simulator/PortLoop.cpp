@@ -17,14 +17,14 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// What ends a frame of unknown length. Far above 3.5 characters, because the kernel hands over a
-/// client's bytes in pieces that need not follow each other closely.
+/// The silence that ends a frame of unknown length. Much longer than 3.5 characters, because the
+/// kernel delivers a client's bytes in pieces that need not follow each other closely.
 constexpr auto frameEnd = 20ms;
 
 /// How much of an answer is put on a paced line at once, if it is more than one character.
 constexpr auto paceStep = 1ms;
 
-/// How long a client may take to read the bytes that it is still to get before the port goes away.
+/// How long a client may take to read the last bytes before the port goes away.
 constexpr auto maxLastRead = 100ms;
 constexpr auto lastReadStep = 1ms;
 
@@ -83,10 +83,10 @@ void PortLoop::install() {
 void PortLoop::remove() {
   if (!port_) return;
   if (!options_.link.empty()) {
-    std::error_code ignored;  // a link that somebody else has removed is gone all the same
+    std::error_code ignored;  // another program may have removed the link
     std::filesystem::remove(options_.link, ignored);
   }
-  // The descriptor is the port's own to close.
+  // The port closes its own descriptor.
   events_.release();
   port_.reset();
   ++plugging_;
@@ -185,7 +185,7 @@ void PortLoop::unplugWhenRead(const faults::Unplug& fault, Clock::time_point dea
     if (!port_->isRead() && Clock::now() < deadline) return unplugWhenRead(fault, deadline);
     unplug();
     if (fault.replugAfter == 0ms) {
-      replug(0ms);  // before anybody can look where the port is
+      replug(0ms);  // before any client can notice
     } else if (fault.replugAfter) {
       replugAfter(*fault.replugAfter);
     }
@@ -200,7 +200,7 @@ void PortLoop::replug(std::chrono::milliseconds delay) {
   try {
     plug();
   } catch (const std::system_error&) {
-    replugAfter(delay);  // the system is short of something that may be there again next time
+    replugAfter(delay);  // a shortage of the system may be over next time
   }
 }
 

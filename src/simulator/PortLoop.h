@@ -18,8 +18,8 @@
 
 namespace tessara {
 
-/// The life of a simulated port on one thread: waits for clients, their bytes and points in time,
-/// and lets the line answer. Everything but context() belongs to the thread that runs the context.
+/// A simulated port on one thread: waits for clients, their bytes and timers, and lets the line
+/// answer. Everything but context() belongs to the thread that runs the context.
 class PortLoop {
  public:
   /// Plugs the port in. Throws what LinePort's constructor throws.
@@ -52,20 +52,20 @@ class PortLoop {
   void take(const Bytes& bytes);
   void waitForSilence();
 
-  /// Finds out when the answer is to begin, and has it begun then.
+  /// Determines when the answer begins, and schedules it.
   void prepare(SimulatedAnswer answer);
   void begin(SimulatedAnswer answer, Clock::time_point start);
 
-  /// Sends the rest piece by piece, each with the end of its last character.
+  /// Sends the rest piece by piece, each when its last character would have arrived.
   void transmit(Transmission transmission);
 
-  /// Goes on with what follows the bytes that have been sent.
+  /// Continues after the bytes that have been sent.
   void finish(SimulatedAnswer answer);
 
   void unplugWhenRead(const faults::Unplug& fault, Clock::time_point deadline);
   void replugAfter(std::chrono::milliseconds delay);
 
-  /// Plugs the port in, or tries again after that time if the system cannot give one.
+  /// Plugs the port in, or tries again after that time if the system has no port left.
   void replug(std::chrono::milliseconds delay);
 
   /// Runs the action at that time, unless the port is unplugged or plugged in before.
@@ -78,8 +78,8 @@ class PortLoop {
   asio::posix::stream_descriptor events_;
   std::optional<VirtualPort> port_;
   std::uint64_t plugging_ = 0;  // how often the port has come and gone
-  bool leaving_ = false;        // about to be unplugged by a fault, and deaf to requests
-  std::size_t sending_ = 0;     // answers, or pieces of one, that are under way
+  bool leaving_ = false;        // a fault is about to unplug it; requests are ignored
+  std::size_t sending_ = 0;     // answers, or pieces of one, being sent
   Clock::time_point lastByte_;  // when the latest bytes came
   Clock::time_point wireFree_;  // paced: when the wire has carried all bytes so far
 };

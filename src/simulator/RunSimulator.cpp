@@ -18,7 +18,7 @@ namespace {
 constexpr int servedCode = 0;
 constexpr int notServedCode = 2;
 
-/// Keeps the signals that end the simulator for waitForEnd(), in this thread and in those that it
+/// Blocks the signals that end the simulator, for waitForEnd(), in this thread and in those that it
 /// starts.
 class EndSignals {
  public:
@@ -41,7 +41,7 @@ class EndSignals {
   ::sigset_t before_{};
 };
 
-/// Where lines of several threads come out whole.
+/// Prints the lines of several threads undivided.
 class Report {
  public:
   Report(std::ostream& out, std::ostream& err) : out_(out), err_(err) {}
@@ -83,7 +83,7 @@ class ServedModule {
                  (device.empty() ? "unplugged" : device + "  " + title_));
   }
 
-  /// The other modules are served on, even if this one cannot be announced any more.
+  /// The other modules are still served if this one can no longer be announced.
   void change(const std::string& device) {
     try {
       show(device);

@@ -11,10 +11,10 @@
 
 namespace tessara {
 
-/// The station address that modules leave the works with.
+/// The factory-default address of modules.
 inline constexpr std::uint8_t defaultAddress = 192;
 
-/// Highest address that a station can have; 0 is the broadcast address.
+/// Highest address of a module; 0 is the broadcast address.
 inline constexpr std::uint8_t maxAddress = 247;
 
 /// First input registers of what every module keeps at the same place.
@@ -22,14 +22,14 @@ inline constexpr std::uint16_t secondVersionRegister = 3;
 inline constexpr std::uint16_t firmwareRegister = 4;
 inline constexpr std::uint16_t serialNumberRegister = 5;  ///< 4 words, least significant first
 inline constexpr std::uint16_t nameRegister = 16;         ///< 16 words, high byte first
-inline constexpr std::size_t nameLength = 32;             ///< characters, two a register
+inline constexpr std::size_t nameLength = 32;             ///< characters, two per register
 
 /// What a module holds and how it misbehaves.
 struct SimulatedModule {
   /// For people: without the padding that the registers have. May be empty.
   std::string name;
 
-  /// The station that it answers as, 1 to maxAddress.
+  /// The address that it answers at, 1 to maxAddress.
   std::uint8_t address = defaultAddress;
 
   /// The words for vendor, group, family and device.

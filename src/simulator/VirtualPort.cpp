@@ -27,7 +27,7 @@ constexpr std::size_t receiveRoom = 4096;
 FileDescriptor openMaster() {
   FileDescriptor master(::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
   if (!master.isOpen() || ::grantpt(master.number()) != 0 || ::unlockpt(master.number()) != 0) {
-    fail("the system gives no pseudo-terminal");
+    fail("the system has no pseudo-terminal left");
   }
   return master;
 }
@@ -42,7 +42,7 @@ std::filesystem::path slaveOf(const FileDescriptor& master) {
   return name.data();
 }
 
-/// Not open if somebody holds the port for himself.
+/// Not open if a client holds the port exclusively.
 FileDescriptor openSlave(const std::filesystem::path& device) {
   return FileDescriptor(::open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
 }
@@ -60,8 +60,8 @@ void setUp(const std::filesystem::path& device) {
   }
 }
 
-/// Tells of bytes and of the last client's leaving once each, where poll() would tell of the second
-/// for as long as nobody comes.
+/// Reports bytes and the last client's leaving once each, where poll() would report the second as
+/// long as no client comes.
 FileDescriptor eventsOf(const FileDescriptor& master) {
   FileDescriptor events(::epoll_create1(EPOLL_CLOEXEC));
   ::epoll_event interest{EPOLLIN | EPOLLHUP | EPOLLET, {}};
@@ -72,7 +72,7 @@ FileDescriptor eventsOf(const FileDescriptor& master) {
   return events;
 }
 
-/// What poll() has to say at once.
+/// What poll() reports at once.
 int pollNow(const FileDescriptor& descriptor, short events) {
   ::pollfd waiting{descriptor.number(), events, 0};
   ::poll(&waiting, 1, 0);

@@ -28,7 +28,7 @@ TEST(ModbusCodec, AsksForRegistersWithStartAndCountHighByteFirst) {
   EXPECT_EQ(request.maxAnswerLength(), 255U);
 }
 
-TEST(ModbusCodec, AsksForIdentificationWithUnitAndFunctionAlone) {
+TEST(ModbusCodec, AsksForTheIdentificationWithAddressAndFunctionOnly) {
   const auto request = ModbusRequest::identification(1);
   EXPECT_THAT(request.bytes(), ElementsAre(0x01, 0x11));
   EXPECT_EQ(request.maxAnswerLength(), 256U);
@@ -42,7 +42,7 @@ TEST(ModbusCodec, TakesTheDataOutOfAPublishedAnswer) {
               ElementsAre(0xB4, 0xFF, 0x49, 0x4F, 0x4D, 0x2D, 0x37, 0x2E, 0x31));
 }
 
-TEST(ModbusCodec, NamesTheUnitThatAnsweredInsteadOfTheOneAsked) {
+TEST(ModbusCodec, NamesTheAddressThatAnsweredInsteadOfTheOneAsked) {
   const auto request = ModbusRequest::inputRegisters(192, 4, 1);
   const Bytes frame = registersAnswer(7, {1});
   EXPECT_EQ(errorOf([&] { (void)request.dataOf(frame); }), "answer from address 7");
@@ -88,7 +88,7 @@ TEST(ModbusCodec, NamesEachExceptionCode) {
   }
 }
 
-TEST(ModbusCodec, KnowsAWholeFrameByItsChecksum) {
+TEST(ModbusCodec, RecognisesAWholeFrameByItsChecksum) {
   EXPECT_TRUE(holdsWholeFrame(Bytes{0x01, 0x91, 0x01, 0x8C, 0x50}));
   EXPECT_TRUE(holdsWholeFrame(Bytes{0x01, 0x03, 0x04, 0x00, 0x06, 0x00, 0x05, 0xDA, 0x31}));
   EXPECT_FALSE(holdsWholeFrame(Bytes{0x01, 0x91, 0x01, 0x8C, 0x51}));
@@ -97,13 +97,13 @@ TEST(ModbusCodec, KnowsAWholeFrameByItsChecksum) {
   EXPECT_FALSE(holdsWholeFrame(Bytes{}));
 }
 
-TEST(ModbusCodec, GivesWordsAsSignedNumbersHighByteFirst) {
+TEST(ModbusCodec, DecodesWordsAsSignedNumbersHighByteFirst) {
   EXPECT_THAT(wordsOf(Bytes{0x12, 0x34, 0x7F, 0xFF, 0x80, 0x00, 0xFF, 0xFF}),
               ElementsAre(0x1234, 32767, -32768, -1));
   EXPECT_TRUE(wordsOf(Bytes{}).empty());
 }
 
-TEST(ModbusCodec, IdentificationStandsBehindServerIdAndRunIndicator) {
+TEST(ModbusCodec, IdentificationFollowsServerIdAndRunIndicator) {
   const Bytes data{0xB4, 0xFF, 0x00, 0xB0, 0x00, 0x05, 0xFF, 0xFE, 0x80, 0x00, 0x11, 0x22};
   EXPECT_THAT(identificationOf(data), ElementsAre(176, 5, -2, -32768));
 }
@@ -114,7 +114,7 @@ TEST(ModbusCodec, IdentificationThatIsTooShortIsAnErrorThatSaysSo) {
             "answer too short, 9 of at least 10 data bytes");
 }
 
-TEST(ModbusCodec, NoByteStringMakesItFailOtherThanByItsOwnError) {
+TEST(ModbusCodec, AnyBytesMakeItFailOnlyWithItsOwnError) {
   std::mt19937 random(20240611);
   std::uniform_int_distribution<int> byte(0, 255);
   std::uniform_int_distribution<std::size_t> length(0, 40);
@@ -137,7 +137,7 @@ TEST(ModbusCodec, NoByteStringMakesItFailOtherThanByItsOwnError) {
   }
 }
 
-TEST(ModbusCodec, EveryRegisterAnswerGivesBackItsWords) {
+TEST(ModbusCodec, EveryRegisterAnswerYieldsItsWords) {
   std::mt19937 random(7);
   std::uniform_int_distribution<int> word(0, 0xFFFF);
   for (std::uint8_t count = 1; count <= 125; ++count) {

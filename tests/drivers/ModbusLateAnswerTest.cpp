@@ -1,5 +1,5 @@
 // A Modbus answer does not say which request it belongs to: an answer that comes late looks like
-// the answer to the next request of the same shape. None of these may be taken for a fresh one.
+// the answer to the next request of the same shape. None may be taken for a fresh one.
 
 #include <chrono>
 #include <thread>

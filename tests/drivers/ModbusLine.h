@@ -10,7 +10,7 @@
 
 namespace tessara::testing {
 
-/// A driver on COM3 and a scripted slave behind it.
+/// A driver on COM3 with a scripted slave.
 struct ModbusLine {
   explicit ModbusLine(ScriptedSlave::Script script, const ModbusTimings& timings = {})
       : slave(std::move(script)), ports({{3, slave.device()}}), driver(ports, timings) {}

@@ -1,4 +1,4 @@
-// The driver against a slave that is not ours.
+// The driver against an independent slave.
 
 #include <array>
 #include <atomic>
@@ -25,7 +25,7 @@ using namespace std::chrono_literals;
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
 
-/// Two pseudo-terminals joined as if by a cable.
+/// Two pseudo-terminals connected as if by a cable.
 class Cable {
  public:
   Cable() : thread_([this] { run(); }) {}
@@ -93,7 +93,7 @@ class PymodbusServer {
   PymodbusServer(const PymodbusServer&) = delete;
   PymodbusServer& operator=(const PymodbusServer&) = delete;
 
-  /// Waits until the server listens; false if it does not come to that.
+  /// Waits until the server listens; false if it never does.
   [[nodiscard]] bool isReady() const {
     std::array<char, 16> line{};
     return ::read(output_, line.data(), line.size()) > 0;
@@ -138,7 +138,7 @@ TEST_F(ModbusPeer, ARegisterThatIsNotThereIsAnException) {
               EndsWith("input register 100 at address 192: exception 2: illegal data address"));
 }
 
-TEST_F(ModbusPeer, OneReadAfterTheOtherGivesItsOwnAnswer) {
+TEST_F(ModbusPeer, EachReadGetsItsOwnAnswer) {
   for (std::int32_t address = 0; address < 100; ++address) {
     EXPECT_THAT(driver_.ReadInputRegisters(192, address, 1, 2),
                 ElementsAre(static_cast<std::int16_t>(address * 257)));

@@ -69,7 +69,7 @@ TEST(ModbusTiming, WhatComesUnaskedPutsTheNextRequestOff) {
 }
 
 TEST(ModbusTiming, ALineThatIsNeverQuietIsGivenUp) {
-  // The damaged answer has the link wait until the line settles.
+  // After the damaged answer the link waits until the line settles.
   ModbusLine line(always({192, 4, 2, 0, 0, 0, 0}), {.settling = 20s, .noise = 200ms});
   ASSERT_TRUE(line.connect());
   line.slave.makeNoise();

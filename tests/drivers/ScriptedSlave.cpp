@@ -145,15 +145,15 @@ Bytes framed(Bytes bytes) {
   return bytes;
 }
 
-Bytes registersAnswer(std::uint8_t unit, const std::vector<std::uint16_t>& words) {
-  Bytes bytes{unit, 4, static_cast<std::uint8_t>(2 * words.size())};
+Bytes registersAnswer(std::uint8_t address, const std::vector<std::uint16_t>& words) {
+  Bytes bytes{address, 4, static_cast<std::uint8_t>(2 * words.size())};
   appendWords(bytes, words);
   return framed(bytes);
 }
 
-Bytes identificationAnswer(std::uint8_t unit, const std::vector<std::uint16_t>& words) {
-  Bytes bytes{unit, reportServerIdFunction, static_cast<std::uint8_t>(2 + 2 * words.size()), 0x01,
-              0xFF};
+Bytes identificationAnswer(std::uint8_t address, const std::vector<std::uint16_t>& words) {
+  Bytes bytes{address, reportServerIdFunction, static_cast<std::uint8_t>(2 + 2 * words.size()),
+              0x01, 0xFF};
   appendWords(bytes, words);
   return framed(bytes);
 }

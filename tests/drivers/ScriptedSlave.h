@@ -17,16 +17,16 @@ namespace tessara::testing {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// What the slave does so long after a request has come.
+/// What the slave does that long after a request has come.
 struct Piece {
   std::chrono::milliseconds after{0};
   Bytes bytes;
-  bool unplugs = false;  ///< the line is cut behind the bytes
+  bool unplugs = false;  ///< the line is cut after the bytes
 };
 
 using Reply = std::vector<Piece>;
 
-/// How many bytes a request has that begins with these; more than there are if that cannot be said
+/// The length of a request that begins with these bytes; more than there are if it is not known
 /// yet.
 using RequestLength = std::function<std::size_t(const Bytes& begun)>;
 
@@ -36,7 +36,7 @@ std::size_t modbusRequestLength(const Bytes& begun);
 /// A slave behind a real pseudo-terminal that sends exactly what a test orders.
 class ScriptedSlave {
  public:
-  /// Gives the reply to `request` (from its first byte to its last), the `index`th from 0.
+  /// Returns the reply to `request` (from its first byte to its last), the `index`th from 0.
   using Script = std::function<Reply(const Bytes& request, std::size_t index)>;
 
   explicit ScriptedSlave(Script script, RequestLength requestLength = modbusRequestLength);
@@ -102,13 +102,13 @@ inline ScriptedSlave::Script inTurn(std::vector<Reply> replies) {
   };
 }
 
-/// `bytes` with the checksum of Modbus RTU behind them.
+/// `bytes` followed by the checksum of Modbus RTU.
 Bytes framed(Bytes bytes);
 
-/// The answer of `unit` to function 04.
-Bytes registersAnswer(std::uint8_t unit, const std::vector<std::uint16_t>& words);
+/// The answer from `address` to function 04.
+Bytes registersAnswer(std::uint8_t address, const std::vector<std::uint16_t>& words);
 
-/// The answer of `unit` to function 17: server id 01, running, then `words`.
-Bytes identificationAnswer(std::uint8_t unit, const std::vector<std::uint16_t>& words);
+/// The answer from `address` to function 17: server id 01, running, then `words`.
+Bytes identificationAnswer(std::uint8_t address, const std::vector<std::uint16_t>& words);
 
 }  // namespace tessara::testing

@@ -15,7 +15,7 @@ using ::testing::ElementsAre;
 using ::testing::Return;
 using ::testing::Throw;
 
-/// What all three classes have in common, for each of them.
+/// The operations that all three classes share.
 template <class Base>
 class Mocked : public Base {
  public:
@@ -52,7 +52,7 @@ class TracedModbus : public ::testing::Test {
   std::shared_ptr<ModbusCommObject> object_ =
       traced(inner_, [this](const DeviceCall& call) { calls_.push_back(call); });
 
-  /// The one call so far, with the time it took left out.
+  /// The only call so far, without its duration.
   std::string line() {
     EXPECT_EQ(calls_.size(), 1U);
     EXPECT_GE(calls_.front().milliseconds, 0);
@@ -62,7 +62,7 @@ class TracedModbus : public ::testing::Test {
   }
 };
 
-TEST_F(TracedModbus, ConnectIsToldWithPortAndRate) {
+TEST_F(TracedModbus, ConnectIsReportedWithPortAndRate) {
   EXPECT_CALL(*inner_, ConnectWithSerialDevice)
       .WillOnce([](std::int16_t& comPort, std::int32_t& rate) {
         comPort = 9;
@@ -77,7 +77,7 @@ TEST_F(TracedModbus, ConnectIsToldWithPortAndRate) {
   EXPECT_EQ(line(), "ModbusCommObject.ConnectWithSerialDevice(3, 19200) = true  (0.000 ms)");
 }
 
-TEST_F(TracedModbus, AConnectThatGivesFalseIsToldAsFalse) {
+TEST_F(TracedModbus, AFailedConnectIsReportedAsFalse) {
   EXPECT_CALL(*inner_, ConnectWithSerialDevice).WillOnce(Return(false));
   std::int16_t comPort = 3;
   std::int32_t rate = 19200;
@@ -85,20 +85,20 @@ TEST_F(TracedModbus, AConnectThatGivesFalseIsToldAsFalse) {
   EXPECT_EQ(line(), "ModbusCommObject.ConnectWithSerialDevice(3, 19200) = false  (0.000 ms)");
 }
 
-TEST_F(TracedModbus, IdentificationIsToldWithTheAddress) {
+TEST_F(TracedModbus, IdentificationIsReportedWithTheAddress) {
   EXPECT_CALL(*inner_, ReadDeviceIdentifier).WillOnce(Return(DeviceWords{1, 2, 3, -4}));
   std::uint8_t address = 192;
   EXPECT_THAT(object_->ReadDeviceIdentifier(address), ElementsAre(1, 2, 3, -4));
   EXPECT_EQ(line(), "ModbusCommObject.ReadDeviceIdentifier(192) = [1, 2, 3, -4]  (0.000 ms)");
 }
 
-TEST_F(TracedModbus, RegistersAreToldWithAllFourArguments) {
+TEST_F(TracedModbus, RegistersAreReportedWithAllFourArguments) {
   EXPECT_CALL(*inner_, ReadInputRegisters(192, 5, 4, 2)).WillOnce(Return(DeviceWords{7}));
   EXPECT_THAT(object_->ReadInputRegisters(192, 5, 4, 2), ElementsAre(7));
   EXPECT_EQ(line(), "ModbusCommObject.ReadInputRegisters(192, 5, 4, 2) = [7]  (0.000 ms)");
 }
 
-TEST_F(TracedModbus, Command48IsToldWithTheBytesOfItsReply) {
+TEST_F(TracedModbus, Command48IsReportedWithTheBytesOfItsReply) {
   EXPECT_CALL(*inner_, CMD48).WillOnce([](Cmd48Reply& reply) {
     reply[0] = 8;
     reply[1] = 255;
@@ -110,7 +110,7 @@ TEST_F(TracedModbus, Command48IsToldWithTheBytesOfItsReply) {
   EXPECT_EQ(line(), "ModbusCommObject.CMD48() = [8, 255]  (0.000 ms)");
 }
 
-TEST_F(TracedModbus, Command48WithoutAReplyIsToldAsAnEmptyOne) {
+TEST_F(TracedModbus, Command48WithoutAReplyIsReportedAsAnEmptyOne) {
   EXPECT_CALL(*inner_, CMD48).WillOnce(Return(std::int16_t{-1}));
   Cmd48Reply reply{};
   EXPECT_EQ(object_->CMD48(reply), -1);
@@ -124,7 +124,7 @@ TEST_F(TracedModbus, Command48ThatCountsMoreThanTheArrayHoldsIsPassedOn) {
   EXPECT_EQ(std::get<DeviceWords>(calls_.at(0).result).size(), 256U);
 }
 
-TEST_F(TracedModbus, CallsWithoutAResultAreToldWithoutOne) {
+TEST_F(TracedModbus, CallsWithoutAResultAreReportedWithoutOne) {
   EXPECT_CALL(*inner_, InitModbusObject);
   EXPECT_CALL(*inner_, CloseSerialConnection);
   EXPECT_CALL(*inner_, ShutDown);
@@ -143,7 +143,7 @@ TEST_F(TracedModbus, CallsWithoutAResultAreToldWithoutOne) {
   EXPECT_EQ(line(), "ModbusCommObject.InitModbusObject()  (0.000 ms)");
 }
 
-TEST_F(TracedModbus, AnExceptionIsToldAndPassesThroughUnchanged) {
+TEST_F(TracedModbus, AnExceptionIsReportedAndPassesThroughUnchanged) {
   EXPECT_CALL(*inner_, ReadInputRegisters).WillOnce(Throw(std::out_of_range("checksum error")));
   EXPECT_THROW(object_->ReadInputRegisters(192, 5, 4, 2), std::out_of_range);
   EXPECT_EQ(calls_.at(0).error, "checksum error");
@@ -157,7 +157,7 @@ TEST_F(TracedModbus, AnExceptionWithoutAMessageIsStillAFailure) {
   EXPECT_EQ(calls_.at(0).error, "");
 }
 
-TEST_F(TracedModbus, NameAndConnectFailureAreForwardedAndNotTold) {
+TEST_F(TracedModbus, NameAndConnectFailureAreForwardedAndNotReported) {
   EXPECT_CALL(*inner_, connectFailure).WillOnce(Return("COM3 is not there"));
   EXPECT_EQ(object_->connectFailure(), "COM3 is not there");
   EXPECT_EQ(object_->name(), u"ModbusCommObject");
@@ -170,7 +170,7 @@ TEST_F(TracedModbus, TheDurationOfACallIsMeasured) {
   EXPECT_GE(calls_.at(0).milliseconds, 20);
 }
 
-TEST(TracedObject, HartObjectIsToldUnderItsName) {
+TEST(TracedObject, HartObjectIsReportedUnderItsName) {
   const auto inner = std::make_shared<::testing::StrictMock<MockedHart>>();
   std::vector<DeviceCall> calls;
   const auto object = traced(inner, [&](const DeviceCall& call) { calls.push_back(call); });
@@ -181,7 +181,7 @@ TEST(TracedObject, HartObjectIsToldUnderItsName) {
   EXPECT_EQ(calls[0].operation, "InitHartObject");
 }
 
-TEST(TracedObject, NfcObjectIsToldUnderItsName) {
+TEST(TracedObject, NfcObjectIsReportedUnderItsName) {
   const auto inner = std::make_shared<::testing::StrictMock<MockedNfc>>();
   std::vector<DeviceCall> calls;
   const auto object = traced(inner, [&](const DeviceCall& call) { calls.push_back(call); });
@@ -192,7 +192,7 @@ TEST(TracedObject, NfcObjectIsToldUnderItsName) {
   EXPECT_EQ(calls[0].operation, "InitNFCObject");
 }
 
-TEST(TraceLine, ShowsTheDurationWithThreeDecimalsBehindAPoint) {
+TEST(TraceLine, ShowsTheDurationWithThreeDecimals) {
   DeviceCall call{"HartCommObject", "CMD48", {}, DeviceWords{1, 2}, std::nullopt, 1234.56789};
   EXPECT_EQ(traceLine(call), "HartCommObject.CMD48() = [1, 2]  (1234.568 ms)");
 }

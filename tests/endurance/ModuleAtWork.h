@@ -14,13 +14,13 @@
 
 namespace tessara::testing {
 
-/// How long something has taken, and how much of that this thread has worked.
+/// How long something took, and for how much of that this thread ran.
 struct Effort {
   std::chrono::duration<double> wall{0};
   std::chrono::duration<double> work{0};
 };
 
-/// A whole control on a real driver and a simulated module, and the ledger of a host that watches.
+/// A whole control with a real driver and a simulated module, and a host that records everything.
 class ModuleAtWork final : private HostEvents {
  public:
   explicit ModuleAtWork(const std::filesystem::path& moduleFile);
@@ -38,7 +38,7 @@ class ModuleAtWork final : private HostEvents {
   std::vector<std::u16string> statusTexts;
   void forget();
 
-  /// The read button, at the rate that the module was set up with.
+  /// Presses the read button, at the module's rate.
   void read();
   [[nodiscard]] bool isRead() const { return control_.get_DataValid() == 1; }
   [[nodiscard]] const ModulInfoFLII& control() const { return control_; }
@@ -47,7 +47,7 @@ class ModuleAtWork final : private HostEvents {
   [[nodiscard]] std::ptrdiff_t failedCalls() const;
   [[nodiscard]] std::ptrdiff_t callsOf(const std::string& operation) const;
 
-  /// Runs `action` and tells what it took.
+  /// Runs `action` and returns what it took.
   static Effort effortOf(const std::function<void()>& action);
 
  private:

@@ -10,7 +10,7 @@
 
 namespace tessara::testing {
 
-/// A simulated module with the adapter that leads to it, which can be pulled out and put back.
+/// A simulated module with the adapter that leads to it, which can be unplugged and replugged.
 class PluggedModule final : public PortSource {
  public:
   explicit PluggedModule(const std::filesystem::path& moduleFile);

@@ -4,7 +4,7 @@
 #include <iterator>
 
 #ifdef __SANITIZE_ADDRESS__
-// g++ brings the function, but no header for it.
+// g++ has the function, but no header for it.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();  // NOLINT
 #else
 #include <malloc.h>

@@ -4,7 +4,7 @@
 
 namespace tessara::testing {
 
-/// What this process holds of things that can leak.
+/// What this process holds of resources that can leak.
 struct Resources {
   std::size_t heapBytes = 0;
   std::size_t descriptors = 0;

@@ -1,5 +1,5 @@
-// Thousands of scan passes on a module that fails at random, with the four seconds between them
-// left out. scripts/soak.sh runs 20,000 on each path; here are as many as a test may take.
+// Thousands of scan passes on a module that fails at random, without the four seconds between them.
+// scripts/soak.sh runs 20,000 on each path; here there are as many as fit into a test.
 
 #include <cstdlib>
 #include <fstream>
@@ -12,8 +12,8 @@
 #include "ModuleAtWork.h"
 #include "Resources.h"
 #include "linux/SettingsFolder.h"
-#include "support/Inside.h"
 #include "serial/SerialLine.h"
+#include "support/Inside.h"
 
 namespace tessara::testing {
 namespace {
@@ -36,7 +36,7 @@ std::uint64_t seed() {
 struct Soaked {
   const char* name;
   const char* module;
-  /// Where the sample's file lists what goes wrong.
+  /// The key of the sample's file that lists faults.
   const char* list;
   /// Faults with their probability for each request.
   json faults;
@@ -64,7 +64,7 @@ class Soak : public SettingsFolder, public ::testing::WithParamInterface<Soaked>
   }
 };
 
-/// What the host's ledger has to show after so many passes.
+/// The totals after so many passes.
 struct Tally {
   std::uint64_t passes = 0;
   std::uint64_t failed = 0;
@@ -87,7 +87,7 @@ void readAgain(ModuleAtWork& work, Tally& tally) {
   ASSERT_TRUE(work.loop.isTicking()) << "the module could not be read any more";
 }
 
-/// One pass, and what has to follow from the calls that it made.
+/// One pass, and the consequences of the calls that it made.
 void pass(ModuleAtWork& work, Tally& tally) {
   const auto failuresBefore = inside(work.control()).ScanErrorCount;
   work.forget();

@@ -59,7 +59,7 @@ std::string entry(const std::string& device, ::pid_t process) {
   return child;
 }
 
-TEST_F(AnnouncementTest, IsASmallFileThatTellsThePort) {
+TEST_F(AnnouncementTest, IsASmallFileThatDescribesThePort) {
   const Announcement announcement("/dev/pts/5");
   EXPECT_EQ(announcement.number(), 100);
   const auto content = nlohmann::json::parse(runtime_.read("tessara-conf/ports/COM100"));
@@ -69,7 +69,7 @@ TEST_F(AnnouncementTest, IsASmallFileThatTellsThePort) {
   EXPECT_THAT(files(), SizeIs(1)) << "nothing is left beside it";
 }
 
-TEST_F(AnnouncementTest, LiesInAFolderForTheUserAlone) {
+TEST_F(AnnouncementTest, IsInAPrivateFolder) {
   const Announcement announcement("/dev/pts/5");
   for (const auto& folder : {ports(), ports().parent_path()}) {
     EXPECT_EQ(std::filesystem::status(folder).permissions(), std::filesystem::perms::owner_all);
@@ -117,19 +117,19 @@ TEST_F(AnnouncementTest, HidesAnUnpluggedPortButKeepsItsNumber) {
   EXPECT_EQ(Announcement("/dev/pts/2").number(), 101);
 }
 
-TEST_F(AnnouncementTest, OfADeadProcessIsIgnoredAndRemoved) {
+TEST_F(AnnouncementTest, OfAnEndedProcessIsIgnoredAndRemoved) {
   write("COM100", entry("/dev/pts/1", deadProcess()));
   write("COM101", entry("/dev/pts/2", ::getpid()));
   EXPECT_THAT(numbers(), ElementsAre(101));
   EXPECT_THAT(files(), ElementsAre("COM101"));
 }
 
-TEST_F(AnnouncementTest, TakesTheNumberOfADeadProcess) {
+TEST_F(AnnouncementTest, TakesTheNumberOfAnEndedProcess) {
   write("COM100", entry("/dev/pts/1", deadProcess()));
   EXPECT_EQ(Announcement("/dev/pts/2").number(), 100);
 }
 
-TEST_F(AnnouncementTest, ThatIsNoneIsIgnoredAndLeftAlone) {
+TEST_F(AnnouncementTest, ThatIsInvalidIsIgnoredAndKept) {
   write("COM100", "not json");
   write("COM101", "{}");
   write("COM102", R"({"device": 1, "name": 2, "pid": "x"})");
@@ -156,13 +156,13 @@ TEST_F(AnnouncementTest, IsNotTrustedInAFolderThatOthersCanWriteTo) {
   EXPECT_THROW(Announcement("/dev/pts/2"), std::system_error);
 }
 
-TEST_F(AnnouncementTest, IsNotPutIntoAFileThatStandsInPlaceOfTheFolder) {
+TEST_F(AnnouncementTest, FailsIfAFileHasTheNameOfTheFolder) {
   runtime_.write("tessara-conf", "");
   EXPECT_THROW(Announcement("/dev/pts/2"), std::system_error);
   EXPECT_THAT(runningPorts(), IsEmpty());
 }
 
-TEST_F(AnnouncementTest, LiesInATemporaryFolderWithoutARuntimeFolder) {
+TEST_F(AnnouncementTest, IsInATemporaryFolderWithoutARuntimeFolder) {
   const auto expected = "/tmp/tessara-conf-" + std::to_string(::geteuid()) + "/ports";
   ::unsetenv("XDG_RUNTIME_DIR");
   EXPECT_EQ(announcementFolder(), expected);

@@ -32,7 +32,7 @@ std::vector<int> hits(FaultTrigger trigger, int count) {
   return hits;
 }
 
-TEST(FaultPlan, WithoutFaultsLeavesTheAnswerAlone) {
+TEST(FaultPlan, WithoutFaultsLeavesTheAnswerUnchanged) {
   const SimulatedAnswer answer = FaultPlan().spoil(sampleRequest, soundAnswer);
   EXPECT_EQ(answer.bytes, soundAnswer);
   EXPECT_EQ(answer.delay, 0ms);
@@ -49,13 +49,13 @@ TEST(FaultPlan, LateReplySendsTheSameLater) {
   EXPECT_EQ(answer.delay, 300ms);
 }
 
-TEST(FaultPlan, BadChecksumSpoilsTheChecksumAlone) {
+TEST(FaultPlan, BadChecksumChangesOnlyTheChecksum) {
   const SimulatedAnswer answer = spoilt({faults::BadChecksum{}});
   EXPECT_FALSE(decodeModbusRequest(answer.bytes));
   EXPECT_EQ(withModbusCrc(Bytes(answer.bytes.begin(), answer.bytes.end() - 2)), soundAnswer);
 }
 
-TEST(FaultPlan, WrongAddressAnswersInAnothersNameWithARightChecksum) {
+TEST(FaultPlan, WrongAddressHasARightChecksum) {
   EXPECT_EQ(spoilt({faults::WrongAddress{0xC1}}).bytes,
             modbusFrame(0xC1, 0x04, Bytes{2, 0x12, 0x34}));
 }
@@ -69,12 +69,12 @@ TEST(FaultPlan, CutOffSendsTheBeginning) {
   EXPECT_EQ(spoilt({faults::CutOff{200}}).bytes, soundAnswer);
 }
 
-TEST(FaultPlan, NoiseStandsInFrontOfTheAnswer) {
+TEST(FaultPlan, NoisePrecedesTheAnswer) {
   EXPECT_THAT(spoilt({faults::Noise{{0x00, 0xFF}}, faults::CutOff{2}}).bytes,
               ElementsAre(0x00, 0xFF, 0xC0, 0x04));
 }
 
-TEST(FaultPlan, EchoSendsTheRequestInFrontOfTheAnswer) {
+TEST(FaultPlan, EchoSendsTheRequestBeforeTheAnswer) {
   Bytes expected = modbusFrame(0xC0, 0x04, Bytes{0, 4, 0, 1});
   expected.insert(expected.end(), soundAnswer.begin(), soundAnswer.end());
   EXPECT_EQ(spoilt({faults::Echo{}}).bytes, expected);
@@ -125,7 +125,7 @@ TEST(FaultTrigger, ByChanceFallsAsOftenAsOrdered) {
   EXPECT_LT(tenth, 1200U);
 }
 
-TEST(FaultTrigger, OfOneFaultDoesNotDisturbAnothers) {
+TEST(FaultTrigger, OfOneFaultDoesNotAffectAnother) {
   const faults::ByChance trigger{0.3, 5};
   FaultPlan plan({{faults::Noise{{0}}, faults::ByChance{0.5, 9}}, {faults::NoReply{}, trigger}});
   std::vector<int> seen;
@@ -135,7 +135,7 @@ TEST(FaultTrigger, OfOneFaultDoesNotDisturbAnothers) {
   EXPECT_EQ(seen, hits(trigger, 100));
 }
 
-TEST(CheckFault, RefusesWhatNoFaultCanBe) {
+TEST(CheckFault, RefusesImpossibleFaults) {
   const FaultTrigger first = faults::At{1};
   EXPECT_NO_THROW(checkFault({faults::Echo{}, first}));
   EXPECT_THROW(checkFault({faults::Echo{}, faults::At{0}}), std::invalid_argument);

@@ -21,7 +21,7 @@ struct Outcome {
   int exitCode = -1;
 };
 
-/// mbpoll, a master that knows nothing of this simulator, asks once.
+/// One poll by mbpoll, an independent master.
 Outcome mbpoll(const SimulatedPort& port, const std::string& options) {
   const std::string command =
       "mbpoll -m rtu -a 192 -b 19200 -P even -1 " + options + " " + port.device() + " 2>&1";
@@ -72,7 +72,7 @@ TEST_P(MbpollTest, IsRefusedAnotherFunction) {
   EXPECT_THAT(mbpoll(port_, "-t 4 -r 5 -c 1").output, HasSubstr("Illegal function"));
 }
 
-TEST_P(MbpollTest, SeesEachFaultAsItself) {
+TEST_P(MbpollTest, RecognisesEachFault) {
   const auto output = [this](FaultEffect effect) {
     port_.setFaults({{std::move(effect), faults::Every{1}}});
     return mbpoll(port_, inputRegisters(4, 1)).output;

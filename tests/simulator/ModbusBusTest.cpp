@@ -41,13 +41,13 @@ TEST(ModbusBus, ReadsAsManyRegistersAsAFrameHolds) {
   EXPECT_THAT(answerTo(readRequest(1000, 125), module), SizeIs(3 + 250 + 2));
 }
 
-TEST(ModbusBus, RefusesARegisterThatTheModuleHasNot) {
+TEST(ModbusBus, RefusesARegisterThatTheModuleDoesNotHave) {
   EXPECT_EQ(answerTo(readRequest(99, 1)), refusal(readInputRegistersFunction, 2));
   EXPECT_EQ(answerTo(readRequest(4, 2)), refusal(readInputRegistersFunction, 2))
       << "second one missing";
 }
 
-TEST(ModbusBus, RefusesToReadBehindTheLastRegister) {
+TEST(ModbusBus, RefusesToReadBeyondTheLastRegister) {
   SimulatedModule module = sampleModule();
   module.registers[0] = 1;
   module.registers[0xFFFF] = 2;
@@ -128,7 +128,7 @@ TEST(ModbusBus, LetsEachModuleAnswerForItself) {
       << "counts only requests of its own";
 }
 
-TEST(ModbusBus, CountsOnlyWhatItIsAskedItself) {
+TEST(ModbusBus, CountsOnlyRequestsForItsModules) {
   SimulatedModule module = sampleModule();
   module.faults = {{faults::NoReply{}, faults::At{2}}};
   ModbusBus bus({module});
@@ -160,7 +160,7 @@ TEST(ModbusBus, KeepsALogOfRequestsAndAnswers) {
   EXPECT_THAT(bus.log()[1].answer, IsEmpty());
 }
 
-TEST(ModbusBus, KeepsTheLatestRequestsOfALongLife) {
+TEST(ModbusBus, KeepsOnlyTheLatestRequests) {
   ModbusBus bus({sampleModule()});
   for (std::size_t count = 0; count <= ModbusBus::maxLogged; ++count) {
     bus.receive(readRequest(static_cast<std::uint16_t>(count), 1));
@@ -195,7 +195,7 @@ TEST(ModbusSlave, CountsFromOneAgainWithNewFaults) {
   EXPECT_THAT(slave.answer(request).bytes, SizeIs(7));
 }
 
-TEST(ModbusSlave, KeepsItsFaultsIfNewOnesAreImpossible) {
+TEST(ModbusSlave, KeepsItsFaultsIfNewOnesAreInvalid) {
   ModbusSlave slave(sampleModule());
   slave.setFaults({{faults::NoReply{}, faults::At{1}}});
   EXPECT_THROW(slave.setFaults({{faults::Echo{}, faults::At{0}}}), std::invalid_argument);

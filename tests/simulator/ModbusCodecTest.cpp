@@ -50,7 +50,7 @@ TEST(ModbusExceptionFrame, HasBit7OfTheFunctionSet) {
   EXPECT_THAT(modbusExceptionFrame(0x01, 0x03, 0x02), ElementsAre(0x01, 0x83, 0x02, 0xC0, 0xF1));
 }
 
-TEST(DecodeModbusRequest, TakesAFrameApart) {
+TEST(DecodeModbusRequest, SplitsAFrame) {
   const auto request = decodeModbusRequest(modbusFrame(0xC0, 0x04, Bytes{0, 5, 0, 4}));
   ASSERT_TRUE(request);
   EXPECT_EQ(request->address, 0xC0);
@@ -85,7 +85,7 @@ TEST(ModbusFrameAssembler, CompletesAFrameWithItsLastByte) {
   EXPECT_TRUE(assembler.empty());
 }
 
-TEST(ModbusFrameAssembler, TellsApartFramesThatArriveTogether) {
+TEST(ModbusFrameAssembler, SeparatesFramesThatArriveTogether) {
   Bytes both = readRequest;
   both.insert(both.end(), serverIdRequest.begin(), serverIdRequest.end());
   ModbusFrameAssembler assembler;
@@ -113,7 +113,7 @@ TEST(ModbusFrameAssembler, LeavesADamagedFrameToTheSilence) {
   EXPECT_EQ(assembler.takeAll(), damaged);
 }
 
-TEST(ModbusFrameAssembler, KeepsNoMoreThanShowsAFrameToBeTooLong) {
+TEST(ModbusFrameAssembler, KeepsAtMostOneByteAboveTheLimit) {
   ModbusFrameAssembler assembler;
   for (int piece = 0; piece < 100; ++piece) assembler.append(Bytes(100, 0x55));
   EXPECT_EQ(assembler.takeAll().size(), maxModbusFrame + 1);

@@ -55,7 +55,7 @@ Fault fault(const std::string& text) {
   return with("faults", nlohmann::json::array({nlohmann::json::parse(text)})).faults.at(0);
 }
 
-TEST(ModuleFile, NeedsTheIdentificationWordsAlone) {
+TEST(ModuleFile, NeedsOnlyTheIdentificationWords) {
   const SimulatedModule module = parseModule(minimal().dump(), "m.json");
   EXPECT_THAT(module.identification, ElementsAre(49, 1, 15, 151));
   EXPECT_EQ(module.address, 192);
@@ -83,7 +83,7 @@ TEST(ModuleFile, TakesVersionsAsWords) {
   EXPECT_THAT(with("firmware", 4660).registers, ElementsAre(Pair(4, 0x1234)));
 }
 
-TEST(ModuleFile, PutsTheSerialNumberIntoFourRegistersLittleEndFirst) {
+TEST(ModuleFile, PutsTheSerialNumberIntoFourRegistersLeastSignificantFirst) {
   const auto expected =
       ElementsAre(Pair(5, 0xCDEF), Pair(6, 0x89AB), Pair(7, 0x4567), Pair(8, 0x0123));
   EXPECT_THAT(with("serialNumber", 0x0123456789ABCDEF).registers, expected);
@@ -166,7 +166,7 @@ TEST(ModuleFile, TakesEveryKindOfTrigger) {
   EXPECT_EQ(chance.seed, 9U);
 }
 
-TEST(ModuleFile, TellsWhereItIsNoJson) {
+TEST(ModuleFile, SaysWhereItIsNotJson) {
   EXPECT_THAT(errorOf("{\n\"vendorId\": }"),
               StartsWith("m.json: invalid JSON at line 2, column 13: "));
   EXPECT_THAT(errorOf(""), StartsWith("m.json: invalid JSON at line 1"));
@@ -182,14 +182,14 @@ TEST(ModuleFile, RefusesDeepNestingWithoutParsingIt) {
       "m.json: invalid JSON at line 1, column 75: lists and objects are nested deeper than 64");
 }
 
-TEST(ModuleFile, TellsAKeyThatOccursTwice) {
+TEST(ModuleFile, ReportsADuplicateKey) {
   EXPECT_EQ(errorOf(R"({"vendorId": 1, "vendorId": 2})"),
             "m.json: the key \"vendorId\" occurs twice in one object");
   EXPECT_EQ(errorOf(R"({"status": {"1": 2, "1": 3}})"),
             "m.json: the key \"1\" occurs twice in one object");
 }
 
-TEST(ModuleFile, TellsAMissingIdentificationWord) {
+TEST(ModuleFile, ReportsAMissingIdentificationWord) {
   for (const std::string key : {"vendorId", "groupId", "familyId", "deviceId"}) {
     nlohmann::json file = minimal();
     file.erase(key);
@@ -197,18 +197,18 @@ TEST(ModuleFile, TellsAMissingIdentificationWord) {
   }
 }
 
-TEST(ModuleFile, TellsAnUnknownKey) {
+TEST(ModuleFile, ReportsAnUnknownKey) {
   EXPECT_EQ(errorWith("vendorID", 1), "m.json: vendorID: unknown key");
   EXPECT_EQ(faultError(R"({"kind": "echo", "at": 1, "delay": 3})"),
             "m.json: faults[0].delay: unknown key");
 }
 
-TEST(ModuleFile, TellsALinkThatIsNotItsOwn) {
+TEST(ModuleFile, ReportsAnotherLink) {
   EXPECT_EQ(errorWith("link", "hart"), "m.json: link: \"hart\" is not the link of a Modbus module");
   EXPECT_EQ(errorWith("link", 3), "m.json: link: 3 is not text");
 }
 
-TEST(ModuleFile, TellsWhatIsNoWord) {
+TEST(ModuleFile, ReportsWhatIsNotAWord) {
   for (const nlohmann::json& value :
        {nlohmann::json(65536), nlohmann::json(-32769), nlohmann::json(1.5), nlohmann::json("15"),
         nlohmann::json("0x10000"), nlohmann::json("0x"), nlohmann::json("0xG"),
@@ -219,7 +219,7 @@ TEST(ModuleFile, TellsWhatIsNoWord) {
   }
 }
 
-TEST(ModuleFile, TellsWhatIsNoVersion) {
+TEST(ModuleFile, ReportsWhatIsNotAVersion) {
   for (const std::string text : {"", "1.", "10.000", "1,234", "1.2345", "1.2a", "a.234", ".234"}) {
     EXPECT_EQ(errorWith("firmware", text),
               "m.json: firmware: \"" + text + "\" is not a version such as \"1.234\"");
@@ -228,7 +228,7 @@ TEST(ModuleFile, TellsWhatIsNoVersion) {
   EXPECT_THAT(errorWith("secondVersion", "x"), HasSubstr("secondVersion: \"x\" is not a version"));
 }
 
-TEST(ModuleFile, TellsWhatIsNoSerialNumber) {
+TEST(ModuleFile, ReportsWhatIsNotASerialNumber) {
   for (const std::string text : {"", "-1", "18446744073709551616", "12 3", "1e3"}) {
     EXPECT_EQ(errorWith("serialNumber", text),
               "m.json: serialNumber: \"" + text + "\" is not a number of 64 bits");
@@ -237,7 +237,7 @@ TEST(ModuleFile, TellsWhatIsNoSerialNumber) {
   EXPECT_THAT(errorWith("serialNumber", 1.5), HasSubstr("1.5 is not a whole number within 0 to"));
 }
 
-TEST(ModuleFile, TellsANameThatDoesNotFit) {
+TEST(ModuleFile, ReportsANameThatDoesNotFit) {
   EXPECT_EQ(errorWith("name", std::string(33, 'x')),
             "m.json: name: has 33 characters; a module has room for 32");
   EXPECT_EQ(errorWith("name", "Prüfling Ж"), "m.json: name: \"Ж\" is not a character of Latin-1");
@@ -250,14 +250,14 @@ TEST(ModuleFile, TellsANameThatDoesNotFit) {
             "m.json: namePadding: \"dots\" is not one of \"zero\" and \"blank\"");
 }
 
-TEST(ModuleFile, TellsABadAddress) {
+TEST(ModuleFile, ReportsABadAddress) {
   for (const int address : {0, 248, -1}) {
     EXPECT_EQ(errorWith("address", address),
               "m.json: address: " + std::to_string(address) + " is not within 1 to 247");
   }
 }
 
-TEST(ModuleFile, TellsABadRegister) {
+TEST(ModuleFile, ReportsABadRegister) {
   const std::string problem = ": the key is not a register number from 0 to 65535";
   for (const std::string number : {"65536", "-1", "a", "0x10000"}) {
     EXPECT_EQ(errorWith("status", {{number, 0}}), "m.json: status." + number + problem);
@@ -270,16 +270,16 @@ TEST(ModuleFile, TellsABadRegister) {
   EXPECT_EQ(errorWith("registers", {1, 2}), "m.json: registers: [1,2] is not an object");
 }
 
-TEST(ModuleFile, TellsARegisterThatIsGivenTwice) {
+TEST(ModuleFile, ReportsARegisterThatIsGivenTwice) {
   nlohmann::json file = minimal();
   file["firmware"] = "1.000";
   file["registers"] = {{"4", 1}};
-  EXPECT_EQ(errorOf(file.dump()), "m.json: registers.4: register 4 has been given already");
+  EXPECT_EQ(errorOf(file.dump()), "m.json: registers.4: register 4 is given twice");
   EXPECT_THAT(errorWith("status", {{"100", 1}, {"0x64", 2}}),
-              HasSubstr("register 100 has been given already"));
+              HasSubstr("register 100 is given twice"));
 }
 
-TEST(ModuleFile, TellsAnImpossibleFault) {
+TEST(ModuleFile, ReportsAnImpossibleFault) {
   EXPECT_EQ(errorWith("faults", 3), "m.json: faults: 3 is not a list");
   EXPECT_EQ(faultError("5"), "m.json: faults[0]: 5 is not an object");
   EXPECT_EQ(faultError("{}"), "m.json: faults[0].kind: missing");
@@ -299,7 +299,7 @@ TEST(ModuleFile, TellsAnImpossibleFault) {
               HasSubstr("must keep at least 1 byte"));
 }
 
-TEST(ModuleFile, TellsAnImpossibleTrigger) {
+TEST(ModuleFile, ReportsAnImpossibleTrigger) {
   const std::string one = R"(m.json: faults[0]: needs one of the keys "at", "every" and )"
                           R"("probability")";
   EXPECT_EQ(faultError(R"({"kind": "echo"})"), one);
@@ -307,7 +307,7 @@ TEST(ModuleFile, TellsAnImpossibleTrigger) {
   EXPECT_EQ(faultError(R"({"kind": "echo", "probability": 0.5})"),
             "m.json: faults[0].seed: missing");
   EXPECT_EQ(faultError(R"({"kind": "echo", "at": 1, "seed": 2})"),
-            "m.json: faults[0].seed: goes with the key \"probability\" only");
+            "m.json: faults[0].seed: is valid only with the key \"probability\"");
   EXPECT_THAT(faultError(R"({"kind": "echo", "at": 0})"),
               HasSubstr("faults[0].at: 0 is not within 1 to"));
   EXPECT_THAT(faultError(R"({"kind": "echo", "every": 0})"),
@@ -324,7 +324,7 @@ TEST(ModuleFile, IsLoadedFromAFile) {
   EXPECT_EQ(loadModule(file).identification[3], 151);
 }
 
-TEST(ModuleFile, IsWhatTheManualShows) {
+TEST(ModuleFile, MatchesTheManual) {
   std::ifstream manual(std::filesystem::path(TESSARA_MODULES) / "../../docs/simulator.md");
   const std::string text(std::istreambuf_iterator<char>(manual), {});
   const std::string fence = "```json\n";
@@ -337,7 +337,7 @@ TEST(ModuleFile, IsWhatTheManualShows) {
   EXPECT_THAT(module.faults, SizeIs(3));
 }
 
-TEST(ModuleFile, TellsAFileThatCannotBeRead) {
+TEST(ModuleFile, ReportsAFileThatCannotBeRead) {
   const testing::TemporaryFolder folder;
   const auto errorOfFile = [](const std::filesystem::path& file) -> std::string {
     try {

@@ -44,7 +44,7 @@ Clock::duration timeOf(const SerialClient& client, const Bytes& request, std::si
   return Clock::now() - start;
 }
 
-/// The best of several tries: the machine may have other things to do in one or the other.
+/// The best of several tries, since other programs may slow some of them down.
 Clock::duration bestTime(const SerialClient& client, std::size_t tries) {
   auto best = Clock::duration::max();
   for (std::size_t count = 0; count < tries; ++count) {
@@ -64,13 +64,13 @@ TEST(Pacing, TakesTheTimeOfTheWireAndHardlyMore) {
   }
 }
 
-TEST(Pacing, IsNotThereUnlessOrdered) {
+TEST(Pacing, IsOffByDefault) {
   const SimulatedPort port(moduleWithManyRegisters());
   const SerialClient client(port.device(), B1200);
   EXPECT_LT(timeOf(client, longRequest(), longAnswerLength), wireTime(1200, longAnswerLength) / 2);
 }
 
-TEST(Pacing, BeginsTheAnswerBehindTheRequestAndTheSilence) {
+TEST(Pacing, BeginsTheAnswerAfterTheRequestAndTheSilence) {
   const SimulatedPort port(sampleModule(), {.paced = true});
   const SerialClient client(port.device(), B1200);
   const auto earliest = characterTime(1200) * (readRequestLength + 1) + silentTime(1200);
@@ -97,7 +97,7 @@ TEST(Pacing, DeliversTheAnswerCharacterByCharacter) {
   ASSERT_THAT(client.receive(longAnswerLength - 1 - longAnswerLength / 2),
               SizeIs(longAnswerLength / 2));
   const auto last = Clock::now();
-  // Each may have been late by a moment, but the halves cannot have come together.
+  // Each may have been a little late, but the halves cannot have come together.
   EXPECT_GT(middle - first, characterTime(1200) * (longAnswerLength / 4));
   EXPECT_GT(last - middle, characterTime(1200) * (longAnswerLength / 4));
 }
@@ -109,7 +109,7 @@ TEST(Pacing, AddsTheDelayOfALateReply) {
   EXPECT_GE(timeOf(client, readRequest(4, 1), 7), wireTime(9600, 7) + 100ms);
 }
 
-TEST(Pacing, SendsAnswersOneBehindTheOther) {
+TEST(Pacing, SendsOneAnswerAfterTheOther) {
   const SimulatedPort port(sampleModule(), {.paced = true});
   const SerialClient client(port.device(), B1200);
   const auto start = Clock::now();

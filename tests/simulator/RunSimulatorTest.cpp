@@ -124,7 +124,7 @@ TEST_F(RunSimulatorTest, EndsOrderlyOnEachSignal) {
   }
 }
 
-TEST_F(RunSimulatorTest, LeavesNothingThatLastsWhenKilled) {
+TEST_F(RunSimulatorTest, LeavesNothingBehindWhenKilled) {
   const std::string file = folder_.write("tm-151.json", moduleText);
   SimulatorProcess simulator({file});
   ASSERT_THAT(simulator.line(), HasSubstr("COM100"));
@@ -132,7 +132,7 @@ TEST_F(RunSimulatorTest, LeavesNothingThatLastsWhenKilled) {
   EXPECT_THAT(runningPorts(), IsEmpty());
 }
 
-TEST_F(RunSimulatorTest, TellsWhenAPortGoesAndComesBack) {
+TEST_F(RunSimulatorTest, ReportsWhenAPortGoesAndComesBack) {
   SimulatorProcess simulator({folder_.write("nameless.json", vanishing)});
   const std::string device = deviceIn(simulator.line());
   const SerialClient client(device);
@@ -164,7 +164,7 @@ TEST_F(RunSimulatorTest, ServesNothingIfOneFileIsBad) {
   EXPECT_THAT(runningPorts(), IsEmpty());
 }
 
-TEST_F(RunSimulatorTest, TellsWhyItCannotAnnounce) {
+TEST_F(RunSimulatorTest, SaysWhyItCannotAnnounce) {
   folder_.write("tessara-conf", "a file in place of the folder");
   std::ostringstream out;
   std::ostringstream err;

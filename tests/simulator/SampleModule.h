@@ -27,7 +27,7 @@ inline Bytes serverIdRequest(std::uint8_t address = defaultAddress) {
   return modbusFrame(address, reportServerIdFunction);
 }
 
-/// What a healthy sample module answers to readRequest(4, 1).
+/// The answer of a healthy sample module to readRequest(4, 1).
 inline Bytes firmwareAnswer(std::uint8_t address = defaultAddress) {
   return modbusFrame(address, readInputRegistersFunction, Bytes{2, 0x12, 0x34});
 }

@@ -16,7 +16,7 @@ const std::filesystem::path moduleFolder = TESSARA_MODULES;
 
 constexpr std::uint16_t goodChannel = 0x0080;  // of both channel status words
 
-/// Where a module of that firmware keeps its device status; channel input, device error, channel
+/// The register of the device status with that firmware; channel input, device error, channel
 /// output and LED status follow.
 std::uint16_t statusRegister(std::uint16_t firmware) {
   switch (firmware) {
@@ -42,7 +42,7 @@ SimulatedModule sample(const std::string& name) {
 
 class EachSample : public ::testing::TestWithParam<std::filesystem::path> {};
 
-TEST_P(EachSample, HoldsAllThatAReadAsksFor) {
+TEST_P(EachSample, HoldsEverythingThatAReadAsksFor) {
   const SimulatedModule module = loadModule(GetParam());
   EXPECT_EQ(module.address, defaultAddress);
   EXPECT_EQ(module.identification[0], 49);
@@ -90,7 +90,7 @@ TEST(SampleModules, HaveAHealthyOneOfEachFamilySet) {
   EXPECT_EQ(families, (std::set<int>{15, 16, 18, 20, 22, 25, 26}));
 }
 
-TEST(SampleModules, HaveOneWithAnErrorToBeRead) {
+TEST(SampleModules, HaveOneWithAnErrorWord) {
   const auto words = statusWords(sample("tessara-tm-151-error"));
   EXPECT_EQ(words[0], 0x0002);
   EXPECT_NE(words[2], 0);
@@ -100,7 +100,7 @@ TEST(SampleModules, HaveOneOnUsbPower) {
   EXPECT_EQ(statusWords(sample("vellum-lm-201-usb-power"))[4], 0x1000);
 }
 
-TEST(SampleModules, HaveOneThatNoCatalogueKnows) {
+TEST(SampleModules, HaveOneThatIsNotInTheCatalogue) {
   EXPECT_EQ(sample("korrin-xp-991-unknown").identification[2], 99);
 }
 

@@ -15,7 +15,7 @@
 
 namespace tessara::testing {
 
-/// A program at the near end of a serial line.
+/// A client of a serial port.
 class SerialClient {
  public:
   explicit SerialClient(const std::string& device, ::speed_t rate = B19200)

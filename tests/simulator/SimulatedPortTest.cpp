@@ -24,7 +24,7 @@ using ::testing::StartsWith;
 
 constexpr std::size_t firmwareAnswerLength = 7;  // of firmwareAnswer()
 
-/// One healthy exchange over a client of its own.
+/// One healthy exchange of a new client.
 void expectHealthy(const SimulatedPort& port) {
   const SerialClient client(port.device());
   EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
@@ -62,7 +62,7 @@ TEST(SimulatedPort, AnswersBothFunctionsAndRefusesOthers) {
             modbusExceptionFrame(defaultAddress, 3, 1));
 }
 
-TEST(SimulatedPort, PutsTogetherARequestThatArrivesInPieces) {
+TEST(SimulatedPort, AssemblesARequestThatArrivesInPieces) {
   const SimulatedPort port(sampleModule());
   const SerialClient client(port.device());
   for (const std::uint8_t byte : readRequest(4, 1)) client.send({byte});
@@ -77,7 +77,7 @@ TEST(SimulatedPort, ForgetsHalfARequestAfterTheSilence) {
   EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
 }
 
-TEST(SimulatedPort, IsSilentToWrongChecksumsForeignersAndBroadcasts) {
+TEST(SimulatedPort, DoesNotAnswerWrongChecksumsOtherAddressesAndBroadcasts) {
   const SimulatedPort port(sampleModule());
   const SerialClient client(port.device());
   client.send(readRequest(4, 1, 7));
@@ -126,7 +126,7 @@ TEST(SimulatedPort, HidesFromAClientWhatItsPredecessorLeftUnread) {
   expectHealthy(port);
 }
 
-TEST(SimulatedPort, HidesFromAClientALateReplyThatCameWhileNobodyWasThere) {
+TEST(SimulatedPort, HidesFromAClientALateReplyThatCameWithoutAClient) {
   SimulatedPort port(sampleModule());
   port.setFaults({first(faults::LateReply{50ms})});
   SerialClient(port.device()).send(readRequest(3, 1));
@@ -181,7 +181,7 @@ TEST(SimulatedPort, SpoilsAnswersAsOrdered) {
       << "only 3 came";
 }
 
-TEST(SimulatedPort, UnplugsBehindAnAnswerThatTheClientStillGets) {
+TEST(SimulatedPort, UnplugsAfterAnAnswerThatTheClientStillGets) {
   SimulatedPort port(sampleModule());
   port.setFaults({{faults::Unplug{}, faults::At{2}}});
   const SerialClient client(port.device());
@@ -191,7 +191,7 @@ TEST(SimulatedPort, UnplugsBehindAnAnswerThatTheClientStillGets) {
   EXPECT_TRUE(comesTrue([&port] { return port.device().empty(); }));
 }
 
-TEST(SimulatedPort, UnplugsInTheMiddleOfAnAnswer) {
+TEST(SimulatedPort, UnplugsDuringAnAnswer) {
   SimulatedPort port(sampleModule());
   port.setFaults({first(faults::Unplug{3, {}})});
   const SerialClient client(port.device());
@@ -220,7 +220,7 @@ TEST(SimulatedPort, ComesBackByItselfIfOrdered) {
   expectHealthy(port);
 }
 
-TEST(SimulatedPort, AnswersEachTimeItHasComeBack) {
+TEST(SimulatedPort, AnswersEachTimeItComesBack) {
   SimulatedPort port(sampleModule());
   const auto isBack = [&port] { return !port.device().empty(); };
   for (int round = 0; round < 50; ++round) {
@@ -233,7 +233,7 @@ TEST(SimulatedPort, AnswersEachTimeItHasComeBack) {
   }
 }
 
-TEST(SimulatedPort, IsNeverFoundAwayIfItComesBackAtOnce) {
+TEST(SimulatedPort, IsNeverSeenUnpluggedIfItComesBackAtOnce) {
   SimulatedPort port(sampleModule());
   for (int round = 0; round < 50; ++round) {
     port.setFaults({first(faults::Unplug{0, 0ms})});
@@ -245,7 +245,7 @@ TEST(SimulatedPort, IsNeverFoundAwayIfItComesBackAtOnce) {
   }
 }
 
-TEST(SimulatedPort, CanBePulledOutAndPutBack) {
+TEST(SimulatedPort, CanBeUnpluggedAndReplugged) {
   SimulatedPort port(sampleModule());
   for (int round = 0; round < 20; ++round) {
     const SerialClient client(port.device());
@@ -263,7 +263,7 @@ TEST(SimulatedPort, CanBePulledOutAndPutBack) {
   }
 }
 
-TEST(SimulatedPort, LosesAnswersThatWereUnderWayWhenItWasPulledOut) {
+TEST(SimulatedPort, LosesUnsentAnswersWhenItIsUnplugged) {
   SimulatedPort port(sampleModule());
   port.setFaults({first(faults::LateReply{100ms})});
   SerialClient(port.device()).send(readRequest(3, 1));
@@ -275,7 +275,7 @@ TEST(SimulatedPort, LosesAnswersThatWereUnderWayWhenItWasPulledOut) {
   EXPECT_EQ(client.exchange(readRequest(4, 1), firmwareAnswerLength), firmwareAnswer());
 }
 
-TEST(SimulatedPort, EndsAtOnceWithALateReplyUnderWay) {
+TEST(SimulatedPort, EndsAtOnceWithALateReplyPending) {
   const auto start = std::chrono::steady_clock::now();
   {
     SimulatedPort port(sampleModule());
@@ -286,7 +286,7 @@ TEST(SimulatedPort, EndsAtOnceWithALateReplyUnderWay) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, 60s);
 }
 
-TEST(SimulatedPort, KeepsALinkOverReplugging) {
+TEST(SimulatedPort, KeepsALinkThroughReplugging) {
   const TemporaryFolder folder;
   const auto link = folder.path() / "ttyS9";
   {
@@ -302,14 +302,14 @@ TEST(SimulatedPort, KeepsALinkOverReplugging) {
   EXPECT_THAT(folder.names(), IsEmpty());
 }
 
-TEST(SimulatedPort, TakesOverALinkThatWasLeftBehind) {
+TEST(SimulatedPort, ReplacesALeftoverLink) {
   const TemporaryFolder folder;
   std::filesystem::create_symlink("/dev/nowhere", folder.path() / "ttyS9");
   const SimulatedPort port(sampleModule(), {.link = folder.path() / "ttyS9"});
   expectHealthy(port);
 }
 
-TEST(SimulatedPort, PutsNoLinkInThePlaceOfAFile) {
+TEST(SimulatedPort, DoesNotReplaceAFileByALink) {
   const TemporaryFolder folder;
   folder.write("ttyS9", "precious");
   EXPECT_THROW(SimulatedPort(sampleModule(), {.link = folder.path() / "ttyS9"}),
@@ -330,7 +330,7 @@ TEST(SimulatedPort, TakesNewFaultsAndRegistersWhileItRuns) {
               SizeIs(firmwareAnswerLength));
 }
 
-TEST(SimulatedPort, RefusesOrdersForModulesThatItHasNot) {
+TEST(SimulatedPort, RefusesOrdersForUnknownModules) {
   SimulatedPort port(sampleModule());
   EXPECT_THROW(port.setFaults(7, {}), std::out_of_range);
   EXPECT_THROW(port.setRegister(7, 1, 1), std::out_of_range);
@@ -338,7 +338,7 @@ TEST(SimulatedPort, RefusesOrdersForModulesThatItHasNot) {
   expectHealthy(port);
 }
 
-TEST(SimulatedPort, TellsWhatItWasAsked) {
+TEST(SimulatedPort, LogsRequests) {
   const SimulatedPort port(sampleModule());
   expectHealthy(port);
   const auto log = port.log();
@@ -359,7 +359,7 @@ TEST(SimulatedPort, MayBeUsedFromItsOwnNotification) {
   EXPECT_EQ(seen.get_future().get(), port.device());
 }
 
-TEST(SimulatedPort, IsSafeToOrderAroundWhileItAnswers) {
+TEST(SimulatedPort, CanBeControlledWhileItAnswers) {
   SimulatedPort port(sampleModule());
   std::atomic<bool> done = false;
   std::thread orders([&] {

@@ -11,7 +11,7 @@
 
 namespace tessara::testing {
 
-/// The names of all that lies in a folder.
+/// The names of everything in a folder.
 inline std::set<std::string> namesIn(const std::filesystem::path& folder) {
   std::set<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
@@ -20,7 +20,7 @@ inline std::set<std::string> namesIn(const std::filesystem::path& folder) {
   return names;
 }
 
-/// A folder of one test's own, gone with the object.
+/// A private folder of one test, removed with the object.
 class TemporaryFolder {
  public:
   TemporaryFolder() {

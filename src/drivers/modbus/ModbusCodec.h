@@ -45,7 +45,7 @@ class ModbusRequest {
 
   std::array<std::uint8_t, 6> bytes_{};
   std::size_t length_ = 0;
-  std::size_t dataLength_ = 0;  ///< of the answer; 0 if only the answer tells
+  std::size_t dataLength_ = 0;  ///< of the answer; 0 if only the answer shows it
 };
 
 /// The request as a whole frame with its checksum.

@@ -24,7 +24,7 @@ class ModbusDriver final : public ModbusCommObject {
   void InitModbusObject() override {}
   void ShutDown() override;
 
-  /// False also for a rate below ModbusLink::minRate.
+  /// False also for a rate below minLineRate.
   bool ConnectWithSerialDevice(std::int16_t& comPort, std::int32_t& baudrate) override;
   /// The four words that follow the server id in the module's report.
   DeviceWords ReadDeviceIdentifier(std::uint8_t& devAddr) override;

@@ -22,10 +22,10 @@ ModbusFault portHasGone() {
 }
 
 void requireRate(std::int32_t rate) {
-  if (rate >= ModbusLink::minRate) return;
+  if (rate >= minLineRate) return;
   throw PortError(PortProblem::Refused, "cannot be opened at " + std::to_string(rate) +
                                             " bit/s: the lowest rate is " +
-                                            std::to_string(ModbusLink::minRate) + " bit/s");
+                                            std::to_string(minLineRate) + " bit/s");
 }
 
 /// libmodbus waits with select(), which cannot watch a descriptor beyond its set.

@@ -47,13 +47,10 @@ struct ModbusTimings {
 /// reconnection to the same port at the same rate.
 class ModbusLink {
  public:
-  /// Lowest rate in bit/s. At lower ones a read would block its caller for minutes.
-  static constexpr std::int32_t minRate = 300;
-
   explicit ModbusLink(const ModbusTimings& timings) : timings_(timings) {}
 
-  /// Opens and configures the port. Throws PortError, also if `rate` is below minRate; the link is
-  /// closed then.
+  /// Opens and configures the port. Throws PortError, also if `rate` is below minLineRate; the link
+  /// is closed then.
   void open(const std::string& device, std::int32_t rate);
   /// Closes the port; harmless when none is open.
   void close() noexcept;

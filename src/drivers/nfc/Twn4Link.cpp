@@ -20,10 +20,9 @@ constexpr std::size_t maxLineLength = 2 * (3 + 255) + 1;
 constexpr int maxLateLines = 1000;
 
 constexpr std::int32_t usualRate = 115200;
-constexpr std::int32_t minRate = 300;
 
 void configure(SerialLine& line, std::int32_t rate) {
-  if (rate >= minRate) {
+  if (rate >= minLineRate) {
     try {
       return line.configure({.rate = rate});
     } catch (const PortError&) {

@@ -35,7 +35,7 @@ void setFormat(::termios& terminal, const LineSettings& settings) {
   terminal.c_cc[VTIME] = 0;
 }
 
-/// A pseudo-terminal knows no parity and refuses it with EINVAL.
+/// A pseudo-terminal has no parity and refuses it with EINVAL.
 void applyWithoutParityIfRefused(int descriptor, ::termios& terminal) {
   int result = ::tcsetattr(descriptor, TCSANOW, &terminal);
   if (result != 0 && errno == EINVAL) {

@@ -8,13 +8,13 @@
 
 namespace tessara {
 
-/// An answer on its way to the line, to which one effect after the other is applied.
+/// An answer before it is sent, to which effects are applied.
 class HartDraft {
  public:
-  /// A sound answer to `request`, with that many preambles.
+  /// An intact answer to `request`, with that many preambles.
   HartDraft(HartFrame request, HartFrame answer, std::size_t preambles);
 
-  /// The order in which effects are applied does not matter, but for two of the same kind.
+  /// The order of effects does not matter, except for two of the same kind.
   void apply(const HartEffect& effect);
 
   /// What goes on the line.

@@ -9,7 +9,8 @@
 
 namespace tessara {
 
-/// How a module behind a HART modem, or the line to it, misbehaves beyond what any module can do.
+/// How a module behind a HART modem, or the line to it, misbehaves in addition to the faults of any
+/// module.
 namespace faults {
 
 /// The request is answered with this response code, 0 to 127. An error carries no data.
@@ -17,18 +18,18 @@ struct ResponseCode {
   std::uint8_t code;
 };
 
-/// The module reports that it has received the request badly: a summary of bits 0 to 6.
+/// The module reports that it received the request badly: a summary of bits 0 to 6.
 struct CommunicationError {
   std::uint8_t bits;
 };
 
-/// The answer takes long: this request is told that it has been started, and the next `requests`
-/// identical ones that it is running.
+/// The answer takes long: this request is answered "delayed answer started", and the next
+/// `requests` identical ones "delayed answer running".
 struct DelayedAnswer {
   std::uint64_t requests;
 };
 
-/// The answer says that the module has just started.
+/// The answer reports that the module has just started.
 struct ColdStart {};
 
 /// The answer is to another command.
@@ -36,12 +37,12 @@ struct WrongCommand {
   std::uint8_t command;
 };
 
-/// The answer has this many preambles; less than two are not heard.
+/// The answer has this many preambles; fewer than two are not heard.
 struct Preambles {
   std::size_t count;
 };
 
-/// The line falls silent for a while behind the first `after` bytes of the answer.
+/// The line falls silent for a while after the first `after` bytes of the answer.
 struct Gap {
   std::size_t after;
   std::chrono::milliseconds pause;
@@ -55,14 +56,14 @@ struct BurstFrame {
   bool isToPrimaryMaster;
 };
 
-/// These bytes are sent behind everything else.
+/// These bytes are sent after everything else.
 struct TrailingNoise {
   Bytes bytes;
 };
 
 }  // namespace faults
 
-/// What can go wrong with one answer. faults::WrongAddress stands for the last byte of the address,
+/// What can go wrong with one answer. faults::WrongAddress sets the last byte of the address;
 /// faults::CutOff and faults::Unplug count the preambles.
 using HartEffect =
     std::variant<faults::ResponseCode, faults::CommunicationError, faults::DelayedAnswer,
@@ -71,7 +72,7 @@ using HartEffect =
                  faults::OtherMaster, faults::BurstFrame, faults::Noise, faults::TrailingNoise,
                  faults::LateReply, faults::NoReply>;
 
-/// One fault that has been ordered: what goes wrong, and when. Several may fall on one request.
+/// One ordered fault: what goes wrong, and when. Several may fall on one request.
 struct HartMisbehaviour {
   HartEffect effect;
   FaultTrigger trigger;

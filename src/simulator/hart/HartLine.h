@@ -6,7 +6,7 @@
 
 namespace tessara {
 
-/// A HART modem with one module behind it. Its master hears nothing of what it sends itself.
+/// A HART modem with one module behind it. The master does not hear its own requests.
 class HartLine final : public SimulatedLine {
  public:
   /// Throws what HartSlave's constructor throws.

@@ -155,7 +155,7 @@ class HartModuleReader {
                 std::to_string(room));
     }
     if (!module_.answers.emplace(command, std::move(data)).second) {
-      node.fail("command " + std::to_string(command) + " has been given already");
+      node.fail("command " + std::to_string(command) + " is given twice");
     }
   }
 

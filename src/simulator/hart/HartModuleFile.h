@@ -9,11 +9,11 @@
 namespace tessara {
 
 /// The module behind a HART modem that the contents of a module file describe; docs/simulator.md
-/// tells the format. Throws JsonError if they hold anything that is not understood.
+/// has the format. Throws JsonError if they hold anything unknown.
 SimulatedHartModule readHartModule(const JsonReader& root);
 
 /// Four characters in three bytes: the low six bits of each. Lower case becomes upper case, and a
-/// text of odd length is filled up with blanks.
+/// text whose length is not a multiple of four is padded with blanks.
 Bytes packedHartText(std::string_view text);
 
 }  // namespace tessara

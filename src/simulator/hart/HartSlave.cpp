@@ -24,7 +24,7 @@ HartAddress addressIn(const Bytes& identity) {
   try {
     return hartIdentityOf(identity).address;
   } catch (const std::exception& error) {
-    throw std::invalid_argument(std::string("no identity of a module: ") + error.what());
+    throw std::invalid_argument(std::string("not the identity of a module: ") + error.what());
   }
 }
 
@@ -33,7 +33,7 @@ HartAddress addressIn(const Bytes& identity) {
 HartSlave::HartSlave(SimulatedHartModule module)
     : module_(std::move(module)), address_(addressIn(module_.identity)) {
   if (module_.pollingAddress > HartAddress::maxPollingAddress) {
-    throw std::invalid_argument("a polling address lies between 0 and 63");
+    throw std::invalid_argument("a polling address is from 0 to 63");
   }
   for (HartMisbehaviour& fault : std::exchange(module_.faults, {})) {
     checkTrigger(fault.trigger);
@@ -129,7 +129,7 @@ std::uint8_t HartSlave::deviceStatusFor(const HartFrame& request) const {
   return static_cast<std::uint8_t>(module_.deviceStatus & ~cleared);
 }
 
-/// Counts down the identical requests behind one whose answer has been delayed.
+/// Counts down the identical requests after one whose answer was delayed.
 bool HartSlave::isStillDelayed(const HartFrame& request) {
   if (!delayed_ || !(delayed_->request == request)) return false;
   if (delayed_->requests == 0) {

@@ -10,16 +10,16 @@
 
 namespace tessara {
 
-/// One module as a HART station: the answers that its data and its faults give.
+/// One module on a HART line: the answers that follow from its data and its faults.
 class HartSlave {
  public:
   /// Throws std::invalid_argument if the polling address is above 63, the identity too short, or a
-  /// fault's trigger impossible.
+  /// fault's trigger invalid.
   explicit HartSlave(SimulatedHartModule module);
 
-  /// The answer to what has come from the line; nothing if it is not for this module to answer: no
-  /// request, another address, a polling address with a command other than 0, a call by a tag that
-  /// is not its own. Each answered request counts for the faults.
+  /// The answer to what has come from the line; nothing if this module does not answer it: not a
+  /// request, another address, a polling address with a command other than 0, a call by another
+  /// tag. Each answered request counts for the faults.
   std::optional<SimulatedAnswer> answer(const HartReception& reception);
 
  private:
@@ -28,10 +28,10 @@ class HartSlave {
     FaultClock clock;
   };
 
-  /// An answer that is being worked out for a request.
+  /// A delayed answer to a request.
   struct Delayed {
     HartFrame request;
-    std::uint64_t requests;  ///< identical ones that are still to be put off
+    std::uint64_t requests;  ///< identical ones that are still put off
   };
 
   [[nodiscard]] bool isAddressedBy(const HartFrame& request) const;
@@ -43,7 +43,7 @@ class HartSlave {
   [[nodiscard]] std::uint8_t deviceStatusFor(const HartFrame& request) const;
   [[nodiscard]] bool isStillDelayed(const HartFrame& request);
 
-  SimulatedHartModule module_;  // its list of faults has become faults_
+  SimulatedHartModule module_;  // its list of faults has moved to faults_
   HartAddress address_;
   std::vector<Ordered> faults_;
   std::uint64_t requests_ = 0;

@@ -12,7 +12,7 @@
 
 namespace tessara {
 
-/// The commands whose answers a module file gives under names of their own.
+/// The commands whose answers have keys of their own in a module file.
 namespace hart {
 inline constexpr std::uint16_t readIdentity = 0;
 inline constexpr std::uint16_t readIdentityByTag = 11;
@@ -40,7 +40,7 @@ struct SimulatedHartModule {
   /// The data of its answer to command 0, at least up to the device id in bytes 9 to 11.
   Bytes identity;
 
-  /// The data of its answers to further commands, by number. Those not here are not implemented.
+  /// The data of its answers to further commands, by number. Others are not implemented.
   std::map<std::uint16_t, Bytes> answers;
 
   /// The short tag by which command 11 calls it.
@@ -49,7 +49,7 @@ struct SimulatedHartModule {
   /// The second status byte of every answer.
   std::uint8_t deviceStatus = 0;
 
-  /// Preambles in front of its answers.
+  /// Preambles before its answers.
   std::size_t preambles = defaultHartPreambles;
 
   std::vector<HartMisbehaviour> faults;

@@ -10,14 +10,14 @@
 
 namespace tessara {
 
-/// What goes wrong between a reader and a tag. Counted are the requests that the reader sends into
-/// its field, from 1 on: the search for a tag, each look at the mailbox, each piece of a message.
+/// What goes wrong between a reader and a tag. The requests that the reader sends into its field
+/// are counted, from 1 on: the search for a tag, each look at the mailbox, each piece of a message.
 namespace fieldFaults {
 
 /// No tag hears this request.
 struct TagAbsent {};
 
-/// The tag is taken out of the field before this request; it comes back after that time, or never.
+/// The tag is removed from the field before this request; it comes back after that time, or never.
 struct TagLeaves {
   std::optional<std::chrono::milliseconds> returnAfter;
 };
@@ -34,16 +34,16 @@ struct ReaderError {
 /// The reader itself does not answer.
 struct ReaderSilent {};
 
-/// From this request on, for that time or for good, a message that nobody fetches lies in the
-/// mailbox.
+/// From this request on, for that time or permanently, the mailbox holds a message that is not
+/// fetched.
 struct MailboxBusy {
   std::optional<std::chrono::milliseconds> duration;
 };
 
-/// From this request on the tag does not allow its mailbox to be used.
+/// From this request on the tag does not allow the use of its mailbox.
 struct MailboxOff {};
 
-/// From this request on, for that time or for good, the module fetches nothing from its mailbox.
+/// From this request on, for that time or permanently, the module fetches nothing from its mailbox.
 struct ModuleAsleep {
   std::optional<std::chrono::milliseconds> duration;
 };
@@ -55,7 +55,7 @@ using FieldEffect =
                  fieldFaults::ReaderError, fieldFaults::ReaderSilent, fieldFaults::MailboxBusy,
                  fieldFaults::MailboxOff, fieldFaults::ModuleAsleep>;
 
-/// One fault that has been ordered: what goes wrong, and when.
+/// One ordered fault: what goes wrong, and when.
 struct FieldFault {
   FieldEffect effect;
   FaultTrigger trigger;

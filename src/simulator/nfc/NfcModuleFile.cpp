@@ -10,7 +10,7 @@ namespace tessara {
 
 namespace {
 
-/// What the number of an ISO 15693 tag begins with.
+/// The first byte of the number of any ISO 15693 tag.
 constexpr std::uint8_t firstUidByte = 0xE0;
 
 TagUid readUid(const JsonReader& node) {

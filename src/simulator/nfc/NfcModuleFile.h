@@ -5,7 +5,7 @@
 
 namespace tessara {
 
-/// The module with a tag that a module file describes: all that a Modbus module has, and beside it
+/// The module with a tag that a module file describes: all that a Modbus module has, and
 /// "uid" and "readerFaults". Throws JsonError.
 SimulatedNfcModule readNfcModule(const JsonReader& root);
 

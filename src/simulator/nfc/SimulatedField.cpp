@@ -15,7 +15,7 @@ Clock::time_point endOf(const std::optional<std::chrono::milliseconds>& duration
 
 }  // namespace
 
-/// Has faults take effect on the field, and on what becomes of one request.
+/// Applies faults to the field and to the outcome of one request.
 struct SimulatedField::Spoiler {
   SimulatedField& field;
   FieldOutcome& outcome;
@@ -79,7 +79,7 @@ FieldOutcome SimulatedField::send(const AirRequest& request, Clock::time_point n
   return outcome;
 }
 
-/// Ends what has lasted as long as it was to.
+/// Ends the effects whose time is over.
 void SimulatedField::follow(Clock::time_point now) {
   for (auto* end : {&absentUntil_, &blockedUntil_, &asleepUntil_}) {
     if (*end && now >= **end) end->reset();

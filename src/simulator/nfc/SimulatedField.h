@@ -19,7 +19,7 @@ struct SimulatedNfcModule {
   std::vector<FieldFault> faults{};
 };
 
-/// What became of a request that a reader sent into its field.
+/// The outcome of a request that a reader sent into its field.
 struct FieldOutcome {
   std::optional<AirAnswer> answer{};  ///< nothing if no tag answered
   bool isDamaged = false;             ///< the answer's checksum is wrong
@@ -27,26 +27,25 @@ struct FieldOutcome {
   bool isReaderSilent = false;
 };
 
-/// The field of a reader, with a tag in it that may come and go.
+/// The field of a reader, with a tag that may come and go.
 class SimulatedField {
  public:
   using Clock = SimulatedTag::Clock;
 
-  /// Throws std::invalid_argument if the module is impossible.
+  /// Throws std::invalid_argument if the module is invalid.
   explicit SimulatedField(SimulatedNfcModule module);
 
   /// Sends a request at `now`.
   FieldOutcome send(const AirRequest& request, Clock::time_point now);
 
-  /// Switched off; the next request switches it on.
+  /// Switches the field off; the next request switches it on.
   void switchOff() { tag_.losePower(); }
 
-  /// Replaces the faults, and counts requests from 1 again; what earlier ones have left behind
-  /// goes.
+  /// Replaces the faults, and counts requests from 1 again; the effects of earlier ones
+  /// end.
   void setFaults(const std::vector<FieldFault>& faults);
 
-  /// Puts another module in the place of the one in the field. Its own list of faults is left
-  /// alone.
+  /// Replaces the module in the field. The new module's own list of faults is ignored.
   void replaceTag(SimulatedNfcModule module);
 
   SimulatedTag& tag() { return tag_; }

@@ -13,38 +13,38 @@
 
 namespace tessara {
 
-/// An ISO 15693 tag with a mailbox, and the module that sits on the other side of the mailbox.
+/// An ISO 15693 tag with a mailbox, and the module on the other side of the mailbox.
 ///
-/// The module fetches a message as soon as it is there and it has time. While it works on an answer
-/// it has none, and it drops an answer for which the mailbox has no room any more.
+/// The module fetches a message as soon as it has time. While it works on an answer it has none,
+/// and it drops an answer that no longer fits into the mailbox.
 class SimulatedTag {
  public:
   using Clock = std::chrono::steady_clock;
 
-  /// Throws std::invalid_argument if the module is impossible.
+  /// Throws std::invalid_argument if the module is invalid.
   SimulatedTag(SimulatedModule module, const TagUid& uid) : module_(std::move(module)), uid_(uid) {}
 
   [[nodiscard]] const TagUid& uid() const { return uid_; }
 
-  /// What the tag answers to a request that reaches it at `now`; nothing if the request is for
-  /// another tag.
+  /// The tag's answer to a request that reaches it at `now`; nothing if the request is for another
+  /// tag.
   std::optional<AirAnswer> answer(const AirRequest& request, Clock::time_point now);
 
-  /// The field has gone, and with it what the tag does not keep.
+  /// The field has gone, and with it what the tag does not store.
   void losePower();
 
   /// Stored: whether the mailbox may be used.
   void allowMailbox(bool isAllowed);
 
-  /// From now on, or no longer, a message that nobody fetches seems to lie in the mailbox.
+  /// From now on the mailbox does, or no longer does, seem to hold a message that is not fetched.
   void blockMailbox(bool isBlocked) { isBlocked_ = isBlocked; }
 
-  /// From now on, or no longer, the module leaves messages where they are.
+  /// From now on the module does not, or does again, fetch messages.
   void sendModuleToSleep(bool isAsleep) { isAsleep_ = isAsleep; }
 
   ModbusSlave& module() { return module_; }
 
-  /// Whether a fault of the module has the reader unplugged now; asked once for each.
+  /// The fault of the module that unplugs the reader now, if any; returned once.
   std::optional<faults::Unplug> takeUnplug() { return std::exchange(unplug_, std::nullopt); }
 
  private:
@@ -73,10 +73,10 @@ class SimulatedTag {
   bool isAsleep_ = false;
 
   std::uint8_t control_ = 0;
-  Bytes message_;  // what lies in the mailbox
+  Bytes message_;  // in the mailbox
 
   PieceAssembler request_;
-  std::deque<Bytes> answer_;  // messages that the module has still to put
+  std::deque<Bytes> answer_;  // messages that the module has yet to put
   Clock::time_point answerDue_;
   std::optional<faults::Unplug> unplug_;
 };

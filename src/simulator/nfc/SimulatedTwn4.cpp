@@ -24,7 +24,7 @@ enum Status : std::uint8_t {
   parserError = 5,
 };
 
-/// Thrown by a function that cannot be called like that.
+/// Thrown by a function with wrong parameters.
 struct CallError {
   std::uint8_t status;
 };

@@ -16,7 +16,7 @@ namespace tessara {
 /// functions that find a tag and send it ISO 15693 commands, and its own version.
 class SimulatedTwn4 final : public SimulatedLine {
  public:
-  /// Throws std::invalid_argument if the module is impossible.
+  /// Throws std::invalid_argument if the module is invalid.
   explicit SimulatedTwn4(SimulatedNfcModule module) : field_(std::move(module)) {}
 
   std::vector<SimulatedAnswer> receive(std::span<const std::uint8_t> bytes) override;
@@ -41,10 +41,10 @@ class SimulatedTwn4 final : public SimulatedLine {
   SimulatedField field_;
   std::string line_;
   /// The kinds of tags that a search looks for: a mask for low frequencies, one for high ones,
-  /// least significant byte first. ISO 15693 alone to begin with.
+  /// least significant byte first. Initially ISO 15693 only.
   std::array<std::uint8_t, 8> tagTypes_{0, 0, 0, 0, 0x04, 0, 0, 0};
   bool isSelected_ = false;
-  bool isSilent_ = false;  // about the request at hand
+  bool isSilent_ = false;  // for the current request
 };
 
 }  // namespace tessara

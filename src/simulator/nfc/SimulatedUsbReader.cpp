@@ -21,7 +21,7 @@ constexpr std::array<std::uint8_t, 15> chipName{0x4E, 0x46, 0x43, 0x20, 0x46, 0x
                                                 0x41, 0x53, 0x54, 0x34, 0x00, 0x2A, 0xCE};
 constexpr std::array<std::uint8_t, 3> boardProgram{3, 7, 4};
 
-/// What the chip adds behind an answer: sound, or with a wrong checksum.
+/// What the chip adds after an answer: intact, or with a wrong checksum.
 constexpr std::uint8_t soundMark = 0x00;
 constexpr std::uint8_t checksumErrorMark = 0x01;
 
@@ -32,7 +32,7 @@ Answer failure(std::uint8_t code) {
   return {code, {}};
 }
 
-/// A tag's answer as the chip hands it over.
+/// A tag's answer as the chip delivers it.
 Answer received(const AirAnswer& answer, bool isDamaged) {
   Bytes data = withAirChecksum(encodeAirAnswer(answer));
   if (isDamaged) data.back() = static_cast<std::uint8_t>(~data.back());
@@ -91,7 +91,7 @@ std::optional<Answer> SimulatedBoard::sendReceive(std::span<const std::uint8_t> 
   try {
     request = decodeAirRequest(data);
   } catch (const NfcFault&) {
-    return failure(cr95hf::noAnswer);  // no tag understands that
+    return failure(cr95hf::noAnswer);  // no tag understands it
   }
   const FieldOutcome outcome = field_.send(request, SimulatedField::Clock::now());
   if (outcome.isReaderSilent) return std::nullopt;
@@ -131,7 +131,7 @@ class SimulatedUsbReader::Device final : public HidDevice {
   [[nodiscard]] std::string name() const override { return "simulated"; }
 
  private:
-  /// One that is put back has to be opened anew.
+  /// A replugged reader must be opened again.
   void requireReader() {
     isGone_ = isGone_ || !reader_.isPluggedIn();
     if (isGone_) throw NfcFault(NfcFaultKind::NoReader, "the reader has been unplugged");

@@ -15,10 +15,10 @@ namespace tessara {
 /// The board of the USB reader, with a module's tag in its field: answers reports.
 class SimulatedBoard {
  public:
-  /// Throws std::invalid_argument if the module is impossible.
+  /// Throws std::invalid_argument if the module is invalid.
   explicit SimulatedBoard(SimulatedNfcModule module) : field_(std::move(module)) {}
 
-  /// The board's answer to a report; nothing if it gives none.
+  /// The board's answer to a report; nothing if it does not answer.
   std::optional<cr95hf::Report> answer(std::span<const std::uint8_t> report);
 
   SimulatedField& field() { return field_; }
@@ -33,13 +33,13 @@ class SimulatedBoard {
   bool isIso15693_ = false;  // selected
 };
 
-/// A USB reader that exists inside this program alone. At most one user has it at a time.
+/// A USB reader that exists only inside this program. One user at a time can open it.
 class SimulatedUsbReader final : public UsbReaders {
  public:
-  /// Throws std::invalid_argument if the module is impossible.
+  /// Throws std::invalid_argument if the module is invalid.
   explicit SimulatedUsbReader(SimulatedNfcModule module);
 
-  /// Throws PortError, as for a real reader, while it is in use or unplugged. What this gives must
+  /// Throws PortError, as for a real reader, while it is in use or unplugged. The device must
   /// not outlive the reader.
   std::unique_ptr<HidDevice> open() override;
 

@@ -23,21 +23,21 @@ HartFrame as(HartFrame frame, HartFrameKind kind) {
   return frame;
 }
 
-TEST(HartMatch, TakesTheAnswerOfTheStationThatWasAsked) {
+TEST(HartMatch, AcceptsTheAnswerOfTheModuleThatWasAsked) {
   EXPECT_TRUE(isHartAnswer(exchangedAnswer, exchangedRequest));
 }
 
-TEST(HartMatch, DoesNotMindTheBurstBit) {
+TEST(HartMatch, IgnoresTheBurstBit) {
   EXPECT_TRUE(
       isHartAnswer(with(exchangedAnswer, exampleAddress().withBurst(true)), exchangedRequest));
 }
 
-TEST(HartMatch, RefusesAllThatIsNoAnswer) {
+TEST(HartMatch, RefusesWhatIsNotAnAnswer) {
   EXPECT_FALSE(isHartAnswer(exchangedRequest, exchangedRequest));
   EXPECT_FALSE(isHartAnswer(as(exchangedAnswer, HartFrameKind::Burst), exchangedRequest));
 }
 
-TEST(HartMatch, RefusesAnotherStation) {
+TEST(HartMatch, RefusesAnotherAddress) {
   EXPECT_FALSE(
       isHartAnswer(with(exchangedAnswer, HartAddress::unique(0xE123, 1)), exchangedRequest));
   EXPECT_FALSE(isHartAnswer(with(exchangedAnswer, HartAddress::polling(0)), exchangedRequest));
@@ -59,7 +59,7 @@ TEST(HartMatch, ComparesTheNumberOfAnExtendedCommand) {
       isHartAnswer(hartAnswer(hartRequest(exampleAddress(), 513), {0, 0}), extendedExchange));
 }
 
-TEST(HartMatch, WantsTheNumberInAllButACommunicationError) {
+TEST(HartMatch, NeedsTheNumberExceptInACommunicationError) {
   HartFrame answer = hartAnswer(extendedExchange, {0, 0});
   answer.data = {64, 0};
   EXPECT_FALSE(isHartAnswer(answer, extendedExchange));
@@ -87,32 +87,32 @@ std::chrono::milliseconds pauseAfter(const HartFrame& frame, bool isBursting = f
   return hartPauseAfter({damage, frame}, isBursting, timings);
 }
 
-TEST(HartTurn, BelongsToTheOtherMasterForRt2BehindAnOwnAnswer) {
+TEST(HartTurn, BelongsToTheOtherMasterForRt2AfterAnOwnAnswer) {
   EXPECT_EQ(pauseAfter(exchangedAnswer), 75ms);
 }
 
-TEST(HartTurn, BelongsToOthersForRt1BehindAnOwnAnswerWhileAStationIsBursting) {
+TEST(HartTurn, BelongsToOthersForRt1AfterAnOwnAnswerWhileAModuleIsBursting) {
   EXPECT_EQ(pauseAfter(exchangedAnswer, true), 305ms);
 }
 
-TEST(HartTurn, ComesAtOnceBehindAnAnswerToTheOtherMaster) {
+TEST(HartTurn, ComesAtOnceAfterAnAnswerToTheOtherMaster) {
   EXPECT_EQ(pauseAfter(with(exchangedAnswer, exampleAddress().forMaster(false))), 0ms);
 }
 
-TEST(HartTurn, ComesRt1BehindARequestOfTheOtherMaster) {
+TEST(HartTurn, ComesRt1AfterARequestOfTheOtherMaster) {
   EXPECT_EQ(pauseAfter(with(exchangedRequest, exampleAddress().forMaster(false))), 305ms);
 }
 
-TEST(HartTurn, ComesRt1BehindADamagedFrame) {
+TEST(HartTurn, ComesRt1AfterADamagedFrame) {
   EXPECT_EQ(pauseAfter(exchangedAnswer, false, HartDamage::CheckByte), 305ms);
   EXPECT_EQ(pauseAfter({}, false, HartDamage::BrokenOff), 305ms);
 }
 
-TEST(HartTurn, ComesRt1BehindABurstToThisMaster) {
+TEST(HartTurn, ComesRt1AfterABurstToThisMaster) {
   EXPECT_EQ(pauseAfter(as(exchangedAnswer, HartFrameKind::Burst), true), 305ms);
 }
 
-TEST(HartTurn, ComesAtOnceBehindABurstToTheOtherMaster) {
+TEST(HartTurn, ComesAtOnceAfterABurstToTheOtherMaster) {
   EXPECT_EQ(pauseAfter(
                 as(with(exchangedAnswer, exampleAddress().forMaster(false)), HartFrameKind::Burst)),
             0ms);

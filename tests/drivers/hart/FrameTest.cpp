@@ -108,7 +108,7 @@ TEST_P(WorkedFrame, IsEncodedByteForByte) {
 }
 
 TEST_P(WorkedFrame, IsDecodedFromItsBytes) {
-  const auto found = receptionsOf(behindPreambles(bytesOf(GetParam().bytes)));
+  const auto found = receptionsOf(afterPreambles(bytesOf(GetParam().bytes)));
   ASSERT_THAT(found, SizeIs(1));
   EXPECT_EQ(found[0].damage, HartDamage::None);
   EXPECT_EQ(found[0].frame, GetParam().frame);
@@ -117,13 +117,13 @@ TEST_P(WorkedFrame, IsDecodedFromItsBytes) {
 INSTANTIATE_TEST_SUITE_P(Hart, WorkedFrame, ::testing::ValuesIn(workedFrames()),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST(HartFrame, TellsNumberAndPayloadOfAShortCommand) {
+TEST(HartFrame, HasNumberAndPayloadOfAShortCommand) {
   const HartFrame answer = hartAnswer(nameRequest, {0, 0x40}, bytesOf("41 42"));
   EXPECT_EQ(answer.commandNumber(), 20);
   EXPECT_THAT(answer.payload(), ElementsAre(0x41, 0x42));
 }
 
-TEST(HartFrame, TellsNumberAndPayloadOfAnExtendedCommand) {
+TEST(HartFrame, HasNumberAndPayloadOfAnExtendedCommand) {
   const HartFrame request = hartRequest(exampleAddress(), 0xABCD, bytesOf("01 02"));
   EXPECT_EQ(request.command, 31);
   EXPECT_EQ(request.commandNumber(), 0xABCD);
@@ -151,21 +151,21 @@ TEST(HartFrame, CarriesExpansionBytesInTheCheckByte) {
   const HartBytes bytes = encodeHart(frame);
   EXPECT_EQ(bytes[0], 0xE2);
   EXPECT_EQ(hartCheckByte(bytes), 0);
-  const auto found = receptionsOf(behindPreambles(bytes));
+  const auto found = receptionsOf(afterPreambles(bytes));
   ASSERT_THAT(found, SizeIs(1));
   EXPECT_EQ(found[0].frame, frame);
 }
 
-TEST(HartFrame, TellsThePhysicalLayer) {
+TEST(HartFrame, HasThePhysicalLayer) {
   HartFrame frame = nameRequest;
   frame.isPsk = true;
   EXPECT_EQ(encodeHart(frame)[0], 0x8A);
-  const auto found = receptionsOf(behindPreambles(encodeHart(frame)));
+  const auto found = receptionsOf(afterPreambles(encodeHart(frame)));
   ASSERT_THAT(found, SizeIs(1));
   EXPECT_TRUE(found[0].frame.isPsk);
 }
 
-TEST(HartFrame, GoesOnTheLineBehindItsPreambles) {
+TEST(HartFrame, GoesOnTheLineAfterItsPreambles) {
   EXPECT_EQ(encodeHart(toPolling(0), 3), bytesOf("FF FF FF 02 80 00 00 82"));
 }
 
@@ -191,7 +191,7 @@ TEST(HartAddress, LeavesOutTheTopBitsOfTheDeviceType) {
   EXPECT_EQ(HartAddress::unique(0xE123, 1), HartAddress::unique(0x2123, 1));
 }
 
-TEST(HartAddress, KnowsTheStationUnderAllFlags) {
+TEST(HartAddress, IsTheSameWithAnyFlags) {
   const HartAddress address = exampleAddress();
   EXPECT_TRUE(address.isSameAddress(address.forMaster(false).withBurst(true)));
   EXPECT_FALSE(address.isSameAddress(HartAddress::unique(0xE123, 0x0A0B0D)));
@@ -201,14 +201,14 @@ TEST(HartAddress, KnowsTheStationUnderAllFlags) {
   EXPECT_TRUE(address.withBurst(true).isBursting());
 }
 
-TEST(HartAddress, KnowsTheOneThatCallsEverybody) {
+TEST(HartAddress, RecognisesTheBroadcastAddress) {
   EXPECT_TRUE(HartAddress::unique(0, 0).isBroadcast());
   EXPECT_TRUE(HartAddress::unique(0, 0).forMaster(false).isBroadcast());
   EXPECT_FALSE(HartAddress::polling(0).isBroadcast());
   EXPECT_FALSE(HartAddress::unique(0, 1).isBroadcast());
 }
 
-TEST(HartAddress, IsShownAsThePeopleAtTheLineKnowIt) {
+TEST(HartAddress, IsShownAsText) {
   EXPECT_EQ(hartAddressText(exampleAddress()), "address A1 23 0A 0B 0C");
   EXPECT_EQ(hartAddressText(HartAddress::polling(5)), "polling address 5");
 }
@@ -243,7 +243,7 @@ TEST(HartFrame, IsDecodedToItselfWhateverItHolds) {
   }
 }
 
-TEST(HartFrame, BuiltFromNumberAndPayloadGivesThemBack) {
+TEST(HartFrame, BuiltFromNumberAndPayloadHasThem) {
   std::mt19937 random(4711);
   for (int round = 0; round < 2000; ++round) {
     auto number = static_cast<std::uint16_t>(random());

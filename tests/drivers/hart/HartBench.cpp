@@ -11,11 +11,11 @@ bool asksForIdentity(const Bytes& sent) {
   return requestIn(sent).command == 0;
 }
 
-/// `script` behind a station that answers command 0 itself.
+/// `script` for a module that answers command 0 itself.
 ScriptedSlave::Script behindIdentity(ScriptedSlave::Script script) {
   return [script = std::move(script), asked = std::size_t{0}](const Bytes& sent,
                                                               std::size_t) mutable -> Reply {
-    if (asksForIdentity(sent)) return {{0ms, stationAnswer(sent, {})}};
+    if (asksForIdentity(sent)) return {{0ms, moduleAnswer(sent, {})}};
     return script(sent, asked++);
   };
 }
@@ -43,7 +43,7 @@ Bytes answered(const Bytes& sent, std::array<std::uint8_t, 2> status, const Hart
   return encodeHart(hartAnswer(requestIn(sent), status, payload), 5);
 }
 
-Bytes stationAnswer(const Bytes& sent, const std::map<std::uint16_t, HartBytes>& answers) {
+Bytes moduleAnswer(const Bytes& sent, const std::map<std::uint16_t, HartBytes>& answers) {
   const std::uint16_t number = requestIn(sent).commandNumber();
   if (number == 0) return answered(sent, {0, 0}, exampleIdentity());
   const auto known = answers.find(number);
@@ -58,7 +58,7 @@ HartBench::HartBench(ScriptedSlave::Script script, const HartTimings& timings)
 HartBench::HartBench(std::map<std::uint16_t, HartBytes> answers, const HartTimings& timings)
     : HartBench(
           [answers = std::move(answers)](const Bytes& sent, std::size_t) -> Reply {
-            return {{0ms, stationAnswer(sent, answers)}};
+            return {{0ms, moduleAnswer(sent, answers)}};
           },
           timings) {}
 

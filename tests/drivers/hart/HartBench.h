@@ -14,7 +14,7 @@ namespace tessara::testing {
 
 using namespace std::chrono_literals;
 
-/// Short times on the line, and an answer waited for as long as a loaded machine may need.
+/// Short times on the line, and as much time for an answer as a loaded machine may need.
 inline HartTimings patient() {
   return {.character = 10us,
           .linkQuiet = 5ms,
@@ -44,16 +44,16 @@ HartFrame requestIn(const Bytes& sent);
 Bytes answered(const Bytes& sent, std::array<std::uint8_t, 2> status,
                const HartBytes& payload = {});
 
-/// A station that gives its identity to command 0, these data to other commands, and 64 to all
-/// else.
-Bytes stationAnswer(const Bytes& sent, const std::map<std::uint16_t, HartBytes>& answers);
+/// A module that answers command 0 with its identity, other commands with these data, and
+/// everything else with code 64.
+Bytes moduleAnswer(const Bytes& sent, const std::map<std::uint16_t, HartBytes>& answers);
 
-/// A driver on COM3 and a scripted station behind it.
+/// A driver on COM3 with a scripted module.
 struct HartBench {
   /// `script` answers all but command 0, which is answered with the identity and not counted.
   explicit HartBench(ScriptedSlave::Script script, const HartTimings& timings = patient());
 
-  /// A station that answers as stationAnswer() does.
+  /// A module that answers as moduleAnswer() does.
   explicit HartBench(std::map<std::uint16_t, HartBytes> answers,
                      const HartTimings& timings = patient());
 

@@ -23,12 +23,12 @@ inline HartBytes joined(const std::vector<HartBytes>& parts) {
   return all;
 }
 
-/// The same behind that many preambles.
-inline HartBytes behindPreambles(const HartBytes& frame, std::size_t preambles = 5) {
+/// The same after that many preambles.
+inline HartBytes afterPreambles(const HartBytes& frame, std::size_t preambles = 5) {
   return joined({HartBytes(preambles, 0xFF), frame});
 }
 
-/// All that comes out of the parser now.
+/// Everything that the parser returns now.
 inline std::vector<HartReception> receptions(HartParser& parser) {
   std::vector<HartReception> all;
   while (auto reception = parser.next()) all.push_back(std::move(*reception));
@@ -53,7 +53,7 @@ inline HartBytes exampleIdentity(std::uint8_t preambles = 5) {
           0x0C, 5,    4,    1,         2, 0, 0x60, 0xC1, 0x60, 0xC1, 1};
 }
 
-/// The long address that the module of exampleIdentity() has.
+/// The unique address of the module of exampleIdentity().
 inline HartAddress identifiedAddress() {
   return HartAddress::unique(0xB0E2, 0x0A0B0C);
 }

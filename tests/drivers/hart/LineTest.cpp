@@ -26,22 +26,22 @@ Bytes sound(const Bytes& sent) {
   return answered(sent, {0, 0}, nameData);
 }
 
-/// An answer of other contents, in which `change` has changed something more.
+/// An answer with other contents, further changed by `change`.
 Bytes spoilt(const Bytes& sent, const std::function<void(HartFrame&)>& change) {
   HartFrame answer = hartAnswer(requestIn(sent), {0, 0}, bytesOf("66 66"));
   change(answer);
   return encodeHart(answer, 5);
 }
 
-/// Expects the read to succeed with the sound answer, after the requests `tries`.
+/// Expects the read to succeed with the intact answer, after `tries` requests.
 void expectName(ScriptedSlave::Script script, std::size_t tries, const HartTimings& timings) {
   HartBench bench(std::move(script), timings);
   EXPECT_THAT(bench.identified().command(20), ElementsAre(0, 0, 0x41, 0x42));
   EXPECT_THAT(bench.requests(), SizeIs(tries));
 }
 
-/// A sound answer behind these bytes, which are no reason to ask again.
-void expectNameBehind(const std::function<Bytes(const Bytes& sent)>& before) {
+/// An intact answer after these bytes, which must not lead to a repeat.
+void expectNameAfter(const std::function<Bytes(const Bytes& sent)>& before) {
   expectName(
       [before](const Bytes& sent, std::size_t) -> Reply {
         return {{0ms, joined({before(sent), sound(sent)})}};
@@ -49,7 +49,7 @@ void expectNameBehind(const std::function<Bytes(const Bytes& sent)>& before) {
       1, patient());
 }
 
-/// Bad answers to the first requests, a sound one to the last that is sent.
+/// Bad answers to the first requests, an intact one to the last.
 ScriptedSlave::Script badFor(std::size_t requests, std::function<Bytes(const Bytes& sent)> bad) {
   return [requests, bad = std::move(bad)](const Bytes& sent, std::size_t index) -> Reply {
     const Bytes bytes = index < requests ? bad(sent) : sound(sent);
@@ -192,26 +192,26 @@ TEST(HartLine, SaysThatAnotherCommandIsAnswered) {
 }
 
 TEST(HartLine, SkipsAnotherModulesAnswer) {
-  expectNameBehind([](const Bytes& sent) {
+  expectNameAfter([](const Bytes& sent) {
     return spoilt(sent, [](HartFrame& answer) { answer.address = exampleAddress(); });
   });
 }
 
 TEST(HartLine, SkipsAnAnswerToAnotherCommand) {
-  expectNameBehind([](const Bytes& sent) {
+  expectNameAfter([](const Bytes& sent) {
     return spoilt(sent, [](HartFrame& answer) { answer.command = 21; });
   });
 }
 
 TEST(HartLine, SkipsAnAnswerToTheOtherMaster) {
-  expectNameBehind([](const Bytes& sent) {
+  expectNameAfter([](const Bytes& sent) {
     return spoilt(sent,
                   [](HartFrame& answer) { answer.address = answer.address.forMaster(false); });
   });
 }
 
 TEST(HartLine, SkipsARequestAndAnAnswerOfTheOtherMaster) {
-  expectNameBehind([](const Bytes& sent) {
+  expectNameAfter([](const Bytes& sent) {
     const auto other =
         hartRequest(requestIn(sent).address.forMaster(false), requestIn(sent).command);
     return joined({encodeHart(other, 5), encodeHart(hartAnswer(other, {0, 0}, nameData), 5)});
@@ -220,7 +220,7 @@ TEST(HartLine, SkipsARequestAndAnAnswerOfTheOtherMaster) {
 
 TEST(HartLine, SkipsBurstFramesToEitherMaster) {
   for (const bool isPrimary : {true, false}) {
-    expectNameBehind([isPrimary](const Bytes& sent) {
+    expectNameAfter([isPrimary](const Bytes& sent) {
       return spoilt(sent, [isPrimary](HartFrame& answer) {
         answer.kind = HartFrameKind::Burst;
         answer.address = answer.address.withBurst(true).forMaster(isPrimary);
@@ -230,19 +230,19 @@ TEST(HartLine, SkipsBurstFramesToEitherMaster) {
 }
 
 TEST(HartLine, SkipsItsOwnEcho) {
-  expectNameBehind([](const Bytes& sent) { return sent; });
+  expectNameAfter([](const Bytes& sent) { return sent; });
 }
 
 TEST(HartLine, SkipsNoise) {
-  expectNameBehind([](const Bytes&) { return bytesOf("00 A5 FF 00"); });
+  expectNameAfter([](const Bytes&) { return bytesOf("00 A5 FF 00"); });
 }
 
-TEST(HartLine, SkipsADamagedFrameInFrontOfTheAnswer) {
-  expectNameBehind(wrongCheckByte);
+TEST(HartLine, SkipsADamagedFrameBeforeTheAnswer) {
+  expectNameAfter(wrongCheckByte);
 }
 
 TEST(HartLine, SkipsADamagedPreamble) {
-  expectNameBehind([](const Bytes&) { return bytesOf("FF FF F7"); });
+  expectNameAfter([](const Bytes&) { return bytesOf("FF FF F7"); });
 }
 
 TEST(HartLine, IgnoresTrailingBytes) {
@@ -294,8 +294,7 @@ TEST(HartLine, NeverTakesTheLateAnswerOfOneCommandForAnother) {
   HartBench bench(
       [](const Bytes& sent, std::size_t index) -> Reply {
         const bool isLate = index == 0;
-        return {
-            {isLate ? 1000ms : 0ms, stationAnswer(sent, {{20, nameData}, {24, bytesOf("56")}})}};
+        return {{isLate ? 1000ms : 0ms, moduleAnswer(sent, {{20, nameData}, {24, bytesOf("56")}})}};
       },
       brisk());
   bench.identified();
@@ -303,7 +302,7 @@ TEST(HartLine, NeverTakesTheLateAnswerOfOneCommandForAnother) {
   EXPECT_THAT(bench.command(24), ElementsAre(0, 0, 0x56));
 }
 
-TEST(HartLine, NeverTakesALateAnswerForThatToALaterRequest) {
+TEST(HartLine, NeverTakesALateAnswerForOneToALaterRequest) {
   // The answers count the requests. The first comes after it has been asked for again.
   HartBench bench(
       [](const Bytes& sent, std::size_t index) -> Reply {

@@ -82,7 +82,7 @@ TEST(HartModuleFile, MakesAnIdentityOfTheLengthOfItsRevision) {
   EXPECT_EQ(errorWith("universalRevision", 8), "m.json: universalRevision: 8 is not within 5 to 7");
 }
 
-TEST(HartModuleFile, PutsTheRevisionsAndPreamblesWhereTheyBelong) {
+TEST(HartModuleFile, PutsTheRevisionsAndPreamblesIntoTheirBytes) {
   json file = minimal();
   file["softwareRevision"] = 9;
   file["hardwareRevision"] = 17;
@@ -101,7 +101,7 @@ TEST(HartModuleFile, TakesAnIdentityByteForByte) {
   EXPECT_EQ(parsed(file).identity, bytesOf("FE 1A 89 07 05 02 1B 08 01 21 63 3F"));
 }
 
-TEST(HartModuleFile, RefusesAnIdentityThatIsNone) {
+TEST(HartModuleFile, RefusesAnInvalidIdentity) {
   const auto error = [](const json& file) { return errorOf([&] { parsed(file); }); };
   EXPECT_EQ(error({{"identity", {254, 1}}}), "m.json: identity: does not have 12 to 253 bytes");
   EXPECT_EQ(error({{"identity", json(std::vector<int>(12, 1))}}),
@@ -175,8 +175,7 @@ TEST(HartModuleFile, RefusesACommandThatIsGivenTwice) {
   json file = minimal();
   file["firmware"] = "HV2.00";
   file["commands"] = {{"24", {1}}};
-  EXPECT_EQ(errorOf([&] { parsed(file); }),
-            "m.json: commands.24: command 24 has been given already");
+  EXPECT_EQ(errorOf([&] { parsed(file); }), "m.json: commands.24: command 24 is given twice");
 }
 
 TEST(HartModuleFile, RefusesMoreDataThanAnAnswerHolds) {
@@ -187,7 +186,7 @@ TEST(HartModuleFile, RefusesMoreDataThanAnAnswerHolds) {
             "m.json: commands.512: has 252 bytes; an answer has room for 251");
 }
 
-TEST(HartModuleFile, RefusesKeysAndNumbersThatItDoesNotKnow) {
+TEST(HartModuleFile, RefusesUnknownKeysAndNumbers) {
   EXPECT_EQ(errorWith("address", 5), "m.json: address: unknown key");
   EXPECT_EQ(errorWith("pollingAddress", 64), "m.json: pollingAddress: 64 is not within 0 to 63");
   EXPECT_EQ(errorWith("uniqueId", 0x1000000),
@@ -262,7 +261,7 @@ TEST(HartModuleFile, SaysWhatIsWrongWithAFault) {
   EXPECT_THAT(error(every({{"kind", "echo"}, {"delay", 1}})), HasSubstr("unknown key"));
 }
 
-TEST(HartModuleFile, IsAsTheManualShowsIt) {
+TEST(HartModuleFile, MatchesTheManual) {
   std::ifstream manual(moduleFolder / "../../docs/simulator.md");
   const std::string text(std::istreambuf_iterator<char>(manual), {});
   const std::size_t link = text.find(R"("link": "hart")");
@@ -273,7 +272,7 @@ TEST(HartModuleFile, IsAsTheManualShowsIt) {
             textBytes("HV2.00"));
 }
 
-TEST(PluggableModule, StandsBehindTheAdapterOfItsLink) {
+TEST(PluggableModule, HasTheAdapterOfItsLink) {
   const PluggableModule hart = loadPluggableModule(moduleFolder / "hart-healthy.json");
   EXPECT_EQ(hart.deviceNamePrefix, "\\Device\\ViatorSim");
   EXPECT_EQ(hart.name, "TESSARA HT 2261 LINE A");

@@ -29,7 +29,7 @@ std::vector<HartDamage> damagesIn(const std::vector<HartReception>& found) {
 
 TEST(HartParser, FindsAFrameThatComesByteByByte) {
   HartParser parser;
-  const HartBytes bytes = behindPreambles(busy);
+  const HartBytes bytes = afterPreambles(busy);
   for (std::size_t place = 0; place + 1 < bytes.size(); ++place) {
     parser.feed({&bytes[place], 1});
     EXPECT_THAT(receptions(parser), IsEmpty()) << place;
@@ -39,22 +39,22 @@ TEST(HartParser, FindsAFrameThatComesByteByByte) {
 }
 
 TEST(HartParser, NeedsTwoPreambles) {
-  EXPECT_THAT(receptionsOf(behindPreambles(busy, 0)), IsEmpty());
-  EXPECT_THAT(receptionsOf(behindPreambles(busy, 1)), IsEmpty());
-  EXPECT_THAT(receptionsOf(behindPreambles(busy, 2)), SizeIs(1));
-  EXPECT_THAT(receptionsOf(behindPreambles(busy, 400)), SizeIs(1));
+  EXPECT_THAT(receptionsOf(afterPreambles(busy, 0)), IsEmpty());
+  EXPECT_THAT(receptionsOf(afterPreambles(busy, 1)), IsEmpty());
+  EXPECT_THAT(receptionsOf(afterPreambles(busy, 2)), SizeIs(1));
+  EXPECT_THAT(receptionsOf(afterPreambles(busy, 400)), SizeIs(1));
 }
 
-TEST(HartParser, WantsTheDelimiterRightBehindThePreambles) {
+TEST(HartParser, NeedsTheDelimiterRightAfterThePreambles) {
   EXPECT_THAT(receptionsOf(joined({bytesOf("FF FF 00"), busy})), IsEmpty());
   EXPECT_THAT(receptionsOf(joined({bytesOf("FF FF 00 FF"), busy})), IsEmpty());
 }
 
-TEST(HartParser, PassesOverADamagedPreamble) {
+TEST(HartParser, SkipsADamagedPreamble) {
   EXPECT_THAT(receptionsOf(joined({bytesOf("FF F7 FF 00 FF FF"), busy})), SizeIs(1));
 }
 
-TEST(HartParser, PassesOverWhatIsNoDelimiter) {
+TEST(HartParser, SkipsWhatIsNotADelimiter) {
   for (int byte = 0; byte < 0xFF; ++byte) {
     const bool isKind = (byte & 7) == 1 || (byte & 7) == 2 || (byte & 7) == 6;
     const bool isLayer = (byte & 0x18) <= 0x08;
@@ -65,32 +65,32 @@ TEST(HartParser, PassesOverWhatIsNoDelimiter) {
 }
 
 TEST(HartParser, FindsEachOfSeveralFramesInOneDelivery) {
-  const auto found = receptionsOf(joined({bytesOf("00"), behindPreambles(requestBytes),
-                                          bytesOf("00 00"), behindPreambles(busy), bytesOf("00")}));
+  const auto found = receptionsOf(joined({bytesOf("00"), afterPreambles(requestBytes),
+                                          bytesOf("00 00"), afterPreambles(busy), bytesOf("00")}));
   ASSERT_THAT(found, SizeIs(2));
   EXPECT_EQ(found[0].frame.kind, HartFrameKind::Request);
   EXPECT_EQ(found[1].frame.kind, HartFrameKind::Answer);
 }
 
-TEST(HartParser, EndsAFrameByItsLengthAndLeavesTrailingBytesAlone) {
+TEST(HartParser, EndsAFrameByItsLengthAndIgnoresTrailingBytes) {
   HartParser parser;
-  parser.feed(joined({behindPreambles(busy), bytesOf("00 00")}));
+  parser.feed(joined({afterPreambles(busy), bytesOf("00 00")}));
   EXPECT_THAT(receptions(parser), SizeIs(1));
   EXPECT_FALSE(parser.isFrameOpen());
 }
 
-TEST(HartParser, TellsAWrongCheckByteWithTheFrameAsItCame) {
-  const auto found = receptionsOf(behindPreambles(damaged(busy)));
+TEST(HartParser, ReportsAWrongCheckByteWithTheFrameAsReceived) {
+  const auto found = receptionsOf(afterPreambles(damaged(busy)));
   ASSERT_THAT(found, SizeIs(1));
   EXPECT_EQ(found[0].damage, HartDamage::CheckByte);
   EXPECT_EQ(found[0].frame.address, exampleAddress());
   EXPECT_EQ(found[0].frame.command, 20);
 }
 
-TEST(HartParser, TellsAnAnswerThatIsTooShortForItsStatus) {
+TEST(HartParser, ReportsAnAnswerThatIsTooShortForItsStatus) {
   for (const char* frame : {"86 A1 23 0A 0B 0C 14 00 1D", "86 A1 23 0A 0B 0C 14 01 00 1C",
                             "81 A1 23 0A 0B 0C 14 00 1A"}) {
-    const auto found = receptionsOf(behindPreambles(bytesOf(frame)));
+    const auto found = receptionsOf(afterPreambles(bytesOf(frame)));
     ASSERT_THAT(found, SizeIs(1)) << frame;
     EXPECT_EQ(found[0].damage, HartDamage::ByteCount) << frame;
   }
@@ -98,7 +98,7 @@ TEST(HartParser, TellsAnAnswerThatIsTooShortForItsStatus) {
 
 TEST(HartParser, WaitsForAnOpenFrameUntilSilence) {
   HartParser parser;
-  parser.feed(behindPreambles(HartBytes(busy.begin(), busy.end() - 1)));
+  parser.feed(afterPreambles(HartBytes(busy.begin(), busy.end() - 1)));
   EXPECT_THAT(receptions(parser), IsEmpty());
   EXPECT_TRUE(parser.isFrameOpen());
   parser.silence();
@@ -106,7 +106,7 @@ TEST(HartParser, WaitsForAnOpenFrameUntilSilence) {
   EXPECT_FALSE(parser.isFrameOpen());
 }
 
-TEST(HartParser, TakesSilenceWithoutAnOpenFrameForNothing) {
+TEST(HartParser, IgnoresSilenceWithoutAnOpenFrame) {
   HartParser parser;
   parser.feed(bytesOf("00 FF FF"));
   parser.silence();
@@ -115,9 +115,9 @@ TEST(HartParser, TakesSilenceWithoutAnOpenFrameForNothing) {
   EXPECT_THAT(receptions(parser), SizeIs(1));
 }
 
-TEST(HartParser, FindsAFrameBehindNoiseThatLookedLikeOne) {
+TEST(HartParser, FindsAFrameAfterNoiseThatLookedLikeOne) {
   HartParser parser;
-  parser.feed(joined({bytesOf("FF FF 86 A1 23 0A 0B 0C 14 FF"), behindPreambles(busy)}));
+  parser.feed(joined({bytesOf("FF FF 86 A1 23 0A 0B 0C 14 FF"), afterPreambles(busy)}));
   EXPECT_THAT(receptions(parser), IsEmpty());
   parser.silence();
   EXPECT_THAT(damagesIn(receptions(parser)),
@@ -126,11 +126,11 @@ TEST(HartParser, FindsAFrameBehindNoiseThatLookedLikeOne) {
 
 TEST(HartParser, FindsAFrameInsideADamagedOne) {
   const HartBytes begun = bytesOf("FF FF 02 80 00 09");
-  const auto found = receptionsOf(joined({begun, behindPreambles(busy)}));
+  const auto found = receptionsOf(joined({begun, afterPreambles(busy)}));
   EXPECT_THAT(damagesIn(found), ::testing::ElementsAre(HartDamage::CheckByte, HartDamage::None));
 }
 
-TEST(HartParser, ForgetsAllOnReset) {
+TEST(HartParser, ForgetsEverythingOnReset) {
   HartParser parser;
   parser.feed(bytesOf("FF FF 86 A1"));
   parser.reset();
@@ -139,8 +139,8 @@ TEST(HartParser, ForgetsAllOnReset) {
   EXPECT_THAT(receptions(parser), IsEmpty());
 }
 
-TEST(HartParser, NeverFailsOnRandomBytesAndFindsTheFrameBehindThem) {
-  // One check byte in 256 fits by chance: noise may then swallow the frame.
+TEST(HartParser, NeverFailsOnRandomBytesAndFindsTheFrameAfterThem) {
+  // One check byte in 256 is right by chance: noise may then swallow the frame.
   constexpr int maxSwallowed = 30;
   int swallowed = 0;
   std::mt19937 random(1200);
@@ -153,7 +153,7 @@ TEST(HartParser, NeverFailsOnRandomBytesAndFindsTheFrameBehindThem) {
       byte = random() % 2 == 0 ? likely.at(random() % likely.size())
                                : static_cast<std::uint8_t>(random());
     }
-    const HartBytes bytes = joined({noise, bytesOf("00"), behindPreambles(busy)});
+    const HartBytes bytes = joined({noise, bytesOf("00"), afterPreambles(busy)});
     std::vector<HartReception> found;
     for (std::size_t place = 0; place < bytes.size();) {
       const std::size_t count = std::min<std::size_t>(1 + random() % 50, bytes.size() - place);
@@ -172,8 +172,8 @@ TEST(HartParser, NeverFailsOnRandomBytesAndFindsTheFrameBehindThem) {
   EXPECT_LE(swallowed, maxSwallowed);
 }
 
-TEST(HartParser, TakesNoFrameWithOneWrongBitForSound) {
-  const HartBytes sound = behindPreambles(busy);
+TEST(HartParser, AcceptsNoFrameWithOneWrongBit) {
+  const HartBytes sound = afterPreambles(busy);
   for (std::size_t place = 5; place < sound.size(); ++place) {
     for (unsigned int bit = 0; bit < 8; ++bit) {
       HartBytes bytes = sound;

@@ -1,4 +1,4 @@
-// The driver against a station that is not ours.
+// The driver against an independent module.
 
 #include <array>
 #include <cerrno>
@@ -20,10 +20,10 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
 
-/// A station written in Python, which runs until the object ends.
-class PythonStation {
+/// A module written in Python, which runs until the object ends.
+class PythonModule {
  public:
-  PythonStation() {
+  PythonModule() {
     std::array<int, 2> output{};
     std::array<int, 2> input{};
     if (::pipe2(output.data(), O_CLOEXEC) != 0 || ::pipe2(input.data(), O_CLOEXEC) != 0) {
@@ -33,7 +33,7 @@ class PythonStation {
     if (child_ == 0) {
       ::dup2(input[0], STDIN_FILENO);
       ::dup2(output[1], STDOUT_FILENO);
-      ::execl("/usr/bin/python3", "python3", HART_STATION, nullptr);
+      ::execl("/usr/bin/python3", "python3", HART_MODULE, nullptr);
       ::_exit(127);
     }
     ::close(input[0]);
@@ -46,13 +46,13 @@ class PythonStation {
     if (!device_.empty()) device_.pop_back();
   }
 
-  ~PythonStation() {
+  ~PythonModule() {
     ::close(input_);
     ::waitpid(child_, nullptr, 0);
   }
 
-  PythonStation(const PythonStation&) = delete;
-  PythonStation& operator=(const PythonStation&) = delete;
+  PythonModule(const PythonModule&) = delete;
+  PythonModule& operator=(const PythonModule&) = delete;
 
   [[nodiscard]] const std::string& device() const { return device_; }
 
@@ -63,9 +63,9 @@ class PythonStation {
 };
 
 TEST(HartPeer, IsReadFromEndToEnd) {
-  const PythonStation station;
-  ASSERT_NE(station.device(), "");
-  const NamedPorts ports({{3, station.device()}});
+  const PythonModule module;
+  ASSERT_NE(module.device(), "");
+  const NamedPorts ports({{3, module.device()}});
   HartDriver driver(ports, {.timings = brisk()});
   std::int16_t comPort = 3;
   std::int32_t rate = 9600;

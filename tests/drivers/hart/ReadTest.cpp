@@ -1,4 +1,4 @@
-// What the driver asks, and what it gives back.
+// The requests of the driver and its results.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ TEST(HartRead, IdentifiesTheModuleAtThePollingAddressInTheLowSixBits) {
            {192, "02 80 00 00 82"}, {5, "02 85 00 00 87"}, {255, "02 BF 00 00 BD"}}) {
     EXPECT_THAT(bench.identification(static_cast<std::uint8_t>(given)),
                 ElementsAre(0xB0, 7, 0xE2, 1));
-    EXPECT_EQ(bench.slave.requests().back(), behindPreambles(bytesOf(request), 20));
+    EXPECT_EQ(bench.slave.requests().back(), afterPreambles(bytesOf(request), 20));
   }
 }
 
@@ -97,7 +97,7 @@ TEST(HartRead, IdentifiesByItselfAtTheLastPollingAddressIfNothingIsKnown) {
   HartBench bench({{20, bytesOf("41")}});
   ASSERT_TRUE(bench.connect());
   EXPECT_THAT(bench.command(20), ElementsAre(0, 0, 0x41));
-  EXPECT_EQ(bench.slave.requests().at(0), behindPreambles(bytesOf("02 80 00 00 82"), 20));
+  EXPECT_EQ(bench.slave.requests().at(0), afterPreambles(bytesOf("02 80 00 00 82"), 20));
 }
 
 TEST(HartRead, KeepsTheAddressOfEachPortApart) {
@@ -117,7 +117,7 @@ TEST(HartRead, ForgetsAModuleThatCouldNotBeIdentifiedAgain) {
       [](const Bytes& sent, std::size_t) -> Reply {
         const HartFrame request = requestIn(sent);
         if (request.address == HartAddress::polling(7)) return {{0ms, answered(sent, {6, 0})}};
-        return {{0ms, stationAnswer(sent, {{20, bytesOf("41")}})}};
+        return {{0ms, moduleAnswer(sent, {{20, bytesOf("41")}})}};
       },
       hartRequestLength);
   const NamedPorts ports({{3, slave.device()}});

@@ -25,7 +25,7 @@ class SimulatedBench {
         ports({{3, port.device()}}),
         driver(ports, {.timings = timings}) {}
 
-  /// What command 20 gives in a connection of its own, after the identity has been read.
+  /// The answer to command 20 in a new connection, after the identity has been read.
   DeviceWords name() {
     std::int16_t comPort = 3;
     std::int32_t rate = 1200;
@@ -79,7 +79,7 @@ void PrintTo(const Survived& fault, std::ostream* out) {
 
 class SurvivedFault : public ::testing::TestWithParam<Survived> {};
 
-TEST_P(SurvivedFault, LeavesTheNameAsItIs) {
+TEST_P(SurvivedFault, LeavesTheNameUnchanged) {
   SimulatedBench bench(onTheName(GetParam().effect));
   EXPECT_THAT(bench.name(), ElementsAre(0, 0, 0x41, 0x42));
 }
@@ -89,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Survived{"NoReply", faults::NoReply{}}, Survived{"LateReply", faults::LateReply{1000ms}},
         Survived{"BadCheckByte", faults::BadChecksum{}},
-        Survived{"WrongStation", faults::WrongAddress{0x77}},
+        Survived{"WrongAddress", faults::WrongAddress{0x77}},
         Survived{"WrongCommand", faults::WrongCommand{21}}, Survived{"CutOff", faults::CutOff{10}},
         Survived{"Noise", faults::Noise{{0x00, 0xFF, 0x55}}},
         Survived{"NoiseLikeAFrame", faults::Noise{{0xFF, 0xFF, 0x86, 0x00}}},
@@ -105,7 +105,7 @@ INSTANTIATE_TEST_SUITE_P(
         Survived{"ShortGap", faults::Gap{12, 20ms}}, Survived{"LongGap", faults::Gap{12, 1500ms}}),
     [](const auto& test) { return std::string(test.param.name); });
 
-TEST(SimulatedHart, TellsAColdStart) {
+TEST(SimulatedHart, ReportsAColdStart) {
   EXPECT_THAT(SimulatedBench(onTheName(faults::ColdStart{}), patient()).name(),
               ElementsAre(0, 0x20, 0x41, 0x42));
 }
@@ -133,7 +133,7 @@ TEST(SimulatedHart, SaysWhyItCannotBeRead) {
               EndsWith(": no answer, only one from address B0 E2 0A 0B 77, asked 3 times"));
 }
 
-TEST(SimulatedHart, SaysThatItHasBeenUnpluggedAndIsReadWhenItIsBack) {
+TEST(SimulatedHart, ReportsUnpluggingAndIsReadWhenItIsBack) {
   SimulatedBench bench(onTheName(faults::Unplug{3, std::nullopt}), patient());
   EXPECT_THAT(errorOf([&] { bench.name(); }), EndsWith(": the port has gone"));
   EXPECT_EQ(bench.port.device(), "");

@@ -1,4 +1,4 @@
-// The simulated module, without any port.
+// The simulated module, without a port.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -72,12 +72,11 @@ HartBytes dataOf(const HartFrame& request) {
 
 TEST(HartSlave, AnswersTheWorkedRequestsByteForByte) {
   HartLine line(sampleModule());
-  EXPECT_EQ(sentFor(line, behindPreambles(bytesOf("02 85 00 00 87"))),
-            behindPreambles(bytesOf("06 85 00 18 00 50 FE E1 23 05 07 01 03 60 01 0A 0B 0C 05 04 "
-                                    "01 02 00 60 C1 60 C1 01 98")));
-  EXPECT_EQ(
-      sentFor(line, behindPreambles(bytesOf("82 A1 23 0A 0B 0C 30 00 3D"))),
-      behindPreambles(bytesOf("86 A1 23 0A 0B 0C 30 0B 00 50 00 00 00 00 00 00 02 00 00 60")));
+  EXPECT_EQ(sentFor(line, afterPreambles(bytesOf("02 85 00 00 87"))),
+            afterPreambles(bytesOf("06 85 00 18 00 50 FE E1 23 05 07 01 03 60 01 0A 0B 0C 05 04 "
+                                   "01 02 00 60 C1 60 C1 01 98")));
+  EXPECT_EQ(sentFor(line, afterPreambles(bytesOf("82 A1 23 0A 0B 0C 30 00 3D"))),
+            afterPreambles(bytesOf("86 A1 23 0A 0B 0C 30 0B 00 50 00 00 00 00 00 00 02 00 00 60")));
 }
 
 TEST(HartSlave, IgnoresARequestWithFewerThanTwoPreambles) {
@@ -91,7 +90,7 @@ TEST(HartSlave, ReportsAWrongCheckByteInAFrameForIt) {
   HartLine line(sampleModule());
   HartBytes bytes = encodeHart(slaveNameRequest, 5);
   bytes.back() = static_cast<std::uint8_t>(~bytes.back());
-  EXPECT_EQ(sentFor(line, bytes), behindPreambles(bytesOf("86 A1 23 0A 0B 0C 14 02 88 00 97")));
+  EXPECT_EQ(sentFor(line, bytes), afterPreambles(bytesOf("86 A1 23 0A 0B 0C 14 02 88 00 97")));
 }
 
 TEST(HartSlave, IsSilentOnAWrongCheckByteInAFrameForOthers) {
@@ -131,12 +130,12 @@ TEST(HartSlave, HearsNothingWhileItSends) {
   EXPECT_TRUE(HartLine(sampleModule()).isDeafWhileSending());
 }
 
-TEST(HartSlave, IsSilentAtAddressesOfOthers) {
+TEST(HartSlave, IsSilentAtOtherAddresses) {
   EXPECT_THAT(dataOf(hartRequest(HartAddress::polling(4), 0)), IsEmpty());
   EXPECT_THAT(dataOf(hartRequest(HartAddress::unique(0xE123, 0x0A0B0D), 20)), IsEmpty());
 }
 
-TEST(HartSlave, IsSilentAtItsPollingAddressOnAllButCommand0) {
+TEST(HartSlave, IsSilentAtItsPollingAddressExceptOnCommand0) {
   EXPECT_THAT(dataOf(hartRequest(HartAddress::polling(5), 20)), IsEmpty());
   EXPECT_THAT(dataOf(identityRequest), SizeIs(24));
 }
@@ -170,7 +169,7 @@ TEST(HartSlave, IsSilentOnACallByAnotherTagOrName) {
   EXPECT_THAT(dataOf(hartRequest(everybody, 21, HartBytes(32, 'M'))), IsEmpty());
 }
 
-TEST(HartSlave, IsSilentOnOtherCommandsToEverybody) {
+TEST(HartSlave, IsSilentOnOtherBroadcastCommands) {
   EXPECT_THAT(dataOf(hartRequest(HartAddress::unique(0, 0), 20)), IsEmpty());
 }
 
@@ -189,7 +188,7 @@ TEST(HartSlave, RefusesAnExtendedCommandWithoutItsNumber) {
   EXPECT_THAT(dataOf(request), ElementsAre(5, 0x50));
 }
 
-TEST(HartSlave, IgnoresDataTooMany) {
+TEST(HartSlave, IgnoresExtraData) {
   EXPECT_THAT(dataOf(hartRequest(exampleAddress(), 20, bytesOf("01 02 03"))), SizeIs(34));
 }
 
@@ -215,20 +214,20 @@ TEST(HartSlave, RefusesAStatusRequestIfItHasNone) {
   EXPECT_THAT(dataOf(line, hartRequest(exampleAddress(), 48)), ElementsAre(64, 0x50));
 }
 
-TEST(HartSlave, PutsItsPreamblesInFrontOfEachAnswer) {
+TEST(HartSlave, SendsItsPreamblesBeforeEachAnswer) {
   SimulatedHartModule module = sampleModule();
   module.preambles = 7;
   const Bytes sent = answerOf(module, slaveNameRequest);
   EXPECT_EQ(Bytes(sent.begin(), sent.begin() + 8), joined({Bytes(7, 0xFF), bytesOf("86")}));
 }
 
-TEST(HartSlave, CannotBeWhatNoStationIs) {
+TEST(HartSlave, RefusesAnInvalidModule) {
   SimulatedHartModule module = sampleModule();
   module.pollingAddress = 64;
-  EXPECT_EQ(errorOf([&] { HartLine line(module); }), "a polling address lies between 0 and 63");
+  EXPECT_EQ(errorOf([&] { HartLine line(module); }), "a polling address is from 0 to 63");
   module = sampleModule();
   module.identity.resize(11);
-  EXPECT_THAT(errorOf([&] { HartLine line(module); }), HasSubstr("no identity of a module"));
+  EXPECT_THAT(errorOf([&] { HartLine line(module); }), HasSubstr("not the identity of a module"));
   EXPECT_EQ(errorOf([] { HartLine line(faulty(faults::NoReply{}, faults::At{0})); }),
             "requests are counted from 1");
 }
@@ -259,7 +258,7 @@ TEST(HartFault, AnswersWithAResponseCodeAndDataIfItIsAWarning) {
 
 TEST(HartFault, ReportsACommunicationError) {
   EXPECT_EQ(answerOf(faulty(faults::CommunicationError{0x48}), slaveNameRequest),
-            behindPreambles(bytesOf("86 A1 23 0A 0B 0C 14 02 C8 00 D7")));
+            afterPreambles(bytesOf("86 A1 23 0A 0B 0C 14 02 C8 00 D7")));
 }
 
 TEST(HartFault, DelaysTheAnswerForSomeIdenticalRequests) {
@@ -271,7 +270,7 @@ TEST(HartFault, DelaysTheAnswerForSomeIdenticalRequests) {
   EXPECT_THAT(dataOf(line, slaveNameRequest), SizeIs(34));
 }
 
-TEST(HartFault, TellsAColdStart) {
+TEST(HartFault, ReportsAColdStart) {
   EXPECT_EQ(dataOf(slaveNameRequest).at(1), 0x50);
   HartLine line(faulty(faults::ColdStart{}, faults::At{1}));
   EXPECT_EQ(dataOf(line, slaveNameRequest).at(1), 0x70);
@@ -284,7 +283,7 @@ TEST(HartFault, AnswersAnotherCommand) {
   EXPECT_EQ(found[0].frame.command, 33);
 }
 
-TEST(HartFault, AnswersAsAnotherStation) {
+TEST(HartFault, AnswersFromAnotherAddress) {
   const auto found = receptionsOf(answerOf(faulty(faults::WrongAddress{0x77}), slaveNameRequest));
   ASSERT_THAT(found, SizeIs(1));
   EXPECT_EQ(found[0].frame.address, HartAddress::unique(0xE123, 0x0A0B77));
@@ -321,7 +320,7 @@ TEST(HartFault, LeavesAGapInTheAnswer) {
             answerOf(sampleModule(), slaveNameRequest));
 }
 
-TEST(HartFault, PullsThePortOut) {
+TEST(HartFault, UnplugsThePort) {
   HartLine line(faulty(faults::Unplug{3, 50ms}));
   const auto answers = line.receive(encodeHart(slaveNameRequest, 5));
   ASSERT_THAT(answers, SizeIs(1));
@@ -335,7 +334,7 @@ TEST(HartFault, SendsTheRequestBack) {
             joined({encodeHart(slaveNameRequest, 5), answerOf(sampleModule(), slaveNameRequest)}));
 }
 
-TEST(HartFault, LetsTheOtherMasterIn) {
+TEST(HartFault, SendsTrafficOfTheOtherMaster) {
   const auto found = receptionsOf(answerOf(faulty(faults::OtherMaster{}), slaveNameRequest));
   ASSERT_THAT(found, SizeIs(3));
   EXPECT_EQ(found[0].frame.kind, HartFrameKind::Request);
@@ -357,7 +356,7 @@ TEST(HartFault, SendsABurstFrameToEitherMaster) {
   }
 }
 
-TEST(HartFault, MakesNoiseBeforeAndBehind) {
+TEST(HartFault, MakesNoiseBeforeAndAfter) {
   SimulatedHartModule module = faulty(faults::Noise{{0x00, 0x55}});
   module.faults.push_back({faults::TrailingNoise{{0x00}}, faults::Every{1}});
   EXPECT_EQ(answerOf(module, slaveNameRequest),
@@ -372,7 +371,7 @@ TEST(HartFault, AnswersLateOrNotAtAll) {
   EXPECT_THAT(answerOf(faulty(faults::NoReply{}), slaveNameRequest), IsEmpty());
 }
 
-TEST(HartFault, MayComeTogetherWithOthersInAnyOrder) {
+TEST(HartFault, CombinesWithOthersInAnyOrder) {
   SimulatedHartModule one = faulty(faults::ColdStart{});
   one.faults.push_back({faults::ResponseCode{7}, faults::Every{1}});
   one.faults.push_back({faults::WrongCommand{9}, faults::Every{1}});

@@ -23,7 +23,7 @@ TEST(HartStatus, HasASuccess) {
   EXPECT_EQ(outcomeOf(0), HartOutcome::Success);
 }
 
-TEST(HartStatus, NamesEachCodeWithAMeaningOfItsOwn) {
+TEST(HartStatus, NamesEachCodeWithItsOwnMeaning) {
   const std::map<int, const char*> meanings{
       {0, "success"},
       {2, "invalid selection"},
@@ -60,7 +60,7 @@ TEST(HartStatus, NamesTheCodesWhoseMeaningDependsOnTheCommand) {
   for (const int code : {1, 21, 23, 37, 63}) EXPECT_THAT(textOf(code), HasSubstr(": unknown code"));
 }
 
-TEST(HartStatus, TellsWarningsFromErrors) {
+TEST(HartStatus, DistinguishesWarningsFromErrors) {
   const auto isWarning = [](int code) {
     return code == 8 || code == 14 || (code >= 24 && code <= 27) || code == 30 || code == 31 ||
            code >= 96;
@@ -71,16 +71,16 @@ TEST(HartStatus, TellsWarningsFromErrors) {
   }
 }
 
-TEST(HartStatus, KnowsABusyStation) {
+TEST(HartStatus, RecognisesABusyModule) {
   EXPECT_EQ(outcomeOf(32), HartOutcome::Busy);
 }
 
-TEST(HartStatus, KnowsTheCodesThatAskForPatience) {
+TEST(HartStatus, RecognisesTheCodesOfADelayedAnswer) {
   for (const int code : {33, 34, 36}) EXPECT_EQ(outcomeOf(code), HartOutcome::Delayed) << code;
   EXPECT_EQ(outcomeOf(35), HartOutcome::Error);
 }
 
-TEST(HartStatus, KnowsACommunicationErrorByItsTopBit) {
+TEST(HartStatus, RecognisesACommunicationErrorByItsTopBit) {
   for (int summary = 0x80; summary <= 0xFF; ++summary) {
     EXPECT_EQ(outcomeOf(summary), HartOutcome::CommunicationError) << summary;
   }

@@ -69,7 +69,7 @@ TEST_F(NfcCodecs, DecodeEveryAirAnswerToItself) {
   }
 }
 
-TEST_F(NfcCodecs, FindEveryFlippedBitOnAir) {
+TEST_F(NfcCodecs, DetectEveryFlippedBitOnAir) {
   for (int round = 0; round < rounds; ++round) {
     Bytes air = withAirChecksum(bytes(1, 61));
     air[number(0, air.size() - 1)] ^= static_cast<std::uint8_t>(1U << number(0, 7));
@@ -94,7 +94,7 @@ TEST_F(NfcCodecs, DecodeEveryLineToItself) {
   }
 }
 
-TEST_F(NfcCodecs, PutEveryFrameTogetherAgain) {
+TEST_F(NfcCodecs, AssembleEveryFrameAgain) {
   PieceAssembler assembler;
   for (int round = 0; round < rounds; ++round) {
     Bytes frame = bytes(1, maxFrameLength);

@@ -116,14 +116,14 @@ TEST_P(Cr95HfAnswers, AreHeldToTheirLength) {
 INSTANTIATE_TEST_SUITE_P(ProtocolPage, Cr95HfAnswers, ::testing::ValuesIn(answers()),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST(Cr95HfReport, ThatIsNoAnswerIsDamage) {
+TEST(Cr95HfReport, ThatIsNotAnAnswerIsDamage) {
   for (const char* report : {"", "07", "07 00", "01 00 00"}) {
     EXPECT_EQ(faultOf([&] { (void)cr95hf::decodeReport(hex(report)); }).kind, NfcFaultKind::Damage)
         << report;
   }
 }
 
-TEST(Cr95HfReport, ThatPromisesMoreThanFitsIsDamage) {
+TEST(Cr95HfReport, ThatAnnouncesMoreThanFitsIsDamage) {
   const auto fault = faultOf([] { (void)cr95hf::decodeReport(padded("07 80 3E")); });
   EXPECT_EQ(fault.kind, NfcFaultKind::Damage);
   EXPECT_THAT(fault.text, HasSubstr("62 bytes, of which 61"));
@@ -136,12 +136,12 @@ TEST(Cr95HfTagAnswer, LosesChecksumAndStatus) {
   EXPECT_EQ(answer, (AirAnswer{0x00, {0x43}}));
 }
 
-TEST(Cr95HfTagAnswer, IsSoundIfItsChecksumIsRightWhateverTheStatusSays) {
+TEST(Cr95HfTagAnswer, IsIntactIfItsChecksumIsRightWhateverTheStatus) {
   EXPECT_EQ(cr95hf::tagAnswerOf({0x80, hex("00 00 00 00 05 DA 98 01")}),
             (AirAnswer{0x00, hex("00 00 00 05")}));
 }
 
-TEST(Cr95HfTagAnswer, IsDamagedIfItsChecksumIsWrongWhateverTheStatusSays) {
+TEST(Cr95HfTagAnswer, IsDamagedIfItsChecksumIsWrongWhateverTheStatus) {
   const auto fault = faultOf([] { (void)cr95hf::tagAnswerOf({0x80, hex("00 44 D8 7F 00")}); });
   EXPECT_EQ(fault.kind, NfcFaultKind::Damage);
 }
@@ -166,7 +166,7 @@ struct ResultCode {
 
 class Cr95HfErrors : public ::testing::TestWithParam<ResultCode> {};
 
-TEST_P(Cr95HfErrors, AreToldApart) {
+TEST_P(Cr95HfErrors, AreDistinguished) {
   const auto fault = faultOf([] { (void)cr95hf::tagAnswerOf({GetParam().code, {}}); });
   EXPECT_EQ(fault.kind, GetParam().kind);
   EXPECT_EQ(fault.text,
@@ -189,7 +189,7 @@ INSTANTIATE_TEST_SUITE_P(
                       ResultCode{0x77, NfcFaultKind::ReaderRefusal, "unknown code"}),
     [](const auto& test) { return "Code" + hexText(test.param.code); });
 
-TEST(Cr95HfText, IsThatOfTheReadersLibrary) {
+TEST(Cr95HfText, HasTheFormOfTheReadersLibrary) {
   EXPECT_EQ(cr95hf::textOf({0x55, {}}), "5500");
   EXPECT_EQ(cr95hf::textOf({0x00, {}}), "0000");
   EXPECT_EQ(cr95hf::textOf({0x87, {}}), "8700");

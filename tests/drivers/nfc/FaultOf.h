@@ -8,7 +8,7 @@
 
 namespace tessara {
 
-/// What an action that throws an NfcFault throws.
+/// The NfcFault that an action throws.
 struct SeenFault {
   std::optional<NfcFaultKind> kind;
   std::string text;

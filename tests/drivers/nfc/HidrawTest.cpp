@@ -47,7 +47,7 @@ TEST_F(HidrawReaders, AreNotThereIfNoneIsPluggedIn) {
   EXPECT_NE(library.CR95HFDLL_USBconnect(), 0);
 }
 
-TEST_F(HidrawReaders, AreNoOtherDevices) {
+TEST_F(HidrawReaders, AreNotOtherDevices) {
   computer.plugIn("046D", "C31C");
   EXPECT_FALSE(connect(driver));
 }
@@ -78,7 +78,7 @@ TEST_F(HidrawReaders, AreFoundByTheLibraryAndLeftToTheDriver) {
   EXPECT_TRUE(connect(driver));
 }
 
-TEST_F(HidrawReaders, AreHeldByOneUserAlone) {
+TEST_F(HidrawReaders, AreHeldByOneUserAtATime) {
   computer.plugIn("0483", "D0D0");
   ASSERT_TRUE(connect(driver));
   HidapiReaders otherReaders;

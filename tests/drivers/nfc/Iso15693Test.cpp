@@ -118,7 +118,7 @@ TEST(AirChecksum, ThatIsMissingIsDamage) {
   EXPECT_EQ(faultOf([] { (void)withoutAirChecksum(hex("00")); }).kind, NfcFaultKind::Damage);
 }
 
-TEST(TagNumber, StandsInAnInventoryWithItsLeastSignificantByteFirst) {
+TEST(TagNumber, HasItsLeastSignificantByteFirstInAnInventory) {
   EXPECT_EQ(uidOf(hex("00 88 77 66 55 44 26 02 E0")), listedUid);
   EXPECT_EQ(faultOf([] { (void)uidOf(hex("00 88")); }).kind, NfcFaultKind::Damage);
 }
@@ -133,7 +133,7 @@ TEST(AirRequest, ThatBrokeOffIsDamage) {
   }
 }
 
-TEST(AirAnswer, GivesItsData) {
+TEST(AirAnswer, HoldsItsData) {
   EXPECT_EQ(dataOf(AirAnswer{0x00, {0x43}}), (Bytes{0x43}));
 }
 

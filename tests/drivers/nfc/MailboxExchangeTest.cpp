@@ -17,11 +17,11 @@ using ::testing::HasSubstr;
 using testing::hex;
 
 constexpr std::uint8_t freeMailbox = mailboxBits::enabled;
-constexpr std::uint8_t requestLies = 0x85;  // enabled, the reader's message lies in it
-constexpr std::uint8_t answerLies = 0x43;   // enabled, the module's message lies in it
+constexpr std::uint8_t holdsRequest = 0x85;  // enabled, holds the reader's message
+constexpr std::uint8_t holdsAnswer = 0x43;   // enabled, holds the module's message
 constexpr std::uint8_t mailboxOff = 0x00;
 
-/// An exchange, and the tag that the test plays, at a time that it sets.
+/// An exchange with a tag that the test plays, at times that it sets.
 class MailboxExchanges : public ::testing::Test {
  protected:
   using Clock = MailboxExchange::Clock;
@@ -61,9 +61,9 @@ class MailboxExchanges : public ::testing::Test {
 
 TEST_F(MailboxExchanges, LookWriteLookMeasureAndFetch) {
   beginAndWrite(request);
-  look(requestLies);
+  look(holdsRequest);
   look(freeMailbox);
-  look(answerLies);
+  look(holdsAnswer);
   expectRequest(messageLengthRequest());
   answer({6});
   expectRequest(readMessageRequest(0, 7));
@@ -103,19 +103,19 @@ TEST_F(MailboxExchanges, EndIfTheTagRefusesTheControlRegister) {
   EXPECT_THAT(fault.text, HasSubstr("error 01"));
 }
 
-TEST_F(MailboxExchanges, ThrowAwayAnAnswerThatNobodyFetched) {
+TEST_F(MailboxExchanges, DiscardAnUnfetchedAnswer) {
   begin(request);
-  look(answerLies);
+  look(holdsAnswer);
   expectEmptying();
   look(freeMailbox);
   expectRequest(writeMessageRequest(request));
 }
 
-TEST_F(MailboxExchanges, ThrowAwayAgainWhatTheModulePutsMeanwhile) {
+TEST_F(MailboxExchanges, DiscardAgainWhatTheModulePutsMeanwhile) {
   begin(request);
-  look(answerLies);
+  look(holdsAnswer);
   expectEmptying();
-  look(answerLies);
+  look(holdsAnswer);
   expectEmptying();
   look(freeMailbox);
   expectRequest(writeMessageRequest(request));
@@ -123,18 +123,18 @@ TEST_F(MailboxExchanges, ThrowAwayAgainWhatTheModulePutsMeanwhile) {
 
 TEST_F(MailboxExchanges, GiveTheModuleTimeToFetchAnEarlierRequest) {
   begin(request);
-  look(requestLies);
+  look(holdsRequest);
   now += 100ms;
-  look(requestLies);
+  look(holdsRequest);
   look(freeMailbox);
   expectRequest(writeMessageRequest(request));
 }
 
 TEST_F(MailboxExchanges, EmptyAMailboxThatIsStuck) {
   begin(request);
-  look(requestLies);
+  look(holdsRequest);
   now += 150ms;
-  look(requestLies);
+  look(holdsRequest);
   expectEmptying();
   look(freeMailbox);
   expectRequest(writeMessageRequest(request));
@@ -143,11 +143,11 @@ TEST_F(MailboxExchanges, EmptyAMailboxThatIsStuck) {
 TEST_F(MailboxExchanges, EndIfAnEmptiedMailboxIsStillBusy) {
   begin(request);
   now += 150ms;
-  look(requestLies);
+  look(holdsRequest);
   expectEmptying();
-  look(requestLies);
+  look(holdsRequest);
   now += 150ms;
-  const auto fault = faultOf([&] { look(requestLies); });
+  const auto fault = faultOf([&] { look(holdsRequest); });
   EXPECT_EQ(fault.kind, NfcFaultKind::MailboxBusy);
   EXPECT_EQ(fault.text, "the module's mailbox is busy: it took no message for 300 ms");
 }
@@ -156,13 +156,13 @@ TEST_F(MailboxExchanges, LookAgainIfTheTagRefusesTheMessage) {
   begin(request);
   look(freeMailbox);
   exchange->refused("busy", now);
-  look(answerLies);
+  look(holdsAnswer);
   expectEmptying();
   look(freeMailbox);
   expectRequest(writeMessageRequest(request));
 }
 
-TEST_F(MailboxExchanges, EndIfTheTagRefusesTheMessageForGood) {
+TEST_F(MailboxExchanges, EndIfTheTagKeepsRefusingTheMessage) {
   begin(request);
   look(freeMailbox);
   now += 150ms;
@@ -176,9 +176,9 @@ TEST_F(MailboxExchanges, EndIfTheTagRefusesTheMessageForGood) {
 TEST_F(MailboxExchanges, EndIfTheModuleDoesNotFetchTheRequest) {
   beginAndWrite(request);
   now += 499ms;
-  look(requestLies);
+  look(holdsRequest);
   now += 1ms;
-  const auto fault = faultOf([&] { look(requestLies); });
+  const auto fault = faultOf([&] { look(holdsRequest); });
   EXPECT_EQ(fault.kind, NfcFaultKind::ModuleSilent);
   EXPECT_EQ(fault.text, "the module did not fetch the request from its mailbox within 500 ms");
 }
@@ -196,23 +196,23 @@ TEST_F(MailboxExchanges, EndIfTheModuleFetchesTheRequestAndDoesNotAnswer) {
 TEST_F(MailboxExchanges, TakeAnAnswerThatTheLastLookFinds) {
   beginAndWrite(request);
   now += 600ms;
-  look(answerLies);
+  look(holdsAnswer);
   expectRequest(messageLengthRequest());
 }
 
-TEST_F(MailboxExchanges, EndIfTheMailboxIsSwitchedOffInTheMiddle) {
+TEST_F(MailboxExchanges, EndIfTheMailboxIsSwitchedOffMeanwhile) {
   beginAndWrite(request);
   EXPECT_EQ(faultOf([&] { look(mailboxOff); }).kind, NfcFaultKind::TagGone);
 }
 
 TEST_F(MailboxExchanges, LookAgainIfTheMessageGoesBeforeItIsMeasured) {
   beginAndWrite(request);
-  look(answerLies);
+  look(holdsAnswer);
   exchange->refused("empty", now);
-  look(answerLies);
+  look(holdsAnswer);
   answer({6});
   exchange->refused("empty", now);
-  look(answerLies);
+  look(holdsAnswer);
   answer({6});
   answer(reply);
   EXPECT_TRUE(exchange->isDone());
@@ -220,7 +220,7 @@ TEST_F(MailboxExchanges, LookAgainIfTheMessageGoesBeforeItIsMeasured) {
 
 TEST_F(MailboxExchanges, FetchALongMessagePartByPart) {
   beginAndWrite(request);
-  look(answerLies);
+  look(holdsAnswer);
   Bytes longReply(115);
   std::iota(longReply.begin(), longReply.end(), std::uint8_t{1});
   answer({114});
@@ -238,7 +238,7 @@ TEST_F(MailboxExchanges, FetchALongMessagePartByPart) {
 
 TEST_F(MailboxExchanges, FetchAMessageOfTheWholeMailbox) {
   beginAndWrite(request);
-  look(answerLies);
+  look(holdsAnswer);
   answer({0xFF});
   for (const std::size_t count : {57U, 57U, 57U, 57U, 28U}) answer(Bytes(count, 0x11));
   EXPECT_EQ(exchange->answer(), Bytes(256, 0x11));
@@ -251,12 +251,12 @@ TEST_F(MailboxExchanges, SendALongFrameAsPiecesOneAfterTheOther) {
   look(freeMailbox);
   expectRequest(writeMessageRequest(pieces[0]));
   answer();
-  look(requestLies);
+  look(holdsRequest);
   look(freeMailbox);
   expectRequest(writeMessageRequest(pieces[1]));
   answer();
-  look(requestLies);
-  look(answerLies);
+  look(holdsRequest);
+  look(holdsAnswer);
   expectRequest(messageLengthRequest());
 }
 
@@ -265,23 +265,23 @@ TEST_F(MailboxExchanges, EndIfTheModuleDoesNotFetchTheFirstPiece) {
   look(freeMailbox);
   answer();
   now += 500ms;
-  EXPECT_EQ(faultOf([&] { look(requestLies); }).kind, NfcFaultKind::ModuleSilent);
+  EXPECT_EQ(faultOf([&] { look(holdsRequest); }).kind, NfcFaultKind::ModuleSilent);
 }
 
 TEST_F(MailboxExchanges, TakeAnAnswerToTheFirstPieceForTheAnswer) {
   begin(Bytes(100, 0x22));
   look(freeMailbox);
   answer();
-  look(answerLies);
+  look(holdsAnswer);
   expectRequest(messageLengthRequest());
 }
 
-TEST_F(MailboxExchanges, PutAnAnswerInPiecesTogether) {
+TEST_F(MailboxExchanges, AssembleAnAnswerFromPieces) {
   beginAndWrite(request);
   const Bytes frame(100, 0x33);
   for (const Bytes& piece : piecesOf(frame)) {
     EXPECT_FALSE(exchange->isDone());
-    look(answerLies);
+    look(holdsAnswer);
     answer({static_cast<std::uint8_t>(piece.size() - 1)});
     answer(piece);
   }
@@ -290,7 +290,7 @@ TEST_F(MailboxExchanges, PutAnAnswerInPiecesTogether) {
 
 TEST_F(MailboxExchanges, EndIfTheRestOfAnAnswerDoesNotCome) {
   beginAndWrite(request);
-  look(answerLies);
+  look(holdsAnswer);
   const Bytes piece = piecesOf(Bytes(100, 0x33)).front();
   answer({static_cast<std::uint8_t>(piece.size() - 1)});
   answer(piece);
@@ -298,12 +298,12 @@ TEST_F(MailboxExchanges, EndIfTheRestOfAnAnswerDoesNotCome) {
   EXPECT_EQ(faultOf([&] { look(freeMailbox); }).kind, NfcFaultKind::ModuleSilent);
 }
 
-TEST_F(MailboxExchanges, EndIfTheTagGivesAnotherNumberOfBytes) {
+TEST_F(MailboxExchanges, EndIfTheTagReturnsAnotherNumberOfBytes) {
   begin(request);
   EXPECT_EQ(faultOf([&] { answer({}); }).kind, NfcFaultKind::Damage);
   EXPECT_EQ(faultOf([&] { answer({1, 2}); }).kind, NfcFaultKind::Damage);
   beginAndWrite(request);
-  look(answerLies);
+  look(holdsAnswer);
   EXPECT_EQ(faultOf([&] { answer({}); }).kind, NfcFaultKind::Damage);
   answer({6});
   EXPECT_EQ(faultOf([&] { answer(hex("C0 04")); }).kind, NfcFaultKind::Damage);
@@ -321,7 +321,7 @@ TEST_F(MailboxExchanges, PauseBetweenLooksForATenthOfTheTimeWaited) {
 TEST_F(MailboxExchanges, DoNotPauseWhenThereIsNothingToWaitFor) {
   beginAndWrite(request);
   now += 100ms;
-  look(answerLies);
+  look(holdsAnswer);
   EXPECT_EQ(exchange->pause(now), 0ms);
 }
 

@@ -18,7 +18,7 @@ Bytes frameOfLength(std::size_t length) {
   return frame;
 }
 
-TEST(MailboxPieces, LeaveAFrameThatFitsAsItIs) {
+TEST(MailboxPieces, DoNotSplitAFrameThatFits) {
   EXPECT_EQ(piecesOf(frameOfLength(1)), std::vector<Bytes>({frameOfLength(1)}));
   EXPECT_EQ(piecesOf(frameOfLength(57)), std::vector<Bytes>({frameOfLength(57)}));
 }
@@ -38,7 +38,7 @@ TEST(MailboxPieces, OfTheLongestFrameAreFive) {
   EXPECT_EQ(pieces[4][1], 0x84);
 }
 
-TEST(MailboxPieces, AreEachPutTogetherAgain) {
+TEST(MailboxPieces, AreAssembledAgain) {
   for (std::size_t length = 1; length <= maxFrameLength; ++length) {
     PieceAssembler assembler;
     std::optional<Bytes> frame;
@@ -54,35 +54,35 @@ TEST(MailboxPieces, TakeALongMessageInOnePiece) {
   EXPECT_EQ(PieceAssembler().add(frameOfLength(200)), frameOfLength(200));
 }
 
-TEST(MailboxPieces, OfWhichOneIsMissingAreDamage) {
+TEST(MailboxPieces, WithAGapAreDamage) {
   PieceAssembler assembler;
   (void)assembler.add(hex("FF 00 01"));
   EXPECT_EQ(faultOf([&] { (void)assembler.add(hex("FF 82 03")); }).kind, NfcFaultKind::Damage);
   EXPECT_EQ(faultOf([&] { (void)assembler.add(hex("FF 81 02")); }).kind, NfcFaultKind::Damage);
 }
 
-TEST(MailboxPieces, BeginAnewWithAFirstPiece) {
+TEST(MailboxPieces, StartOverWithAFirstPiece) {
   PieceAssembler assembler;
   (void)assembler.add(hex("FF 00 01"));
   EXPECT_EQ(assembler.add(hex("FF 00 02")), std::nullopt);
   EXPECT_EQ(assembler.add(hex("FF 81 03")), hex("02 03"));
 }
 
-TEST(MailboxPieces, BeginAnewWithAWholeFrame) {
+TEST(MailboxPieces, StartOverWithAWholeFrame) {
   PieceAssembler assembler;
   (void)assembler.add(hex("FF 00 01"));
   EXPECT_EQ(assembler.add(hex("C0 11")), hex("C0 11"));
   EXPECT_EQ(faultOf([&] { (void)assembler.add(hex("FF 81 02")); }).kind, NfcFaultKind::Damage);
 }
 
-TEST(MailboxPieces, ThatHoldNothingAreDamage) {
+TEST(MailboxPieces, ThatAreEmptyAreDamage) {
   for (const char* message : {"", "FF", "FF 80"}) {
     EXPECT_EQ(faultOf([&] { (void)PieceAssembler().add(hex(message)); }).kind, NfcFaultKind::Damage)
         << message;
   }
 }
 
-TEST(MailboxPieces, ThatMakeMoreThanTheLongestFrameAreDamage) {
+TEST(MailboxPieces, ThatExceedTheLongestFrameAreDamage) {
   PieceAssembler assembler;
   Bytes piece(202, 0x01);
   piece[0] = pieceMark;

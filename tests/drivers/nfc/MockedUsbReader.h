@@ -18,7 +18,7 @@
 
 namespace tessara::testing {
 
-/// A computer of its own, as the program under test sees it, in which HID devices are plugged in.
+/// A computer, as the program under test sees it, with HID devices plugged in.
 class MockedComputer {
  public:
   MockedComputer() : bed_(umockdev_testbed_new(), g_object_unref) {
@@ -101,7 +101,7 @@ class BoardOnNode {
       if (::poll(&waiting, 1, unit) <= 0) continue;
       const ::ssize_t count = ::read(node_, report.data() + length, report.size() - length);
       if (count <= 0) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));  // nobody has the node open
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));  // the node is not open
         continue;
       }
       length += static_cast<std::size_t>(count);

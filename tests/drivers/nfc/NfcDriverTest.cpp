@@ -29,7 +29,7 @@ class NfcDrivers : public ::testing::TestWithParam<ReaderKind> {
   }
   DeviceWords firmware() { return driver.ReadInputRegisters(192, 4, 1, 2); }
 
-  /// Another register than that of the firmware, asked for until the module has time to answer.
+  /// Another register than the firmware, requested until the module has time to answer.
   DeviceWords secondVersionOfBusyModule() {
     const auto deadline = std::chrono::steady_clock::now() + 60s;
     for (;;) {
@@ -334,7 +334,7 @@ TEST_P(NfcDrivers, NeverTakeALateAnswerForAFreshOne) {
   }
 }
 
-TEST_P(NfcDrivers, NeverTakeWhatLiesInTheMailboxForAnAnswer) {
+TEST_P(NfcDrivers, NeverTakeAnOldMessageInTheMailboxForAnAnswer) {
   ASSERT_TRUE(connect());
   firmware();
   reader->inField([](SimulatedField& field) {
@@ -386,7 +386,7 @@ TEST_P(NfcDrivers, ReadThroughAFieldWithManyFaults) {
   EXPECT_GT(good, 20);
 }
 
-/// A board whose processor does not know the request for its revision, and stays silent.
+/// A board whose processor does not answer the request for its revision.
 class OlderBoard final : public HidDevice {
  public:
   explicit OlderBoard(std::unique_ptr<HidDevice> board) : board_(std::move(board)) {}

@@ -31,7 +31,7 @@ std::string fault(const std::string& rest) {
   return R"(, "readerFaults": [{)" + rest + "}]";
 }
 
-TEST(NfcModuleFile, HoldsWhatAModbusModuleHas) {
+TEST(NfcModuleFile, HoldsTheKeysOfAModbusModule) {
   const auto module = parse(
       R"(, "firmware": "2.000", "status": {"100": 2}, "faults": [{"kind": "noReply", "at": 1}])");
   EXPECT_EQ(module.module.registers.at(4), 0x2000);
@@ -40,7 +40,7 @@ TEST(NfcModuleFile, HoldsWhatAModbusModuleHas) {
   EXPECT_TRUE(module.faults.empty());
 }
 
-TEST(NfcModuleFile, GivesTheTagItsNumber) {
+TEST(NfcModuleFile, SetsTheNumberOfTheTag) {
   EXPECT_EQ(parse(R"(, "uid": "E00226445566778A")").uid,
             (TagUid{0xE0, 0x02, 0x26, 0x44, 0x55, 0x66, 0x77, 0x8A}));
   EXPECT_EQ(parse("").uid.front(), 0xE0);
@@ -98,7 +98,7 @@ TEST(NfcModuleFile, SaysWhatIsWrongWithAFault) {
   EXPECT_THAT(errorOf(R"(, "readerFaults": 1)"), HasSubstr("1 is not a list"));
 }
 
-TEST(NfcModuleFile, KnowsNoOtherKeys) {
+TEST(NfcModuleFile, RefusesOtherKeys) {
   EXPECT_THAT(errorOf(R"(, "pollingAddress": 1)"), HasSubstr("unknown key"));
 }
 

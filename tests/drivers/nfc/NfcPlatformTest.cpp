@@ -91,7 +91,7 @@ TEST_F(NfcPlatform, FindsAnEmbeddedUsbReaderAndReadsThroughIt) {
   EXPECT_EQ(object->ReadDeviceIdentifier(address), (DeviceWords{49, 1, 15, 151}));
 }
 
-TEST_F(NfcPlatform, FindsNoUsbReaderBesideAnEmbeddedPort) {
+TEST_F(NfcPlatform, FindsNoUsbReaderWithAnEmbeddedPort) {
   const EmbeddedSimulator simulator(sample("nfc-twn4-healthy"));
   LinuxPlatform platform(loop, nullptr, optionsWith(simulator));
   EXPECT_NE(platform.nfcReaderLibrary().CR95HFDLL_USBconnect(), 0);

@@ -19,7 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::nfcSample;
 
-/// A reader that takes reports and answers none.
+/// A reader that takes reports and does not answer.
 class MuteDevice final : public HidDevice {
  public:
   void write(const cr95hf::Report& /*report*/) override {}
@@ -30,7 +30,8 @@ class MuteDevice final : public HidDevice {
   [[nodiscard]] std::string name() const override { return "mute"; }
 };
 
-/// An older board: its chip answers the echo, its processor knows no revision and stays silent.
+/// An older board: its chip answers the echo, its processor does not answer the request for a
+/// revision.
 class EchoingDevice final : public HidDevice {
  public:
   void write(const cr95hf::Report& report) override {
@@ -49,7 +50,7 @@ class EchoingDevice final : public HidDevice {
   std::optional<Bytes> waiting_;
 };
 
-/// A board gone mad: it sends reports without an end, and none of them is an echo.
+/// A faulty board that sends reports without end, none of them an echo.
 class BabblingDevice final : public HidDevice {
  public:
   explicit BabblingDevice(bool isBabbling) : isBabbling_(isBabbling) {}
@@ -133,14 +134,14 @@ TEST_F(NfcReaderLibraries, AreNotConnectedAfterTheLastCall) {
   EXPECT_EQ(textIn(buffer), "");
 }
 
-TEST_F(NfcReaderLibraries, SayByAStatusThatThereIsNoReader) {
+TEST_F(NfcReaderLibraries, ReportAMissingReaderByAStatus) {
   readers.unplug();
   const auto begun = std::chrono::steady_clock::now();
   EXPECT_EQ(library.CR95HFDLL_USBconnect(), LinuxNfcReaderLibrary::notFound);
   EXPECT_LT(std::chrono::steady_clock::now() - begun, 250ms) << "a start-up does not wait for it";
 }
 
-TEST_F(NfcReaderLibraries, SayByAStatusThatTheReaderHasGone) {
+TEST_F(NfcReaderLibraries, ReportAnUnpluggedReaderByAStatus) {
   library.CR95HFDLL_USBconnect();
   readers.unplug();
   buffer.replace(0, 4, "left");
@@ -148,7 +149,7 @@ TEST_F(NfcReaderLibraries, SayByAStatusThatTheReaderHasGone) {
   EXPECT_EQ(textIn(buffer), "");
 }
 
-TEST_F(NfcReaderLibraries, WaitForAReaderThatIsInUseForAMoment) {
+TEST_F(NfcReaderLibraries, WaitForAReaderThatIsBrieflyInUse) {
   auto inUse = readers.open();
   LinuxNfcReaderLibrary impatient(readers, {400ms, 20ms});
   EXPECT_EQ(impatient.CR95HFDLL_USBconnect(), LinuxNfcReaderLibrary::notFound);
@@ -156,7 +157,7 @@ TEST_F(NfcReaderLibraries, WaitForAReaderThatIsInUseForAMoment) {
   EXPECT_EQ(impatient.CR95HFDLL_USBconnect(), 0);
 }
 
-TEST(MuteNfcReaders, AreNoReaders) {
+TEST(MuteNfcReaders, DoNotCountAsReaders) {
   MuteReaders readers;
   LinuxNfcReaderLibrary library(readers, {20ms, 0ms});
   std::string buffer(256, '\0');
@@ -165,7 +166,7 @@ TEST(MuteNfcReaders, AreNoReaders) {
   EXPECT_EQ(textIn(buffer), "");
 }
 
-TEST(BabblingNfcReaders, AreNoReaders) {
+TEST(BabblingNfcReaders, DoNotCountAsReaders) {
   for (const bool fromTheStart : {true, false}) {
     BabblingReaders readers(fromTheStart);
     LinuxNfcReaderLibrary library(readers, {20ms, 0ms});

@@ -16,15 +16,15 @@
 
 namespace tessara::testing {
 
-/// A simulated reader of either make with a module in its field, and all that a driver needs to
-/// come to it.
+/// A simulated reader of either make with a module in its field, and everything a driver needs to
+/// reach it.
 class ReaderUnderTest : public PortDirectory {
  public:
   [[nodiscard]] virtual std::int16_t comPort() const = 0;
   virtual UsbReaders& usbReaders() = 0;
-  /// How messages name it.
+  /// Its name in messages.
   [[nodiscard]] virtual std::string name() const = 0;
-  /// Has `action` change the field.
+  /// Lets `action` change the field.
   virtual void inField(const std::function<void(SimulatedField&)>& action) = 0;
   virtual void unplug() = 0;
   virtual void plug() = 0;

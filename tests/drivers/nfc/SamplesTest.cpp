@@ -42,7 +42,7 @@ INSTANTIATE_TEST_SUITE_P(Files, NfcSamples,
                            return name;
                          });
 
-TEST_P(NfcSamples, GiveAllThatAReadAsksFor) {
+TEST_P(NfcSamples, HoldEverythingThatAReadAsksFor) {
   const auto reader = testing::makeReader(GetParam().reader, sample);
   NfcDriver driver(*reader, reader->usbReaders());
   std::int16_t comPort = reader->comPort();
@@ -60,14 +60,14 @@ TEST_P(NfcSamples, GiveAllThatAReadAsksFor) {
   }
 }
 
-TEST(NfcSampleFiles, PutATwn4OnAPortOfItsOwn) {
+TEST(NfcSampleFiles, ConnectATwn4ToAPortOfItsOwn) {
   const PluggableModule module = loadPluggableModule(fileOf("nfc-twn4-healthy"));
   EXPECT_EQ(module.name, "TESSARA UM 161 NFC");
   EXPECT_EQ(module.deviceNamePrefix, R"(\Device\USBSER)");
   EXPECT_FALSE(loadUsbReaderModule(fileOf("nfc-twn4-healthy")).has_value());
 }
 
-TEST(NfcSampleFiles, PutTheUsbReaderOnNoPort) {
+TEST(NfcSampleFiles, ConnectTheUsbReaderToNoPort) {
   EXPECT_TRUE(loadUsbReaderModule(fileOf("nfc-usb-healthy")).has_value());
   try {
     (void)loadPluggableModule(fileOf("nfc-usb-healthy"));

@@ -80,7 +80,7 @@ TEST_F(SimulatedTwn4s, SendNothingToATagThatHasNotBeenSearched) {
   EXPECT_EQ(ask("0D0002AD02020DFF"), "0000");
 }
 
-TEST_F(SimulatedTwn4s, FailWithoutAWordIfTheTagRefuses) {
+TEST_F(SimulatedTwn4s, FailWithoutACauseIfTheTagRefuses) {
   ask("050010");
   EXPECT_EQ(ask("0D0002200150FF"), "0000");
 }
@@ -96,7 +96,7 @@ TEST_F(SimulatedTwn4s, SayWhatIsWrongWithACall) {
             "00");
 }
 
-TEST_F(SimulatedTwn4s, PutLinesTogetherFromPieces) {
+TEST_F(SimulatedTwn4s, AssembleLinesFromPieces) {
   EXPECT_TRUE(reader.receive(hex("30 35 30")).empty());
   const auto answers = reader.receive(hex("31 0D 30"));
   ASSERT_EQ(answers.size(), 1U);
@@ -107,7 +107,7 @@ TEST_F(SimulatedTwn4s, PutLinesTogetherFromPieces) {
   EXPECT_FALSE(reader.silence().has_value());
 }
 
-TEST_F(SimulatedTwn4s, SufferTheFaultsOfTheField) {
+TEST_F(SimulatedTwn4s, ShowTheFaultsOfTheField) {
   ask("050010");
   order(fieldFaults::AirChecksum{});
   EXPECT_EQ(ask("0D0002AD02020DFF"), "0000");
@@ -158,7 +158,7 @@ TEST_F(SimulatedBoards, SayWhatIsWrongWithACommand) {
   EXPECT_EQ(ask("01"), "none");
 }
 
-TEST_F(SimulatedBoards, SufferTheFaultsOfTheField) {
+TEST_F(SimulatedBoards, ShowTheFaultsOfTheField) {
   ask("01 02 02 01 0D");
   order(fieldFaults::TagAbsent{});
   EXPECT_EQ(ask("01 04 03 26 01 00"), "078700");
@@ -170,12 +170,12 @@ TEST_F(SimulatedBoards, SufferTheFaultsOfTheField) {
   EXPECT_EQ(ask("01 04 03 26 01 00"), "none");
 }
 
-TEST_F(SimulatedBoards, HearNothingFromATagToWhichTheySendNonsense) {
+TEST_F(SimulatedBoards, GetNoAnswerFromATagToAnInvalidRequest) {
   ask("01 02 02 01 0D");
   EXPECT_EQ(ask("01 04 03 02 AD 07"), "078700");
 }
 
-TEST(SimulatedUsbReaders, AreThereForOneUserAtATime) {
+TEST(SimulatedUsbReaders, AreHeldByOneUserAtATime) {
   SimulatedUsbReader readers(nfcSample());
   auto device = readers.open();
   EXPECT_EQ(device->name(), "simulated");
@@ -184,7 +184,7 @@ TEST(SimulatedUsbReaders, AreThereForOneUserAtATime) {
   EXPECT_NE(readers.open(), nullptr);
 }
 
-TEST(SimulatedUsbReaders, CanBePulledOut) {
+TEST(SimulatedUsbReaders, CanBeUnplugged) {
   SimulatedUsbReader readers(nfcSample());
   UsbReader reader(readers.open(), 400ms);
   EXPECT_EQ(reader.echo().result, 0x55);
@@ -225,7 +225,7 @@ TEST(SimulatedFields, HaveTagsThatLeaveAndComeBack) {
   EXPECT_EQ(control(), 0x00) << "and its mailbox is off";
 }
 
-TEST(SimulatedFields, EndWhatLastsForATime) {
+TEST(SimulatedFields, EndTemporaryFaults) {
   auto sample = nfcSample();
   sample.faults = {{fieldFaults::MailboxBusy{100ms}, faults::At{1}}};
   SimulatedField field(sample);

@@ -39,18 +39,18 @@ class SimulatedTags : public ::testing::Test {
   SimulatedTag::Clock::time_point now{1h};
 };
 
-TEST_F(SimulatedTags, TellTheirNumber) {
+TEST_F(SimulatedTags, ReportTheirNumber) {
   EXPECT_EQ(ask(inventoryRequest()).data, hex("00 88 77 66 55 44 26 02 E0"));
 }
 
-TEST_F(SimulatedTags, LeaveRequestsToOthersAlone) {
+TEST_F(SimulatedTags, IgnoreRequestsToOthers) {
   AirRequest addressed{0x22, tagCommand::readMessageLength, listedUid, {}};
   EXPECT_NE(tag.answer(addressed, now), std::nullopt);
   addressed.uid[7] = 0x89;
   EXPECT_EQ(tag.answer(addressed, now), std::nullopt);
 }
 
-TEST_F(SimulatedTags, ComeUpWithTheMailboxOff) {
+TEST_F(SimulatedTags, StartWithTheMailboxOff) {
   EXPECT_EQ(control(), 0x00);
   EXPECT_TRUE(ask(writeMessageRequest(request)).isRefusal());
   switchMailboxOn();
@@ -72,7 +72,7 @@ TEST_F(SimulatedTags, CarryARequestToTheModuleAndItsAnswerBack) {
   EXPECT_EQ(control() & 0x02, 0);
 }
 
-TEST_F(SimulatedTags, GivePartsAndEndWithTheLastByte) {
+TEST_F(SimulatedTags, DeliverPartsAndEndWithTheLastByte) {
   switchMailboxOn();
   ask(writeMessageRequest(request));
   EXPECT_EQ(ask(readMessageRequest(2, 3)).data, Bytes(answer.begin() + 2, answer.begin() + 5));
@@ -123,7 +123,7 @@ TEST_F(SimulatedTags, DropALateAnswerForWhichThereIsNoRoom) {
             modbusFrame(defaultAddress, readInputRegistersFunction, hex("02 10 10")));
 }
 
-TEST_F(SimulatedTags, MaySeemBusy) {
+TEST_F(SimulatedTags, CanAppearBusy) {
   switchMailboxOn();
   tag.blockMailbox(true);
   EXPECT_EQ(control(), 0x85);
@@ -135,7 +135,7 @@ TEST_F(SimulatedTags, MaySeemBusy) {
   EXPECT_EQ(control(), 0x01);
 }
 
-TEST_F(SimulatedTags, SayNothingToWhatIsNoRequestToTheModule) {
+TEST_F(SimulatedTags, DoNotAnswerWhatIsNotARequestToTheModule) {
   switchMailboxOn();
   for (const Bytes& message :
        {hex("C0 04"), hex("C0 04 00 04 00 01 00 00"), modbusFrame(7, reportServerIdFunction)}) {
@@ -144,7 +144,7 @@ TEST_F(SimulatedTags, SayNothingToWhatIsNoRequestToTheModule) {
   }
 }
 
-TEST_F(SimulatedTags, TakeAndGiveLongFramesInPieces) {
+TEST_F(SimulatedTags, TakeAndDeliverLongFramesInPieces) {
   switchMailboxOn();
   const Bytes longRequest = modbusFrame(defaultAddress, 0x2B, Bytes(100, 0x11));
   for (const Bytes& piece : piecesOf(longRequest)) {
@@ -164,7 +164,7 @@ TEST_F(SimulatedTags, TakeAndGiveLongFramesInPieces) {
   EXPECT_EQ(frame->size(), 255U);
 }
 
-TEST_F(SimulatedTags, KeepWhetherTheMailboxMayBeUsedBehindAPassword) {
+TEST_F(SimulatedTags, ProtectTheMailboxModeByAPassword) {
   const AirRequest forbid{0x02, tagCommand::writeConfiguration, {}, {mailboxMode, 0x00}};
   const AirRequest mode{0x02, tagCommand::readConfiguration, {}, {mailboxMode}};
   const auto password = [](Bytes data) {
@@ -180,7 +180,7 @@ TEST_F(SimulatedTags, KeepWhetherTheMailboxMayBeUsedBehindAPassword) {
   EXPECT_EQ(control(), 0x00);
 }
 
-TEST_F(SimulatedTags, RefuseWhatTheyDoNotKnow) {
+TEST_F(SimulatedTags, RefuseUnknownCommands) {
   EXPECT_EQ(ask({0x02, tagCommand::readBlock, {}, {0x50}}), airRefusal(0x10));
   EXPECT_EQ(ask({0x02, 0xC9, {}, {}}), airRefusal(0x01));
   for (const std::uint8_t command :
@@ -194,7 +194,7 @@ TEST_F(SimulatedTags, RefuseWhatTheyDoNotKnow) {
   }
 }
 
-TEST_F(SimulatedTags, TellOnceThatTheReaderIsToBeUnplugged) {
+TEST_F(SimulatedTags, ReportUnpluggingOnce) {
   order(faults::Unplug{std::nullopt, 50ms});
   switchMailboxOn();
   ask(writeMessageRequest(request));

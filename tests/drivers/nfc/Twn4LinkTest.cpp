@@ -22,7 +22,7 @@ using testing::listedUid;
 
 constexpr const char* versionLine = "001A54574E342F42312E30362F434346342E35312F505253312E3034\r";
 
-/// A device that answers each line with what the test says.
+/// A device that answers each line as the test says.
 class ScriptedDevice final : public SimulatedLine {
  public:
   using Script = std::function<std::string(const std::string& line)>;
@@ -67,7 +67,7 @@ class Twn4Links : public ::testing::Test {
     return faultOf([this] { (void)link->selectTag(); });
   }
 
-  // What scripts use, on the port's thread, which ends before these do.
+  // Used by scripts on the port's thread, which ends before these do.
   std::vector<std::string> lines;
   std::atomic<bool> isThere = true;
 
@@ -95,21 +95,21 @@ TEST_F(Twn4Links, SwitchTheFieldOffAtTheEnd) {
   EXPECT_EQ(lines.back(), "0501");
 }
 
-TEST_F(Twn4Links, ThrowAwayAnswersThatComeLate) {
+TEST_F(Twn4Links, DiscardLateAnswers) {
   plugIn([](const std::string& line) {
     return line == "0004FF" ? "0000\r00010143\r" + reader(line) : reader(line);
   });
   EXPECT_EQ(link->selectTag(), listedUid);
 }
 
-TEST_F(Twn4Links, TakeNoOtherDeviceForAReader) {
+TEST_F(Twn4Links, RefuseOtherDevices) {
   plugIn([](const std::string&) { return "ERROR\r"; });
   const auto fault = faultOfSelection();
   EXPECT_EQ(fault.kind, NfcFaultKind::ReaderRefusal);
   EXPECT_EQ(fault.text, "the device on the port is not a TWN4 reader with Simple Protocol");
 }
 
-TEST_F(Twn4Links, TakeNoReaderWithoutSimpleProtocolForOne) {
+TEST_F(Twn4Links, RefuseReadersWithoutSimpleProtocol) {
   plugIn([](const std::string&) { return "000454574E34\r"; });
   EXPECT_EQ(faultOfSelection().kind, NfcFaultKind::ReaderRefusal);
 }
@@ -141,7 +141,7 @@ TEST(Twn4Flood, IsGivenUpLikeAnyOtherDevice) {
   flood.join();
 }
 
-TEST_F(Twn4Links, TellATagThatRefusesFromOneThatHasGone) {
+TEST_F(Twn4Links, DistinguishATagThatRefusesFromOneThatHasGone) {
   plugIn([&](const std::string& line) {
     if (line.substr(0, 4) == "0D00") return std::string("0000\r");
     return line == "050010" && !isThere ? "0000\r" : reader(line);
@@ -153,7 +153,7 @@ TEST_F(Twn4Links, TellATagThatRefusesFromOneThatHasGone) {
   EXPECT_EQ(faultOf(exchange).kind, NfcFaultKind::TagGone);
 }
 
-TEST_F(Twn4Links, TellADamagedLine) {
+TEST_F(Twn4Links, ReportADamagedLine) {
   plugIn([&](const std::string& line) {
     return line.substr(0, 4) == "0D00" ? "0001G\r" : reader(line);
   });

@@ -59,19 +59,19 @@ Bytes resultsIn(const char* line) {
   return {results.begin(), results.end()};
 }
 
-TEST(Twn4Answers, GiveTheVersion) {
+TEST(Twn4Answers, HoldTheVersion) {
   EXPECT_EQ(twn4::versionOf(resultsIn("001A54574E342F42312E30362F434346342E35312F505253312E3034")),
             "TWN4/B1.06/CCF4.51/PRS1.04");
 }
 
-TEST(Twn4Answers, TellSimpleProtocolByTheVersion) {
+TEST(Twn4Answers, ShowSimpleProtocolByTheVersion) {
   EXPECT_TRUE(twn4::isSimpleProtocol("TWN4/B1.06/CCF4.51/PRS1.04"));
   EXPECT_FALSE(twn4::isSimpleProtocol("TWN4/B1.06/CCF4.51/STD1.04"));
   EXPECT_FALSE(twn4::isSimpleProtocol("TWN3/B1.06/PRS1.04"));
   EXPECT_FALSE(twn4::isSimpleProtocol(""));
 }
 
-TEST(Twn4Answers, GiveTheTagThatASearchFound) {
+TEST(Twn4Answers, HoldTheTagThatASearchFound) {
   EXPECT_EQ(twn4::tagOf(resultsIn("0001824008E002264455667788")), listedUid);
   EXPECT_EQ(twn4::tagOf(resultsIn("0000")), std::nullopt);
 }
@@ -82,7 +82,7 @@ TEST(Twn4Answers, ShowThatTheTagIsNotAModules) {
   EXPECT_THAT(fault.text, HasSubstr("not a module's, but of kind 80"));
 }
 
-TEST(Twn4Answers, GiveWhatTheTagSaid) {
+TEST(Twn4Answers, HoldTheDataOfTheTag) {
   EXPECT_EQ(twn4::tagDataOf(resultsIn("000104DEADBEEF")), hex("DE AD BE EF"));
   EXPECT_EQ(twn4::tagDataOf(resultsIn("00010143")), hex("43"));
   EXPECT_EQ(twn4::tagDataOf(resultsIn("00010105")), hex("05"));
@@ -90,7 +90,7 @@ TEST(Twn4Answers, GiveWhatTheTagSaid) {
   EXPECT_EQ(twn4::tagDataOf(resultsIn("000100")), Bytes());
 }
 
-TEST(Twn4Answers, MaySayNoMoreThanThatItFailed) {
+TEST(Twn4Answers, MayReportAFailureWithoutACause) {
   EXPECT_EQ(twn4::tagDataOf(resultsIn("0000")), std::nullopt);
 }
 
@@ -124,7 +124,7 @@ INSTANTIATE_TEST_SUITE_P(ProtocolPage, Twn4Status,
                                            Status{"99", "error 153: unknown code"}),
                          [](const auto& test) { return "Status" + std::string(test.param.line); });
 
-TEST(Twn4Answers, ThatHaveAnotherFormAreDamage) {
+TEST(Twn4Answers, ThatAreMalformedAreDamage) {
   EXPECT_EQ(faultOf([] { (void)twn4::resultsOf({}); }).kind, NfcFaultKind::Damage);
   for (const char* line :
        {"00", "000182", "0001824008E0022644", "00018240FF", "0001823808E002264455667788"}) {
@@ -138,12 +138,12 @@ TEST(Twn4Answers, ThatHaveAnotherFormAreDamage) {
   EXPECT_EQ(faultOf([] { (void)twn4::versionOf(resultsIn("000554")); }).kind, NfcFaultKind::Damage);
 }
 
-TEST(HexText, TakesBothCasesAndGivesCapitals) {
+TEST(HexText, AcceptsBothCasesAndWritesUpperCase) {
   EXPECT_EQ(bytesOfHex("dEaD"), (Bytes{0xDE, 0xAD}));
   EXPECT_EQ(hexText(Bytes{0xDE, 0xAD}), "DEAD");
 }
 
-TEST(HexText, ThatIsNoneIsDamage) {
+TEST(HexText, ThatIsInvalidIsDamage) {
   for (const char* text : {"0", "0G", "00 1", "-1", "000"}) {
     EXPECT_EQ(faultOf([&] { (void)bytesOfHex(text); }).kind, NfcFaultKind::Damage) << text;
   }

@@ -1,10 +1,10 @@
-"""A HART station that shares no code with the driver, behind a pseudo-terminal.
+"""A HART module that shares no code with the driver, on a pseudo-terminal.
 
-Usage: hart_station.py
+Usage: hart_module.py
 
 Prints the name of its port, then answers until its standard input ends. Polling address 3,
 manufacturer B0, device type E2, id 0A0B0C; command 20 gives "PEER", 48 nine bytes, 512 one byte.
-Each answer comes behind 7 preambles, with a junk byte on either side. Every third request to the
+Each answer has 7 preambles, with a junk byte on either side. Every third request to the
 long address goes unanswered.
 """
 
@@ -27,7 +27,7 @@ def checksum(data):
 
 
 def split(buffer):
-    """The first whole request in the buffer and the bytes behind it, or None."""
+    """The first whole request in the buffer and the bytes after it, or None."""
     start = 0
     while start < len(buffer) and buffer[start] == 0xFF:
         start += 1
@@ -52,7 +52,7 @@ def answer(frame, status, data):
 
 
 def respond(frame):
-    """What the station says to a request, or nothing if it is not for it."""
+    """The answer to a request, or nothing if it is for another module."""
     if checksum(frame) != 0:
         return b""
     if frame[0] == 0x02:
