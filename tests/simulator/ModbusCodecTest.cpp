@@ -15,8 +15,8 @@ Bytes bytesOf(std::string_view text) {
   return {text.begin(), text.end()};
 }
 
-const Bytes serverIdRequest{0x01, 0x11, 0xC0, 0x2C};
-const Bytes readRequest{0xC0, 0x04, 0x00, 0x04, 0x00, 0x01, 0x60, 0xDA};
+const Bytes identifyingRequest{0x01, 0x11, 0xC0, 0x2C};
+const Bytes readingRequest{0xC0, 0x04, 0x00, 0x04, 0x00, 0x01, 0x60, 0xDA};
 
 TEST(ModbusCrc, OfTheCheckTextIsTheKnownValue) {
   EXPECT_EQ(modbusCrc(bytesOf("123456789")), 0x4B37);
@@ -27,7 +27,7 @@ TEST(ModbusCrc, OfNothingIsTheStartValue) {
 }
 
 TEST(ModbusFrame, HasTheChecksumLowByteFirst) {
-  EXPECT_EQ(modbusFrame(0x01, reportServerIdFunction), serverIdRequest);
+  EXPECT_EQ(modbusFrame(0x01, reportServerIdFunction), identifyingRequest);
 }
 
 TEST(ModbusFrame, MatchesKnownAnswers) {
@@ -59,8 +59,8 @@ TEST(DecodeModbusRequest, SplitsAFrame) {
 }
 
 TEST(DecodeModbusRequest, RefusesAWrongChecksum) {
-  for (std::size_t place = 0; place < serverIdRequest.size(); ++place) {
-    Bytes damaged = serverIdRequest;
+  for (std::size_t place = 0; place < identifyingRequest.size(); ++place) {
+    Bytes damaged = identifyingRequest;
     damaged[place] ^= 0x10;
     EXPECT_FALSE(decodeModbusRequest(damaged)) << "byte " << place;
   }
@@ -75,23 +75,23 @@ TEST(DecodeModbusRequest, RefusesAFrameThatIsTooShortOrTooLong) {
 
 TEST(ModbusFrameAssembler, CompletesAFrameWithItsLastByte) {
   ModbusFrameAssembler assembler;
-  for (std::size_t place = 0; place + 1 < readRequest.size(); ++place) {
-    assembler.append(std::span(readRequest).subspan(place, 1));
+  for (std::size_t place = 0; place + 1 < readingRequest.size(); ++place) {
+    assembler.append(std::span(readingRequest).subspan(place, 1));
     EXPECT_FALSE(assembler.takeComplete()) << "byte " << place;
     EXPECT_FALSE(assembler.empty());
   }
-  assembler.append(std::span(readRequest).last(1));
+  assembler.append(std::span(readingRequest).last(1));
   EXPECT_EQ(assembler.takeComplete(), modbusFrame(0xC0, 0x04, Bytes{0, 4, 0, 1}));
   EXPECT_TRUE(assembler.empty());
 }
 
 TEST(ModbusFrameAssembler, SeparatesFramesThatArriveTogether) {
-  Bytes both = readRequest;
-  both.insert(both.end(), serverIdRequest.begin(), serverIdRequest.end());
+  Bytes both = readingRequest;
+  both.insert(both.end(), identifyingRequest.begin(), identifyingRequest.end());
   ModbusFrameAssembler assembler;
   assembler.append(both);
-  EXPECT_EQ(assembler.takeComplete(), readRequest);
-  EXPECT_EQ(assembler.takeComplete(), serverIdRequest);
+  EXPECT_EQ(assembler.takeComplete(), readingRequest);
+  EXPECT_EQ(assembler.takeComplete(), identifyingRequest);
   EXPECT_FALSE(assembler.takeComplete());
 }
 
@@ -105,7 +105,7 @@ TEST(ModbusFrameAssembler, LeavesAFrameOfUnknownLengthToTheSilence) {
 }
 
 TEST(ModbusFrameAssembler, LeavesADamagedFrameToTheSilence) {
-  Bytes damaged = readRequest;
+  Bytes damaged = readingRequest;
   damaged.back() ^= 1;
   ModbusFrameAssembler assembler;
   assembler.append(damaged);
