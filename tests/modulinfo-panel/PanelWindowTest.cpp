@@ -201,8 +201,8 @@ TEST_F(PanelWindowTest, DoesNotRememberTheRateOfASecondAttempt) {
 
 TEST_F(PanelWindowTest, ShowsTheLogoNamedInTheSettings) {
   EXPECT_TRUE(std::holds_alternative<std::monostate>(panel().PictureLogo.state().picture));
-  platform.settings[u"Software\\Orvane\\Tessara-Conf\\Settings|Logo"] =
-      std::u16string(u"MERIDEX_CONF.elg");
+  platform.settings[u"Software\\Orvane\\Tessara-Conf\\Settings|Logo"] = std::u16string(u"logo.png");
+  platform.files = {inside(control()).AppPathString + u"\\logo.png"};
   window->controlIsUp();
   EXPECT_FALSE(std::holds_alternative<std::monostate>(panel().PictureLogo.state().picture));
 }

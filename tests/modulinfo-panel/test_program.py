@@ -139,12 +139,17 @@ class ProgramTest(Bench):
 
     def test_wrong_usage_ends_with_2(self):
         for arguments in (["--port", "seven"], ["--simulate", "absent.json"], ["--baudrate", "299"],
-                          ["--address", "248"], ["--simulate", self.module(), "--address", "0"], ["--language", "12"], ["--unknown"],
+                          ["--address", "248"], ["--language", "12"], ["--unknown"],
                           ["--port", "COM1", "--simulate", self.module()]):
             with self.subTest(arguments=arguments):
                 ended = self.run_panel(*arguments)
                 self.assertEqual(ended.returncode, 2)
                 self.assertNotEqual(ended.stderr, "")
+
+    def test_an_address_that_no_module_on_the_path_has_ends_with_2(self):
+        ended = self.draw("--address", "0")
+        self.assertEqual(ended.returncode, 2)
+        self.assertIn("--address: Modbus takes 1 to 247, not 0", ended.stderr)
 
     def test_a_broken_module_file_ends_with_2(self):
         broken = self.folder / "broken.json"

@@ -162,7 +162,7 @@ class Dialogs(ServeBench):
         opener = self.opened(client, "CmdAbout", "frmAbout")
         for link in ("HyperLinkEmail", "HyperLinkWeb"):
             self.assertIsNone(client.press(f"frmAbout.{link}"))
-            (method, launched), = client.take_heard()
+            (method, launched), = client.take_notifications()
             self.assertEqual((method, launched["result"]), ("launch", 31))
         client.press("frmAbout.cmdOK")
         self.assertIsNone(client.wait_for(opener))
@@ -201,7 +201,7 @@ class Help(ServeBench):
     def opening_result(self, client):
         """Presses the help button; returns the result of the launch and the text of the message."""
         self.assertIsNone(client.press("CmdHelp"))
-        (_, launched), (_, message) = client.take_heard()
+        (_, launched), (_, message) = client.take_notifications()
         return launched["result"], message["text"]
 
     def test_a_replaced_program_finds_its_help_and_catalogue_where_they_are(self):
@@ -215,7 +215,7 @@ class Help(ServeBench):
         client.call("AutomaticConnection")
         self.assertEqual(client.get("DataValid"), 1)
         self.assertNotEqual(client.get("ProductLink"), "")
-        client.take_heard()
+        client.take_notifications()
         self.assertEqual(self.opening_result(client), (2, "File Not Found!"))
 
     def test_a_program_whose_folder_was_removed_misses_the_folder(self):

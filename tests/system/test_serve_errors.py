@@ -180,7 +180,7 @@ class Errors(ServeBench):
     def test_settings_that_cannot_be_read_are_a_run_time_error(self):
         self.write_settings("nonsense\n")
         client = self.serve()
-        message = self.fails(-32000, 5, client, "show")
+        message = self.fails(-32000, 75, client, "show")
         self.assertIn(str(self.settings_file), message)
         self.assertEqual(client.get("Parity"), 2)
 

@@ -86,14 +86,13 @@ TEST_F(AboutBoxView, ContactDataCanBeCopied) {
   });
 }
 
-TEST_F(AboutBoxView, ReportsALinkThatNoProgramOpens) {
+TEST_F(AboutBoxView, IgnoresALinkThatNoProgramOpens) {
   platform.programs.result = Shell::noAssociation;
   open([](FormView& view) {
     QTest::mouseClick(&part(view, u"HyperLinkWeb"), Qt::LeftButton, {}, QPoint(4, 8));
     EXPECT_TRUE(view.isVisible());
   });
-  ASSERT_EQ(errors.size(), 1U);
-  EXPECT_NE(errors[0].find(toUtf8(maker.web)), std::string::npos);
+  EXPECT_TRUE(errors.empty());
 }
 
 TEST_F(AboutBoxView, PlacesTheSecondColumnWhereTheModelDoes) {
