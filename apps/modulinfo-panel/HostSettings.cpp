@@ -36,7 +36,8 @@ void HostSettings::keepGeometry(const QString& window, const QByteArray& geometr
 
 std::optional<std::int32_t> HostSettings::baudrate() const {
   const qint64 baudrate = store_ ? store_->value(baudrateName).toLongLong() : 0;
-  const bool isValid = baudrate >= minBaudrate && baudrate <= std::numeric_limits<std::int32_t>::max();
+  const bool isValid =
+      baudrate >= minBaudrate && baudrate <= std::numeric_limits<std::int32_t>::max();
   return isValid ? std::optional(static_cast<std::int32_t>(baudrate)) : std::nullopt;
 }
 

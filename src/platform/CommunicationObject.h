@@ -53,8 +53,8 @@ class CommunicationObject {
   virtual void CloseSerialConnection() = 0;
 
   /// Why the last connect returned false, in a sentence that names the port (UTF-8): not there, in
-  /// use by another program, no permission. Empty after a successful connect. Meant for display; the
-  /// control does not distinguish the causes.
+  /// use by another program, no permission. Empty after a successful connect. Meant for display;
+  /// the control does not distinguish the causes.
   [[nodiscard]] virtual std::string connectFailure() const { return {}; }
 };
 
