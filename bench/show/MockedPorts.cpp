@@ -9,9 +9,9 @@
 namespace tessara::bench {
 namespace {
 
-constexpr int kConsoles = 64;
+constexpr int consoles = 64;
 
-constexpr const char* kPreload = "LD_PRELOAD";
+constexpr const char* preload = "LD_PRELOAD";
 
 const std::string controller = "/devices/pci0000:00/0000:00:14.0/usb1";
 
@@ -28,8 +28,8 @@ std::string terminal(const std::string& device, const std::string& tty) {
 }  // namespace
 
 void seeMockedDevices(char** arguments) {
-  if (std::getenv(kPreload) != nullptr) return;
-  if (::setenv(kPreload, "libumockdev-preload.so.0", 1) == 0) {
+  if (std::getenv(preload) != nullptr) return;
+  if (::setenv(preload, "libumockdev-preload.so.0", 1) == 0) {
     ::execv("/proc/self/exe", arguments);
   }
   throw std::runtime_error("the program cannot be started with mocked devices");
@@ -39,7 +39,7 @@ MockedPorts::MockedPorts() : bed_(umockdev_testbed_new(), g_object_unref) {
   if (umockdev_in_mock_environment() == FALSE) {
     throw std::runtime_error("there are no mocked devices in this process");
   }
-  for (int i = 0; i < kConsoles; ++i) {
+  for (int i = 0; i < consoles; ++i) {
     add(terminal("/devices/virtual", "tty" + std::to_string(i)) + "\n");
   }
   add("P: " + controller +

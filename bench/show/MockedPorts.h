@@ -10,7 +10,7 @@ namespace tessara::bench {
 /// consoles that every machine has, and no NFC reader.
 class MockedPorts {
  public:
-  static constexpr int kCount = 20;
+  static constexpr int portCount = 20;
 
   /// Throws std::runtime_error if this process does not see mocked devices.
   MockedPorts();

@@ -71,7 +71,7 @@ double show(tessara::QtEventLoop& loop) {
   control.put_ComPort(3);
   const double taken = timeOf([&] { control.UserControl_Show(); });
   const tessara::RegEnum& ports = tessara::moduleWide();
-  if (ports.PortDeviceNames[MockedPorts::kCount - 1].empty() || ports.PortCount == 0) {
+  if (ports.PortDeviceNames[MockedPorts::portCount - 1].empty() || ports.PortCount == 0) {
     throw std::runtime_error("the control has not found all ports");
   }
   return taken;
@@ -80,7 +80,7 @@ double show(tessara::QtEventLoop& loop) {
 double enumerate() {
   int ports = 0;
   const double taken = timeOf([&ports] { ports = tessara::bench::enumerateBarely(); });
-  if (ports != MockedPorts::kCount) throw std::runtime_error("libudev has not found all ports");
+  if (ports != MockedPorts::portCount) throw std::runtime_error("libudev has not found all ports");
   return taken;
 }
 
@@ -99,7 +99,7 @@ void measure() {
     shown.push_back(show(loop));
     ratios.push_back(shown.back() / bare.back());
   }
-  std::printf("%d ports  libudev %.2f ms  start-up %.2f ms  ratio %.2f\n", MockedPorts::kCount,
+  std::printf("%d ports  libudev %.2f ms  start-up %.2f ms  ratio %.2f\n", MockedPorts::portCount,
               median(bare) * 1e3, median(shown) * 1e3, median(ratios));
 }
 

@@ -31,14 +31,14 @@ class HostPanel : public SettingsFolder {
   /// Writes down what the panel calls back.
   void listenTo(ModulInfoPanel& panel) {
     QObject::connect(&panel, &ModulInfoPanel::ModulActive,
-                     [this](int status) { heard.push_back("active " + std::to_string(status)); });
+                     [this](int status) { received.push_back("active " + std::to_string(status)); });
     QObject::connect(&panel, &ModulInfoPanel::StatusChange, [this](const QString& text) {
-      heard.push_back("status " + text.toStdString());
+      received.push_back("status " + text.toStdString());
     });
     QObject::connect(&panel, &ModulInfoPanel::NFCReader,
-                     [this](bool isReader) { heard.emplace_back(isReader ? "NFC" : "no NFC"); });
+                     [this](bool isReader) { received.emplace_back(isReader ? "NFC" : "no NFC"); });
     const auto note = [&](auto signal, const char* name) {
-      QObject::connect(&panel, signal, [this, name] { heard.emplace_back(name); });
+      QObject::connect(&panel, signal, [this, name] { received.emplace_back(name); });
     };
     note(&ModulInfoPanel::SetConfiguration, "store");
     note(&ModulInfoPanel::SaveConfiguration, "save");
@@ -59,7 +59,7 @@ class HostPanel : public SettingsFolder {
     watch_.start(std::chrono::milliseconds(10));
   }
 
-  std::vector<std::string> heard;
+  std::vector<std::string> received;
   std::string closed;
 
  private:
@@ -86,7 +86,7 @@ TEST_F(HostPanel, SignalsTheCallbacksOfARead) {
   listenTo(panel);
   panel.read();
 
-  EXPECT_THAT(heard, ElementsAre("status ", "status Connecting", "active 1", "status ", "status ",
+  EXPECT_THAT(received, ElementsAre("status ", "status Connecting", "active 1", "status ", "status ",
                                  "active 0", "no NFC"));
 }
 
@@ -99,15 +99,15 @@ TEST_F(HostPanel, SignalsTheRequestsOfTheUser) {
   panel.control().panel().widget(u"CmdSave2DiskParameter").press();
   panel.control().panel().widget(u"CmdOpenDiskParameter").press();
   panel.control().panel().widget(u"CmdPrintConfiguration").press();
-  EXPECT_THAT(heard, ElementsAre("save", "load", "print"));
+  EXPECT_THAT(received, ElementsAre("save", "load", "print"));
 
-  heard.clear();
+  received.clear();
   EXPECT_FALSE(panel.control().get_DataTrafic());
-  EXPECT_THAT(heard, ElementsAre("data"));
+  EXPECT_THAT(received, ElementsAre("data"));
 
-  heard.clear();
+  received.clear();
   panel.control().panel().widget(u"CmdStoreParameter").press();
-  EXPECT_THAT(heard, ::testing::Contains("store"));
+  EXPECT_THAT(received, ::testing::Contains("store"));
 }
 
 TEST_F(HostPanel, ComesUpInTheLanguageThatWasChosenLast) {
@@ -177,7 +177,7 @@ TEST_F(HostPanel, WorksOnASystemThatTheHostPutTogether) {
     panel.bringUp();
     EXPECT_EQ(toText(panel.control().get_AppPathString(), {}), platform.appPath());
     EXPECT_EQ(panel.control().get_ComPort(), 3);
-    EXPECT_EQ(heard.back(), "no NFC");
+    EXPECT_EQ(received.back(), "no NFC");
   }
   EXPECT_EQ(platform.log.count("ModbusCommObject.ShutDown"), 1U);
 }

@@ -62,7 +62,7 @@ class HartLink {
   Clock::time_point lastByte_;
   Clock::time_point turn_;   ///< when this master may send, if nothing comes before
   bool isTracking_ = false;  ///< the traffic since the last request is known
-  bool isBursting_ = false;  ///< a module in burst mode has been heard
+  bool isBursting_ = false;  ///< a module in burst mode was detected
   std::optional<Owed> owed_;
 };
 

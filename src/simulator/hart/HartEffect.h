@@ -37,7 +37,7 @@ struct WrongCommand {
   std::uint8_t command;
 };
 
-/// The answer has this many preambles; fewer than two are not heard.
+/// The answer has this many preambles; a master does not detect fewer than two.
 struct Preambles {
   std::size_t count;
 };
