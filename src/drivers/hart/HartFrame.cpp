@@ -119,8 +119,8 @@ HartFrame hartAnswer(const HartFrame& request, std::array<std::uint8_t, 2> statu
   frame.address = request.address;
   frame.command = request.command;
   append(frame.data, status);
-  const std::size_t numberLength = request.data.size() - request.payload().size();
-  append(frame.data, std::span(request.data).first(numberLength));
+  const std::size_t extendedLength = request.data.size() - request.payload().size();
+  append(frame.data, std::span(request.data).first(extendedLength));
   append(frame.data, payload);
   return frame;
 }
