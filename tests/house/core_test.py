@@ -67,7 +67,7 @@ class Core(unittest.TestCase):
             self.assertEqual(words_of(entry, "-I", "-isystem", "-iquote"), [f"-I{SRC}"], entry["file"])
 
     def test_precompiles_only_standard_headers(self):
-        precompiled = {word.split()[1] for entry, _ in core_commands()
+        precompiled = {word.split(" ", 1)[1] for entry, _ in core_commands()
                        for word in words_of(entry, "-include")}
         self.assertEqual(len(precompiled), 1)
         generated = pathlib.Path(precompiled.pop())

@@ -152,6 +152,7 @@ TEST_F(ShellTest, AWorkingFolderThatMayNotBeEnteredIs5) {
                                Shell::showNormal);
   };
   EXPECT_EQ(inNewProcess(openThere, nobody), 5);
+  ASSERT_EQ(::chmod(closed.c_str(), 0700), 0);
 }
 
 TEST_F(ShellTest, AProgramThatCannotBeStartedIs5) {

@@ -68,10 +68,11 @@ class Ports(Bench):
         # The sanitizer must come before the library that makes the machine.
         sanitizer = [line.split()[2] for line in linked.splitlines() if "libasan" in line]
         preload = ":".join([*sanitizer, "libumockdev-preload.so.0"])
+        # umockdev-run does not look at the locale for the character set of its arguments.
         done = subprocess.run(
             ["umockdev-run", "-d", bed, "--", "env", f"LD_PRELOAD={preload}",
              self.modulinfo, "ports", "--json"],
-            env=self.environment, stdin=subprocess.DEVNULL, capture_output=True,
+            env=self.environment | {"CHARSET": "UTF-8"}, stdin=subprocess.DEVNULL, capture_output=True,
             encoding="utf-8", timeout=PATIENCE, check=False)
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         return json.loads(done.stdout)["ports"]

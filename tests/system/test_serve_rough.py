@@ -7,7 +7,7 @@ import subprocess
 import time
 import unittest
 
-from bench import PATIENCE
+from bench import PATIENCE, wait_for
 from serve_bench import ServeBench
 
 PIECES = (b'{"jsonrpc":"2.0",', b'"id":1,', b'"method":"get",', b'"params":{"name":"Parity"}}',
@@ -140,7 +140,8 @@ class Rough(ServeBench):
         shell.send_signal(signal.SIGKILL)
         shell.stdout.close()
         shell.wait(PATIENCE)
-        self.succeed("read", "--port", "COM100")
+        wait_for(lambda: self.run_modulinfo("read", "--port", "COM100").returncode == 0,
+                 "the end of the program that held the port")
 
     def test_an_output_that_is_full_is_a_failure(self):
         with open("/dev/full", "wb") as full:
