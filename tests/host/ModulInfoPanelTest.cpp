@@ -30,8 +30,9 @@ class HostPanel : public SettingsFolder {
 
   /// Writes down what the panel calls back.
   void listenTo(ModulInfoPanel& panel) {
-    QObject::connect(&panel, &ModulInfoPanel::ModulActive,
-                     [this](int status) { received.push_back("active " + std::to_string(status)); });
+    QObject::connect(&panel, &ModulInfoPanel::ModulActive, [this](int status) {
+      received.push_back("active " + std::to_string(status));
+    });
     QObject::connect(&panel, &ModulInfoPanel::StatusChange, [this](const QString& text) {
       received.push_back("status " + text.toStdString());
     });
@@ -86,8 +87,8 @@ TEST_F(HostPanel, SignalsTheCallbacksOfARead) {
   listenTo(panel);
   panel.read();
 
-  EXPECT_THAT(received, ElementsAre("status ", "status Connecting", "active 1", "status ", "status ",
-                                 "active 0", "no NFC"));
+  EXPECT_THAT(received, ElementsAre("status ", "status Connecting", "active 1", "status ",
+                                    "status ", "active 0", "no NFC"));
 }
 
 TEST_F(HostPanel, SignalsTheRequestsOfTheUser) {
