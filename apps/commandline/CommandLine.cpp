@@ -75,7 +75,7 @@ void addModuleOptions(CLI::App& app, ModuleRequest& request, bool needsModule, c
   addNumber(app, "--baudrate", request.baudrate, minBaudrate,
             std::numeric_limits<std::int32_t>::max(),
             " bit/s is too low: below 300 bit/s a read would take minutes", rate);
-  addNumber(app, "--address", request.address, minAddress, maxAddress,
+  addNumber(app, "--address", request.address, minRequestAddress, maxRequestAddress,
             " is not an address: Modbus and NFC take 1 to 247, HART takes 0 to 63",
             "Address of the module: 1 to 247 for Modbus and NFC (192 without this option), 0 to 63 "
             "for HART (0 without this option)");

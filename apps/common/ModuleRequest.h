@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "serial/LineSettings.h"
+
 namespace tessara {
 
 /// Which module is meant, and how it is read.
@@ -23,10 +25,10 @@ struct ModuleRequest {
 /// Bit/s, unless the user names another rate.
 inline constexpr std::int32_t defaultBaudrate = 19200;
 /// Bit/s. At a lower rate a read would block its caller for minutes.
-inline constexpr std::int32_t minBaudrate = 300;
+inline constexpr std::int32_t minBaudrate = minLineRate;
 
 /// The widest range of addresses, that of Modbus and HART together.
-inline constexpr std::int32_t minAddress = 0;
-inline constexpr std::int32_t maxAddress = 247;
+inline constexpr std::int32_t minRequestAddress = 0;
+inline constexpr std::int32_t maxRequestAddress = 247;
 
 }  // namespace tessara

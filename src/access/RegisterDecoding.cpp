@@ -73,7 +73,7 @@ std::u16string HartText(const DeviceWords& words) {
     if (words[i] < 0 || words[i] > std::numeric_limits<char16_t>::max()) {
       throw RunTimeError(ErrorNumber::InvalidCall, "a text of the module holds " +
                                                        std::to_string(words[i]) +
-                                                       ", which is no character code");
+                                                       ", which is not a character code");
     }
     text += static_cast<char16_t>(words[i]);
   }

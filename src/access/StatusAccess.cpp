@@ -59,7 +59,7 @@ void Control::readHartStatus(const StatusAccess& how) {
   Cmd48Reply reply{};
   const bool bReplied = comm().CMD48(reply) >= 1;
   std::u16string module = bReplied ? decimalText(std::int32_t{reply[1]}) : std::u16string();
-  if (bReplied || how.takesSilenceForGood) {
+  if (bReplied || how.treatsSilenceAsHealthy) {
     setStatus({});
     yieldIf(how.yields);
     panel.ImageDevState.setPicture(pictureOther);

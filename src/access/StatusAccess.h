@@ -14,12 +14,12 @@ struct StatusAccess {
   bool yields = false;
   /// A HART module that gives no reply is shown as being without fault. Otherwise its labels are
   /// cleared and nothing else changes.
-  bool takesSilenceForGood = false;
+  bool treatsSilenceAsHealthy = false;
 };
 
 inline constexpr StatusAccess statusOfRead{.readsErrorWordTwice = true,
                                            .notesUsbPowerOverNfc = true};
-inline constexpr StatusAccess statusOfScan{.yields = true, .takesSilenceForGood = true};
+inline constexpr StatusAccess statusOfScan{.yields = true, .treatsSilenceAsHealthy = true};
 inline constexpr StatusAccess statusOfQuery{};
 
 }  // namespace tessara

@@ -26,7 +26,7 @@ constexpr std::size_t roomForCharacters = 10;
 constexpr std::size_t twipsPerCharacter = 100;
 constexpr std::size_t secondColumnLeft = 4600;
 /// Longer texts overflow as well, and the number stays within 32 bits.
-constexpr std::size_t longestCounted = 1000;
+constexpr std::size_t maxCounted = 1000;
 
 std::u16string withScheme(std::u16string_view scheme, std::u16string_view address) {
   const bool hasScheme = address.find(u"://") != std::u16string_view::npos;
@@ -56,14 +56,14 @@ void frmAbout::Form_Load() {
 }
 
 void frmAbout::moveSecondColumn() {
-  std::size_t longest = 0;
+  std::size_t longestCaption = 0;
   for (const auto& row : contactCaptions) {
-    longest = std::max(longest, moduleWide().TextMainFrame[row.entry].size());
+    longestCaption = std::max(longestCaption, moduleWide().TextMainFrame[row.entry].size());
   }
-  if (longest <= roomForCharacters) {
+  if (longestCaption <= roomForCharacters) {
     return;
   }
-  const std::size_t characters = std::min(longest, longestCounted) - roomForCharacters;
+  const std::size_t characters = std::min(longestCaption, maxCounted) - roomForCharacters;
   const std::int16_t left =
       narrowToInt16(static_cast<std::int32_t>(characters * twipsPerCharacter + secondColumnLeft),
                     "the left position of the contact data");

@@ -30,7 +30,7 @@ QByteArray readOwn(const QString& name) {
 
 /// Hosts write paths with either separator.
 QString pathOnDisk(QString path) {
-  return QFile::exists(path) ? path : path.replace('\\', '/');
+  return path.replace('\\', '/');
 }
 
 /// Lowers the limit of what Qt allocates for one picture, which is that of the whole program, for

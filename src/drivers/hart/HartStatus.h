@@ -55,9 +55,6 @@ class HartStatus {
   /// check byte".
   [[nodiscard]] std::string text() const;
 
-  /// The response code 0 to 127; meaningless in a communication error.
-  [[nodiscard]] std::uint8_t responseCode() const { return bytes_[0]; }
-
  private:
   [[nodiscard]] bool isCommunicationError() const {
     return (bytes_[0] & hart::communicationError) != 0;

@@ -36,9 +36,6 @@ inline constexpr std::uint8_t currentModule = 0x40;  ///< the last message was t
 inline constexpr std::uint8_t currentReader = 0x80;  ///< the last message was the reader's
 }  // namespace mailboxBits
 
-/// Capacity of the mailbox in bytes.
-inline constexpr std::size_t mailboxSize = 256;
-
 /// Bytes of a message that one request or answer carries on every reader: a report of the USB
 /// reader has 61 bytes for a request, less flags, command, maker's code and length.
 inline constexpr std::size_t maxPieceLength = 57;
@@ -57,8 +54,9 @@ AirRequest writeControlRequest(std::uint8_t control);
 AirRequest writeMessageRequest(std::span<const std::uint8_t> message);
 AirRequest messageLengthRequest();
 
-/// Fetches `count` bytes (1 to mailboxSize) of the message from `offset` on. One byte at offset 0
-/// can only be fetched of a message of one byte: the tag takes it for the whole message.
+/// Fetches `count` bytes (1 to 256, the capacity of the mailbox) of the message from `offset` on.
+/// One byte at offset 0 can only be fetched of a message of one byte: the tag takes it for the
+/// whole message.
 AirRequest readMessageRequest(std::size_t offset, std::size_t count);
 
 }  // namespace tessara
