@@ -24,7 +24,7 @@ class Manual(Programs):
             shown = subprocess.run(
                 ["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z",
                  self.prefix / f"share/man/man1/{program}.1.gz"], capture_output=True, text=True,
-                env=self.environment | {"LC_ALL": "C.UTF-8", "MANWIDTH": "80"}, check=True)
+                env=self.environment | {"MANWIDTH": "80"}, check=True)
             self.assertEqual(shown.stderr, "")
             self.assertIn("EXIT", shown.stdout)
 

@@ -4,7 +4,7 @@ import os
 import pathlib
 import re
 
-from staging import run
+from staging import ENGLISH, run
 
 DPKG_STATUS = pathlib.Path("/var/lib/dpkg/status")
 
@@ -51,9 +51,8 @@ class OtherSystem:
         return self.as_root("apt-get", *arguments)
 
     def as_root(self, *command):
-        return run("fakeroot", *command, env=os.environ | {
-            "PATH": f"{os.environ['PATH']}:/usr/sbin:/sbin", "LC_ALL": "C.UTF-8",
-            "APT_CONFIG": str(self.configuration)})
+        return run("fakeroot", *command, env=os.environ | ENGLISH | {
+            "PATH": f"{os.environ['PATH']}:/usr/sbin:/sbin", "APT_CONFIG": str(self.configuration)})
 
     def files(self):
         return {path.relative_to(self.root).as_posix() for path in self.root.rglob("*")

@@ -11,13 +11,16 @@ BUILD = pathlib.Path(os.environ["PACKAGING_BUILD"])
 COMPILER = os.environ["PACKAGING_COMPILER"]
 FLAGS = os.environ["PACKAGING_FLAGS"]
 
+# Messages in English; where it is set, LANGUAGE counts more than the locale.
+ENGLISH = {"LC_ALL": "C.UTF-8", "LANGUAGE": ""}
+
 # A generous deadline: the machine may be busy with other tests.
 PATIENCE = 300
 
 
 def run(*command, **options):
     """Runs a command and returns its output; if it fails, its messages are part of the failure."""
-    options = {"env": os.environ | {"LC_ALL": "C.UTF-8"}} | options
+    options = {"env": os.environ | ENGLISH} | options
     done = subprocess.run([str(word) for word in command], capture_output=True, text=True,
                           check=False, **options)
     if done.returncode != 0:
@@ -37,8 +40,8 @@ class Staged(unittest.TestCase):
         cls.prefix = cls.folder / "prefix"
         cls.home = cls.folder / "home"
         cls.home.mkdir(mode=0o700)
-        cls.environment = os.environ | {
-            "LC_ALL": "C.UTF-8", "HOME": str(cls.home), "XDG_CONFIG_HOME": str(cls.home),
+        cls.environment = os.environ | ENGLISH | {
+            "HOME": str(cls.home), "XDG_CONFIG_HOME": str(cls.home),
             "XDG_CONFIG_DIRS": str(cls.home), "XDG_RUNTIME_DIR": str(cls.home),
             "QT_QPA_PLATFORM": "offscreen"}
         run("cmake", "--install", BUILD, "--prefix", cls.prefix)

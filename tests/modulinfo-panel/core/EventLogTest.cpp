@@ -26,6 +26,7 @@ TEST(EventLog, ShowsACallbackAndWhatWasSeen) {
 }
 
 TEST(EventLog, ShowsACallWithArgumentsResultAndDuration) {
+  const InLanguage english(u"elg");
   EventLog log;
   log.add(readCall());
   EXPECT_EQ(cell(log, 0, EventLog::Origin), "ModbusCommObject");
